@@ -1,0 +1,92 @@
+#include "pad/file_size.h"
+
+#include "pad/pad_form.h"
+#include "platform/regex.h"
+
+#include <boost/multiprecision/cpp_int.hpp>
+
+using namespace Qt::StringLiterals;
+using boost::multiprecision::cpp_int;
+
+namespace quillon::file_size {
+
+namespace {
+
+/// An exact decimal number: digits / 10^scale.
+struct Decimal
+{
+    cpp_int digits;
+    qsizetype scale = 0;
+};
+
+cpp_int powerOfTen(qsizetype exponent)
+{
+    return boost::multiprecision::pow(cpp_int(10), unsigned(exponent));
+}
+
+Decimal decimalAtStart(QStringView text)
+{
+    // More digits after the point than this cannot change what is shown.
+    static const Regex number(uR"(^\s*([0-9]{0,101})(?:\.([0-9]{0,100}))?)");
+    static constexpr qsizetype maxWholeDigits = 100;
+    const auto match = number.firstMatch(text);
+    if (!match || match->captured(1).size() > maxWholeDigits)
+        return {};
+    QString digits = match->captured(1).toString();
+    digits += match->captured(2);
+    while (digits.startsWith(u'0')) // A zero in front would make the number octal.
+        digits.remove(0, 1);
+    return {digits.isEmpty() ? cpp_int(0) : cpp_int(digits.toStdString()), match->captured(2).size()};
+}
+
+/// @p bytes divided by 1024 @p steps times, with @p decimals digits after the point.
+QString scaled(QStringView bytes, unsigned steps, int decimals)
+{
+    const Decimal value = decimalAtStart(bytes);
+    const cpp_int numerator = value.digits * powerOfTen(decimals);
+    const cpp_int denominator = powerOfTen(value.scale) << (10 * steps);
+    cpp_int quotient;
+    cpp_int remainder;
+    boost::multiprecision::divide_qr(numerator, denominator, quotient, remainder);
+    const cpp_int twice = remainder * 2;
+    if (twice > denominator || (twice == denominator && quotient % 2 != 0))
+        ++quotient;
+    QString text = QString::fromStdString(quotient.str());
+    if (decimals > 0) {
+        text = text.rightJustified(decimals + 1, u'0');
+        text.insert(text.size() - decimals, u'.');
+    }
+    return text;
+}
+
+} // namespace
+
+QString kilobytes(QStringView bytes)
+{
+    return scaled(bytes, 1, 0) + u" KB"_s;
+}
+
+QString megabytes(QStringView bytes)
+{
+    return scaled(bytes, 2, 1) + u" MB"_s;
+}
+
+QString withoutUnit(const QString &label)
+{
+    return QString(label).remove(u' ').remove(u"KB"_s).remove(u"MB"_s);
+}
+
+void show(PadForm &form)
+{
+    const QString bytes = form.text(FieldId::sizeInBytes).text();
+    form.text(FieldId::programSizeKB).setText(kilobytes(bytes));
+    form.text(FieldId::programSizeMB).setText(megabytes(bytes));
+}
+
+void showInitial(PadForm &form)
+{
+    form.text(FieldId::programSizeKB).setText(kilobytes({}));
+    form.text(FieldId::programSizeMB).setText(megabytes({}));
+}
+
+} // namespace quillon::file_size

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QString>
+
+namespace quillon {
+class PadForm;
+}
+
+/// A program's size in bytes, shown in kilobytes and megabytes of 1024.
+namespace quillon::file_size {
+
+/// @p bytes as kilobytes, a whole number and " KB": 1500000 gives "1465 KB".
+QString kilobytes(QStringView bytes);
+
+/// @p bytes as megabytes with one decimal and " MB": 1500000 gives "1.4 MB".
+///
+/// Both take the decimal number at the start of the text, 0 where there is none or where it has more than 100
+/// digits before the point, reckon exactly and round a half to the even neighbour.
+QString megabytes(QStringView bytes);
+
+/// What the PAD file holds of such a label: every blank and the unit's letters removed.
+QString withoutUnit(const QString &label);
+
+/// Shows in @p form the sizes of the bytes that are typed there.
+void show(PadForm &form);
+
+/// Shows in @p form the sizes of a program without bytes: "0 KB" and "0.0 MB".
+void showInitial(PadForm &form);
+
+} // namespace quillon::file_size

@@ -1,0 +1,118 @@
+#include "pad/pad_reader.h"
+
+#include "pad/file_size.h"
+#include "pad/pad_form.h"
+#include "platform/text_decoding.h"
+#include "platform/tolerant_xml.h"
+
+#include <functional>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+
+namespace {
+
+/// A document in its two views: parsed, and as text in which every element has an end tag.
+class PadSource
+{
+public:
+    explicit PadSource(const QString &text)
+        : m_xml(text), m_raw(text.contains(u"/>"_s) ? m_xml.serialised() : text)
+    {
+    }
+
+    [[nodiscard]] std::optional<QString> value(const PadField &field) const
+    {
+        return m_xml.first(field.element);
+    }
+
+    /// The text between the first start tag and the first end tag of the field's element, if there is one.
+    [[nodiscard]] std::optional<QString> cutOut(const PadField &field) const
+    {
+        if (m_xml.count(field.element) == 0)
+            return std::nullopt;
+        const QString open = u'<' + field.element + u'>';
+        const qsizetype start = m_raw.indexOf(open) + open.size();
+        const qsizetype end = m_raw.indexOf(u"</" + field.element + u'>');
+        return start < open.size() || end < start ? QString() : m_raw.sliced(start, end - start);
+    }
+
+private:
+    TolerantXml m_xml;
+    QString m_raw;
+};
+
+void loadText(const PadSource &source, const PadField &field, PadForm &form)
+{
+    if (const auto value = source.value(field))
+        form.text(field.id).setText(*value);
+}
+
+void loadProgramText(const PadSource &source, const PadField &field, PadForm &form)
+{
+    loadText(source, field, form);
+    if (field.id == FieldId::sizeInBytes && !source.value(field).value_or(QString()).isEmpty())
+        file_size::show(form);
+}
+
+void loadPopUp(const PadSource &source, const PadField &field, PadForm &form)
+{
+    if (const auto value = source.value(field))
+        form.popUp(field.id).setTitle(*value);
+}
+
+void loadCheckBox(const PadSource &source, const PadField &field, PadForm &form)
+{
+    if (const auto value = source.value(field))
+        form.checkBox(field.id).setOn(!value->isEmpty() && value->compare(u'N', Qt::CaseInsensitive) != 0);
+}
+
+void loadMultiLine(const PadSource &source, const PadField &field, PadForm &form)
+{
+    if (const auto text = source.cutOut(field))
+        form.text(field.id).setText(*text);
+}
+
+/// Ticks the values that the list holds; blanks around a value are part of it.
+void loadCheckList(const PadSource &source, const PadField &field, PadForm &form)
+{
+    CheckListControl &list = form.checkList(field.id);
+    const QStringList values = source.value(field).value_or(QString()).split(u',');
+    for (const QString &value : values)
+        list.setTicked(list.entries().indexOf(value), true);
+}
+
+/// A stretch of the catalogue and how it is loaded.
+struct Step
+{
+    std::span<const PadField> fields;
+    void (*load)(const PadSource &, const PadField &, PadForm &);
+};
+
+} // namespace
+
+void loadPADData(const QByteArray &stored, PadForm &form)
+{
+    for (const PadField &field : fields::checkLists())
+        form.checkList(field.id).untickAll();
+
+    const Step steps[] = {
+        {fields::company(), loadText},
+        {fields::program(), loadProgramText},
+        {fields::popUps(), loadPopUp},
+        {fields::between(FieldId::expireCheckBox, FieldId::expireCheckBox), loadCheckBox},
+        {fields::programTexts(), loadMultiLine},
+        {fields::checkLists(), loadCheckList},
+        {fields::descriptions(), loadMultiLine},
+        {fields::web(), loadText},
+        {fields::permissions(), loadMultiLine},
+    };
+    const PadSource source(decodedXmlText(stored));
+    for (const Step &step : steps) {
+        for (const PadField &field : step.fields)
+            step.load(source, field, form);
+    }
+}
+
+} // namespace quillon

@@ -1,0 +1,98 @@
+#include "pad/pad_writer.h"
+
+#include "pad/layout.h"
+#include "pad/pad_form.h"
+#include "platform/application_info.h"
+
+using namespace Qt::StringLiterals;
+
+namespace quillon::pad_writer {
+
+namespace {
+
+/// A value by its element's name.
+struct FixedValue
+{
+    QStringView element;
+    QString value;
+};
+
+using FixedValues = QList<FixedValue>;
+
+const FixedValues &headerValues()
+{
+    static const FixedValues values = {
+        {u"MASTER_PAD_VERSION", u"3.10"_s},
+        {u"MASTER_PAD_EDITOR", u"Quillon %1 %2"_s.arg(application_info::version, application_info::webPage)},
+        {u"MASTER_PAD_INFO",
+         u"Portable Application Description, or PAD for short, is a data set that is used by shareware "
+         u"authors "
+         "to disseminate information to anyone interested in their software products. To find out more go to "_s +
+             application_info::padStandardPage},
+    };
+    return values;
+}
+
+const FixedValues &skeletonValues()
+{
+    static const FixedValues values = {
+        {u"File_Size_K", u"0 KB"_s}, {u"File_Size_MB", u"0 MB"_s}, {u"Has_Expire_Info", u"N"_s}};
+    return values;
+}
+
+QString fixedValue(const FixedValues &values, QStringView element)
+{
+    for (const FixedValue &each : values) {
+        if (each.element == element)
+            return each.value;
+    }
+    return {};
+}
+
+QString line(const LayoutLine &layout, const QString &value)
+{
+    switch (layout.kind) {
+    case LayoutLine::Open:
+        return u'<' + layout.tag + u'>';
+    case LayoutLine::Close:
+        return u"</" + layout.tag + u'>';
+    case LayoutLine::Element:
+        break;
+    }
+    return u'<' + layout.tag + u'>' + value + u"</" + layout.tag + u'>';
+}
+
+/// Walks the layout; @p valueOf gives the value of an element outside the header.
+template<typename ValueOf>
+QByteArray written(const ValueOf &valueOf)
+{
+    QString text = u"<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<"_s + padRootElement + u">\n";
+    for (const LayoutLine &layout : padLayout) {
+        QString value;
+        if (layout.kind == LayoutLine::Element) {
+            const auto field = fieldNamed(layout.tag);
+            value = field ? valueOf(*field) : fixedValue(headerValues(), layout.tag);
+        }
+        text += QString(layout.depth, u'\t') + line(layout, value) + u'\n';
+    }
+    return (text + u"</" + padRootElement + u'>').toUtf8();
+}
+
+} // namespace
+
+QByteArray skeleton()
+{
+    return written([](FieldId field) { return fixedValue(skeletonValues(), padField(field).element); });
+}
+
+QByteArray document(const PadForm &form)
+{
+    return written([&form](FieldId field) { return form.value(field); });
+}
+
+QByteArray exported(const QByteArray &stored)
+{
+    return QString::fromUtf8(stored).replace(u" & "_s, u" &amp; "_s).toUtf8();
+}
+
+} // namespace quillon::pad_writer

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+namespace quillon {
+
+class PadForm;
+
+/// Makes PAD 3.10 documents: always all 96 lines, whatever the values.
+///
+/// Values are written as they stand, without any escaping: an "&" or "<" in a value makes the document
+/// ill-formed, which every reader of ours takes, and which download sites have come to expect.
+namespace pad_writer {
+
+/// The document of a title in which nothing is entered yet.
+QByteArray skeleton();
+
+/// The document of what @p form holds.
+QByteArray document(const PadForm &form);
+
+/// A stored document as it is exported: each "&" between two blanks becomes "&amp;", all else stays.
+QByteArray exported(const QByteArray &stored);
+
+} // namespace pad_writer
+
+} // namespace quillon

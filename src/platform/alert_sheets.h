@@ -1,0 +1,68 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+
+namespace quillon {
+
+/// The windows that a sheet can belong to.
+enum class SheetWindow
+{
+    Main,
+    Submission,
+    Preferences
+};
+
+/// What an alert sheet says. Every text is plain text, never markup.
+struct Alert
+{
+    QString message;
+    QString informativeText = {};
+    QString defaultButton = QStringLiteral("OK");
+    QString alternateButton = {}; ///< Empty: there is only the default button.
+    QStringList details = {};     ///< Lines that the reader may unfold.
+};
+
+enum class AlertAnswer
+{
+    Default,
+    Alternate
+};
+
+/// What a file chooser asks for.
+struct FileRequest
+{
+    QString prompt;
+    QString extension; ///< Without the point.
+    QString proposedName = {};
+    bool severalFiles = false;
+};
+
+/**
+ * Asks and tells the user, without waiting: every answer comes by a call. So no event loop is ever nested,
+ * and tests answer for the user.
+ */
+class AlertSheets
+{
+public:
+    using Answered = std::function<void(AlertAnswer)>;
+    using FilesChosen = std::function<void(const QStringList &paths)>;
+    using FileChosen = std::function<void(const QString &path)>;
+
+    virtual ~AlertSheets() = default;
+
+    /// Shows @p alert; @p answered may be empty. Closing the sheet by other means is the alternate answer, or
+    /// the default one where there is no other.
+    virtual void show(SheetWindow window, const Alert &alert, Answered answered = {}) = 0;
+
+    /// Lets the user choose existing files; @p chosen is not called when nothing is chosen.
+    virtual void chooseFiles(SheetWindow window, const FileRequest &request, FilesChosen chosen) = 0;
+
+    /// Lets the user choose where to save; the user has agreed to replace a file that exists. @p chosen is
+    /// not called when nothing is chosen.
+    virtual void chooseSaveFile(SheetWindow window, const FileRequest &request, FileChosen chosen) = 0;
+};
+
+} // namespace quillon

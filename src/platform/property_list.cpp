@@ -1,0 +1,89 @@
+#include "platform/property_list.h"
+
+#include <cstdlib>
+#include <memory>
+#include <plist/plist.h>
+
+namespace quillon::property_list {
+
+namespace {
+
+using Node = std::unique_ptr<void, decltype(&plist_free)>;
+using Text = std::unique_ptr<char, decltype(&std::free)>;
+
+/// Whether the tags of @p xml nest no deeper than maxDepth; libplist itself descends without a bound.
+bool isShallow(const QByteArray &xml)
+{
+    int depth = 0;
+    for (qsizetype at = xml.indexOf('<'); at >= 0; at = xml.indexOf('<', at + 1)) {
+        const char next = at + 1 < xml.size() ? xml[at + 1] : '\0';
+        if (next == '/')
+            --depth;
+        else if (next != '!' && next != '?' && ++depth > maxDepth * 2)
+            return false; // Each level may count twice, as <dict/> and <true/> open without closing.
+        else if (const qsizetype end = xml.indexOf('>', at); end > at && xml[end - 1] == '/')
+            --depth;
+    }
+    return true;
+}
+
+} // namespace
+
+std::optional<StringDictionary> read(const QByteArray &bytes)
+{
+    if (bytes.isEmpty() || bytes.size() > maxSize || !isShallow(bytes))
+        return std::nullopt;
+    plist_t root = nullptr;
+    plist_from_xml(bytes.constData(), static_cast<uint32_t>(bytes.size()), &root);
+    const Node owner(root, plist_free);
+    if (!root || plist_get_node_type(root) != PLIST_DICT)
+        return std::nullopt;
+
+    StringDictionary dictionary;
+    plist_dict_iter position = nullptr;
+    plist_dict_new_iter(root, &position);
+    const std::unique_ptr<void, decltype(&std::free)> positionOwner(position, std::free);
+    for (;;) {
+        char *key = nullptr;
+        plist_t value = nullptr;
+        plist_dict_next_item(root, position, &key, &value);
+        const Text keyOwner(key, std::free);
+        if (!value)
+            break;
+        if (plist_get_node_type(value) != PLIST_STRING)
+            continue;
+        char *text = nullptr;
+        plist_get_string_val(value, &text);
+        const Text textOwner(text, std::free);
+        dictionary[QString::fromUtf8(key)] = QString::fromUtf8(text);
+    }
+    return dictionary;
+}
+
+QByteArray write(const StringDictionary &dictionary)
+{
+    if (dictionary.empty())
+        return emptyText();
+    const Node root(plist_new_dict(), plist_free);
+    for (const auto &[key, value] : dictionary)
+        plist_dict_set_item(root.get(), key.toUtf8().constData(),
+                            plist_new_string(value.toUtf8().constData()));
+    char *xml = nullptr;
+    uint32_t length = 0;
+    plist_to_xml(root.get(), &xml, &length);
+    const Text owner(xml, std::free);
+    return QByteArray(xml, length);
+}
+
+QByteArray emptyText()
+{
+    return QByteArrayLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                             "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
+                             "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
+                             "<plist version=\"1.0\">\n"
+                             "<dict>\n"
+                             "</dict>\n"
+                             "</plist>");
+}
+
+} // namespace quillon::property_list

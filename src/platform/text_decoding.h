@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+namespace quillon {
+
+/// The text in @p bytes of an XML file from anywhere.
+///
+/// Tried in this order: the byte-order mark (which is dropped), UTF-16 told by the zero beside the first "<",
+/// valid UTF-8, the encoding that the XML declaration names, windows-1252. So a declaration never overrules
+/// the bytes. Always gives a text; a byte that the encoding does not know becomes U+FFFD.
+QString decodedXmlText(const QByteArray &bytes);
+
+} // namespace quillon

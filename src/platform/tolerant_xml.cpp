@@ -1,0 +1,111 @@
+#include "platform/tolerant_xml.h"
+
+#include <pugixml.hpp>
+#include <string>
+
+namespace quillon {
+
+namespace {
+
+// Line ends stay as they stand; text of nothing but whitespace is left out by default.
+constexpr unsigned parseFlags = pugi::parse_cdata | pugi::parse_escapes;
+
+// How the repair tells of a start tag that its author never closed.
+constexpr const char *unclosedMark = "quillon.unclosed";
+
+/// The element after @p node in document order; a null node after the last. No recursion: depth is untrusted.
+pugi::xml_node nextNode(pugi::xml_node node, const pugi::xml_node &top)
+{
+    if (const pugi::xml_node child = node.first_child())
+        return child;
+    for (; node && node != top; node = node.parent()) {
+        if (const pugi::xml_node sibling = node.next_sibling())
+            return sibling;
+    }
+    return {};
+}
+
+bool isElement(const pugi::xml_node &node)
+{
+    return node.type() == pugi::node_element;
+}
+
+} // namespace
+
+/// What is known of the elements of one name.
+struct TolerantXml::Entry
+{
+    pugi::xml_node node; ///< The one whose value counts.
+    bool closed = false;
+    int count = 0;
+};
+
+TolerantXml::TolerantXml(const QString &text) : m_document(std::make_unique<pugi::xml_document>())
+{
+    QByteArray utf8 = text.toUtf8();
+    utf8.replace('\0', "\xEF\xBF\xBD"); // The parser would end at a NUL; U+FFFD stands for it.
+    const auto load = [this](const QByteArray &xml) {
+        return m_document->load_buffer(xml.constData(), size_t(xml.size()), parseFlags, pugi::encoding_utf8);
+    };
+    // An empty document is an answer, not a fault.
+    if (const auto result = load(utf8); !result && result.status != pugi::status_no_document_element)
+        load(repairedXml(utf8));
+    buildIndex();
+}
+
+TolerantXml::TolerantXml(TolerantXml &&) noexcept = default;
+TolerantXml::~TolerantXml() = default;
+
+void TolerantXml::buildIndex()
+{
+    for (pugi::xml_node node = m_document->first_child(); node; node = nextNode(node, *m_document)) {
+        if (!isElement(node))
+            continue;
+        const bool closed = !node.remove_attribute(unclosedMark);
+        const QByteArrayView name(node.name());
+        Entry &entry = m_index[QByteArray::fromRawData(name.data(), name.size())];
+        if (entry.count++ == 0 || (closed && !entry.closed)) {
+            entry.node = node;
+            entry.closed = closed;
+        }
+    }
+}
+
+std::optional<QString> TolerantXml::first(QStringView tag) const
+{
+    const auto entry = m_index.constFind(tag.toUtf8());
+    return entry == m_index.cend() ? std::nullopt : std::optional(stringValue(entry->node));
+}
+
+int TolerantXml::count(QStringView tag) const
+{
+    return m_index.value(tag.toUtf8()).count;
+}
+
+QString TolerantXml::serialised() const
+{
+    struct Writer final : pugi::xml_writer
+    {
+        void write(const void *data, size_t size) override
+        {
+            text.append(static_cast<const char *>(data), qsizetype(size));
+        }
+        QByteArray text;
+    } writer;
+    m_document->save(writer, "",
+                     pugi::format_raw | pugi::format_no_declaration | pugi::format_no_empty_element_tags,
+                     pugi::encoding_utf8);
+    return QString::fromUtf8(writer.text);
+}
+
+QString TolerantXml::stringValue(const pugi::xml_node &node)
+{
+    QByteArray utf8;
+    for (pugi::xml_node each = node.first_child(); each; each = nextNode(each, node)) {
+        if (each.type() == pugi::node_pcdata || each.type() == pugi::node_cdata)
+            utf8.append(each.value());
+    }
+    return QString::fromUtf8(utf8);
+}
+
+} // namespace quillon

@@ -1,0 +1,254 @@
+#include "platform/tolerant_xml.h"
+
+#include <QList>
+
+#include <array>
+
+namespace quillon {
+
+namespace {
+
+/// A piece of the input: text, or a tag that is complete in itself.
+struct Token
+{
+    enum Kind
+    {
+        Text,
+        Start,
+        Empty,
+        End,
+        Verbatim
+    };
+    Kind kind = Text;
+    QByteArrayView source;
+    QByteArrayView name; ///< Of a tag.
+    bool unclosed = false;
+};
+
+bool isNameStart(char c)
+{
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || c == ':' || (c & 0x80);
+}
+
+bool isNameCharacter(char c)
+{
+    return isNameStart(c) || (c >= '0' && c <= '9') || c == '-' || c == '.';
+}
+
+bool isBlank(char c)
+{
+    return c == ' ' || c == '\t' || c == '\r' || c == '\n';
+}
+
+/// Cuts the input into tokens. Each look for the end of a tag stops at the next "<", and each kind of
+/// bracketed section is looked for in vain at most once, so that the whole is linear.
+class Tokenizer
+{
+public:
+    explicit Tokenizer(QByteArrayView input) : m_input(input) {}
+
+    QList<Token> tokens()
+    {
+        while (m_at < m_input.size()) {
+            if (m_input[m_at] != '<' || !takeMarkup())
+                takeText();
+        }
+        return std::move(m_tokens);
+    }
+
+private:
+    /// Sections that are kept as they stand, or dropped, but never looked into.
+    struct Section
+    {
+        QByteArrayView open;
+        QByteArrayView close;
+        bool kept;
+    };
+    static constexpr std::array<Section, 4> sections{{
+        {"<!--", "-->", false},
+        {"<![CDATA[", "]]>", true},
+        {"<?", "?>", false},
+        {"<!DOCTYPE", ">", false},
+    }};
+
+    [[nodiscard]] char peek() const { return m_scan < m_input.size() ? m_input[m_scan] : '\0'; }
+    void skipBlanks()
+    {
+        while (isBlank(peek()))
+            ++m_scan;
+    }
+    QByteArrayView takeName()
+    {
+        const qsizetype start = m_scan;
+        if (isNameStart(peek())) {
+            while (isNameCharacter(peek()))
+                ++m_scan;
+        }
+        return m_input.sliced(start, m_scan - start);
+    }
+
+    void takeText()
+    {
+        qsizetype end = m_input.indexOf('<', m_at + 1);
+        if (end < 0)
+            end = m_input.size();
+        m_tokens.append({Token::Text, m_input.sliced(m_at, end - m_at), {}, false});
+        m_at = end;
+    }
+
+    bool takeMarkup()
+    {
+        for (size_t kind = 0; kind < sections.size(); ++kind) {
+            if (m_input.sliced(m_at).startsWith(sections[kind].open))
+                return takeSection(kind);
+        }
+        return takeTag();
+    }
+
+    bool takeSection(size_t kind)
+    {
+        const Section &section = sections[kind];
+        if (m_neverClosed[kind])
+            return false;
+        const qsizetype close = m_input.indexOf(section.close, m_at + section.open.size());
+        if (close < 0) {
+            m_neverClosed[kind] = true;
+            return false;
+        }
+        const qsizetype end = close + section.close.size();
+        if (section.kept)
+            m_tokens.append({Token::Verbatim, m_input.sliced(m_at, end - m_at), {}, false});
+        m_at = end;
+        return true;
+    }
+
+    bool takeTag()
+    {
+        m_scan = m_at + 1;
+        Token token{Token::Start, {}, {}, false};
+        if (peek() == '/') {
+            token.kind = Token::End;
+            ++m_scan;
+        }
+        token.name = takeName();
+        if (token.name.isEmpty())
+            return false;
+        if (token.kind == Token::Start && !skipAttributes())
+            return false;
+        skipBlanks();
+        if (token.kind == Token::Start && peek() == '/') {
+            token.kind = Token::Empty;
+            ++m_scan;
+        }
+        if (peek() != '>')
+            return false;
+        ++m_scan;
+        token.source = m_input.sliced(m_at, m_scan - m_at);
+        m_at = m_scan;
+        m_tokens.append(token);
+        return true;
+    }
+
+    /// Passes over ` name="value"`, any number of times; false when something else stands there.
+    bool skipAttributes()
+    {
+        for (;;) {
+            const qsizetype before = m_scan;
+            skipBlanks();
+            if (!isNameStart(peek()))
+                return true;
+            if (m_scan == before)
+                return false;
+            takeName();
+            skipBlanks();
+            if (peek() != '=')
+                return false;
+            ++m_scan;
+            skipBlanks();
+            const char quote = peek();
+            if (quote != '"' && quote != '\'')
+                return false;
+            do {
+                ++m_scan;
+                if (m_scan >= m_input.size() || peek() == '<')
+                    return false;
+            } while (peek() != quote);
+            ++m_scan;
+        }
+    }
+
+    QByteArrayView m_input;
+    qsizetype m_at = 0;   ///< Where the next token begins.
+    qsizetype m_scan = 0; ///< How far a tag has been looked at.
+    std::array<bool, 4> m_neverClosed{};
+    QList<Token> m_tokens;
+};
+
+/// Settles which tags belong together: start tags without an end are marked, end tags without a start become
+/// text.
+void matchTags(QList<Token> &tokens)
+{
+    QList<qsizetype> open;
+    QHash<QByteArrayView, int> openByName;
+    const auto closeInnermost = [&] { --openByName[tokens[open.takeLast()].name]; };
+    for (qsizetype at = 0; at < tokens.size(); ++at) {
+        Token &token = tokens[at];
+        if (token.kind == Token::Start) {
+            open.append(at);
+            ++openByName[token.name];
+        } else if (token.kind == Token::End) {
+            if (openByName.value(token.name) == 0) {
+                token.kind = Token::Text;
+                continue;
+            }
+            for (; tokens[open.last()].name != token.name; closeInnermost())
+                tokens[open.last()].unclosed = true;
+            closeInnermost();
+        }
+    }
+    for (const qsizetype at : std::as_const(open))
+        tokens[at].unclosed = true;
+}
+
+void appendEndTag(QByteArray &xml, QByteArrayView name)
+{
+    xml.append("</").append(name).append('>');
+}
+
+} // namespace
+
+QByteArray repairedXml(const QByteArray &utf8)
+{
+    QList<Token> tokens = Tokenizer(utf8).tokens();
+    matchTags(tokens);
+
+    QByteArray xml;
+    xml.reserve(utf8.size() + utf8.size() / 8);
+    QList<QByteArrayView> open;
+    for (const Token &token : std::as_const(tokens)) {
+        switch (token.kind) {
+        case Token::Text:
+            xml.append(token.source.startsWith('<') ? "&lt;" : "");
+            xml.append(token.source.sliced(token.source.startsWith('<') ? 1 : 0));
+            break;
+        case Token::Start:
+            xml.append(token.source.chopped(1)).append(token.unclosed ? " quillon.unclosed=''>" : ">");
+            open.append(token.name);
+            break;
+        case Token::End:
+            for (; open.last() != token.name; open.removeLast())
+                appendEndTag(xml, open.last());
+            appendEndTag(xml, open.takeLast());
+            break;
+        case Token::Empty:
+        case Token::Verbatim:
+            xml.append(token.source);
+            break;
+        }
+    }
+    while (!open.isEmpty())
+        appendEndTag(xml, open.takeLast());
+    return xml;
+}
+
+} // namespace quillon

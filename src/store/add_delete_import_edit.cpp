@@ -1,0 +1,164 @@
+#include "store/add_delete_import_edit.h"
+
+#include "pad/pad_writer.h"
+#include "platform/property_list.h"
+#include "store/process_state.h"
+#include "store/site_list.h"
+#include "store/storage_status.h"
+#include "store/summary_file.h"
+#include "store/title_folder.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+
+namespace {
+
+/// A file of a title, with the key that reads it and the two that write it.
+struct TitleFile
+{
+    QStringView readKey;
+    QStringView capitalKey;
+    QStringView fileName;
+};
+
+constexpr std::array<TitleFile, 3> titleFiles = {{
+    {u"data", u"Data", title_folder::padFile},
+    {u"general", u"General", title_folder::summaryFile},
+    {u"error", u"Error", title_folder::errorLog},
+}};
+
+QString inFolder(const QString &folder, QStringView fileName)
+{
+    return folder + u'/' + fileName;
+}
+
+/// Makes @p folder unless it is there.
+bool ensureFolder(const QString &folder)
+{
+    if (QFileInfo(folder).isDir())
+        return true;
+    if (const auto error = atomic_file::makeFolder(folder)) {
+        reportFailure(error->path, error->reason);
+        return false;
+    }
+    forgetFailures(folder);
+    return true;
+}
+
+bool storeTitle(const QString &folder, const QByteArray &summary, const QByteArray &pad)
+{
+    return ensureFolder(folder) && storeFile(inFolder(folder, title_folder::summaryFile), summary) &&
+           storeFile(inFolder(folder, title_folder::padFile), pad) &&
+           storeFile(inFolder(folder, title_folder::errorLog), property_list::emptyText());
+}
+
+/// Removes whatever is at @p path, without following a link.
+bool removeAll(const QString &path)
+{
+    const QFileInfo info(path);
+    return info.isDir() && !info.isSymLink() ? QDir(path).removeRecursively() : QFile::remove(path);
+}
+
+} // namespace
+
+void AddDeleteImportEdit::checkAppSuppExists()
+{
+    if (QFileInfo::exists(mwqnAppSuppLoc)) {
+        forgetFailures(QDir::cleanPath(mwqnAppSuppLoc));
+        return;
+    }
+    if (!QDir().mkpath(mwqnAppSuppLoc)) {
+        reportFailure(QDir::cleanPath(mwqnAppSuppLoc), u"the data folder could not be made"_s);
+        return;
+    }
+    for (const QStringView siteList : {site_list::userSites, site_list::ignoredSites})
+        storeFile(mwqnAppSuppLoc + siteList, property_list::emptyText());
+}
+
+bool AddDeleteImportEdit::createNewListing(const QString &name)
+{
+    const std::optional<QString> folder = title_folder::path(name);
+    if (!folder)
+        return false;
+    if (title_folder::exists(name))
+        return true;
+    if (!storeTitle(*folder, summary_file::emptyText().toUtf8(), pad_writer::skeleton()))
+        removeAll(*folder); // Nothing of a title that could not be made whole stays.
+    return title_folder::exists(name);
+}
+
+bool AddDeleteImportEdit::importExistingFile(const QString &name, const QByteArray &content)
+{
+    const std::optional<QString> folder = title_folder::path(name);
+    if (!folder)
+        return false;
+    const bool isNew = !title_folder::exists(name);
+    const bool stored = storeTitle(*folder, summary_file::textForImport(content).toUtf8(), content);
+    if (!stored && isNew)
+        removeAll(*folder);
+    return stored;
+}
+
+std::optional<QByteArray> AddDeleteImportEdit::returnDataObjectFor(QStringView key)
+{
+    if (!mwqnCurrentSWBundle)
+        return std::nullopt;
+    QStringView fileName = title_folder::errorLog;
+    for (const TitleFile &file : titleFiles) {
+        if (file.readKey == key)
+            fileName = file.fileName;
+    }
+    return atomic_file::read(inFolder(*mwqnCurrentSWBundle, fileName));
+}
+
+bool AddDeleteImportEdit::writeToFile(QStringView key, const QByteArray &data)
+{
+    const std::optional<QString> folder = mwqnSelSW ? title_folder::path(*mwqnSelSW) : std::nullopt;
+    if (!folder)
+        return false;
+    for (const TitleFile &file : titleFiles) {
+        if (file.readKey == key || file.capitalKey == key)
+            return storeFile(inFolder(*folder, file.fileName), data);
+    }
+    return false;
+}
+
+bool AddDeleteImportEdit::writeErrors(const StringDictionary &errors)
+{
+    return writeToFile(u"error", property_list::write(errors));
+}
+
+bool AddDeleteImportEdit::renameExistingQnDataFile(const QString &oldName, const QString &newName)
+{
+    const std::optional<QString> from = title_folder::path(oldName);
+    const std::optional<QString> to = title_folder::path(newName);
+    if (!from || !to || !title_folder::exists(oldName))
+        return false;
+    if (const auto error = atomic_file::moveFolder(*from, *to)) {
+        reportFailure(error->path, error->reason);
+        return false;
+    }
+    forgetFailures(*from);
+    return true;
+}
+
+bool AddDeleteImportEdit::deleteQnDataFile(const QString &name)
+{
+    const std::optional<QString> folder = title_folder::path(name);
+    if (!folder || !title_folder::exists(name))
+        return false;
+    if (!removeAll(*folder)) {
+        reportFailure(*folder, u"the title could not be deleted"_s);
+        return false;
+    }
+    forgetFailures(*folder);
+    return true;
+}
+
+} // namespace quillon

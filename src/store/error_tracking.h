@@ -1,0 +1,33 @@
+#pragma once
+
+#include "platform/string_dictionary.h"
+
+#include <QString>
+
+#include <optional>
+
+namespace quillon {
+
+/**
+ * The selected title's error log: which fields break a rule, and the message for each.
+ *
+ * Keys are the names of the fields' controls. With no title selected, or a log that is missing or unreadable,
+ * nothing is read and nothing is written.
+ */
+class ErrorTracking
+{
+public:
+    ErrorTracking() = delete;
+
+    /// Records @p message for the field @p key, in place of an earlier one. A null key or message does
+    /// nothing.
+    static void setHasError(const QString &key, const QString &message);
+
+    /// Removes the message of the field @p key; the file is left alone when there is none.
+    static void setNoError(const QString &key);
+
+    /// Message by field key; none when the log is missing or unreadable, which callers take for no errors.
+    static std::optional<StringDictionary> returnErrorDictionary();
+};
+
+} // namespace quillon

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "platform/string_dictionary.h"
+
+#include <QMap>
+#include <QString>
+
+#include <optional>
+
+/// Every process-wide value there is. Main thread only.
+namespace quillon {
+
+/// Full path of the data folder, with the separator at its end. Set by setDataFolder() at start.
+inline QString mwqnAppSuppLoc;
+
+/// The selected title's name; none when no title is selected. Set by selectTitle() and clearSelectedTitle()
+/// only.
+inline std::optional<QString> mwqnSelSW;
+
+/// The selected title's folder, through which its files are found. Follows mwqnSelSW; none also when the name
+/// is one that is never used as a path.
+inline std::optional<QString> mwqnCurrentSWBundle;
+
+/// True while the submission window is closed. Set by the shell when it opens the window, and by the window
+/// when it closes.
+inline bool mwqnWOSi78tgsda = true;
+
+/// URL by name of every site of the catalogue. Set by the site list editor at each merge; empty before the
+/// first.
+inline StringDictionary mwqnSCPreallSitesDict;
+
+/// Reason by path of each write that failed and was not mended since. Set by reportWrite() in
+/// storage_status.h.
+inline QMap<QString, QString> mwqnFailedWrites;
+
+/// Makes the data folder below @p homeFolder the one that everything is stored in.
+void setDataFolder(const QString &homeFolder);
+
+/// Makes @p name the selected title.
+void selectTitle(const QString &name);
+
+/// Leaves no title selected.
+void clearSelectedTitle();
+
+} // namespace quillon

@@ -1,0 +1,62 @@
+#include "store/storage_status.h"
+
+#include "platform/notification_center.h"
+#include "platform/notifications.h"
+#include "store/process_state.h"
+
+#include <QLoggingCategory>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+
+namespace {
+
+Q_LOGGING_CATEGORY(log, "quillon.store")
+
+void announce()
+{
+    NotificationCenter::defaultCenter().post(notification::failedWritesChanged);
+}
+
+} // namespace
+
+bool storeFile(const QString &path, const QByteArray &bytes)
+{
+    if (const auto error = atomic_file::write(path, bytes)) {
+        reportFailure(path, error->reason);
+        return false;
+    }
+    if (mwqnFailedWrites.remove(path) > 0)
+        announce();
+    return true;
+}
+
+void reportFailure(const QString &path, const QString &reason)
+{
+    qCWarning(log).noquote() << "not stored:" << path << "-" << reason;
+    mwqnFailedWrites[path] = reason;
+    announce();
+}
+
+void forgetFailures(const QString &path)
+{
+    const auto concerned = [&path](const QMap<QString, QString>::iterator each) {
+        return each.key() == path || each.key().startsWith(path + u'/');
+    };
+    if (mwqnFailedWrites.removeIf(concerned) > 0)
+        announce();
+}
+
+QString failedWritesLine()
+{
+    if (mwqnFailedWrites.isEmpty())
+        return {};
+    const auto &path = mwqnFailedWrites.firstKey();
+    const auto &reason = mwqnFailedWrites.first();
+    const QString line = u"Not stored: %1 (%2)"_s.arg(path, reason);
+    const qsizetype others = mwqnFailedWrites.size() - 1;
+    return others == 0 ? line : u"%1, and %2 more"_s.arg(line).arg(others);
+}
+
+} // namespace quillon

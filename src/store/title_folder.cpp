@@ -1,0 +1,30 @@
+#include "store/title_folder.h"
+
+#include "store/process_state.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+namespace quillon::title_folder {
+
+bool isUsableName(QStringView name)
+{
+    static constexpr qsizetype maxFileNameBytes = 255;
+    return !name.isEmpty() && !name.contains(u'/') && !name.contains(QChar(u'\0')) &&
+           name.toUtf8().size() + extension.size() <= maxFileNameBytes;
+}
+
+std::optional<QString> path(QStringView name)
+{
+    if (!isUsableName(name))
+        return std::nullopt;
+    return mwqnAppSuppLoc + name + extension;
+}
+
+bool exists(QStringView name)
+{
+    const std::optional<QString> folder = path(name);
+    return folder && (QFileInfo::exists(*folder) || QFileInfo(*folder).isSymLink());
+}
+
+} // namespace quillon::title_folder

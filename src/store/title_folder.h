@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QString>
+
+#include <optional>
+
+/// Where a title's files lie: a folder of its own in the data folder.
+namespace quillon::title_folder {
+
+inline constexpr QStringView extension = u".qndata";
+inline constexpr QStringView summaryFile = u"general.qnxmld";
+inline constexpr QStringView padFile = u"data.qnxml";
+inline constexpr QStringView errorLog = u"error.log";
+
+/// Whether @p name can be a folder's name: not empty, no "/" and no NUL in it, and with the extension at most
+/// 255 bytes long, as the usual file systems take it. Blanks are as good as letters.
+bool isUsableName(QStringView name);
+
+/// The folder of the title @p name, without a separator at its end; none for a name that is not usable, which
+/// could lead out of the data folder.
+std::optional<QString> path(QStringView name);
+
+/// Whether anything, file or folder or broken link, has the title folder's name.
+bool exists(QStringView name);
+
+} // namespace quillon::title_folder
