@@ -1,6 +1,6 @@
 #include "pad/field_catalogue.h"
 
-#include <QHash>
+#include <algorithm>
 
 namespace quillon {
 
@@ -73,18 +73,26 @@ const std::array<PadField, fieldCount> padFields = {{
 }};
 // clang-format on
 
+namespace {
+
+std::optional<FieldId> find(QStringView PadField::*name, QStringView wanted)
+{
+    const auto named = [&](const PadField &field) { return field.*name == wanted; };
+    const auto found = std::find_if(padFields.begin(), padFields.end(), named);
+    return found == padFields.end() ? std::nullopt : std::optional(found->id);
+}
+
+} // namespace
+
+std::optional<FieldId> fieldOfElement(QStringView element)
+{
+    return find(&PadField::element, element);
+}
+
 std::optional<FieldId> fieldNamed(QStringView name)
 {
-    static const QHash<QStringView, FieldId> byName = [] {
-        QHash<QStringView, FieldId> names;
-        for (const PadField &field : padFields) {
-            names.insert(field.control, field.id);
-            names.insert(field.element, field.id);
-        }
-        return names;
-    }();
-    const auto found = byName.constFind(name);
-    return found == byName.cend() ? std::nullopt : std::optional(*found);
+    const auto byControl = find(&PadField::control, name);
+    return byControl ? byControl : fieldOfElement(name);
 }
 
 std::span<const PadField> fields::between(FieldId first, FieldId last)

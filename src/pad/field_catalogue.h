@@ -110,6 +110,9 @@ inline const PadField &padField(FieldId id)
     return padFields[size_t(id)];
 }
 
+/// The field whose PAD element is named @p element, exactly; none without one.
+std::optional<FieldId> fieldOfElement(QStringView element);
+
 /// The field whose control or PAD element is named @p name, exactly; none without one.
 std::optional<FieldId> fieldNamed(QStringView name);
 

@@ -70,7 +70,7 @@ QByteArray written(const ValueOf &valueOf)
     for (const LayoutLine &layout : padLayout) {
         QString value;
         if (layout.kind == LayoutLine::Element) {
-            const auto field = fieldNamed(layout.tag);
+            const auto field = fieldOfElement(layout.tag);
             value = field ? valueOf(*field) : fixedValue(headerValues(), layout.tag);
         }
         text += QString(layout.depth, u'\t') + line(layout, value) + u'\n';

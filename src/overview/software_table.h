@@ -1,0 +1,67 @@
+#pragma once
+
+#include "overview/icon_cell.h"
+#include "overview/title_list.h"
+
+#include <QAbstractTableModel>
+#include <QDate>
+
+namespace quillon {
+
+/// What views read beside Qt's own roles.
+enum OverviewRole
+{
+    IconsRole = Qt::UserRole, ///< QStringList: the names of an icon cell's pictures.
+    SortRole,                 ///< What the column sorts by: dates as dates, icon cells by their names.
+};
+
+/// The table of titles: one row each, in the order of the list.
+class SoftwareTable : public QAbstractTableModel
+{
+    Q_OBJECT
+public:
+    enum Column
+    {
+        SoftwareTitle,
+        Version,
+        ReleaseDate,
+        SupportedOS,
+        Validated,
+        Submissions,
+        ColumnCount
+    };
+
+    using QAbstractTableModel::QAbstractTableModel;
+
+    /// Replaces all rows.
+    void setTitles(const QList<Title> &titles);
+    /// Replaces the values of one row, whose name stays.
+    void updateRow(int row, const Summary &summary);
+
+    [[nodiscard]] const QStringList &swNameArray() const { return m_swNameArray; }
+
+    [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
+    [[nodiscard]] int columnCount(const QModelIndex &parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
+    [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+private:
+    /// The cells of one title, ready to be shown.
+    struct Row
+    {
+        QString version;
+        QDate date;
+        QString releaseDate;
+        IconCell os;
+        IconCell valid;
+        IconCell submissions;
+    };
+    static Row rowOf(const Summary &summary);
+    [[nodiscard]] QString textAt(int row, int column) const;
+    [[nodiscard]] const IconCell *iconsAt(int row, int column) const;
+
+    QStringList m_swNameArray;
+    QList<Row> m_rows;
+};
+
+} // namespace quillon

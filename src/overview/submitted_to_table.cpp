@@ -1,0 +1,99 @@
+#include "overview/submitted_to_table.h"
+
+#include "overview/software_table.h"
+#include "platform/string_dictionary.h"
+
+#include <algorithm>
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+
+namespace {
+
+constexpr std::array<QStringView, SubmittedToTable::ColumnCount> headers = {u"Site", u"Version", u"Current"};
+
+} // namespace
+
+void SubmittedToTable::setMarks(const QStringList &sites, const QStringList &versions,
+                                const QString &currentVersion)
+{
+    beginResetModel();
+    m_submitToVersDict.clear();
+    m_submitToVersLatestDict.clear();
+    // An empty first entry means that nothing was submitted; then no entry is looked at.
+    const bool anySubmission = !sites.value(0).isEmpty();
+    for (qsizetype at = 0; anySubmission && at < sites.size(); ++at) {
+        const QString version = versions.value(at);
+        const QString icon = version == currentVersion ? u"Validated"_s : u"OldVers"_s;
+        m_submitToVersDict[sites[at]] = version;
+        m_submitToVersLatestDict[sites[at]] = tableValidateImageOK(icon, {}, u"centre");
+    }
+    m_submittedToTableDataArray = sites;
+    std::stable_sort(m_submittedToTableDataArray.begin(), m_submittedToTableDataArray.end(),
+                     CaseInsensitiveOrder());
+    endResetModel();
+}
+
+void SubmittedToTable::clear()
+{
+    beginResetModel();
+    m_submittedToTableDataArray.clear();
+    m_submitToVersDict.clear();
+    m_submitToVersLatestDict.clear();
+    endResetModel();
+}
+
+bool SubmittedToTable::hasNoSubmissions() const
+{
+    return m_submittedToTableDataArray.size() == 1 && m_submittedToTableDataArray.first().isEmpty();
+}
+
+int SubmittedToTable::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : int(m_submittedToTableDataArray.size());
+}
+
+int SubmittedToTable::columnCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : ColumnCount;
+}
+
+QVariant SubmittedToTable::data(const QModelIndex &index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+        return {};
+    const QString site = m_submittedToTableDataArray[index.row()];
+    const bool isText = role == Qt::DisplayRole || role == Qt::ToolTipRole || role == Qt::AccessibleTextRole;
+    if (hasNoSubmissions())
+        return isText && index.column() == Site ? u"No Submissions"_s : QVariant();
+    if (isText && index.column() == Site)
+        return site;
+    if (isText && index.column() == Version)
+        return m_submitToVersDict.value(site);
+    if (index.column() != Status)
+        return {};
+
+    const IconCell cell = m_submitToVersLatestDict.value(site);
+    switch (role) {
+    case IconsRole:
+        return cell.icons;
+    case Qt::TextAlignmentRole:
+        return (cell.alignment | Qt::AlignVCenter).toInt();
+    case Qt::ToolTipRole:
+    case Qt::AccessibleTextRole:
+        return cell.icons.value(0) == u"Validated" ? u"Current version"_s : description(cell);
+    default:
+        return {};
+    }
+}
+
+QVariant SubmittedToTable::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation == Qt::Horizontal && role == Qt::DisplayRole && section >= 0 && section < ColumnCount)
+        return headers[size_t(section)].toString();
+    return QAbstractTableModel::headerData(section, orientation, role);
+}
+
+} // namespace quillon

@@ -1,0 +1,89 @@
+#pragma once
+
+#include "overview/overview_controller.h"
+#include "overview/title_operations.h"
+#include "platform/delayed_calls.h"
+
+namespace quillon {
+
+/// What the panel that asks for a name shows; three commands share it.
+struct NamePanel
+{
+    QString nameSheetCalledFrom; ///< "new", "rename" or "import".
+    QString swNamePanelMessage;
+    bool messageIsError = false; ///< Then the message is red.
+    QString swNamePanelInputMessage;
+    QString swNamePanelInput;
+    QString swNamePanelOKButton;
+};
+
+/**
+ * The commands that change the set of titles: New, Rename, Delete, Import and Export, and the help pages.
+ *
+ * Each ends in a sheet or in the list loaded anew; results are told after a short delay, so that the sheet
+ * before has closed. Several files are imported one for each turn of the event loop, and their results told
+ * in one list; those that need another name ask for it afterwards, one by one.
+ */
+class TitleCommands : public QObject
+{
+    Q_OBJECT
+public:
+    TitleCommands(OverviewController &overview, AlertSheets &alerts, DelayedCalls &delayedCalls,
+                  QObject *parent = nullptr);
+
+    void newSoftwareButtonAction();
+    void renameSWListItem();
+    /// Confirms the name panel with @p name as it was typed.
+    void addSWNPIAction(const QString &name);
+    /// Closes the name panel; an import that waited for a name is given up.
+    void cancelSWNPIAction();
+    void deleteButtonAction();
+    void importPADFile();
+    /// Imports one file, or several at once.
+    void processImportedFiles(const QStringList &paths);
+    void exportButtonAction();
+    void helpAction();
+    void bugReportAction();
+
+    /// The panel that is open, if one is.
+    [[nodiscard]] const std::optional<NamePanel> &namePanel() const { return m_namePanel; }
+
+Q_SIGNALS:
+    /// The name panel is to be opened, shown anew or closed.
+    void namePanelChanged();
+    /// @p done of @p total files have been looked at; equal numbers end the progress.
+    void importProgress(int done, int total);
+    void openWebAddress(const QString &address);
+
+private:
+    void openNamePanel(const NamePanel &panel);
+    void closeNamePanel();
+    void importError2(const QString &message);
+    void importNextFile();
+    void finishImport();
+    void askForNextName();
+    void confirmImport(const QString &name);
+    void tellImported(const QStringList &findings);
+    void reload();
+    void tellLater(const Alert &alert);
+    void later(std::function<void()> call) { m_delayedCalls.after(resultDelay, this, std::move(call)); }
+
+    OverviewController &m_overview;
+    AlertSheets &m_alerts;
+    DelayedCalls &m_delayedCalls;
+    std::optional<NamePanel> m_namePanel;
+
+    /// One run of imports, from the choice of files to the last name.
+    struct Batch
+    {
+        QStringList paths;
+        qsizetype next = 0;
+        int imported = 0;
+        QStringList details;                          ///< One line for each finding or failure.
+        QList<std::pair<QString, QString>> needNames; ///< Path and reason.
+    };
+    Batch m_batch;
+    QString mwqnIpFloc43; ///< The file whose import waits for a name.
+};
+
+} // namespace quillon

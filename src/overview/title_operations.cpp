@@ -1,0 +1,97 @@
+#include "overview/title_operations.h"
+
+#include "pad/field_catalogue.h"
+#include "pad/import_findings.h"
+#include "pad/pad_writer.h"
+#include "platform/atomic_file.h"
+#include "platform/text_decoding.h"
+#include "platform/tolerant_xml.h"
+#include "store/add_delete_import_edit.h"
+#include "store/storage_status.h"
+#include "store/title_folder.h"
+
+using namespace Qt::StringLiterals;
+
+namespace quillon::title_operations {
+
+namespace {
+
+QString nameConflict(const QString &name)
+{
+    if (name.isEmpty())
+        return u"No name could be found for the software in this PAD file\nPlease choose a name for this import"_s;
+    if (judgeName(name) == NameVerdict::Taken)
+        return u"A listing with the name "_s + name + u" already exists\nPlease choose another name."_s;
+    return u"The name "_s + name.simplified() +
+           u" cannot be used for a listing\nPlease choose another name."_s;
+}
+
+/// The text of the PAD file at @p path; none when it is none.
+std::optional<QString> padText(const QString &path)
+{
+    const auto bytes = atomic_file::read(path, maxPadFileSize);
+    if (!bytes)
+        return std::nullopt;
+    QString text = decodedXmlText(*bytes);
+    return text.contains(padMarker, Qt::CaseInsensitive) ? std::optional(std::move(text)) : std::nullopt;
+}
+
+} // namespace
+
+NameVerdict judgeName(const QString &name)
+{
+    if (name.isEmpty())
+        return NameVerdict::Empty;
+    if (!title_folder::isUsableName(name))
+        return NameVerdict::Unusable;
+    return title_folder::exists(name) ? NameVerdict::Taken : NameVerdict::Free;
+}
+
+QString sentence(NameVerdict verdict)
+{
+    switch (verdict) {
+    case NameVerdict::Empty:
+        return u"You Must Enter a Name for the Software Title"_s;
+    case NameVerdict::Taken:
+        return u"This Software Name Already Exists, Please Choose a Unique Name."_s;
+    case NameVerdict::Unusable:
+        return u"This name cannot be used: it holds a \"/\" or is too long."_s;
+    case NameVerdict::Free:
+        break;
+    }
+    return {};
+}
+
+Import importPadFile(const QString &path, const std::optional<QString> &name)
+{
+    const std::optional<QString> text = padText(path);
+    if (!text)
+        return {Import::NotPad,
+                {},
+                u"The file you selected does not appear to be a valid PAD file and cannot be imported."_s,
+                {}};
+    const QString chosen =
+        name ? *name : TolerantXml(*text).first(padField(FieldId::programName).element).value_or(QString());
+    if (const NameVerdict verdict = judgeName(chosen); verdict != NameVerdict::Free)
+        return {Import::NeedsName, chosen, name ? sentence(verdict) : nameConflict(chosen), {}};
+
+    const QByteArray content = text->toUtf8();
+    if (!AddDeleteImportEdit::importExistingFile(chosen, content))
+        return {Import::NotStored, chosen, failedWritesLine(), {}};
+    return {Import::Imported, chosen, importSucceeded, importFindings(content)};
+}
+
+std::optional<QByteArray> exportedPad(const QString &title)
+{
+    const auto folder = title_folder::path(title);
+    const auto stored = folder ? atomic_file::read(*folder + u'/' + title_folder::padFile) : std::nullopt;
+    return stored ? std::optional(pad_writer::exported(*stored)) : std::nullopt;
+}
+
+bool exportPadFile(const QString &title, const QString &path)
+{
+    const auto content = exportedPad(title);
+    return content && storeFile(path, *content);
+}
+
+} // namespace quillon::title_operations

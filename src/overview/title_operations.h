@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+/// What can be done to titles, without a window: the title commands and the command line both call these.
+namespace quillon::title_operations {
+
+/// Whether a new title, or an old one renamed, may be called so.
+enum class NameVerdict
+{
+    Free,
+    Empty,
+    Taken,
+    Unusable
+};
+
+/// Names are compared exactly; blanks are kept.
+NameVerdict judgeName(const QString &name);
+
+/// What the author is told of a name that is not free; empty for a free one.
+QString sentence(NameVerdict verdict);
+
+/// What came of reading a PAD file in.
+struct Import
+{
+    enum Outcome
+    {
+        Imported,
+        NotPad,    ///< Unreadable, too large, or without the PAD marker.
+        NeedsName, ///< It has no name, or one that is taken or cannot be a folder's.
+        NotStored, ///< The title could not be written; nothing of it was left behind.
+    };
+    Outcome outcome = NotPad;
+    QString name;         ///< The title's name, or the one that could not be used.
+    QString message;      ///< The sentence for the author.
+    QStringList findings; ///< After an import: what Quillon will not keep, one sentence each.
+};
+
+/// Files larger than this (bytes) are not taken for PAD files; real ones have some 10 to 100 kB.
+inline constexpr qint64 maxPadFileSize = 16 * 1024 * 1024;
+
+/// Makes a title of the PAD file at @p path, under the file's own program name or under @p name.
+Import importPadFile(const QString &path, const std::optional<QString> &name = std::nullopt);
+
+/// Writes the stored PAD file of @p title to @p path, an existing file replaced. The title's file is taken as
+/// it is. False, and nothing written, when it cannot be read.
+bool exportPadFile(const QString &title, const QString &path);
+
+/// The exported form of the stored PAD file of @p title; none when it cannot be read.
+std::optional<QByteArray> exportedPad(const QString &title);
+
+inline const QString importSucceeded = QStringLiteral("Import Successful");
+inline const QString exportSucceeded = QStringLiteral("PAD file export successful");
+inline const QString exportFailed = QStringLiteral("The PAD file export failed with an unknown error");
+
+} // namespace quillon::title_operations
