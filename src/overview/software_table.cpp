@@ -1,6 +1,7 @@
 #include "overview/software_table.h"
 
 #include "platform/dates.h"
+#include "platform/plain_tool_tip.h"
 
 #include <array>
 
@@ -100,6 +101,7 @@ QVariant SoftwareTable::data(const QModelIndex &index, int role) const
     case Qt::DisplayRole:
         return cell ? QVariant() : text;
     case Qt::ToolTipRole:
+        return plainToolTip(text);
     case Qt::AccessibleTextRole:
         return text;
     case Qt::TextAlignmentRole:

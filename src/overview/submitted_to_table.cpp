@@ -1,6 +1,7 @@
 #include "overview/submitted_to_table.h"
 
 #include "overview/software_table.h"
+#include "platform/plain_tool_tip.h"
 #include "platform/string_dictionary.h"
 
 #include <algorithm>
@@ -64,29 +65,37 @@ QVariant SubmittedToTable::data(const QModelIndex &index, int role) const
 {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
-    const QString site = m_submittedToTableDataArray[index.row()];
-    const bool isText = role == Qt::DisplayRole || role == Qt::ToolTipRole || role == Qt::AccessibleTextRole;
-    if (hasNoSubmissions())
-        return isText && index.column() == Site ? u"No Submissions"_s : QVariant();
-    if (isText && index.column() == Site)
-        return site;
-    if (isText && index.column() == Version)
-        return m_submitToVersDict.value(site);
-    if (index.column() != Status)
-        return {};
-
-    const IconCell cell = m_submitToVersLatestDict.value(site);
+    const QString text = textAt(index.row(), index.column());
+    const IconCell cell = index.column() == Status && !hasNoSubmissions()
+                              ? m_submitToVersLatestDict.value(m_submittedToTableDataArray[index.row()])
+                              : IconCell();
     switch (role) {
+    case Qt::DisplayRole:
+        return index.column() == Status ? QVariant() : text;
+    case Qt::ToolTipRole:
+        return plainToolTip(text);
+    case Qt::AccessibleTextRole:
+        return text;
     case IconsRole:
         return cell.icons;
     case Qt::TextAlignmentRole:
         return (cell.alignment | Qt::AlignVCenter).toInt();
-    case Qt::ToolTipRole:
-    case Qt::AccessibleTextRole:
-        return cell.icons.value(0) == u"Validated" ? u"Current version"_s : description(cell);
     default:
         return {};
     }
+}
+
+QString SubmittedToTable::textAt(int row, int column) const
+{
+    const QString site = m_submittedToTableDataArray[row];
+    if (hasNoSubmissions())
+        return column == Site ? u"No Submissions"_s : QString();
+    if (column == Site)
+        return site;
+    if (column == Version)
+        return m_submitToVersDict.value(site);
+    const IconCell cell = m_submitToVersLatestDict.value(site);
+    return cell.icons.value(0) == u"Validated" ? u"Current version"_s : description(cell);
 }
 
 QVariant SubmittedToTable::headerData(int section, Qt::Orientation orientation, int role) const

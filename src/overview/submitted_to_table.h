@@ -37,6 +37,7 @@ public:
 
 private:
     [[nodiscard]] bool hasNoSubmissions() const;
+    [[nodiscard]] QString textAt(int row, int column) const;
 
     QStringList m_submittedToTableDataArray;
     QHash<QString, QString> m_submitToVersDict;

@@ -1,0 +1,106 @@
+#include "overview/icon_cell_delegate.h"
+
+#include "overview/icon_cell.h"
+#include "overview/software_table.h"
+#include "platform/plain_tool_tip.h"
+#include "store/process_state.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QFile>
+#include <QHelpEvent>
+#include <QPainter>
+#include <QToolTip>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+
+namespace {
+
+constexpr int gap = 3;
+constexpr int step = iconCellSize + gap;
+
+/// The picture that the program or, for a site, the data folder has under @p name; empty when neither has
+/// one.
+QString picturePath(const QString &name)
+{
+    if (const QString own = u":/icons/%1.svg"_s.arg(name); QFile::exists(own))
+        return own;
+    // A name with a separator could point anywhere.
+    const QString kept = mwqnAppSuppLoc + u"Site Images/" + name + u".png";
+    return !name.contains(u'/') && QFile::exists(kept) ? kept : QString();
+}
+
+} // namespace
+
+IconCellDelegate::IconCellDelegate(const QString &fallback, QObject *parent)
+    : QStyledItemDelegate(parent), m_fallback(fallback)
+{
+}
+
+const QIcon &IconCellDelegate::icon(const QString &name) const
+{
+    auto found = m_icons.constFind(name);
+    if (found == m_icons.cend()) {
+        const QString path = picturePath(name);
+        found = m_icons.insert(name, QIcon(path.isEmpty() ? m_fallback : path));
+    }
+    return *found;
+}
+
+IconCellDelegate::Places IconCellDelegate::placesIn(const QRect &cell, const QModelIndex &index) const
+{
+    const int count = int(index.data(IconsRole).toStringList().size());
+    const int fitting = qMax(0, (cell.width() - gap) / step);
+    // The last place tells how many there are beyond it.
+    const int shown = count <= fitting ? count : qMax(0, fitting - 2);
+    const int width = (count <= fitting ? count : fitting) * step - gap;
+    const auto alignment = Qt::Alignment::fromInt(index.data(Qt::TextAlignmentRole).toInt());
+    const QRect row = QStyle::alignedRect(QApplication::layoutDirection(), alignment, {width, iconCellSize},
+                                          cell.adjusted(gap, 0, -gap, 0));
+    Places places;
+    for (int at = 0; at < shown; ++at)
+        places.icons.append({row.left() + at * step, row.top(), iconCellSize, iconCellSize});
+    places.hidden = count - shown;
+    places.rest = QRect(row.left() + shown * step, row.top(), 2 * step, iconCellSize);
+    return places;
+}
+
+void IconCellDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
+                             const QModelIndex &index) const
+{
+    QStyledItemDelegate::paint(painter, option, index); // Background, selection and focus.
+    const QStringList names = index.data(IconsRole).toStringList();
+    const Places places = placesIn(option.rect, index);
+    for (qsizetype at = 0; at < places.icons.size(); ++at)
+        icon(names[at]).paint(painter, places.icons[at]);
+    if (places.hidden > 0) {
+        const bool selected = option.state.testFlag(QStyle::State_Selected);
+        painter->setPen(option.palette.color(selected ? QPalette::HighlightedText : QPalette::Text));
+        painter->drawText(places.rest, Qt::AlignCenter, u"+%1"_s.arg(places.hidden));
+    }
+}
+
+QSize IconCellDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const
+{
+    const auto count = int(index.data(IconsRole).toStringList().size());
+    const QSize text = QStyledItemDelegate::sizeHint(option, index);
+    return text.expandedTo({gap + count * step, iconCellSize + 2 * gap});
+}
+
+bool IconCellDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
+                                 const QStyleOptionViewItem &option, const QModelIndex &index)
+{
+    const QStringList names = index.data(IconsRole).toStringList();
+    const Places places = placesIn(option.rect, index);
+    for (qsizetype at = 0; at < places.icons.size(); ++at) {
+        if (event->type() == QEvent::ToolTip && places.icons[at].contains(event->pos())) {
+            QToolTip::showText(event->globalPos(), plainToolTip(iconDescription(names[at])), view);
+            return true;
+        }
+    }
+    return QStyledItemDelegate::helpEvent(event, view, option, index);
+}
+
+} // namespace quillon

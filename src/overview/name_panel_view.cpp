@@ -1,0 +1,76 @@
+#include "overview/name_panel_view.h"
+
+#include "controls/validation_palette.h"
+#include "overview/title_commands.h"
+
+#include <QDialogButtonBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+
+NamePanelView::NamePanelView(TitleCommands &commands, QWidget *parent)
+    : QDialog(parent)
+    , m_commands(commands)
+    , m_message(new QLabel)
+    , m_inputMessage(new QLabel)
+    , m_input(new QLineEdit)
+{
+    setObjectName(u"swNamePanel"_s);
+    setWindowModality(Qt::WindowModal);
+    setWindowTitle(u"Quillon"_s);
+    m_message->setObjectName(u"swNamePanelMessage"_s);
+    m_message->setTextFormat(Qt::PlainText);
+    m_message->setWordWrap(true);
+    m_message->setMinimumWidth(380);
+    m_inputMessage->setObjectName(u"swNamePanelInputMessage"_s);
+    m_inputMessage->setTextFormat(Qt::PlainText);
+    m_inputMessage->setBuddy(m_input);
+    m_input->setObjectName(u"swNamePanelInput"_s);
+
+    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
+    m_okButton = buttons->addButton(QString(), QDialogButtonBox::AcceptRole);
+    m_okButton->setObjectName(u"swNamePanelOKButton"_s);
+    m_okButton->setDefault(true);
+
+    auto *layout = new QGridLayout(this);
+    layout->addWidget(m_message, 0, 0, 1, 2);
+    layout->addWidget(m_inputMessage, 1, 0);
+    layout->addWidget(m_input, 1, 1);
+    layout->addWidget(buttons, 2, 0, 1, 2);
+
+    connect(buttons, &QDialogButtonBox::accepted, this,
+            [this] { m_commands.addSWNPIAction(m_input->text()); });
+    connect(buttons, &QDialogButtonBox::rejected, this, &NamePanelView::reject);
+    connect(&commands, &TitleCommands::namePanelChanged, this, &NamePanelView::showPanel);
+}
+
+void NamePanelView::reject()
+{
+    m_commands.cancelSWNPIAction();
+}
+
+void NamePanelView::showPanel()
+{
+    const std::optional<NamePanel> &panel = m_commands.namePanel();
+    if (!panel) {
+        hide();
+        return;
+    }
+    m_message->setText(panel->swNamePanelMessage);
+    setValidationColour(*m_message, panel->messageIsError ? Colour::Red : Colour::Black);
+    setAccessibleName(panel->swNamePanelMessage);
+    m_inputMessage->setText(panel->swNamePanelInputMessage);
+    m_input->setAccessibleName(panel->swNamePanelInputMessage.trimmed());
+    m_input->setText(panel->swNamePanelInput);
+    m_input->selectAll();
+    m_input->setFocus();
+    m_okButton->setText(panel->swNamePanelOKButton);
+    open();
+}
+
+} // namespace quillon

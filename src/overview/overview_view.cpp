@@ -1,0 +1,315 @@
+#include "overview/overview_view.h"
+
+#include "overview/guarded_selection_model.h"
+#include "overview/icon_cell.h"
+#include "overview/icon_cell_delegate.h"
+#include "overview/overview_controller.h"
+#include "overview/title_commands.h"
+#include "platform/settings.h"
+
+#include <QBoxLayout>
+#include <QDragEnterEvent>
+#include <QHeaderView>
+#include <QLabel>
+#include <QListWidget>
+#include <QMimeData>
+#include <QPushButton>
+#include <QSortFilterProxyModel>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QTableView>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+
+namespace {
+
+const QString headerKey = u"overview/softwareTable"_s;
+const QString submittedHeaderKey = u"overview/submittedToTable"_s;
+const QString splitterKey = u"overview/splitter"_s;
+
+/// What both tables have in common: whole rows, one at a time, lines of one height.
+QTableView *newTable(const QString &name, const QString &accessibleName, QWidget *parent)
+{
+    auto *table = new QTableView(parent);
+    table->setObjectName(name);
+    table->setAccessibleName(accessibleName);
+    table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    table->setSelectionMode(QAbstractItemView::SingleSelection);
+    table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    table->setAlternatingRowColors(true);
+    table->setShowGrid(false);
+    table->setTabKeyNavigation(false);
+    table->setWordWrap(false);
+    table->verticalHeader()->hide();
+    table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    table->verticalHeader()->setDefaultSectionSize(qMax(table->fontMetrics().height() + 8, iconCellSize + 8));
+    table->horizontalHeader()->setHighlightSections(false);
+    table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    return table;
+}
+
+/// @p content under a caption that is its label.
+QWidget *captioned(QLabel *caption, QWidget *content)
+{
+    auto *box = new QWidget;
+    auto *layout = new QVBoxLayout(box);
+    layout->setContentsMargins(0, 0, 0, 0);
+    caption->setBuddy(content);
+    layout->addWidget(caption);
+    layout->addWidget(content);
+    return box;
+}
+
+/// The local files among what is dragged.
+QStringList localFiles(const QMimeData *data)
+{
+    QStringList paths;
+    for (const QUrl &url : data->urls()) {
+        if (url.isLocalFile())
+            paths.append(url.toLocalFile());
+    }
+    return paths;
+}
+
+} // namespace
+
+OverviewView::OverviewView(OverviewController &overview, TitleCommands &commands, QWidget *parent)
+    : QWidget(parent), m_overview(overview), m_commands(commands), m_sorted(new QSortFilterProxyModel(this))
+{
+    setObjectName(u"overviewView"_s);
+    setAcceptDrops(true);
+    m_sorted->setSourceModel(&overview.softwareTable());
+    m_sorted->setSortRole(SortRole);
+    m_sorted->setSortCaseSensitivity(Qt::CaseInsensitive);
+    m_sorted->setSortLocaleAware(true);
+
+    m_splitter = new QSplitter(Qt::Vertical, this);
+    m_splitter->setChildrenCollapsible(false);
+    m_splitter->addWidget(newTitlesPanel());
+    m_splitter->addWidget(newDetailsPanel());
+    m_splitter->setStretchFactor(0, 3);
+    m_splitter->setStretchFactor(1, 2);
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(m_splitter);
+
+    connect(&overview, &OverviewController::selectedRowChanged, this, &OverviewView::showSelectedRow);
+    connect(&overview, &OverviewController::validationErrorsChanged, this, &OverviewView::showErrors);
+    connect(&overview.fileMenu(), &FileMenu::changed, this, &OverviewView::updateButtons);
+    connect(&overview.softwareTable(), &QAbstractItemModel::modelReset, this, &OverviewView::updateButtons);
+    restoreLayout();
+    updateButtons();
+    showErrors();
+}
+
+OverviewView::~OverviewView()
+{
+    saveLayout();
+}
+
+QWidget *OverviewView::newTitlesPanel()
+{
+    m_softwareTableView = newTable(u"softwareTableView"_s, u"Software titles"_s, this);
+    m_softwareTableView->setModel(m_sorted);
+    m_softwareTableView->setSortingEnabled(true);
+    m_softwareTableView->setContextMenuPolicy(Qt::ActionsContextMenu);
+    auto *selection = new GuardedSelectionModel(
+        m_sorted,
+        [this](const QModelIndex &index) {
+            return m_overview.tableViewShouldSelectRow(m_sorted->mapToSource(index).row());
+        },
+        m_softwareTableView);
+    m_softwareTableView->setSelectionModel(selection);
+    connect(selection, &QItemSelectionModel::selectionChanged, this, [this, selection] {
+        const QModelIndex index = selection->selectedRows().value(0);
+        const int row = index.isValid() ? m_sorted->mapToSource(index).row() : -1;
+        if (row != m_overview.selectedRow())
+            m_overview.tableViewSelectionDidChange(row);
+    });
+    connect(m_softwareTableView, &QTableView::activated, this, &OverviewView::editRequested);
+
+    auto *systems = new IconCellDelegate({}, this);
+    m_softwareTableView->setItemDelegateForColumn(SoftwareTable::SupportedOS, systems);
+    m_softwareTableView->setItemDelegateForColumn(SoftwareTable::Validated, systems);
+    m_softwareTableView->setItemDelegateForColumn(SoftwareTable::Submissions,
+                                                  new IconCellDelegate(u":/icons/site.svg"_s, this));
+
+    m_titlesOrHint = new QStackedWidget;
+    m_titlesOrHint->addWidget(m_softwareTableView);
+    m_titlesOrHint->addWidget(newEmptyPage());
+
+    auto *panel = new QWidget;
+    auto *layout = new QVBoxLayout(panel);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_titlesOrHint, 1);
+    layout->addWidget(newButtonRow());
+    return panel;
+}
+
+QWidget *OverviewView::newEmptyPage()
+{
+    auto *page = new QWidget;
+    page->setObjectName(u"emptyListPage"_s);
+    auto *picture = new QLabel;
+    picture->setPixmap(QIcon(u":/icons/empty-list.svg"_s).pixmap(QSize(96, 96)));
+    auto *heading = new QLabel(u"No software titles yet"_s);
+    QFont font = heading->font();
+    font.setPointSizeF(font.pointSizeF() * 1.4);
+    heading->setFont(font);
+    auto *hint = new QLabel(u"Import the PAD files that you have, or drop them here.\n"
+                            "Or begin with a new title and fill in its PAD file step by step."_s);
+    hint->setAlignment(Qt::AlignCenter);
+
+    auto *layout = new QVBoxLayout(page);
+    layout->addStretch(1);
+    for (QLabel *label : {picture, heading, hint})
+        layout->addWidget(label, 0, Qt::AlignCenter);
+    layout->addStretch(2);
+    page->setAutoFillBackground(true);
+    page->setBackgroundRole(QPalette::Base);
+    return page;
+}
+
+QWidget *OverviewView::newButtonRow()
+{
+    /// A button under the list, and what it does.
+    struct ListButton
+    {
+        QString name;
+        QString text;
+        QString icon;
+        QString toolTip;
+        void (TitleCommands::*command)();
+        bool needsTitle;
+    };
+    const QList<ListButton> buttons = {
+        {u"newSoftwareButton"_s, u"&New…"_s, u"new-title"_s, u"Add a new software title"_s,
+         &TitleCommands::newSoftwareButtonAction, false},
+        {u"importButton"_s, u"&Import…"_s, u"import"_s, u"Add titles from PAD files"_s,
+         &TitleCommands::importPADFile, false},
+        {u"renameButton"_s, u"&Rename…"_s, u"rename"_s, u"Give the selected title another name"_s,
+         &TitleCommands::renameSWListItem, true},
+        {u"exportButton"_s, u"E&xport…"_s, u"export"_s, u"Save the selected title's PAD file"_s,
+         &TitleCommands::exportButtonAction, true},
+        {u"deleteButton"_s, u"&Delete…"_s, u"delete"_s, u"Delete the selected title"_s,
+         &TitleCommands::deleteButtonAction, true},
+    };
+    auto *row = new QWidget;
+    auto *layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    for (const ListButton &each : buttons) {
+        auto *button = new QPushButton(QIcon(u":/icons/%1.svg"_s.arg(each.icon)), each.text);
+        button->setObjectName(each.name);
+        button->setToolTip(each.toolTip);
+        connect(button, &QPushButton::clicked, &m_commands, each.command);
+        if (each.needsTitle && m_titleButtons.isEmpty())
+            layout->addStretch(1);
+        if (each.needsTitle)
+            m_titleButtons.append(button);
+        layout->addWidget(button);
+    }
+    return row;
+}
+
+QWidget *OverviewView::newDetailsPanel()
+{
+    m_submittedToTableView = newTable(u"submittedToTableView"_s, u"Submitted to"_s, this);
+    m_submittedToTableView->setModel(&m_overview.submittedToTable());
+    m_submittedToTableView->setItemDelegateForColumn(SubmittedToTable::Status,
+                                                     new IconCellDelegate({}, this));
+
+    m_validationErrorsView = new QListWidget;
+    m_validationErrorsView->setObjectName(u"validationErrorsView"_s);
+    m_validationErrorsView->setWordWrap(true);
+    connect(m_validationErrorsView, &QListWidget::itemActivated, this,
+            [this](QListWidgetItem *item) { Q_EMIT fieldRequested(item->data(Qt::UserRole).toString()); });
+    connect(m_validationErrorsView, &QListWidget::itemClicked, this,
+            [this](QListWidgetItem *item) { Q_EMIT fieldRequested(item->data(Qt::UserRole).toString()); });
+
+    m_errorsCaption = new QLabel;
+    m_errorsCaption->setTextFormat(Qt::PlainText);
+    auto *panel = new QSplitter(Qt::Horizontal);
+    panel->setChildrenCollapsible(false);
+    panel->addWidget(captioned(new QLabel(u"&Submitted to"_s), m_submittedToTableView));
+    panel->addWidget(captioned(m_errorsCaption, m_validationErrorsView));
+    return panel;
+}
+
+void OverviewView::setListActions(const QList<QAction *> &actions)
+{
+    m_softwareTableView->addActions(actions);
+}
+
+void OverviewView::showSelectedRow(int row)
+{
+    if (row < 0) {
+        m_softwareTableView->clearSelection();
+        m_softwareTableView->setCurrentIndex({});
+        m_submittedToTableView->clearSelection();
+        return;
+    }
+    const QModelIndex index = m_sorted->mapFromSource(m_overview.softwareTable().index(row, 0));
+    if (!m_softwareTableView->selectionModel()->isRowSelected(index.row()))
+        m_softwareTableView->selectRow(index.row());
+    m_softwareTableView->scrollTo(index);
+}
+
+void OverviewView::showErrors()
+{
+    const StringDictionary &errors = m_overview.validationErrors();
+    m_validationErrorsView->clear();
+    for (const auto &[key, message] : errors) {
+        auto *item = new QListWidgetItem(message, m_validationErrorsView);
+        item->setData(Qt::UserRole, key);
+    }
+    m_errorsCaption->setText(errors.empty() ? u"&Errors in the PAD file"_s
+                                            : u"&Errors in the PAD file (%1)"_s.arg(errors.size()));
+}
+
+void OverviewView::updateButtons()
+{
+    const bool hasTitle = m_overview.selectedRow() >= 0;
+    for (QPushButton *button : std::as_const(m_titleButtons))
+        button->setEnabled(hasTitle);
+    m_titlesOrHint->setCurrentIndex(m_overview.softwareTable().rowCount() == 0 ? 1 : 0);
+}
+
+void OverviewView::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (!localFiles(event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void OverviewView::dropEvent(QDropEvent *event)
+{
+    event->acceptProposedAction();
+    m_commands.processImportedFiles(localFiles(event->mimeData()));
+}
+
+void OverviewView::saveLayout() const
+{
+    settings().setValue(headerKey, m_softwareTableView->horizontalHeader()->saveState());
+    settings().setValue(submittedHeaderKey, m_submittedToTableView->horizontalHeader()->saveState());
+    settings().setValue(splitterKey, m_splitter->saveState());
+}
+
+void OverviewView::restoreLayout()
+{
+    QHeaderView *titles = m_softwareTableView->horizontalHeader();
+    if (!titles->restoreState(settings().value(headerKey).toByteArray())) {
+        static constexpr std::array<int, SoftwareTable::ColumnCount> widths = {280, 90, 110, 220, 80, 160};
+        for (int column = 0; column < SoftwareTable::ColumnCount; ++column)
+            m_softwareTableView->setColumnWidth(column, widths[size_t(column)]);
+        m_softwareTableView->sortByColumn(SoftwareTable::SoftwareTitle, Qt::AscendingOrder);
+    }
+    titles->setStretchLastSection(true);
+    titles->setSectionsMovable(true);
+    QHeaderView *sites = m_submittedToTableView->horizontalHeader();
+    if (!sites->restoreState(settings().value(submittedHeaderKey).toByteArray()))
+        m_submittedToTableView->setColumnWidth(SubmittedToTable::Site, 220);
+    sites->setStretchLastSection(true);
+    m_splitter->restoreState(settings().value(splitterKey).toByteArray());
+}
+
+} // namespace quillon

@@ -1,0 +1,81 @@
+#include "overview/overview_controller.h"
+#include "overview/title_commands.h"
+#include "platform/application_info.h"
+#include "platform/delayed_calls.h"
+#include "platform/settings.h"
+#include "shell/main_window.h"
+#include "shell/message_box_sheets.h"
+#include "shell/single_instance.h"
+#include "shell/toolbar_control.h"
+#include "store/add_delete_import_edit.h"
+#include "store/data_folder_lock.h"
+#include "store/process_state.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QDir>
+#include <QIcon>
+
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+using namespace quillon;
+
+namespace {
+
+/// The home folder that the command line names, or the user's own.
+QString homeFolder(const QApplication &application)
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription(u"Keeps, checks and submits the PAD files of your software titles."_s);
+    parser.addHelpOption();
+    parser.addVersionOption();
+    const QCommandLineOption home(u"home"_s, u"Use this folder as the user's home folder."_s, u"DIR"_s,
+                                  QDir::homePath());
+    parser.addOption(home);
+    parser.process(application);
+    return QDir(parser.value(home)).absolutePath();
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(u"quillon"_s);
+    QApplication::setApplicationDisplayName(u"Quillon"_s);
+    QApplication::setApplicationVersion(application_info::version);
+    QApplication::setDesktopFileName(u"quillon"_s);
+    QApplication::setWindowIcon(QIcon(u":/icons/quillon.svg"_s));
+
+    const QString home = homeFolder(application);
+    setSettingsHome(home);
+    setDataFolder(home);
+    AddDeleteImportEdit::checkAppSuppExists(); // The lock lies in the data folder.
+    const DataFolderLock lock;
+    if (lock.state() == DataFolderLock::State::HeldByAnother) {
+        const bool shown = SingleInstance::activateOther();
+        std::fputs(shown ? "Quillon is running already; its window was brought to the front.\n"
+                         : "Another program is working on the data folder.\n",
+                   stderr);
+        return shown ? EXIT_SUCCESS : EXIT_FAILURE;
+    }
+
+    MessageBoxSheets alerts;
+    TimedCalls delayedCalls;
+    OverviewController overview(alerts);
+    TitleCommands commands(overview, alerts, delayedCalls);
+    ToolbarControl toolbar(overview, alerts);
+    MainWindow window(toolbar, overview, commands);
+    alerts.setWidget(SheetWindow::Main, &window);
+    toolbar.awakeFromNib();
+    overview.awakeFromNib();
+
+    SingleInstance instance;
+    QObject::connect(&instance, &SingleInstance::activated, &window, &MainWindow::bringToFront);
+    if (lock.state() == DataFolderLock::State::Held)
+        instance.listen();
+
+    window.show();
+    return QApplication::exec();
+}

@@ -1,0 +1,49 @@
+#include "shell/single_instance.h"
+
+#include "store/process_state.h"
+
+#include <QCryptographicHash>
+#include <QLocalSocket>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+
+namespace {
+
+/// Short enough for a socket's path, and another for every data folder.
+QString serverName()
+{
+    const QByteArray folder = QCryptographicHash::hash(mwqnAppSuppLoc.toUtf8(), QCryptographicHash::Sha256);
+    static constexpr qsizetype length = 16;
+    return u"quillon-"_s + QString::fromLatin1(folder.toHex().first(length));
+}
+
+} // namespace
+
+SingleInstance::SingleInstance(QObject *parent) : QObject(parent)
+{
+    m_server.setSocketOptions(QLocalServer::UserAccessOption);
+    connect(&m_server, &QLocalServer::newConnection, this, [this] {
+        while (QLocalSocket *socket = m_server.nextPendingConnection())
+            socket->deleteLater();
+        Q_EMIT activated();
+    });
+}
+
+void SingleInstance::listen()
+{
+    // A socket left behind by a crash belongs to nobody: the lock is ours.
+    QLocalServer::removeServer(serverName());
+    m_server.listen(serverName());
+}
+
+bool SingleInstance::activateOther()
+{
+    QLocalSocket socket;
+    socket.connectToServer(serverName());
+    static constexpr int patience = 2000; // Milliseconds.
+    return socket.waitForConnected(patience);
+}
+
+} // namespace quillon
