@@ -1,0 +1,50 @@
+#include "cli/command.h"
+
+#include "store/storage_status.h"
+#include "store/title_folder.h"
+
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon::cli {
+
+namespace {
+
+void write(const QByteArray &bytes, std::FILE *file)
+{
+    std::fwrite(bytes.constData(), 1, size_t(bytes.size()), file);
+}
+
+} // namespace
+
+void print(const QString &line)
+{
+    write(line.toUtf8() + '\n', stdout);
+}
+
+void complain(const QString &line)
+{
+    write("quillon-cli: " + line.toUtf8() + '\n', stderr);
+}
+
+void print(const QJsonDocument &document)
+{
+    write(document.toJson(), stdout);
+}
+
+bool titleExists(const QString &name)
+{
+    if (title_folder::exists(name))
+        return true;
+    complain(u"There is no title named %1."_s.arg(name));
+    return false;
+}
+
+ExitStatus fileFailed()
+{
+    complain(failedWritesLine());
+    return FileFailed;
+}
+
+} // namespace quillon::cli

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "platform/alert_sheets.h"
+
+#include <QJsonDocument>
+#include <QString>
+
+#include <CLI/CLI.hpp>
+
+namespace quillon::cli {
+
+/// How a command ended; the process's exit status.
+enum ExitStatus
+{
+    Done = 0,       ///< Done, or valid.
+    AnswerIsNo = 1, ///< Errors were found.
+    WrongUsage = 2, ///< The command line makes no sense; nothing was changed.
+    Refused = 3,    ///< No such title, a name that is taken, the application is running.
+    FileFailed = 4, ///< A file could not be read or written.
+};
+
+/**
+ * One command: its name, its help, its options and what it does stand together in one class.
+ *
+ * Data goes to standard output, messages to standard error.
+ */
+class Command
+{
+public:
+    virtual ~Command() = default;
+
+    /// Adds the command to @p application with its options bound to this object's members.
+    virtual CLI::App *addTo(CLI::App &application) = 0;
+
+    /// Whether the command may change what is stored, so that it needs the data folder for itself.
+    [[nodiscard]] virtual bool writes() const = 0;
+
+    virtual ExitStatus run() = 0;
+};
+
+/// Texts of the command line are UTF-8.
+inline QString text(const std::string &argument)
+{
+    return QString::fromStdString(argument);
+}
+
+/// Writes @p line and a line end to standard output or to standard error.
+void print(const QString &line);
+void complain(const QString &line);
+
+/// Writes @p document, indented, to standard output.
+void print(const QJsonDocument &document);
+
+/// Whether there is a title @p name; complains when there is none.
+bool titleExists(const QString &name);
+
+/// Complains of the writes that failed during the command.
+ExitStatus fileFailed();
+
+} // namespace quillon::cli

@@ -1,0 +1,98 @@
+#include "cli/commands.h"
+#include "overview/title_list.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon::cli {
+
+namespace {
+
+QStringList namesIn(const std::optional<QString> &list)
+{
+    QStringList names = list.value_or(QString()).split(u',');
+    names.removeAll(QString());
+    return names;
+}
+
+QJsonArray submissions(const Summary &summary)
+{
+    QJsonArray marks;
+    const QStringList sites = summary.siteList();
+    const QStringList versions = summary.versionList();
+    for (qsizetype at = 0; at < sites.size(); ++at) {
+        if (sites[at].isEmpty())
+            continue;
+        const QString version = versions.value(at);
+        marks.append(QJsonObject{{u"site"_s, sites[at]},
+                                 {u"version"_s, version},
+                                 {u"current"_s, version == summary.version.value_or(QString())}});
+    }
+    return marks;
+}
+
+QJsonObject json(const Title &title)
+{
+    const Summary &summary = title.summary;
+    return {{u"name"_s, title.name},
+            {u"version"_s, summary.version.value_or(QString())},
+            {u"releaseDate"_s, summary.releaseDate.value_or(QString())},
+            {u"operatingSystems"_s, QJsonArray::fromStringList(namesIn(summary.operatingSystems))},
+            {u"validated"_s, summary.validated ? QJsonValue(*summary.validated == u"1") : QJsonValue()},
+            {u"submissions"_s, submissions(summary)}};
+}
+
+/// One line for readers and for line-based tools: columns between tabs.
+QString line(const Title &title)
+{
+    const Summary &summary = title.summary;
+    const QString state = !summary.validated           ? u"-"_s
+                          : *summary.validated == u"1" ? u"validated"_s
+                                                       : u"not validated"_s;
+    return QStringList{title.name.simplified(), summary.version.value_or(QString()).simplified(),
+                       summary.releaseDate.value_or(QString()).simplified(),
+                       namesIn(summary.operatingSystems).join(u", ").simplified(), state}
+        .join(u'\t');
+}
+
+class List final : public Command
+{
+public:
+    CLI::App *addTo(CLI::App &application) override
+    {
+        CLI::App *command = application.add_subcommand(
+            "list", "The titles: name, version, release date, operating systems and state, a line each");
+        command->add_flag("--json", m_json, "As a JSON array");
+        return command;
+    }
+
+    [[nodiscard]] bool writes() const override { return false; }
+
+    ExitStatus run() override
+    {
+        QJsonArray array;
+        for (const Title &title : loadTitles()) {
+            if (m_json)
+                array.append(json(title));
+            else
+                print(line(title));
+        }
+        if (m_json)
+            print(QJsonDocument(array));
+        return Done;
+    }
+
+private:
+    bool m_json = false;
+};
+
+} // namespace
+
+std::unique_ptr<Command> listCommand()
+{
+    return std::make_unique<List>();
+}
+
+} // namespace quillon::cli
