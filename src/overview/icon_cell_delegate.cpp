@@ -73,13 +73,33 @@ void IconCellDelegate::paint(QPainter *painter, const QStyleOptionViewItem &opti
     QStyledItemDelegate::paint(painter, option, index); // Background, selection and focus.
     const QStringList names = index.data(IconsRole).toStringList();
     const Places places = placesIn(option.rect, index);
+    const bool selected = option.state.testFlag(QStyle::State_Selected);
     for (qsizetype at = 0; at < places.icons.size(); ++at)
-        icon(names[at]).paint(painter, places.icons[at]);
+        paintIcon(painter, places.icons[at], names[at], selected ? option.palette.base() : QBrush());
     if (places.hidden > 0) {
-        const bool selected = option.state.testFlag(QStyle::State_Selected);
         painter->setPen(option.palette.color(selected ? QPalette::HighlightedText : QPalette::Text));
         painter->drawText(places.rest, Qt::AlignCenter, u"+%1"_s.arg(places.hidden));
     }
+}
+
+void IconCellDelegate::paintIcon(QPainter *painter, const QRect &place, const QString &name,
+                                 const QBrush &backing) const
+{
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    if (backing.style() != Qt::NoBrush) { // The pictures are drawn for the colour of an unselected row.
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(backing);
+        painter->drawRoundedRect(place.adjusted(-1, -1, 1, 1), 3, 3);
+    }
+    if (const QIcon &picture = icon(name); !picture.isNull()) {
+        picture.paint(painter, place);
+    } else {
+        painter->setPen(QPen(QColor(Qt::gray), 1, Qt::DotLine));
+        painter->setBrush(Qt::NoBrush);
+        painter->drawRoundedRect(QRectF(place).adjusted(2.5, 2.5, -2.5, -2.5), 2, 2);
+    }
+    painter->restore();
 }
 
 QSize IconCellDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const

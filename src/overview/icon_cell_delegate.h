@@ -29,6 +29,7 @@ private:
         int hidden = 0;
     };
     [[nodiscard]] Places placesIn(const QRect &cell, const QModelIndex &index) const;
+    void paintIcon(QPainter *painter, const QRect &place, const QString &name, const QBrush &backing) const;
     [[nodiscard]] const QIcon &icon(const QString &name) const;
 
     QString m_fallback;

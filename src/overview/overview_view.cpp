@@ -3,6 +3,7 @@
 #include "overview/guarded_selection_model.h"
 #include "overview/icon_cell.h"
 #include "overview/icon_cell_delegate.h"
+#include "overview/natural_sort_proxy.h"
 #include "overview/overview_controller.h"
 #include "overview/title_commands.h"
 #include "platform/settings.h"
@@ -14,7 +15,6 @@
 #include <QListWidget>
 #include <QMimeData>
 #include <QPushButton>
-#include <QSortFilterProxyModel>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QTableView>
@@ -76,14 +76,12 @@ QStringList localFiles(const QMimeData *data)
 } // namespace
 
 OverviewView::OverviewView(OverviewController &overview, TitleCommands &commands, QWidget *parent)
-    : QWidget(parent), m_overview(overview), m_commands(commands), m_sorted(new QSortFilterProxyModel(this))
+    : QWidget(parent), m_overview(overview), m_commands(commands), m_sorted(new NaturalSortProxy(this))
 {
     setObjectName(u"overviewView"_s);
     setAcceptDrops(true);
     m_sorted->setSourceModel(&overview.softwareTable());
     m_sorted->setSortRole(SortRole);
-    m_sorted->setSortCaseSensitivity(Qt::CaseInsensitive);
-    m_sorted->setSortLocaleAware(true);
 
     m_splitter = new QSplitter(Qt::Vertical, this);
     m_splitter->setChildrenCollapsible(false);

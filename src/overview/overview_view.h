@@ -5,7 +5,6 @@
 class QLabel;
 class QListWidget;
 class QPushButton;
-class QSortFilterProxyModel;
 class QSplitter;
 class QStackedWidget;
 class QTableView;
@@ -13,6 +12,7 @@ class QToolButton;
 
 namespace quillon {
 
+class NaturalSortProxy;
 class OverviewController;
 class TitleCommands;
 
@@ -51,7 +51,7 @@ private:
 
     OverviewController &m_overview;
     TitleCommands &m_commands;
-    QSortFilterProxyModel *m_sorted;
+    NaturalSortProxy *m_sorted;
     QStackedWidget *m_titlesOrHint = nullptr;
     QTableView *m_softwareTableView = nullptr;
     QTableView *m_submittedToTableView = nullptr;

@@ -1,0 +1,31 @@
+#include "overview/natural_sort_proxy.h"
+
+namespace quillon {
+
+namespace {
+
+/// The user's locale; where none is set, one that knows an alphabet.
+QLocale collationLocale()
+{
+    return QLocale().language() == QLocale::C ? QLocale(QLocale::English) : QLocale();
+}
+
+} // namespace
+
+NaturalSortProxy::NaturalSortProxy(QObject *parent)
+    : QSortFilterProxyModel(parent), m_collator(collationLocale())
+{
+    m_collator.setCaseSensitivity(Qt::CaseInsensitive);
+    m_collator.setNumericMode(true);
+}
+
+bool NaturalSortProxy::lessThan(const QModelIndex &left, const QModelIndex &right) const
+{
+    const QVariant first = left.data(sortRole());
+    const QVariant second = right.data(sortRole());
+    if (first.typeId() != QMetaType::QString)
+        return QSortFilterProxyModel::lessThan(left, right);
+    return m_collator.compare(first.toString(), second.toString()) < 0;
+}
+
+} // namespace quillon
