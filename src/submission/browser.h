@@ -19,7 +19,7 @@ public:
     virtual void didStartProvisionalLoad() = 0;
     virtual void didFinishLoad() = 0;
     /// The page could not be loaded, before or after its first byte; @p description is the engine's sentence
-    /// and may hold anything.
+    /// and may hold anything. A load that was stopped, or that another one replaced, is no failure.
     virtual void didFailLoad(const QString &description) = 0;
 
     /// A page opens a new window: the browser in which that is to load.
