@@ -59,4 +59,11 @@ private:
 /// "quillon.unclosed". pugixml reads whatever comes out. No NUL may be in it.
 QByteArray repairedXml(const QByteArray &utf8);
 
+/// The element named @p tag whose value TolerantXml::first() gives, as it stands in @p utf8 from its start
+/// tag to its end tag; for editing a document as text. Null without one.
+///
+/// A start tag that was never closed reaches to the next such tag of its name in the same parent, else over
+/// the text that follows it, without the blanks at that text's end.
+QByteArrayView firstElementSource(QByteArrayView utf8, QByteArrayView tag);
+
 } // namespace quillon

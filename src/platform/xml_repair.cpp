@@ -215,7 +215,81 @@ void appendEndTag(QByteArray &xml, QByteArrayView name)
     xml.append("</").append(name).append('>');
 }
 
+/// The first element named @p tag that is closed, else the first one that is not; -1 without one.
+qsizetype firstElement(const QList<Token> &tokens, QByteArrayView tag)
+{
+    qsizetype unclosed = -1;
+    for (qsizetype at = 0; at < tokens.size(); ++at) {
+        const Token &token = tokens[at];
+        if (token.name != tag || (token.kind != Token::Start && token.kind != Token::Empty))
+            continue;
+        if (!token.unclosed)
+            return at;
+        if (unclosed < 0)
+            unclosed = at;
+    }
+    return unclosed;
+}
+
+/// The end tag of the closed element that begins at @p first.
+qsizetype endOfClosed(const QList<Token> &tokens, qsizetype first)
+{
+    int depth = 0;
+    qsizetype at = first;
+    for (; at < tokens.size(); ++at) {
+        const Token &token = tokens[at];
+        if (token.name != tokens[first].name)
+            continue;
+        if (token.kind == Token::Start && !token.unclosed)
+            ++depth;
+        else if (token.kind == Token::End)
+            --depth;
+        if (depth == 0)
+            break;
+    }
+    return at;
+}
+
+/// The start tag that its author took for the end tag of the element at @p first, else the text after it.
+qsizetype endOfUnclosed(const QList<Token> &tokens, qsizetype first)
+{
+    int depth = 0;
+    for (qsizetype at = first + 1; at < tokens.size() && depth >= 0; ++at) {
+        const Token &token = tokens[at];
+        if (token.kind == Token::Start && token.unclosed && depth == 0 && token.name == tokens[first].name)
+            return at;
+        if (token.kind == Token::Start && !token.unclosed)
+            ++depth;
+        else if (token.kind == Token::End)
+            --depth;
+    }
+    qsizetype last = first;
+    while (last + 1 < tokens.size() &&
+           (tokens[last + 1].kind == Token::Text || tokens[last + 1].kind == Token::Verbatim))
+        ++last;
+    return last;
+}
+
 } // namespace
+
+QByteArrayView firstElementSource(QByteArrayView utf8, QByteArrayView tag)
+{
+    QList<Token> tokens = Tokenizer(utf8).tokens();
+    matchTags(tokens);
+    const qsizetype first = firstElement(tokens, tag);
+    if (first < 0)
+        return {};
+    qsizetype last = first;
+    if (tokens[first].unclosed)
+        last = endOfUnclosed(tokens, first);
+    else if (tokens[first].kind == Token::Start)
+        last = endOfClosed(tokens, first);
+    const char *const begin = tokens[first].source.begin();
+    const char *end = tokens[last].source.end();
+    while (isBlank(end[-1]))
+        --end;
+    return {begin, end};
+}
 
 QByteArray repairedXml(const QByteArray &utf8)
 {

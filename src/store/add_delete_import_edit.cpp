@@ -161,4 +161,14 @@ bool AddDeleteImportEdit::deleteQnDataFile(const QString &name)
     return true;
 }
 
+std::optional<StringDictionary> AddDeleteImportEdit::returnUserSitesDict()
+{
+    return site_list::read(site_list::userSites);
+}
+
+std::optional<StringDictionary> AddDeleteImportEdit::returnIgnoredSitesDict()
+{
+    return site_list::read(site_list::ignoredSites);
+}
+
 } // namespace quillon

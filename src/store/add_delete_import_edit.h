@@ -49,6 +49,13 @@ public:
 
     /// Removes the title and everything in its folder; links inside are removed, never followed.
     static bool deleteQnDataFile(const QString &name);
+
+    /// Address by name of the sites that the author added. A missing file is made empty; none when it is
+    /// there but no list of sites.
+    static std::optional<StringDictionary> returnUserSitesDict();
+
+    /// The same of the default sites that the author removed.
+    static std::optional<StringDictionary> returnIgnoredSitesDict();
 };
 
 } // namespace quillon

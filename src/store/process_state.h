@@ -25,9 +25,24 @@ inline std::optional<QString> mwqnCurrentSWBundle;
 /// when it closes.
 inline bool mwqnWOSi78tgsda = true;
 
+/// URL by name of the 212 default sites. Built once by setDefaultSites(), never changed after.
+inline StringDictionary mwqnDefaultSitesDict;
+
 /// URL by name of every site of the catalogue. Set by the site list editor at each merge; empty before the
 /// first.
 inline StringDictionary mwqnSCPreallSitesDict;
+
+/// What the submission window's load progress bar draws. Set by the functions of submission/prog_view.h.
+struct ProgressBarState
+{
+    float x = 0; ///< The progress rectangle, in points from the bar's top left corner.
+    float y = 0;
+    float width = 0;
+    float height = 0;
+    bool isReset = true; ///< The bar looks empty.
+    int barWidth = 0;    ///< Width of the bar's frame in whole points.
+};
+inline ProgressBarState progressBarState;
 
 /// Reason by path of each write that failed and was not mended since. Set by reportWrite() in
 /// storage_status.h.

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QString>
+#include <QUrl>
+
+namespace quillon {
+
+/// What the desktop does for the program; the window system does it, tests note it down.
+class Desktop
+{
+public:
+    virtual ~Desktop() = default;
+
+    /// Puts plain text on the general clipboard.
+    virtual void setClipboardText(const QString &text) = 0;
+
+    /// Opens @p address in the user's own web browser.
+    virtual void openWebAddress(const QUrl &address) = 0;
+};
+
+} // namespace quillon

@@ -1,0 +1,55 @@
+#include "store/site_list.h"
+
+#include "platform/property_list.h"
+#include "store/process_state.h"
+#include "store/storage_status.h"
+
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon::site_list {
+
+namespace {
+
+/// Stores @p bytes beside the list at @p path, under the first name that is free or holds them already.
+bool keepBeside(const QString &path, const QByteArray &bytes)
+{
+    const QString kept = path + u".unreadable"_s;
+    QString name = kept;
+    for (int number = 2; QFileInfo::exists(name) && atomic_file::read(name) != bytes; ++number)
+        name = kept + u'-' + QString::number(number);
+    return storeFile(name, bytes);
+}
+
+/// Whether nothing would be lost if the file at @p path were replaced.
+bool mayReplace(const QString &path)
+{
+    if (!QFileInfo::exists(path))
+        return true;
+    const auto bytes = atomic_file::read(path);
+    if (!bytes) {
+        reportFailure(path, u"the file cannot be read, so it is left as it is"_s);
+        return false;
+    }
+    return bytes->isEmpty() || property_list::read(*bytes) || keepBeside(path, *bytes);
+}
+
+} // namespace
+
+std::optional<StringDictionary> read(QStringView fileName)
+{
+    const QString path = mwqnAppSuppLoc + fileName;
+    if (!QFileInfo::exists(path))
+        storeFile(path, property_list::emptyText());
+    const auto bytes = atomic_file::read(path);
+    return bytes ? property_list::read(*bytes) : std::nullopt;
+}
+
+bool write(QStringView fileName, const StringDictionary &sites)
+{
+    const QString path = mwqnAppSuppLoc + fileName;
+    return mayReplace(path) && storeFile(path, property_list::write(sites));
+}
+
+} // namespace quillon::site_list

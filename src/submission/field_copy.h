@@ -1,0 +1,84 @@
+#pragma once
+
+#include "pad/field_catalogue.h"
+
+#include <QByteArray>
+#include <QLocale>
+#include <QObject>
+#include <QString>
+
+#include <array>
+#include <bitset>
+#include <optional>
+
+namespace quillon {
+
+class Browser;
+class Desktop;
+
+/// A button that pastes one field of the stored PAD file into a download site's form.
+struct FieldCopyButton
+{
+    QStringView action;  ///< The button's name is this with "Button" after it.
+    QStringView caption; ///< What the author reads on it.
+    FieldId field;       ///< Of a date, the year.
+
+    /// The element whose value is pasted; a button can be used when it has one.
+    [[nodiscard]] QStringView tag() const { return padField(field).element; }
+    /// The label of the editor's page that the field is on.
+    [[nodiscard]] QStringView page() const;
+    [[nodiscard]] bool isDate() const;
+};
+
+inline constexpr int fieldCopyButtonCount = 59;
+
+/// All buttons in the panel's order.
+extern const std::array<FieldCopyButton, fieldCopyButtonCount> fieldCopyButtons;
+
+/// The button whose action is named @p action, exactly; null without one.
+const FieldCopyButton *fieldCopyButtonNamed(QStringView action);
+
+/// What a press of @p button pastes from the stored PAD document @p pad; none when there is nothing to paste.
+///
+/// It is the text between the element's first tags as it stands, entities included; of a date, month, day and
+/// year in the short style of @p locale, none when they are no date.
+std::optional<QString> pasteText(const FieldCopyButton &button, const QByteArray &pad,
+                                 const QLocale &locale = QLocale());
+
+/**
+ * The panel of buttons beside the browser: which can be used, which were pressed, and what a press does.
+ *
+ * Values are read from the selected title's stored PAD file at the moment of the press. A pressed button
+ * stays on for the rest of the run, so that the author sees what has been pasted.
+ */
+class FieldCopyPanel : public QObject
+{
+    Q_OBJECT
+public:
+    /// @p browser takes what is pasted; both must outlive the panel.
+    FieldCopyPanel(Browser &browser, Desktop &desktop, QObject *parent = nullptr);
+
+    /// Lets exactly those buttons be used whose element has a value in the stored PAD file.
+    void setPasteData();
+
+    /// Turns the button at @p place of fieldCopyButtons on and pastes its value through the clipboard; with
+    /// nothing to paste the clipboard stays as it is.
+    void press(int place);
+
+    [[nodiscard]] bool isEnabled(int place) const { return m_enabled.test(size_t(place)); }
+    [[nodiscard]] bool isOn(int place) const { return m_on.test(size_t(place)); }
+
+Q_SIGNALS:
+    /// A button can be used, cannot be used, or is on, other than before.
+    void changed();
+
+private:
+    using Flags = std::bitset<fieldCopyButtonCount>;
+
+    Browser &m_browser;
+    Desktop &m_desktop;
+    Flags m_enabled;
+    Flags m_on;
+};
+
+} // namespace quillon

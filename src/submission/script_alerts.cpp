@@ -1,0 +1,35 @@
+#include "submission/script_alerts.h"
+
+#include "platform/alert_sheets.h"
+
+#include <QPointer>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+
+ScriptAlerts::ScriptAlerts(AlertSheets &alerts, QObject *parent) : QObject(parent), m_alerts(alerts) {}
+
+void ScriptAlerts::show(const QString &message)
+{
+    if (m_waiting.size() == mostWaiting)
+        return;
+    m_waiting.append(message.left(longestMessage));
+    if (!m_showing)
+        showNext();
+}
+
+void ScriptAlerts::showNext()
+{
+    m_showing = !m_waiting.isEmpty();
+    if (!m_showing)
+        return;
+    // The sheet may outlive the window's control.
+    m_alerts.show(SheetWindow::Submission, {u"JavaScript Alert"_s, m_waiting.takeFirst()},
+                  [self = QPointer(this)](AlertAnswer) {
+                      if (self)
+                          self->showNext();
+                  });
+}
+
+} // namespace quillon

@@ -1,0 +1,78 @@
+#include "submission/submission_sites_table.h"
+
+#include "overview/software_table.h"
+#include "platform/plain_tool_tip.h"
+
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+
+namespace {
+
+/// What a state's picture says in words.
+QString description(SiteState state)
+{
+    static constexpr std::array<QStringView, 3> words = {u"Not submitted", u"Submitted at an older version",
+                                                         u"Submitted at the current version"};
+    return words[size_t(state)].toString();
+}
+
+} // namespace
+
+void SubmissionSitesTable::setSites(const QStringList &sites, const QList<SiteState> &states)
+{
+    Q_ASSERT(sites.size() == states.size());
+    if (sites != m_sites) {
+        beginResetModel();
+        m_sites = sites;
+        m_states = states;
+        endResetModel();
+    } else if (states != m_states) {
+        m_states = states;
+        Q_EMIT dataChanged(index(0, Status), index(rowCount() - 1, Status));
+    }
+}
+
+int SubmissionSitesTable::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : int(m_sites.size());
+}
+
+int SubmissionSitesTable::columnCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : ColumnCount;
+}
+
+QVariant SubmissionSitesTable::data(const QModelIndex &index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+        return {};
+    const SiteState state = m_states[index.row()];
+    const bool isStatus = index.column() == Status;
+    const QString text = isStatus ? description(state) : m_sites[index.row()];
+    switch (role) {
+    case Qt::DisplayRole:
+        return isStatus ? QVariant() : text;
+    case Qt::ToolTipRole:
+        return plainToolTip(text);
+    case Qt::AccessibleTextRole:
+        return text;
+    case IconsRole:
+        return isStatus ? QStringList{name(state)} : QVariant();
+    case SortRole:
+        return text;
+    default:
+        return {};
+    }
+}
+
+QVariant SubmissionSitesTable::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation == Qt::Horizontal && role == Qt::DisplayRole && section >= 0 && section < ColumnCount)
+        return section == Sites ? u"Site"_s : u"Status"_s;
+    return QAbstractTableModel::headerData(section, orientation, role);
+}
+
+} // namespace quillon

@@ -1,0 +1,135 @@
+#include "submission/data_folder_fixture.h"
+#include "submission/fakes.h"
+#include "submission/field_copy.h"
+
+#include <QSet>
+
+using namespace Qt::StringLiterals;
+using namespace quillon;
+
+namespace {
+
+std::optional<QString> pasted(QStringView action, const QString &pad, const QLocale &locale = QLocale::c())
+{
+    return pasteText(*fieldCopyButtonNamed(action), pad.toUtf8(), locale);
+}
+
+} // namespace
+
+TEST(FieldCopyButtons, CoverEveryFieldButTheStatusAndPartsOfDatesOnce)
+{
+    QSet<QString> elements;
+    QSet<QStringView> actions;
+    QHash<QStringView, int> perPage;
+    for (const FieldCopyButton &button : fieldCopyButtons) {
+        elements.insert(button.tag().toString());
+        actions.insert(button.action);
+        ++perPage[button.page()];
+        EXPECT_FALSE(button.caption.isEmpty());
+        EXPECT_EQ(fieldCopyButtonNamed(button.action), &button);
+    }
+    EXPECT_EQ(actions.size(), 59);
+    EXPECT_EQ(elements.size(), 59);
+    for (const PadField &field : padFields) {
+        const bool hasNone = field.element == u"Program_Release_Status" ||
+                             field.element.endsWith(u"_Month") || field.element.endsWith(u"_Day");
+        EXPECT_NE(elements.contains(field.element.toString()), hasNone)
+            << field.element.toUtf8().toStdString();
+    }
+    EXPECT_EQ(perPage, (QHash<QStringView, int>{{u"Company Information", 21},
+                                                {u"Program Information", 21},
+                                                {u"Program Descriptions", 6},
+                                                {u"Web Information", 9},
+                                                {u"Permissions", 2}}));
+    EXPECT_EQ(fieldCopyButtonNamed(u"sustemRequirements")->tag(), u"Program_System_Requirements");
+    EXPECT_EQ(fieldCopyButtonNamed(u"generalFax")->tag(), u"Fax_Phone");
+    EXPECT_EQ(fieldCopyButtonNamed(u"COMPANYNAME"), nullptr);
+}
+
+TEST(FieldCopyButtons, PasteTheTextAsItStandsBetweenTheFirstTags)
+{
+    struct Case
+    {
+        QString pad;
+        std::optional<QString> pasted;
+    };
+    const Case cases[] = {
+        {u"<Keywords>a &amp; b</Keywords>"_s, u"a &amp; b"_s},
+        {u"<Keywords>a & <b>c</b>\r\n d</Keywords>"_s, u"a & <b>c</b>\r\n d"_s},
+        {u"<Keywords> </Keywords>"_s, u" "_s},
+        {u"<Keywords>one</Keywords><Keywords>two</Keywords>"_s, u"one"_s},
+        {u"<KEYWORDS>a</KEYWORDS>"_s, std::nullopt},
+        {u"<Keywords></Keywords>"_s, std::nullopt},
+        {u"<Keywords/>"_s, std::nullopt},
+        {u"<Keywords>never closed"_s, std::nullopt},
+        {u"</Keywords><Keywords>a"_s, std::nullopt},
+        {u"</Keywords> <Keywords>a</Keywords>"_s, std::nullopt},
+        {QString(), std::nullopt},
+    };
+    for (const Case &each : cases)
+        EXPECT_EQ(pasted(u"keywords", each.pad), each.pasted) << each.pad.toStdString();
+    EXPECT_EQ(pasted(u"sizeInKB", u"<File_Size_K>0 KB</File_Size_K>"_s), u"0 KB"_s);
+    EXPECT_EQ(pasteText(*fieldCopyButtonNamed(u"keywords"), "<Keywords>caf\xe9</Keywords>"), u"café"_s);
+}
+
+TEST(FieldCopyButtons, PasteADateInTheShortStyleOfTheAuthorsCountry)
+{
+    const auto release = [](const QString &month, const QString &day, const QString &year) -> QString {
+        return u"<Program_Release_Month>"_s + month + u"</Program_Release_Month><Program_Release_Day>"_s +
+               day + u"</Program_Release_Day><Program_Release_Year>"_s + year + u"</Program_Release_Year>"_s;
+    };
+    const QLocale us(QLocale::English, QLocale::UnitedStates);
+    EXPECT_EQ(pasted(u"programReleaseDate", release(u"07"_s, u"04"_s, u"2009"_s), us), u"7/4/09"_s);
+    EXPECT_EQ(pasted(u"programReleaseDate", release(u"7"_s, u"4"_s, u"2009"_s), QLocale(QLocale::German)),
+              u"04.07.09"_s);
+    QString expiry = release(u"12"_s, u"31"_s, u"2010"_s).replace(u"Program_Release"_s, u"Expire"_s);
+    EXPECT_EQ(pasted(u"expireDate", expiry, us), u"12/31/10"_s);
+    EXPECT_EQ(pasted(u"programReleaseDate", expiry, us), std::nullopt);
+    for (const QString &month : {u""_s, u"13"_s, u"July"_s, u"0"_s, u"-1"_s})
+        EXPECT_EQ(pasted(u"programReleaseDate", release(month, u"4"_s, u"2009"_s), us), std::nullopt);
+    EXPECT_EQ(pasted(u"programReleaseDate", release(u"2"_s, u"29"_s, u"2009"_s), us), std::nullopt);
+    EXPECT_EQ(pasted(u"programReleaseDate", release(u"2"_s, u"2"_s, u"-9"_s), us), std::nullopt);
+}
+
+class FieldCopyPanelTest : public DataFolderTest
+{
+protected:
+    static int placeOf(QStringView action)
+    {
+        return int(fieldCopyButtonNamed(action) - fieldCopyButtons.data());
+    }
+    static void storePad(const QString &pad) { writeTo(pathIn(u"Mine"_s, title_folder::padFile), pad); }
+
+    FakeBrowser m_browser;
+    FakeDesktop m_desktop;
+    FieldCopyPanel m_panel{m_browser, m_desktop};
+};
+
+TEST_F(FieldCopyPanelTest, ReadsTheFileAtThePressAndKeepsPressedButtonsOn)
+{
+    makeTitle(u"Mine"_s);
+    storePad(u"<XML_DIZ_INFO><Company_Name>Tom & Sons</Company_Name><Keywords> \n</Keywords><EULA></EULA>"
+             "<Expire_Year>x</Expire_Year></XML_DIZ_INFO>"_s);
+    m_panel.setPasteData();
+    for (int place = 0; place < fieldCopyButtonCount; ++place)
+        EXPECT_EQ(m_panel.isEnabled(place),
+                  place == placeOf(u"companyName") || place == placeOf(u"expireDate"))
+            << place;
+
+    m_panel.press(placeOf(u"companyName"));
+    EXPECT_EQ(m_desktop.clipboard, u"Tom & Sons");
+    EXPECT_EQ(m_browser.pastes, 1);
+    EXPECT_TRUE(m_panel.isOn(placeOf(u"companyName")));
+
+    m_panel.press(placeOf(u"expireDate"));
+    storePad(u"<Company_Name></Company_Name>"_s);
+    m_panel.press(placeOf(u"companyName"));
+    EXPECT_EQ(m_desktop.clipboard, u"Tom & Sons") << "nothing to paste leaves the clipboard alone";
+    EXPECT_EQ(m_browser.pastes, 1);
+    EXPECT_TRUE(m_panel.isOn(placeOf(u"expireDate")));
+
+    QFile::remove(pathIn(u"Mine"_s, title_folder::padFile));
+    m_panel.setPasteData();
+    EXPECT_FALSE(m_panel.isEnabled(placeOf(u"companyName")));
+    EXPECT_TRUE(m_panel.isOn(placeOf(u"companyName"))) << "stays on across titles";
+}

@@ -1,0 +1,224 @@
+#include "platform/property_list.h"
+#include "store/site_list.h"
+#include "submission/data_folder_fixture.h"
+#include "submission/site_catalogue.h"
+
+#include <QSet>
+
+using namespace Qt::StringLiterals;
+using namespace quillon;
+
+namespace {
+
+StringDictionary defaults()
+{
+    setDefaultSites();
+    return mwqnDefaultSitesDict;
+}
+
+} // namespace
+
+TEST(DefaultSites, AreAllThereOnceInTheirOrderAndSubmittable)
+{
+    QStringList names;
+    QSet<QString> urls;
+    for (const DefaultSite &site : defaultSites) {
+        names.append(site.name.toString());
+        urls.insert(site.url.toString());
+        EXPECT_TRUE(site.url.startsWith(u"http://") || site.url.startsWith(u"https://"))
+            << site.name.toUtf8().toStdString();
+        EXPECT_FALSE(site.name.contains(u',') || site.name.contains(u'<') || site.url.contains(u' '))
+            << site.name.toUtf8().toStdString() << " could not be marked or loaded";
+    }
+    EXPECT_EQ(names.size(), 212);
+    EXPECT_EQ(QSet<QString>(names.begin(), names.end()).size(), 212);
+    EXPECT_EQ(urls.size(), 211) << "only two sites share an address";
+    EXPECT_EQ(defaults().at(u"NewFreeDownloads"_s), defaults().at(u"NFD"_s));
+    EXPECT_EQ(names.first(), u"01-Download");
+    EXPECT_EQ(names.last(), u"Z-Down");
+    const QStringList stretch = names.mid(names.indexOf(u"aFreeGo"_s) - 1, 3);
+    EXPECT_EQ(stretch, QStringList({u"Actual Download"_s, u"aFreeGo"_s, u"AllSoftShare"_s}));
+    EXPECT_TRUE(names.contains(u"Dalonwod"_s) && names.contains(u"Mac OX X Apps"_s));
+}
+
+TEST(SiteCatalogue, WithoutChangesHasTheDefaultSitesAlphabetically)
+{
+    const SiteCatalogue catalogue = mergedCatalogue(defaults(), {}, {});
+    EXPECT_EQ(catalogue.sites.size(), 212);
+    EXPECT_EQ(catalogue.urlByName.size(), 212U);
+    EXPECT_TRUE(catalogue.ignored.isEmpty());
+    for (qsizetype row = 1; row < catalogue.sites.size(); ++row)
+        EXPECT_LT(catalogue.sites[row - 1].compare(catalogue.sites[row], Qt::CaseInsensitive), 0);
+    for (qsizetype row = 0; row < catalogue.sites.size(); ++row)
+        EXPECT_EQ(catalogue.urls[row], defaults().at(catalogue.sites[row]));
+    const auto at = catalogue.sites.indexOf(u"doDownload"_s);
+    EXPECT_EQ(catalogue.sites[at - 1], u"Do Download");
+    EXPECT_EQ(catalogue.sites[at + 1], u"Download 3000");
+}
+
+TEST(SiteCatalogue, IgnoredEntriesTakeOutDefaultSitesByNameAndByAddress)
+{
+    const StringDictionary few = {{u"Alpha"_s, u"u:a"_s},
+                                  {u"beta"_s, u"u:same"_s},
+                                  {u"Gamma"_s, u"u:same"_s},
+                                  {u"Delta"_s, u"u:same"_s}};
+    struct Case
+    {
+        const char *why;
+        StringDictionary ignored;
+        QStringList sites;
+        QStringList taken;
+    };
+    const Case cases[] = {
+        {"name and address of one site",
+         {{u"Alpha"_s, u"u:a"_s}},
+         {u"beta"_s, u"Delta"_s, u"Gamma"_s},
+         {u"Alpha"_s}},
+        {"the name's site, then the first other of that address",
+         {{u"Delta"_s, u"u:same"_s}},
+         {u"Alpha"_s, u"Gamma"_s},
+         {u"Delta"_s, u"beta"_s}},
+        {"two sites by one entry",
+         {{u"Alpha"_s, u"u:same"_s}},
+         {u"Delta"_s, u"Gamma"_s},
+         {u"Alpha"_s, u"beta"_s}},
+        {"a stranger's address alone",
+         {{u"Nobody"_s, u"u:a"_s}},
+         {u"beta"_s, u"Delta"_s, u"Gamma"_s},
+         {u"Alpha"_s}},
+        {"names are told apart by case",
+         {{u"BETA"_s, u"u:?"_s}},
+         {u"Alpha"_s, u"beta"_s, u"Delta"_s, u"Gamma"_s},
+         {}},
+        {"in the order of the names, each address once more",
+         {{u"gamma2"_s, u"u:same"_s},
+          {u"beta"_s, u"u:same"_s},
+          {u"Zed"_s, u"u:same"_s},
+          {u"Zoo"_s, u"u:same"_s}},
+         {u"Alpha"_s},
+         {u"beta"_s, u"Delta"_s, u"Gamma"_s}},
+    };
+    for (const Case &each : cases) {
+        const SiteCatalogue catalogue = mergedCatalogue(few, each.ignored, {});
+        EXPECT_EQ(catalogue.sites, each.sites) << each.why;
+        EXPECT_EQ(catalogue.ignored, each.taken) << each.why;
+        ASSERT_EQ(catalogue.ignoredUrls.size(), each.taken.size());
+        for (qsizetype row = 0; row < each.taken.size(); ++row) {
+            EXPECT_EQ(catalogue.ignoredUrls[row], few.at(each.taken[row])) << each.why;
+            EXPECT_FALSE(catalogue.urlByName.contains(each.taken[row])) << each.why;
+        }
+    }
+    const SiteCatalogue shared =
+        mergedCatalogue(defaults(), {{u"NewFreeDownloads"_s, defaults().at(u"NFD"_s)}}, {});
+    EXPECT_EQ(shared.ignored, QStringList({u"NewFreeDownloads"_s, u"NFD"_s}));
+    EXPECT_EQ(shared.sites.size(), 210);
+}
+
+TEST(SiteCatalogue, OwnSitesComeFirstAndYieldToADefaultSiteOfTheirName)
+{
+    const SiteCatalogue catalogue = mergedCatalogue(
+        defaults(), {}, {{u"Zeta"_s, u"u:z"_s}, {u"alpha"_s, u"u:a"_s}, {u"Softs"_s, u"u:own"_s}});
+    EXPECT_EQ(catalogue.sites.first(3), QStringList({u"alpha"_s, u"Softs"_s, u"Zeta"_s}));
+    EXPECT_EQ(catalogue.urls.first(3), QStringList({u"u:a"_s, u"u:own"_s, u"u:z"_s}));
+    EXPECT_EQ(catalogue.sites.count(u"Softs"_s), 2);
+    EXPECT_EQ(catalogue.urlByName.at(u"Softs"_s), defaults().at(u"Softs"_s));
+    EXPECT_EQ(catalogue.urlByName.at(u"Zeta"_s), u"u:z");
+    EXPECT_EQ(catalogue.urlByName.size(), 214U);
+}
+
+TEST(SiteStates, CompareTheMarksVersionWithTheCurrentOne)
+{
+    struct Case
+    {
+        QString versions;
+        QString current;
+        SiteState state;
+    };
+    const Case cases[] = {
+        {u"1.9"_s, u"1.9"_s, SiteState::Validated},
+        {u"1.9"_s, u"1.10"_s, SiteState::Validated},
+        {u"1.10"_s, u"1.9"_s, SiteState::OldVers},
+        {u"2.0"_s, u"2.0.1"_s, SiteState::Validated},
+        {u"2,9"_s, u"1"_s, SiteState::Validated},
+        {u"1.5"_s, u""_s, SiteState::OldVers},
+        {u"1.5"_s, u",9"_s, SiteState::OldVers},
+        {u"1.5"_s, u"1,9"_s, SiteState::Validated},
+        {u"Unknown"_s, u"0.1"_s, SiteState::OldVers},
+        {u"Unknown"_s, u"beta"_s, SiteState::Validated},
+        {u""_s, u"1"_s, SiteState::OldVers},
+        {u"v3"_s, u"2"_s, SiteState::OldVers},
+        {u" 3"_s, u"2"_s, SiteState::Validated},
+        {u"1e9"_s, u"2"_s, SiteState::OldVers},
+        {u"infinite"_s, u"2"_s, SiteState::OldVers},
+        {u"nan"_s, u"1"_s, SiteState::OldVers},
+        {u".6"_s, u"0.5"_s, SiteState::Validated},
+        {u"-1"_s, u"0"_s, SiteState::OldVers},
+        {u"+2"_s, u"1"_s, SiteState::Validated},
+        {u"1 000"_s, u"2"_s, SiteState::OldVers},
+        {QString(500, u'9'), u"7"_s, SiteState::Validated},
+    };
+    for (const Case &each : cases) {
+        Summary summary;
+        summary.sites = u"Site"_s;
+        summary.versions = each.versions;
+        summary.version = each.current;
+        EXPECT_EQ(siteStates({u"Site"_s, u"site"_s}, summary), QList({each.state, SiteState::NotValidated}))
+            << each.versions.toStdString() << " against " << each.current.toStdString();
+    }
+}
+
+TEST(SiteStates, TakeTheFirstMarkOfASiteAndAMissingVersionAsEmpty)
+{
+    Summary summary;
+    summary.sites = u"B,A,B,C"_s;
+    summary.versions = u"2,1"_s;
+    summary.version = u"2"_s;
+    EXPECT_EQ(siteStates({u"A"_s, u"B"_s, u"C"_s}, summary),
+              QList({SiteState::OldVers, SiteState::Validated, SiteState::OldVers}));
+    EXPECT_EQ(siteStates({u"A"_s}, Summary()), QList({SiteState::NotValidated}));
+}
+
+class SiteListFiles : public DataFolderTest
+{
+};
+
+TEST_F(SiteListFiles, AMissingOneIsMadeEmptyAndABrokenOneIsNone)
+{
+    const QString path = mwqnAppSuppLoc + u"ignore.qnrc";
+    QFile::remove(path);
+    EXPECT_EQ(AddDeleteImportEdit::returnIgnoredSitesDict(), StringDictionary());
+    EXPECT_EQ(contentOf(path), QString::fromUtf8(property_list::emptyText()));
+
+    writeTo(path, u"<plist><array/></plist>"_s);
+    EXPECT_EQ(AddDeleteImportEdit::returnIgnoredSitesDict(), std::nullopt);
+    EXPECT_EQ(contentOf(path), u"<plist><array/></plist>");
+    EXPECT_EQ(AddDeleteImportEdit::returnUserSitesDict(), StringDictionary());
+}
+
+TEST_F(SiteListFiles, WhatCannotBeUnderstoodIsKeptBesideBeforeItIsReplaced)
+{
+    const StringDictionary sites = {{u"A & <B>"_s, u"http://a/?x=1&y"_s}, {u"a & <b>"_s, u"http://b"_s}};
+    const QString path = mwqnAppSuppLoc + u"sites.qnrc";
+    EXPECT_TRUE(site_list::write(site_list::userSites, sites));
+    EXPECT_FALSE(QFileInfo::exists(path + u".unreadable")) << "nothing was lost, so nothing is kept";
+    EXPECT_EQ(AddDeleteImportEdit::returnUserSitesDict(), sites);
+
+    for (const QString &damage : {u"half a li"_s, u"another"_s, u"half a li"_s}) {
+        writeTo(path, damage);
+        EXPECT_TRUE(site_list::write(site_list::userSites, sites));
+        EXPECT_EQ(AddDeleteImportEdit::returnUserSitesDict(), sites);
+    }
+    EXPECT_EQ(contentOf(path + u".unreadable"), u"half a li");
+    EXPECT_EQ(contentOf(path + u".unreadable-2"), u"another");
+    EXPECT_FALSE(QFileInfo::exists(path + u".unreadable-3"));
+}
+
+TEST_F(SiteListFiles, WhatCannotBeReadStaysAndTheAuthorHearsOfIt)
+{
+    const QString path = mwqnAppSuppLoc + u"sites.qnrc";
+    QFile::remove(path);
+    ASSERT_TRUE(QDir().mkdir(path)); // Stands for whatever cannot be read, also for root.
+    EXPECT_FALSE(site_list::write(site_list::userSites, {{u"A"_s, u"u"_s}}));
+    EXPECT_TRUE(QFileInfo(path).isDir());
+    EXPECT_TRUE(mwqnFailedWrites.contains(path));
+}

@@ -1,0 +1,178 @@
+#include "submission/data_folder_fixture.h"
+#include "submission/submission_marks.h"
+
+using namespace Qt::StringLiterals;
+using namespace quillon;
+
+namespace {
+
+using Edit = QString (*)(const QString &, const QString &);
+
+struct Lists
+{
+    QString version;
+    QString sites;
+    QString versions;
+    bool operator==(const Lists &) const = default;
+};
+
+void PrintTo(const Lists &lists, std::ostream *stream)
+{
+    *stream << lists.version.toStdString() << " | " << lists.sites.toStdString() << " | "
+            << lists.versions.toStdString();
+}
+
+/// A summary around the text of the two lists' elements.
+QString summaryWith(const QString &version, const QString &elements)
+{
+    return u"<?xml version=\"1.0\"  encoding='UTF-8' ?>\r\n<QUILLON_SOFTWARE_INFORMATION>\n"
+           "<OTS_VERSION>"_s +
+           version + u"</OTS_VERSION> <!-- kept -->\n\t<SUBMISSION_INFORMATION >\n\t\t"_s + elements +
+           u"\n\t</SUBMISSION_INFORMATION>\n</QUILLON_SOFTWARE_INFORMATION>\n"_s;
+}
+
+QString closed(const QString &sites, const QString &versions)
+{
+    return u"<QN_SITES>"_s + sites + u"</QN_SITES>\n\t\t<QN_VERSION>"_s + versions + u"</QN_VERSION>"_s;
+}
+
+Lists listsIn(const QString &text)
+{
+    const Summary summary = summary_file::parse(text.toUtf8());
+    return {summary.version.value_or(u"none"_s), summary.sites.value_or(u"none"_s),
+            summary.versions.value_or(u"none"_s)};
+}
+
+} // namespace
+
+TEST(SubmissionMarks, EditTheTwoListsAndNothingElse)
+{
+    struct Case
+    {
+        Edit edit;
+        QString site;
+        Lists before;
+        Lists after;
+    };
+    const Edit mark = submission_marks::withMark;
+    const Edit remove = submission_marks::withoutMark;
+    const Case cases[] = {
+        // First and further marks, with stray commas cleaned up.
+        {mark, u"A"_s, {u"1.0"_s, u""_s, u""_s}, {u"1.0"_s, u"A"_s, u"1.0"_s}},
+        {mark, u"A"_s, {u""_s, u""_s, u""_s}, {u""_s, u"A"_s, u"Unknown"_s}},
+        {mark, u"B"_s, {u"2"_s, u"A"_s, u"1"_s}, {u"2"_s, u"A,B"_s, u"1,2"_s}},
+        {mark, u"B"_s, {u"2"_s, u"A,,"_s, u"1,,,"_s}, {u"2"_s, u"A,B"_s, u"1,2"_s}},
+        {mark, u"B"_s, {u"2"_s, u",A,,C"_s, u",1,,3"_s}, {u"2"_s, u"A,C,B"_s, u"1,3,2"_s}},
+        {mark, u"a"_s, {u"2"_s, u"A"_s, u"1"_s}, {u"2"_s, u"A,a"_s, u"1,2"_s}},
+        {mark, u"X,Y"_s, {u"2"_s, u"A"_s, u"1"_s}, {u"2"_s, u"A,X,Y"_s, u"1,2"_s}},
+        // Marked again: the version alone, with a comma at the end; an empty one shifts the later ones.
+        {mark, u"B"_s, {u"3"_s, u"A,B,C"_s, u"1,2,1"_s}, {u"3"_s, u"A,B,C"_s, u"1,3,1,"_s}},
+        {mark, u"B"_s, {u"3"_s, u"A,B"_s, u"1,2,"_s}, {u"3"_s, u"A,B"_s, u"1,3,"_s}},
+        {mark, u"B"_s, {u"3"_s, u"B,B"_s, u"1,2"_s}, {u"3"_s, u"B,B"_s, u"3,3,"_s}},
+        {mark, u"B"_s, {u""_s, u"A,B,C"_s, u"1,2,3"_s}, {u""_s, u"A,B,C"_s, u"1,3,"_s}},
+        {mark, u"B"_s, {u"3"_s, u"A,B"_s, u"1"_s}, {u"3"_s, u"A,B"_s, u"1"_s}},
+        // Removed: the last entry that holds the name.
+        {remove, u"A"_s, {u"1"_s, u"A"_s, u"1"_s}, {u"1"_s, u""_s, u""_s}},
+        {remove, u"B"_s, {u"1"_s, u"A,B,C"_s, u"1,2,3,"_s}, {u"1"_s, u"A,C"_s, u"1,3"_s}},
+        {remove, u"Softs"_s, {u"1"_s, u"Softs,Download Softs"_s, u"1,2"_s}, {u"1"_s, u"Softs"_s, u"1"_s}},
+        {remove, u"softs"_s, {u"1"_s, u"A,SOFTSIA"_s, u"1,2"_s}, {u"1"_s, u"A"_s, u"1"_s}},
+        {remove, u"A"_s, {u"1"_s, u"A,B"_s, u"1"_s}, {u"1"_s, u"B"_s, u""_s}},
+        {remove, u"B"_s, {u",1,,2,"_s, u"A,B"_s, u"1,2"_s}, {u"1,2"_s, u"A"_s, u"1"_s}},
+        // Nothing to remove: also a name found in the tag alone, or across two entries.
+        {remove, u"Z"_s, {u",1"_s, u"A,B,"_s, u"1,2,"_s}, {u",1"_s, u"A,B,"_s, u"1,2,"_s}},
+        {remove, u"sites"_s, {u"1"_s, u"A,B"_s, u"1,2"_s}, {u"1"_s, u"A,B"_s, u"1,2"_s}},
+        {remove, u"A,B"_s, {u"1"_s, u"A,B"_s, u"1,2"_s}, {u"1"_s, u"A,B"_s, u"1,2"_s}},
+        {remove, u""_s, {u"1"_s, u"A,B"_s, u"1,2"_s}, {u"1"_s, u"A,B"_s, u"1,2"_s}},
+    };
+    for (const Case &each : cases) {
+        const QString before =
+            summaryWith(each.before.version, closed(each.before.sites, each.before.versions));
+        const QString after = summaryWith(each.after.version, closed(each.after.sites, each.after.versions));
+        EXPECT_EQ(each.edit(before, each.site), after);
+    }
+}
+
+TEST(SubmissionMarks, MendListsThatAreNotWhole)
+{
+    struct Case
+    {
+        const char *why;
+        QString elements;
+        QString marked;
+        QString removed;
+    };
+    const Case cases[] = {
+        {"as pruning leaves it", u"<QN_SITES>A,B</QN_SITES>\n\t\t<QN_VERSION>1,2<QN_VERSION>"_s,
+         closed(u"A,B,N"_s, u"1,2,9"_s), closed(u"B"_s, u"2"_s)},
+        {"as pruning leaves an empty one", u"<QN_SITES>\n\t\t<QN_VERSION>"_s, closed(u"N"_s, u"9"_s),
+         u"<QN_SITES>\n\t\t<QN_VERSION>"_s},
+        {"self-closed", u"<QN_SITES/>\n\t\t<QN_VERSION />"_s, closed(u"N"_s, u"9"_s),
+         u"<QN_SITES/>\n\t\t<QN_VERSION />"_s},
+        {"with an attribute", u"<QN_SITES a='>'>A</QN_SITES>\n\t\t<QN_VERSION>1</QN_VERSION>"_s,
+         closed(u"A,N"_s, u"1,9"_s), closed(u""_s, u""_s)},
+        {"no sites", u"<QN_VERSION>1</QN_VERSION>"_s, u"<QN_VERSION>1,9</QN_VERSION>"_s,
+         u"<QN_VERSION>1</QN_VERSION>"_s},
+        {"no versions", u"<QN_SITES>A,B</QN_SITES>"_s, u"<QN_SITES>A,B,N</QN_SITES>"_s,
+         u"<QN_SITES>B</QN_SITES>"_s},
+        {"unclosed before a closed one", u"<QN_SITES>A,B\n\t\t<QN_VERSION>1,2</QN_VERSION>"_s,
+         closed(u"A,B,N"_s, u"1,2,9"_s), closed(u"B"_s, u"2"_s)},
+        {"in a comment first", u"<!--<QN_SITES>x</QN_SITES>-->"_s + closed(u"A,B"_s, u"1,2"_s),
+         u"<!--<QN_SITES>x</QN_SITES>-->"_s + closed(u"A,B,N"_s, u"1,2,9"_s),
+         u"<!--<QN_SITES>x</QN_SITES>-->"_s + closed(u"B"_s, u"2"_s)},
+        {"nothing at all", u""_s, u""_s, u""_s},
+    };
+    for (const Case &each : cases) {
+        const QString before = summaryWith(u"9"_s, each.elements);
+        EXPECT_EQ(submission_marks::withMark(before, u"N"_s), summaryWith(u"9"_s, each.marked)) << each.why;
+        EXPECT_EQ(submission_marks::withoutMark(before, u"A"_s), summaryWith(u"9"_s, each.removed))
+            << each.why;
+    }
+}
+
+TEST(SubmissionMarks, OfAnyNameLeaveTheOtherElementsAlone)
+{
+    const QString names[] = {u"A & B"_s,   u"a < b"_s,        u"$1"_s,
+                             u"C++ (.*"_s, u"<QN_VERSION>"_s, u"</b>"_s,
+                             u"&amp;"_s,   u"</QN_SITES>"_s,  u"<OTS_VERSION>7</OTS_VERSION>"_s,
+                             u"ÄÖ 日本"_s, u"]]>"_s,          u"<!--"_s,
+                             u"\\"_s};
+    for (const QString &name : names) {
+        const QString before = summaryWith(u"9"_s, closed(u"A"_s, u"1"_s));
+        const QString marked = submission_marks::withMark(before, name);
+        EXPECT_EQ(marked, summaryWith(u"9"_s, closed(u"A,"_s + name, u"1,9"_s)));
+        EXPECT_EQ(listsIn(marked).version, u"9") << name.toStdString();
+        EXPECT_TRUE(listsIn(marked).versions.startsWith(u"1,9")) << name.toStdString();
+        // Whatever becomes of the odd name, a further mark finds both lists and keeps them in step.
+        const Lists twice = listsIn(submission_marks::withMark(marked, u"Next"_s));
+        EXPECT_EQ(twice.version, u"9") << name.toStdString();
+        EXPECT_TRUE(twice.versions.startsWith(u"1,9,9")) << name.toStdString();
+        EXPECT_TRUE(twice.sites.startsWith(u"A,")) << name.toStdString();
+    }
+    const QString read =
+        submission_marks::withMark(summaryWith(u"9"_s, closed(u"A &amp; B"_s, u"1"_s)), u"A & B"_s);
+    EXPECT_EQ(listsIn(read), (Lists{u"9"_s, u"A & B"_s, u"9,"_s})) << "an escaped name is the same site";
+}
+
+class SubmissionMarksOnDisk : public DataFolderTest
+{
+};
+
+TEST_F(SubmissionMarksOnDisk, AreThoseOfTheSelectedTitle)
+{
+    makeTitle(u"Other"_s, u"A"_s, u"1"_s, u"1"_s);
+    makeTitle(u"Mine"_s, u""_s, u""_s, u"3"_s);
+    EXPECT_TRUE(submission_marks::markSubmitted(u"Softs"_s));
+    EXPECT_EQ(listsIn(contentOf(pathIn(u"Mine"_s, title_folder::summaryFile))),
+              (Lists{u"3"_s, u"Softs"_s, u"3"_s}));
+    EXPECT_EQ(listsIn(contentOf(pathIn(u"Other"_s, title_folder::summaryFile))),
+              (Lists{u"1"_s, u"A"_s, u"1"_s}));
+    EXPECT_TRUE(submission_marks::removeMark(u"Softs"_s));
+    EXPECT_EQ(listsIn(contentOf(pathIn(u"Mine"_s, title_folder::summaryFile))),
+              (Lists{u"3"_s, u""_s, u""_s}));
+
+    QFile::remove(pathIn(u"Mine"_s, title_folder::summaryFile));
+    EXPECT_FALSE(submission_marks::markSubmitted(u"Softs"_s)) << "a summary that is gone is not made up";
+    EXPECT_FALSE(QFileInfo::exists(pathIn(u"Mine"_s, title_folder::summaryFile)));
+    clearSelectedTitle();
+    EXPECT_FALSE(submission_marks::removeMark(u"Softs"_s));
+}

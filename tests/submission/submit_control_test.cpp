@@ -1,0 +1,267 @@
+#include "overview/software_table.h"
+#include "platform/notification_center.h"
+#include "platform/notifications.h"
+#include "submission/data_folder_fixture.h"
+#include "submission/fakes.h"
+#include "submission/submit_control.h"
+
+#include <QAbstractItemModelTester>
+#include <QSignalSpy>
+
+using namespace Qt::StringLiterals;
+using namespace quillon;
+
+namespace {
+
+/// A control over three sites, with a title selected that is marked for one.
+class SubmitControlTest : public DataFolderTest
+{
+protected:
+    SubmitControlTest()
+    {
+        m_catalogue = {{u"alpha"_s, u"http://a/submit"_s},
+                       {u"Beta"_s, u"http://b/submit"_s},
+                       {u"Gamma"_s, u"http://g/submit"_s}};
+        NotificationCenter &center = NotificationCenter::defaultCenter();
+        center.addObserver(notification::mwqnPClSiL432ds, &m_observer,
+                           [this] { mwqnSCPreallSitesDict = m_catalogue; });
+        center.addObserver(notification::mwqnOvLSlst, &m_observer, [this] { ++m_listReloads; });
+        center.addObserver(notification::mwqnRS87968tJHKgfds, &m_observer, [this] { ++m_closings; });
+        makeTitle(u"Mine"_s, u"Beta"_s, u"1"_s, u"1"_s);
+        m_control.awakeFromNib();
+        m_control.setProgressBarBounds({2, 3, 200.9, 22});
+    }
+
+    void openWindow()
+    {
+        mwqnWOSi78tgsda = false;
+        NotificationCenter::defaultCenter().post(notification::mwqnLSLsc);
+    }
+    [[nodiscard]] BrowserDelegate &engine() const { return *m_browser.delegate; }
+    [[nodiscard]] QString stateAt(int row)
+    {
+        const QModelIndex status = m_control.sitesTable().index(row, SubmissionSitesTable::Status);
+        return status.data(IconsRole).toStringList().join(u' ');
+    }
+
+    QObject m_observer;
+    StringDictionary m_catalogue;
+    int m_listReloads = 0;
+    int m_closings = 0;
+    FakeBrowser m_browser;
+    FakeBrowser m_popUp;
+    FakeDesktop m_desktop;
+    AlertRecorder m_alerts;
+    ManualCalls m_calls;
+    SubmitControl m_control{{m_browser, m_popUp, m_alerts, m_desktop, m_calls}};
+    QAbstractItemModelTester m_tester{&m_control.sitesTable()};
+};
+
+} // namespace
+
+TEST_F(SubmitControlTest, OpeningListsTheSitesAndLoadsTheFirstOne)
+{
+    QSignalSpy drawer(&m_control, &SubmitControl::openSitesDrawer);
+    NotificationCenter::defaultCenter().post(notification::mwqnLSLsc);
+    EXPECT_EQ(drawer.count(), 0);
+    EXPECT_TRUE(m_browser.loaded.isEmpty()) << "a closed window loads nothing";
+    EXPECT_EQ(m_control.selectedRow(), 0);
+
+    openWindow();
+    EXPECT_EQ(drawer.count(), 1);
+    EXPECT_EQ(m_control.allSitesArray(), QStringList({u"alpha"_s, u"Beta"_s, u"Gamma"_s}));
+    EXPECT_EQ(m_control.submittedToArraySTR(), QStringList({u"0"_s, u"1"_s, u"0"_s}));
+    EXPECT_EQ(stateAt(0) + stateAt(1) + stateAt(2), u"NotValidatedValidatedNotValidated");
+    EXPECT_EQ(m_browser.loaded, QStringList({u"http://a/submit"_s}));
+    EXPECT_EQ(m_control.submittingToField(), u"Submitting To alpha");
+    EXPECT_EQ(m_control.markSubmittedButtonTitle(), u"Mark As Submitted");
+}
+
+TEST_F(SubmitControlTest, SelectingASiteLoadsItOnce)
+{
+    openWindow();
+    m_control.tableViewSelectionDidChange(1);
+    EXPECT_EQ(m_control.submittingToField(), u"Submitting To Beta");
+    EXPECT_EQ(m_control.markSubmittedButtonTitle(), u"Mark Re-Submitted");
+    m_control.tableViewSelectionDidChange(1);
+    EXPECT_EQ(m_browser.loaded, QStringList({u"http://a/submit"_s, u"http://b/submit"_s}));
+
+    m_control.windowWillClose();
+    EXPECT_TRUE(mwqnWOSi78tgsda);
+    EXPECT_EQ(m_closings, 1);
+    m_control.tableViewSelectionDidChange(2);
+    m_control.loadSiteToWebview(u"http://elsewhere/"_s);
+    EXPECT_EQ(m_browser.loaded.size(), 2);
+    EXPECT_EQ(m_control.submittingToField(), u"Submitting To Gamma");
+
+    m_control.tableViewSelectionDidChange(-1);
+    m_control.markSubmitted();
+    m_control.removeMark();
+    EXPECT_EQ(m_listReloads, 0) << "without a site there is nothing to mark";
+    EXPECT_TRUE(m_control.reloadWebView());
+}
+
+TEST_F(SubmitControlTest, MarkingKeepsThePageAndTheSelectedSite)
+{
+    openWindow();
+    m_control.tableViewSelectionDidChange(2);
+    m_control.markSubmitted();
+    EXPECT_EQ(m_control.markSubmittedButtonTitle(), u"Mark Re-Submitted");
+    EXPECT_EQ(stateAt(2), u"Validated");
+    EXPECT_EQ(m_listReloads, 1);
+    EXPECT_FALSE(m_control.reloadWebView());
+
+    m_catalogue.emplace(u"Aaa"_s, u"http://new"_s);
+    QSignalSpy selection(&m_control, &SubmitControl::selectedRowChanged);
+    openWindow();
+    ASSERT_EQ(selection.count(), 1);
+    EXPECT_EQ(selection.first().first().toInt(), 3) << "the site moved down by one row";
+    EXPECT_EQ(m_browser.loaded.size(), 2) << "the page on show stays";
+
+    m_control.removeMark();
+    EXPECT_EQ(m_control.markSubmittedButtonTitle(), u"Mark As Submitted");
+    EXPECT_EQ(stateAt(3), u"NotValidated");
+    EXPECT_EQ(m_control.submittedToArraySTR()[2], u"1") << "the other mark stays";
+    EXPECT_EQ(m_listReloads, 2);
+
+    m_catalogue.erase(u"Gamma"_s);
+    openWindow();
+    EXPECT_EQ(m_control.selectedRow(), -1) << "no other site takes the place of one that is gone";
+    m_control.markSubmitted();
+    EXPECT_EQ(m_listReloads, 2);
+}
+
+TEST_F(SubmitControlTest, WithoutASummaryTheTableStaysAsItWas)
+{
+    openWindow();
+    QFile::remove(pathIn(u"Mine"_s, title_folder::summaryFile));
+    m_catalogue.erase(u"alpha"_s);
+    QSignalSpy reset(&m_control.sitesTable(), &QAbstractItemModel::modelReset);
+    openWindow();
+    EXPECT_EQ(m_control.allSitesArray(), QStringList({u"Beta"_s, u"Gamma"_s}));
+    EXPECT_EQ(m_control.submittedToArraySTR().size(), 3);
+    EXPECT_EQ(m_control.sitesTable().rowCount(), 3);
+    EXPECT_EQ(reset.count(), 0);
+}
+
+TEST_F(SubmitControlTest, ALoadMovesTheBarEveryFifthOfASecondUntilItEnds)
+{
+    using namespace std::chrono_literals;
+    int displays = 0;
+    NotificationCenter::defaultCenter().addObserver(notification::mwqnPVjhj342sa9, &m_observer,
+                                                    [&displays] { ++displays; });
+    openWindow();
+    QSignalSpy focus(&m_control, &SubmitControl::focusSitesTable);
+    QSignalSpy states(&m_control, &SubmitControl::loadStateChanged);
+    m_browser.url = u"http://a/redirected"_s;
+    m_browser.progress = 0.5;
+    engine().didStartProvisionalLoad();
+    engine().didStartProvisionalLoad();
+    EXPECT_EQ(focus.count(), 2);
+    EXPECT_EQ(m_control.urlField(), u"http://a/redirected");
+    EXPECT_TRUE(m_control.continueViewUpdate());
+
+    states.clear();
+    m_calls.pass(199ms);
+    EXPECT_EQ(states.count(), 0);
+    m_calls.pass(1ms);
+    EXPECT_EQ(states.count(), 1) << "a second start does not double the pace";
+    EXPECT_EQ(m_control.webViewLoadProgress(), 0.5);
+    EXPECT_EQ(progressBarState.width, 100.F) << "half of 200.9, cut to a whole number";
+    EXPECT_FALSE(progressBarState.isReset);
+    m_browser.progress = 0.75;
+    m_calls.pass(600ms);
+    EXPECT_EQ(states.count(), 4);
+    EXPECT_EQ(progressBarState.width, 150.F);
+    m_control.setProgressBarBounds({2, 3, 101, 22});
+    m_control.windowDidResize();
+    EXPECT_EQ(progressBarState.width, 75.F);
+
+    engine().didFinishLoad();
+    states.clear();
+    m_calls.pass(600ms);
+    EXPECT_EQ(states.count(), 0);
+    EXPECT_FALSE(m_control.continueViewUpdate());
+    EXPECT_TRUE(progressBarState.isReset);
+    EXPECT_EQ(progressBarState.width, 101.F);
+    EXPECT_EQ(displays, 1);
+
+    m_control.windowWillClose();
+    engine().didStartProvisionalLoad();
+    EXPECT_FALSE(m_control.continueViewUpdate()) << "a closed window shows no progress";
+}
+
+TEST_F(SubmitControlTest, AFailedLoadShowsTheReasonAsPlainText)
+{
+    openWindow();
+    m_browser.url = u"http://a/submit"_s;
+    engine().didStartProvisionalLoad();
+    engine().didFailLoad(u"no <b>host</b> & \"%1\""_s);
+    ASSERT_EQ(m_browser.pages.size(), 1);
+    EXPECT_EQ(m_browser.pages[0].second, u"http://a/submit");
+    EXPECT_EQ(
+        m_browser.pages[0].first,
+        u"<!DOCTYPE HTML PUBLIC \"-//W3C//DTD HTML 4.0 Transitional//EN\"><html lang=\"en\"><head><meta "
+        "http-equiv=\"Content-Type\" content=\"text/html; charset=utf-8\"><title>Error Loading URL</title>"
+        "<style type=\"text/css\"><!--.style1 {font-size: 16px}--></style></head><body><div class=\"style1\" "
+        "align=\"center\"><p>&nbsp;</p><p>&nbsp;</p><p>&nbsp;</p><h3>An error occurred while loading the "
+        "page</h3><p><p>&nbsp;</p>The following error message was returned:<p>no &lt;b&gt;host&lt;/b&gt; "
+        "&amp; &quot;%1&quot;</p></p></div></body></html>");
+    EXPECT_FALSE(m_control.continueViewUpdate());
+    EXPECT_TRUE(progressBarState.isReset);
+
+    engine().didFailLoad(u"the page itself"_s);
+    EXPECT_EQ(m_browser.pages.size(), 1) << "the error page is not tried again and again";
+    engine().didFailLoad(u"later"_s);
+    engine().didFinishLoad();
+    engine().didFailLoad(u"another page"_s);
+    EXPECT_EQ(m_browser.pages.size(), 3);
+    m_control.tableViewSelectionDidChange(1);
+    engine().didFailLoad(u"another site"_s);
+    EXPECT_EQ(m_browser.pages.size(), 4);
+}
+
+TEST_F(SubmitControlTest, PagesMayAlertAskForAFileAndOpenOneOtherWindow)
+{
+    for (int call = 0; call < 30; ++call)
+        engine().runJavaScriptAlertPanel(QString(5000, u'x'));
+    EXPECT_EQ(m_alerts.open(), 1) << "one sheet at a time";
+    EXPECT_EQ(m_alerts.shown[0].first, SheetWindow::Submission);
+    EXPECT_EQ(m_alerts.shown[0].second.message, u"JavaScript Alert");
+    EXPECT_EQ(m_alerts.shown[0].second.informativeText.size(), 2000);
+    int answers = 0;
+    for (; m_alerts.open() > 0 && answers < 30; ++answers)
+        m_alerts.answer();
+    EXPECT_EQ(answers, 11) << "a page cannot keep the author busy for ever";
+    m_popUp.delegate->runJavaScriptAlertPanel(u"again"_s);
+    EXPECT_EQ(m_alerts.open(), 1);
+
+    QStringList files;
+    const auto chosen = [&files](const QString &path) { files.append(path); };
+    engine().runOpenPanelForFileButton(chosen);
+    m_alerts.choice = u"/home/pad.xml"_s;
+    m_popUp.delegate->runOpenPanelForFileButton(chosen);
+    EXPECT_EQ(files, QStringList({u"/home/pad.xml"_s}));
+    EXPECT_FALSE(m_alerts.requests.first().severalFiles);
+
+    QSignalSpy opened(&m_control, &SubmitControl::openPopUpWindow);
+    EXPECT_EQ(&engine().createWebView(), &m_popUp);
+    EXPECT_EQ(&m_popUp.delegate->createWebView(), &m_popUp);
+    EXPECT_EQ(opened.count(), 2);
+    m_popUp.delegate->didStartProvisionalLoad();
+    m_popUp.delegate->didFailLoad(u"no"_s);
+    EXPECT_TRUE(m_browser.pages.isEmpty() && m_popUp.pages.isEmpty());
+}
+
+TEST_F(SubmitControlTest, OnlyWebAddressesLeaveTheProgram)
+{
+    for (const QString &address :
+         {u"javascript:alert(1)"_s, u"file:///etc/passwd"_s, u"mailto:a@b"_s, u"example.com"_s, u""_s,
+          u"http://"_s, u"x-app://run"_s, u"http://example.com/a b"_s, u"HTTPS://example.com/"_s,
+          u"ftp://example.com/"_s}) {
+        m_control.setUrlField(address);
+        m_control.openInDefaultBrowserAction();
+    }
+    EXPECT_EQ(m_desktop.opened,
+              QStringList({u"http://example.com/a b"_s, u"https://example.com/"_s, u"ftp://example.com/"_s}));
+}
