@@ -46,7 +46,8 @@ int main(int argc, char *argv[])
 
     CLI::App program("Keeps, checks and submits the PAD files of software titles.", "quillon-cli");
     program.set_version_flag("--version", application_info::version.toStdString());
-    program.require_subcommand(0, 1); // None is told below, with the help; so an unknown one is told by its name.
+    program.require_subcommand(
+        0, 1); // None is told below, with the help; so an unknown one is told by its name.
     std::string home = QDir::homePath().toStdString();
     program.add_option("--home", home, "Use this folder as the user's home folder")->type_name("DIR");
 

@@ -36,11 +36,19 @@ void OverviewController::loadSoftwareList()
         deselectAll();
     } else {
         m_selectedRow = row;
+        showDetails(loadSummary(*mwqnSelSW));
         Q_EMIT selectedRowChanged(row);
     }
 }
 
-bool OverviewController::pruneMarks(QStringList &sites, QStringList &versions)
+void OverviewController::showDetails(const Summary &summary)
+{
+    m_submittedToTable.setMarks(summary.siteList(), summary.versionList(),
+                                summary.version.value_or(QString()));
+    showErrors(ErrorTracking::returnErrorDictionary().value_or(StringDictionary()));
+}
+
+bool OverviewController::pruneMarks(QStringList sites, QStringList versions)
 {
     // Before the catalogue has been built there is nothing to tell by that a site is gone.
     if (mwqnSCPreallSitesDict.empty())
@@ -77,23 +85,18 @@ void OverviewController::updateOverviewDisplay()
     selectTitle(m_softwareTable.swNameArray()[m_selectedRow]);
 
     const auto bytes = AddDeleteImportEdit::returnDataObjectFor(u"general");
-    Summary summary = summary_file::parse(bytes.value_or(QByteArray()));
-    QStringList sites = summary.siteList();
-    QStringList versions = summary.versionList();
-    if (pruneMarks(sites, versions)) {
-        summary.sites = sites.join(u',');
-        summary.versions = versions.join(u',');
+    const Summary summary = summary_file::parse(bytes.value_or(QByteArray()));
+    if (pruneMarks(summary.siteList(), summary.versionList()))
         loadSoftwareList();
-    }
-    m_submittedToTable.setMarks(summary.siteList(), summary.versionList(),
-                                summary.version.value_or(QString()));
 
     center.post(notification::mwqnLPDIed);
     center.post(notification::mwqnEdChFEr);
     // The check may have found the title valid, or have rewritten what an import left.
-    if (m_selectedRow >= 0)
-        m_softwareTable.updateRow(m_selectedRow, loadSummary(*mwqnSelSW));
-    showErrors(ErrorTracking::returnErrorDictionary().value_or(StringDictionary()));
+    if (m_selectedRow < 0)
+        return;
+    const Summary checked = loadSummary(*mwqnSelSW);
+    m_softwareTable.updateRow(m_selectedRow, checked);
+    showDetails(checked);
 }
 
 bool OverviewController::canSelectRow(int row) const

@@ -60,10 +60,11 @@ Q_SIGNALS:
     void submissionTitleChanged(const QString &title);
 
 private:
+    void showDetails(const Summary &summary);
     void showErrors(const StringDictionary &errors);
     void forgetSelectedTitle();
     /// True when marks were pruned and the file was written.
-    bool pruneMarks(QStringList &sites, QStringList &versions);
+    bool pruneMarks(QStringList sites, QStringList versions);
 
     AlertSheets &m_alerts;
     SoftwareTable m_softwareTable;

@@ -1,3 +1,4 @@
+#include "editor/editor.h"
 #include "overview/overview_controller.h"
 #include "overview/title_commands.h"
 #include "platform/application_info.h"
@@ -66,9 +67,11 @@ int main(int argc, char *argv[])
     OverviewController overview(alerts);
     TitleCommands commands(overview, alerts, delayedCalls);
     ToolbarControl toolbar(overview, alerts);
-    MainWindow window(toolbar, overview, commands);
+    Editor editor(alerts);
+    MainWindow window(toolbar, overview, commands, editor);
     alerts.setWidget(SheetWindow::Main, &window);
     toolbar.awakeFromNib();
+    editor.awakeFromNib(); // Before the overview, whose selection it is to hear of.
     overview.awakeFromNib();
 
     SingleInstance instance;

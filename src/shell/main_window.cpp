@@ -1,5 +1,7 @@
 #include "shell/main_window.h"
 
+#include "editor/editor.h"
+#include "editor/editor_view.h"
 #include "overview/name_panel_view.h"
 #include "overview/overview_view.h"
 #include "overview/title_commands.h"
@@ -43,14 +45,15 @@ QWidget *newSpace(bool flexible)
 
 } // namespace
 
-MainWindow::MainWindow(ToolbarControl &toolbar, OverviewController &overview, TitleCommands &commands)
+MainWindow::MainWindow(ToolbarControl &toolbar, OverviewController &overview, TitleCommands &commands,
+                       Editor &editor)
     : m_toolbarControl(toolbar), m_overview(overview), m_commands(commands)
 {
     setObjectName(u"mainWindow"_s);
     setWindowTitle(u"Quillon"_s);
     m_content = new QStackedWidget;
     m_overviewView = new OverviewView(overview, commands);
-    m_editView = new QWidget;
+    m_editView = new EditorView(editor);
     m_content->addWidget(m_overviewView);
     m_content->addWidget(m_editView);
     setCentralWidget(m_content);
@@ -66,6 +69,9 @@ MainWindow::MainWindow(ToolbarControl &toolbar, OverviewController &overview, Ti
     connect(&toolbar, &ToolbarControl::showView, this, &MainWindow::showContent);
     connect(&overview.fileMenu(), &FileMenu::changed, this, &MainWindow::updateFileMenu);
     connect(m_overviewView, &OverviewView::editRequested, &toolbar, &ToolbarControl::editTBI);
+    connect(m_overviewView, &OverviewView::fieldRequested, this, &MainWindow::editField);
+    connect(&toolbar, &ToolbarControl::focusField, m_editView, &EditorView::focusField);
+    connect(m_editView, &EditorView::tabSelected, &toolbar, &ToolbarControl::setSelectedTabLabel);
     connect(&commands, &TitleCommands::importProgress, this, &MainWindow::showImportProgress);
     connect(&commands, &TitleCommands::openWebAddress, this,
             [](const QString &address) { QDesktopServices::openUrl(QUrl(address)); });
@@ -215,6 +221,14 @@ void MainWindow::showContent(ContentView view)
 {
     m_content->setCurrentWidget(view == ContentView::Overview ? static_cast<QWidget *>(m_overviewView)
                                                               : m_editView);
+}
+
+void MainWindow::editField(const QString &key)
+{
+    const auto field = fieldNamed(key);
+    m_toolbarControl.editTBI();
+    if (field)
+        m_editView->revealField(*field);
 }
 
 void MainWindow::openAboutPanel()

@@ -10,6 +10,8 @@ class QStackedWidget;
 
 namespace quillon {
 
+class Editor;
+class EditorView;
 class OverviewView;
 class TitleCommands;
 
@@ -19,7 +21,8 @@ class MainWindow : public QMainWindow
 {
     Q_OBJECT
 public:
-    MainWindow(ToolbarControl &toolbar, OverviewController &overview, TitleCommands &commands);
+    MainWindow(ToolbarControl &toolbar, OverviewController &overview, TitleCommands &commands,
+               Editor &editor);
     ~MainWindow() override;
 
     /// Shows the window above all others, also when it is minimised.
@@ -39,6 +42,7 @@ private:
     void showContent(ContentView view);
     void showFailedWrites();
     void showImportProgress(int done, int total);
+    void editField(const QString &key);
     void openAboutPanel();
     QAction *newAction(const QString &name, const QString &text, const QString &icon,
                        const QKeySequence &shortcut, std::function<void()> run);
@@ -49,7 +53,7 @@ private:
     QHash<QString, QAction *> m_actions;
     QStackedWidget *m_content = nullptr;
     OverviewView *m_overviewView = nullptr;
-    QWidget *m_editView = nullptr;
+    EditorView *m_editView = nullptr;
     QToolBar *m_toolbar = nullptr;
     QLabel *m_failedWrites = nullptr;
     QProgressBar *m_importProgress = nullptr;

@@ -22,10 +22,10 @@ struct TabFocus
 
 // Descriptions and web addresses are paired crosswise, as they have always been; authors' fingers know it.
 constexpr std::array<TabFocus, 4> focusByTab = {{
-    {editor_tab::company, FieldId::authorFirstName},
-    {editor_tab::program, FieldId::programName},
-    {editor_tab::descriptions, FieldId::appInfoURL},
-    {editor_tab::web, FieldId::keywordsView},
+    {u"Company Information", FieldId::authorFirstName},
+    {u"Program Information", FieldId::programName},
+    {u"Program Descriptions", FieldId::appInfoURL},
+    {u"Web Information", FieldId::keywordsView},
 }};
 
 FieldId fieldForTab(QStringView label)

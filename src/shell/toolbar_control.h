@@ -1,5 +1,6 @@
 #pragma once
 
+#include "editor/editor_pages.h"
 #include "overview/overview_controller.h"
 #include "pad/field_catalogue.h"
 #include "platform/alert_sheets.h"
@@ -14,15 +15,6 @@ enum class ContentView
     Overview,
     Editor
 };
-
-/// The editor's pages by the label of their tab.
-namespace editor_tab {
-inline constexpr QStringView company = u"Company Information";
-inline constexpr QStringView program = u"Program Information";
-inline constexpr QStringView descriptions = u"Program Descriptions";
-inline constexpr QStringView web = u"Web Information";
-inline constexpr QStringView permissions = u"Permissions";
-} // namespace editor_tab
 
 /**
  * Decides which view the main window shows, keeps the File menu to match, and asks about remaining errors
@@ -65,7 +57,7 @@ private:
     OverviewController &m_overview;
     AlertSheets &m_alerts;
     ContentView m_currentView = ContentView::Overview;
-    QString m_selectedTabLabel = editor_tab::company.toString();
+    QString m_selectedTabLabel = editorPages[0].label.toString();
 };
 
 } // namespace quillon

@@ -1,3 +1,4 @@
+#include "editor/editor.h"
 #include "overview/title_commands.h"
 #include "platform/settings.h"
 #include "shell/customise_toolbar_dialog.h"
@@ -49,6 +50,7 @@ protected:
         {
             sheets.setWidget(SheetWindow::Main, &window);
             toolbar.awakeFromNib();
+            editor.awakeFromNib();
             overview.awakeFromNib();
             window.show();
         }
@@ -57,7 +59,8 @@ protected:
         OverviewController overview{sheets};
         TitleCommands commands{overview, sheets, calls};
         ToolbarControl toolbar{overview, sheets};
-        MainWindow window{toolbar, overview, commands};
+        Editor editor{sheets};
+        MainWindow window{toolbar, overview, commands, editor};
     };
     void start()
     {

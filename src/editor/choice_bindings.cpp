@@ -1,0 +1,138 @@
+#include "editor/choice_bindings.h"
+
+#include "controls/validation_palette.h"
+#include "editor/check_list_model.h"
+#include "editor/editor.h"
+#include "editor/editor_layout.h"
+
+#include <QAbstractItemView>
+#include <QBoxLayout>
+#include <QCompleter>
+#include <QFocusEvent>
+#include <QLineEdit>
+#include <QListView>
+#include <QSignalBlocker>
+#include <QSortFilterProxyModel>
+#include <QWheelEvent>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+
+FieldComboBox::FieldComboBox(Editor &editor, FieldId field, QWidget *parent)
+    : QComboBox(parent), m_editor(editor), m_field(field), m_control(editor.form().popUp(field))
+{
+    setObjectName(m_control.objectName());
+    setAccessibleName(accessibleNameOf(field));
+    setFocusPolicy(Qt::StrongFocus); // Not by the wheel.
+    setEditable(true);
+    setInsertPolicy(QComboBox::NoInsert);
+    setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    static constexpr int visibleCharacters = 12;
+    setMinimumContentsLength(visibleCharacters);
+    addItems(m_control.items());
+    completer()->setCompletionMode(QCompleter::PopupCompletion);
+    completer()->setFilterMode(Qt::MatchContains);
+    completer()->setCaseSensitivity(Qt::CaseInsensitive);
+    lineEdit()->setAccessibleName(accessibleName());
+    view()->installEventFilter(this);
+
+    connect(this, &QComboBox::activated, this, &FieldComboBox::choose);
+    connect(lineEdit(), &QLineEdit::returnPressed, this, &FieldComboBox::takeTypedText);
+    connect(&m_control, &Control::changed, this, &FieldComboBox::showControl);
+    showControl();
+}
+
+void FieldComboBox::showControl()
+{
+    const QSignalBlocker blocker(this);
+    setCurrentIndex(m_control.index());
+    setEditText(m_control.title());
+    lineEdit()->setCursorPosition(0);
+    setToolTip(m_control.title()); // Long categories do not fit.
+}
+
+void FieldComboBox::choose(int index)
+{
+    m_control.setIndex(index);
+    m_editor.controlAction(m_field);
+    showControl();
+}
+
+void FieldComboBox::takeTypedText()
+{
+    const int index = findText(currentText(), Qt::MatchFixedString);
+    if (index >= 0 && index != m_control.index())
+        choose(index);
+    else
+        showControl();
+}
+
+void FieldComboBox::wheelEvent(QWheelEvent *event)
+{
+    event->ignore();
+}
+
+void FieldComboBox::focusOutEvent(QFocusEvent *event)
+{
+    QComboBox::focusOutEvent(event);
+    if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason)
+        takeTypedText();
+}
+
+bool FieldComboBox::eventFilter(QObject *watched, QEvent *event)
+{
+    // The open list ends with its window; what was typed before is not to stand beside it.
+    if (watched == view() && event->type() == QEvent::Hide)
+        showControl();
+    return QComboBox::eventFilter(watched, event);
+}
+
+FieldCheckBox::FieldCheckBox(Editor &editor, FieldId field, QWidget *parent)
+    : QCheckBox(accessibleNameOf(field), parent)
+{
+    CheckBoxControl &control = editor.form().checkBox(field);
+    setObjectName(control.objectName());
+    setAccessibleName(text());
+    QFont titleFont = font();
+    titleFont.setPointSize(13);
+    setFont(titleFont);
+    const auto show = [this, &control] {
+        setChecked(control.isOn());
+        setValidationColour(*this, control.caption().colour());
+    };
+    connect(this, &QCheckBox::clicked, this, [&editor, &control, field](bool on) {
+        control.setOn(on);
+        editor.controlAction(field);
+    });
+    connect(&control, &Control::changed, this, show);
+    connect(&control.caption(), &Caption::changed, this, show);
+    show();
+}
+
+FieldCheckList::FieldCheckList(Editor &editor, FieldId field, QWidget *parent)
+    : QWidget(parent), m_filter(new QLineEdit), m_list(new QListView)
+{
+    const QString name = padField(field).control.toString();
+    auto *narrowed = new QSortFilterProxyModel(this);
+    narrowed->setSourceModel(new CheckListModel(editor, field, this));
+    narrowed->setFilterCaseSensitivity(Qt::CaseInsensitive);
+    m_list->setObjectName(name);
+    m_list->setAccessibleName(accessibleNameOf(field));
+    m_list->setModel(narrowed);
+    m_list->setUniformItemSizes(true);
+    m_list->setMinimumHeight(m_list->fontMetrics().lineSpacing() * 8);
+    m_filter->setObjectName(name + u"Filter"_s);
+    m_filter->setAccessibleName(u"Filter "_s + accessibleNameOf(field));
+    m_filter->setPlaceholderText(u"Filter"_s);
+    m_filter->setClearButtonEnabled(true);
+    connect(m_filter, &QLineEdit::textChanged, narrowed, &QSortFilterProxyModel::setFilterFixedString);
+
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_filter);
+    layout->addWidget(m_list, 1);
+    setFocusProxy(m_list);
+}
+
+} // namespace quillon

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "controls/controls.h"
+#include "pad/field_catalogue.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+
+class QLineEdit;
+class QListView;
+class QSortFilterProxyModel;
+
+namespace quillon {
+
+class Editor;
+
+/// A pop-up of the editor. Typing searches it for items that hold the text; what is no item changes nothing.
+/// The mouse wheel scrolls the page.
+class FieldComboBox : public QComboBox
+{
+    Q_OBJECT
+public:
+    FieldComboBox(Editor &editor, FieldId field, QWidget *parent = nullptr);
+
+protected:
+    void wheelEvent(QWheelEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void showControl();
+    void choose(int index);
+    void takeTypedText();
+
+    Editor &m_editor;
+    FieldId m_field;
+    PopUpControl &m_control;
+};
+
+/// The check box of the editor; its title turns red when the expiry is not in order.
+class FieldCheckBox : public QCheckBox
+{
+    Q_OBJECT
+public:
+    FieldCheckBox(Editor &editor, FieldId field, QWidget *parent = nullptr);
+};
+
+/// A check list of the editor with a field above it that narrows the list down to what holds the typed text.
+class FieldCheckList : public QWidget
+{
+    Q_OBJECT
+public:
+    FieldCheckList(Editor &editor, FieldId field, QWidget *parent = nullptr);
+
+    /// The list itself, for a caption to point at.
+    [[nodiscard]] QListView *list() const { return m_list; }
+
+private:
+    QLineEdit *m_filter;
+    QListView *m_list;
+};
+
+} // namespace quillon

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "editor/editor_pages.h"
+
+#include <QHash>
+#include <QWidget>
+
+class QBoxLayout;
+class QLabel;
+class QTabWidget;
+
+namespace quillon {
+
+class Control;
+class Editor;
+struct FieldGroup;
+struct FieldLine;
+
+/// The main window's second view: the editor's five pages, each field with its caption, its control and its
+/// hint with the live counter. The tab of a page that holds errors carries their number.
+class EditorView : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit EditorView(Editor &editor, QWidget *parent = nullptr);
+
+    /// Puts the keyboard focus into @p field with the cursor at the end of its text. A field on a page that
+    /// is not showing takes no focus; then the first field of the page that is showing does.
+    void focusField(FieldId field);
+
+    /// Shows the page of @p field and puts the focus into it.
+    void revealField(FieldId field);
+
+Q_SIGNALS:
+    /// The author picked the page of that label.
+    void tabSelected(const QString &label);
+
+protected:
+    void changeEvent(QEvent *event) override;
+
+private:
+    QWidget *newPage(const EditorPage &page);
+    QWidget *newGroup(const FieldGroup &group);
+    void addLine(QBoxLayout *layout, const FieldLine &line);
+    QWidget *newControl(FieldId field, int lines);
+    QLabel *newCaption(const FieldLine &line);
+    QLabel *newHint(const Control &control);
+    void tabPicked(int index);
+    void showErrorCounts();
+
+    Editor &m_editor;
+    QTabWidget *m_editorTabs;
+    QHash<FieldId, QWidget *> m_widgets;
+    bool m_revealing = false;
+};
+
+} // namespace quillon

@@ -1,0 +1,192 @@
+#include "editor/text_bindings.h"
+
+#include "controls/validation_palette.h"
+#include "editor/editor.h"
+#include "editor/editor_layout.h"
+#include "editor/text_change.h"
+
+#include <QCoreApplication>
+#include <QFocusEvent>
+#include <QInputMethodEvent>
+#include <QMimeData>
+#include <QScopedValueRollback>
+#include <QTextBlock>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+
+namespace {
+
+QTextCharFormat redFormat(const QWidget &widget)
+{
+    QTextCharFormat format;
+    format.setForeground(validationColour(widget.palette(), Colour::Red));
+    return format;
+}
+
+/// Line ends as a text widget has them.
+QString withPlainLineEnds(QString text)
+{
+    return text.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
+}
+
+} // namespace
+
+FieldLineEdit::FieldLineEdit(Editor &editor, FieldId field, QWidget *parent)
+    : QLineEdit(parent), m_editor(editor), m_field(field), m_control(editor.form().text(field))
+{
+    setObjectName(m_control.objectName());
+    setAccessibleName(accessibleNameOf(field));
+    setMaxLength(std::numeric_limits<int>::max()); // Too long is told, never cut.
+    connect(&m_control, &Control::changed, this, &FieldLineEdit::showControl);
+    connect(this, &QLineEdit::textChanged, this, [this](const QString &text) {
+        if (!m_showing)
+            m_editor.typed(m_field, text);
+        showColours();
+    });
+    connect(this, &QLineEdit::returnPressed, this, &FieldLineEdit::endEditing);
+    showControl();
+}
+
+void FieldLineEdit::showControl()
+{
+    const QScopedValueRollback guard(m_showing, true);
+    if (const QString wanted = m_control.text(); wanted != text()) {
+        const TextChange change = TextChange::between(text(), wanted);
+        const qsizetype cursor = change.moved(cursorPosition());
+        if (hasFocus()) {
+            setSelection(int(change.start), int(change.removed));
+            if (change.inserted.isEmpty() && change.removed > 0)
+                del();
+            else
+                insert(change.inserted);
+        }
+        if (text() != wanted)
+            setText(wanted);
+        setCursorPosition(int(cursor));
+    }
+    showColours();
+}
+
+void FieldLineEdit::showColours()
+{
+    if (m_composing)
+        return;
+    // A line edit has no formats of its own; those of an empty composition colour the text that is there, and
+    // leave cursor, selection, undo and accessibility to the widget.
+    const QTextCharFormat red = redFormat(*this);
+    QList<QInputMethodEvent::Attribute> attributes;
+    for (const ColourRun &run : m_control.redRuns())
+        attributes.append(
+            {QInputMethodEvent::TextFormat, int(run.start) - cursorPosition(), int(run.length), red});
+    QInputMethodEvent event({}, attributes);
+    QLineEdit::inputMethodEvent(&event);
+}
+
+void FieldLineEdit::inputMethodEvent(QInputMethodEvent *event)
+{
+    m_composing = !event->preeditString().isEmpty();
+    QLineEdit::inputMethodEvent(event);
+    showColours();
+}
+
+void FieldLineEdit::focusOutEvent(QFocusEvent *event)
+{
+    QLineEdit::focusOutEvent(event);
+    // Another window, a menu or a list that opens does not end the work in the field.
+    if (event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason &&
+        event->reason() != Qt::MenuBarFocusReason)
+        endEditing();
+}
+
+void FieldLineEdit::endEditing()
+{
+    m_editor.controlTextDidEndEditing(m_field);
+}
+
+void FieldLineEdit::changeEvent(QEvent *event)
+{
+    QLineEdit::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        showColours();
+}
+
+FieldTextEdit::FieldTextEdit(Editor &editor, FieldId field, int lines, QWidget *parent)
+    : QPlainTextEdit(parent), m_editor(editor), m_field(field), m_control(editor.form().text(field))
+{
+    setObjectName(m_control.objectName());
+    setAccessibleName(accessibleNameOf(field));
+    setTabChangesFocus(true);
+    setMinimumHeight(fontMetrics().lineSpacing() * lines + 2 * int(document()->documentMargin()) +
+                     2 * frameWidth());
+    connect(&m_control, &Control::changed, this, &FieldTextEdit::showControl);
+    connect(this, &QPlainTextEdit::textChanged, this, [this] {
+        if (!m_showing)
+            m_editor.typed(m_field, shownText());
+    });
+    showControl();
+}
+
+QString FieldTextEdit::shownText() const
+{
+    // Not toPlainText(), which makes blanks of no-break spaces.
+    return document()
+        ->toRawText()
+        .replace(QChar::ParagraphSeparator, u'\n')
+        .replace(QChar::LineSeparator, u'\n');
+}
+
+void FieldTextEdit::showControl()
+{
+    const QString wanted = withPlainLineEnds(m_control.text());
+    if (const QString shown = shownText(); wanted != shown) {
+        const QScopedValueRollback guard(m_showing, true);
+        if (hasFocus()) {
+            const TextChange change = TextChange::between(shown, wanted);
+            QTextCursor cursor(document());
+            cursor.setPosition(int(change.start));
+            cursor.setPosition(int(change.start + change.removed), QTextCursor::KeepAnchor);
+            cursor.insertText(change.inserted);
+        } else {
+            setPlainText(wanted);
+        }
+    }
+    showColours();
+}
+
+void FieldTextEdit::showColours()
+{
+    // Positions of the control's text, in the widget's where two characters end a line in the former.
+    const QString text = m_control.text();
+    const auto shownPosition = [&text](qsizetype position) {
+        return int(position - QStringView(text).first(position).count(u"\r\n"));
+    };
+    QList<QTextEdit::ExtraSelection> selections;
+    for (const ColourRun &run : m_control.redRuns()) {
+        QTextEdit::ExtraSelection selection;
+        selection.format = redFormat(*this);
+        selection.cursor = QTextCursor(document());
+        selection.cursor.setPosition(qMin(shownPosition(run.start), document()->characterCount() - 1));
+        selection.cursor.setPosition(
+            qMin(shownPosition(run.start + run.length), document()->characterCount() - 1),
+            QTextCursor::KeepAnchor);
+        selections.append(selection);
+    }
+    setExtraSelections(selections);
+}
+
+void FieldTextEdit::changeEvent(QEvent *event)
+{
+    QPlainTextEdit::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        showColours();
+}
+
+void FieldTextEdit::insertFromMimeData(const QMimeData *source)
+{
+    if (source->hasText())
+        insertPlainText(source->text());
+}
+
+} // namespace quillon

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "controls/controls.h"
+#include "pad/field_catalogue.h"
+
+#include <QLineEdit>
+#include <QPlainTextEdit>
+
+namespace quillon {
+
+class Editor;
+
+/// A native line edit that shows a text control of the editor, red parts included, and hands it what is
+/// typed.
+class FieldLineEdit : public QLineEdit
+{
+    Q_OBJECT
+public:
+    FieldLineEdit(Editor &editor, FieldId field, QWidget *parent = nullptr);
+
+protected:
+    void focusOutEvent(QFocusEvent *event) override;
+    void inputMethodEvent(QInputMethodEvent *event) override;
+    void changeEvent(QEvent *event) override;
+
+private:
+    void showControl();
+    void showColours();
+    void endEditing();
+
+    Editor &m_editor;
+    FieldId m_field;
+    TextControl &m_control;
+    bool m_showing = false;   ///< The text changes because the control did.
+    bool m_composing = false; ///< An input method is at work; it must not be disturbed.
+};
+
+/// A native multi-line text that shows a text control of the editor and hands it what is typed. The Tab key
+/// leaves it.
+class FieldTextEdit : public QPlainTextEdit
+{
+    Q_OBJECT
+public:
+    FieldTextEdit(Editor &editor, FieldId field, int lines, QWidget *parent = nullptr);
+
+protected:
+    void changeEvent(QEvent *event) override;
+    void insertFromMimeData(const QMimeData *source) override;
+
+private:
+    [[nodiscard]] QString shownText() const;
+    void showControl();
+    void showColours();
+
+    Editor &m_editor;
+    FieldId m_field;
+    TextControl &m_control;
+    bool m_showing = false;
+};
+
+} // namespace quillon
