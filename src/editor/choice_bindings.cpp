@@ -94,9 +94,6 @@ FieldCheckBox::FieldCheckBox(Editor &editor, FieldId field, QWidget *parent)
     CheckBoxControl &control = editor.form().checkBox(field);
     setObjectName(control.objectName());
     setAccessibleName(text());
-    QFont titleFont = font();
-    titleFont.setPointSize(13);
-    setFont(titleFont);
     const auto show = [this, &control] {
         setChecked(control.isOn());
         setValidationColour(*this, control.caption().colour());

@@ -64,7 +64,7 @@ const QList<FieldGroup> program = {
         {u"Change information", F::changeInformationView, 5},
         {u"System requirements", F::requirementsView, 3}}},
     {u"", 2, {
-        {u"Supported Operating Systems", F::osTable}}},
+        {u"Operating Systems", F::osTable}}},
     {u"", 3, {
         {u"Supported Languages", F::languageTable}}},
 };

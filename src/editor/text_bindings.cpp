@@ -113,19 +113,28 @@ void FieldLineEdit::changeEvent(QEvent *event)
 }
 
 FieldTextEdit::FieldTextEdit(Editor &editor, FieldId field, int lines, QWidget *parent)
-    : QPlainTextEdit(parent), m_editor(editor), m_field(field), m_control(editor.form().text(field))
+    : QPlainTextEdit(parent)
+    , m_editor(editor)
+    , m_field(field)
+    , m_control(editor.form().text(field))
+    , m_lines(lines)
 {
     setObjectName(m_control.objectName());
     setAccessibleName(accessibleNameOf(field));
     setTabChangesFocus(true);
-    setMinimumHeight(fontMetrics().lineSpacing() * lines + 2 * int(document()->documentMargin()) +
-                     2 * frameWidth());
+    setMinimumHeight(sizeHint().height());
     connect(&m_control, &Control::changed, this, &FieldTextEdit::showControl);
     connect(this, &QPlainTextEdit::textChanged, this, [this] {
         if (!m_showing)
             m_editor.typed(m_field, shownText());
     });
     showControl();
+}
+
+QSize FieldTextEdit::sizeHint() const
+{
+    const int margins = 2 * int(document()->documentMargin()) + 2 * frameWidth();
+    return {QPlainTextEdit::sizeHint().width(), fontMetrics().lineSpacing() * m_lines + margins};
 }
 
 QString FieldTextEdit::shownText() const

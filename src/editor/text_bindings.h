@@ -41,7 +41,10 @@ class FieldTextEdit : public QPlainTextEdit
 {
     Q_OBJECT
 public:
+    /// As high as @p lines lines, at least; more where there is room.
     FieldTextEdit(Editor &editor, FieldId field, int lines, QWidget *parent = nullptr);
+
+    [[nodiscard]] QSize sizeHint() const override;
 
 protected:
     void changeEvent(QEvent *event) override;
@@ -55,6 +58,7 @@ private:
     Editor &m_editor;
     FieldId m_field;
     TextControl &m_control;
+    int m_lines;
     bool m_showing = false;
 };
 

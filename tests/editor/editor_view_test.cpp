@@ -1,0 +1,225 @@
+#include "editor/choice_bindings.h"
+#include "editor/editor.h"
+#include "editor/editor_view.h"
+#include "editor/text_bindings.h"
+#include "store/add_delete_import_edit.h"
+#include "store/error_tracking.h"
+#include "support/gui.h"
+#include "support/recorders.h"
+#include "support/temporary_home.h"
+
+#include <QLabel>
+#include <QListView>
+#include <QTabWidget>
+#include <QWheelEvent>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+namespace {
+
+/// The real editor and its view on an empty title, driven by keys and mouse.
+class EditorViewTest : public TemporaryHome
+{
+protected:
+    void SetUp() override
+    {
+        TemporaryHome::SetUp();
+        AddDeleteImportEdit::checkAppSuppExists();
+        AddDeleteImportEdit::createNewListing(u"T"_s);
+        selectTitle(u"T"_s);
+        editor.awakeFromNib();
+        editor.loadPADData();
+        view = std::make_unique<EditorView>(editor);
+        editor.checkEntriesForErrors();
+        view->resize(1280, 640);
+        view->show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(view.get()));
+    }
+
+    template<typename Widget>
+    Widget *widget(FieldId field)
+    {
+        view->revealField(field);
+        auto *found = view->findChild<Widget *>(padField(field).control.toString());
+        EXPECT_NE(found, nullptr);
+        return found;
+    }
+    FieldLineEdit *line(FieldId field) { return widget<FieldLineEdit>(field); }
+    FieldTextEdit *text(FieldId field) { return widget<FieldTextEdit>(field); }
+    static QString stored(FieldId field)
+    {
+        const QString file = QString::fromUtf8(AddDeleteImportEdit::returnDataObjectFor(u"data").value());
+        const QString tag = padField(field).element.toString();
+        const qsizetype start = file.indexOf(u'<' + tag + u'>') + tag.size() + 2;
+        return file.sliced(start, file.indexOf(u"</" + tag + u'>') - start);
+    }
+    QString labelText(const QString &name) { return view->findChild<QLabel *>(name)->text(); }
+    QColor labelColour(const QString &name)
+    {
+        return view->findChild<QLabel *>(name)->palette().color(QPalette::WindowText);
+    }
+    /// Whether the pixels of @p widget hold a saturated red.
+    static bool showsRed(QWidget *widget)
+    {
+        const QImage image = widget->grab().toImage();
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                const QColor colour = image.pixelColor(x, y);
+                if (colour.red() > 150 && colour.green() < 90 && colour.blue() < 90)
+                    return true;
+            }
+        }
+        return false;
+    }
+
+    RecordingSheets sheets;
+    Editor editor{sheets};
+    std::unique_ptr<EditorView> view;
+};
+
+TEST_F(EditorViewTest, EachKeyIsCountedColouredAndStored)
+{
+    FieldLineEdit *name = line(FieldId::companyName);
+    QTest::keyClicks(name, u"A"_s);
+    EXPECT_EQ(stored(FieldId::companyName), u"A"_s);
+    EXPECT_TRUE(showsRed(name)) << "one character is too short";
+    QTest::keyClicks(name, u"cme"_s);
+    EXPECT_EQ(labelText(u"companyNameMessage"_s), u"Text string 2-40 characters        4 / 40"_s);
+    EXPECT_FALSE(showsRed(name));
+    QTest::keyClicks(name, QString(37, u'x'));
+    EXPECT_TRUE(showsRed(name));
+    EXPECT_NE(labelColour(u"companyNameLabel"_s), view->palette().color(QPalette::WindowText));
+    EXPECT_EQ(ErrorTracking::returnErrorDictionary()->at(u"companyName"_s),
+              u"The company name is too long."_s);
+
+    QTest::keyClick(name, Qt::Key_Z,
+                    Qt::ControlModifier); // Undo is the widget's own, and stored like all else.
+    EXPECT_EQ(stored(FieldId::companyName), name->text());
+    EXPECT_LT(name->text().size(), 41);
+}
+
+TEST_F(EditorViewTest, FiltersKeepTheCursorInTheMiddle)
+{
+    FieldLineEdit *country = line(FieldId::companyCountry);
+    QTest::keyClicks(country, u"Iceland"_s);
+    country->setCursorPosition(3);
+    QTest::keyClicks(country, u"1x2"_s);
+    EXPECT_EQ(country->text(), u"Icexland"_s);
+    EXPECT_EQ(country->cursorPosition(), 4);
+    EXPECT_EQ(stored(FieldId::companyCountry), u"Icexland"_s);
+
+    FieldTextEdit *description = text(FieldId::pd45CharDescript);
+    QTest::keyClicks(description, QString(50, u'a'));
+    EXPECT_TRUE(showsRed(description->viewport()));
+    QTextCursor cursor = description->textCursor();
+    cursor.setPosition(10);
+    description->setTextCursor(cursor);
+    QTest::keyClick(description, Qt::Key_Backspace);
+    EXPECT_EQ(description->textCursor().position(), 9);
+    EXPECT_EQ(stored(FieldId::pd45CharDescript).size(), 49);
+}
+
+TEST_F(EditorViewTest, OddTextsComeThroughUnchanged)
+{
+    const QStringList odd = {u"no\u00A0break"_s,    u"\u05E9\u05DC\u05D5\u05DD"_s,
+                             u"emoji \U0001F600"_s, u"tab\tinside"_s,
+                             u"a & b < c > d"_s,    u"$1 ${2} \\1"_s};
+    FieldTextEdit *eula = text(FieldId::eula);
+    for (const QString &each : odd) {
+        eula->selectAll();
+        eula->insertPlainText(each);
+        EXPECT_EQ(stored(FieldId::eula), each);
+    }
+    text(FieldId::pd2000CharDescript)->insertPlainText(QString(1000000, u'x'));
+    EXPECT_EQ(stored(FieldId::pd2000CharDescript).size(), 1000000);
+}
+
+TEST_F(EditorViewTest, LeavingADatePutsItInOrder)
+{
+    QTest::keyClicks(line(FieldId::releaseDateDay), u"7"_s);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    QTest::keyClicks(QApplication::focusWidget(), u"13"_s);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(stored(FieldId::releaseDateDay), u"07"_s);
+    EXPECT_EQ(stored(FieldId::releaseDateMonth), u"12"_s);
+
+    QTest::keyClicks(line(FieldId::expireDateYear), u"2012"_s);
+    EXPECT_EQ(stored(FieldId::expireDateYear), u"20"_s);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(sheets.lastMessage(), u"The Expiry Year must be between 1900 and 2199!"_s);
+    EXPECT_EQ(stored(FieldId::expireDateYear), u"2010"_s);
+}
+
+TEST_F(EditorViewTest, ChoicesAreSearchedByTyping)
+{
+    auto *category = widget<FieldComboBox>(FieldId::categoryPopUp);
+    category->lineEdit()->selectAll();
+    QTest::keyClicks(category->lineEdit(), u"security & privacy::encryption tools"_s);
+    QTest::keyClick(category->lineEdit(), Qt::Key_Return);
+    EXPECT_EQ(stored(FieldId::categoryPopUp), u"Security & Privacy::Encryption Tools"_s);
+    category->lineEdit()->selectAll();
+    QTest::keyClicks(category->lineEdit(), u"no such thing"_s);
+    QTest::keyClick(category->lineEdit(), Qt::Key_Return);
+    EXPECT_EQ(category->currentText(), u"Security & Privacy::Encryption Tools"_s);
+
+    QWheelEvent wheel({5, 5}, category->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton, {},
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(category, &wheel);
+    EXPECT_EQ(stored(FieldId::categoryPopUp), u"Security & Privacy::Encryption Tools"_s);
+
+    auto *languages = widget<QListView>(FieldId::languageTable);
+    view->findChild<QLineEdit *>(u"languageTableFilter"_s)->setText(u"chinese"_s);
+    ASSERT_EQ(languages->model()->rowCount(), 3);
+    languages->setCurrentIndex(languages->model()->index(1, 0));
+    QTest::keyClick(languages, Qt::Key_Space);
+    EXPECT_EQ(stored(FieldId::languageTable), u"ChineseSimplified"_s);
+    QTest::keyClick(languages, Qt::Key_Space);
+    EXPECT_EQ(stored(FieldId::languageTable), QString());
+
+    auto *expires = widget<FieldCheckBox>(FieldId::expireCheckBox);
+    QTest::mouseClick(expires, Qt::LeftButton, {}, {8, expires->height() / 2});
+    EXPECT_EQ(stored(FieldId::expireCheckBox), u"Y"_s);
+}
+
+TEST_F(EditorViewTest, PagesTellTheirErrorsAndTakeTheFocus)
+{
+    auto *tabs = view->findChild<QTabWidget *>(u"editorTabs"_s);
+    const QString before = tabs->tabToolTip(3);
+    QTest::keyClicks(line(FieldId::appInfoURL), u"http://example.org/"_s);
+    EXPECT_EQ(before, u"5 errors on this page"_s);
+    EXPECT_EQ(tabs->tabToolTip(3), u"4 errors on this page"_s);
+    EXPECT_EQ(tabs->tabText(3), u"Web Information"_s);
+    EXPECT_FALSE(tabs->tabIcon(3).isNull());
+    EXPECT_TRUE(tabs->tabIcon(2).isNull());
+
+    tabs->setCurrentIndex(0);
+    tabs->setCurrentIndex(3);
+    auto *focused = qobject_cast<QLineEdit *>(QApplication::focusWidget());
+    ASSERT_NE(focused, nullptr);
+    EXPECT_EQ(focused->objectName(), u"appInfoURL"_s);
+    EXPECT_EQ(focused->cursorPosition(), focused->text().size());
+    EXPECT_FALSE(focused->hasSelectedText());
+    view->focusField(FieldId::keywordsView); // On another page: the page that shows keeps the keyboard.
+    EXPECT_EQ(QApplication::focusWidget(), focused);
+}
+
+TEST_F(EditorViewTest, EveryFieldIsReachedByTabUnderItsCaption)
+{
+    auto *tabs = view->findChild<QTabWidget *>(u"editorTabs"_s);
+    QSet<QString> reached;
+    for (int page = 0; page < tabs->count(); ++page) {
+        tabs->setCurrentIndex(page);
+        for (QWidget *stop : tabStops(*view)) {
+            EXPECT_FALSE(accessibleName(stop).isEmpty()) << stop->objectName().toStdString();
+            reached.insert(stop->objectName());
+        }
+    }
+    for (const PadField &field : padFields) {
+        const bool isStop = field.kind != FieldKind::Computed;
+        EXPECT_EQ(reached.contains(field.control.toString()), isStop) << field.control.toUtf8().constData();
+    }
+}
+
+} // namespace
+} // namespace quillon
