@@ -25,6 +25,20 @@ QTextCharFormat redFormat(const QWidget &widget)
     return format;
 }
 
+/// The length of the longest stretch of @p text without a place where words end.
+qsizetype longestWord(QStringView text)
+{
+    qsizetype longest = 0;
+    qsizetype start = 0;
+    for (qsizetype at = 0; at <= text.size(); ++at) {
+        if (at == text.size() || text[at].isSpace()) {
+            longest = qMax(longest, at - start);
+            start = at + 1;
+        }
+    }
+    return longest;
+}
+
 /// Line ends as a text widget has them.
 QString withPlainLineEnds(QString text)
 {
@@ -150,6 +164,7 @@ void FieldTextEdit::showControl()
 {
     const QString wanted = withPlainLineEnds(m_control.text());
     if (const QString shown = shownText(); wanted != shown) {
+        chooseWrapMode(wanted);
         const QScopedValueRollback guard(m_showing, true);
         if (hasFocus()) {
             const TextChange change = TextChange::between(shown, wanted);
@@ -194,8 +209,19 @@ void FieldTextEdit::changeEvent(QEvent *event)
 
 void FieldTextEdit::insertFromMimeData(const QMimeData *source)
 {
-    if (source->hasText())
-        insertPlainText(source->text());
+    if (!source->hasText())
+        return;
+    chooseWrapMode(source->text());
+    insertPlainText(source->text());
+}
+
+void FieldTextEdit::chooseWrapMode(const QString &text)
+{
+    // Breaking lines between words looks to the end of a word for each of its lines: a pasted megabyte
+    // without a blank would take minutes. No word is as long as this.
+    static constexpr qsizetype longestSensibleWord = 2000;
+    setWordWrapMode(longestWord(text) > longestSensibleWord ? QTextOption::WrapAnywhere
+                                                            : QTextOption::WrapAtWordBoundaryOrAnywhere);
 }
 
 } // namespace quillon

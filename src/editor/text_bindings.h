@@ -52,6 +52,7 @@ protected:
 
 private:
     [[nodiscard]] QString shownText() const;
+    void chooseWrapMode(const QString &text);
     void showControl();
     void showColours();
 

@@ -8,6 +8,7 @@
 #include "support/recorders.h"
 #include "support/temporary_home.h"
 
+#include <QClipboard>
 #include <QLabel>
 #include <QListView>
 #include <QTabWidget>
@@ -131,8 +132,11 @@ TEST_F(EditorViewTest, OddTextsComeThroughUnchanged)
         eula->insertPlainText(each);
         EXPECT_EQ(stored(FieldId::eula), each);
     }
-    text(FieldId::pd2000CharDescript)->insertPlainText(QString(1000000, u'x'));
+    QApplication::clipboard()->setText(QString(1000000, u'x'));
+    text(FieldId::pd2000CharDescript)->paste();
     EXPECT_EQ(stored(FieldId::pd2000CharDescript).size(), 1000000);
+    line(FieldId::companyName)->paste();
+    EXPECT_EQ(stored(FieldId::companyName).size(), 1000000);
 }
 
 TEST_F(EditorViewTest, LeavingADatePutsItInOrder)
