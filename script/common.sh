@@ -39,7 +39,7 @@ configure() {
 build() {
     local preset=$1 what="Building ($1)" command
     shift
-    [[ -e build/$preset/.ninja_log ]] || what+=", which takes some minutes the first time"
+    [[ -d build/$preset/bin ]] || what+=", which takes some minutes the first time"
     command=(cmake --build --preset "$preset" --parallel "$(nproc)")
     [[ $# -eq 0 ]] || command+=(--target "$@")
     quietly "$what" "${command[@]}" -- --quiet
