@@ -14,8 +14,8 @@ namespace quillon::property_list {
 inline constexpr qsizetype maxSize = qsizetype{16} * 1024 * 1024;
 inline constexpr qsizetype maxContainers = 1000;
 
-/// The dictionary in @p bytes; none when they are malformed, too large, hold too many of those or are no dictionary.
-/// Entries whose value is no text are left out.
+/// The dictionary in @p bytes; none when they are malformed, too large, hold too many of those or are no
+/// dictionary. Entries whose value is no text are left out.
 std::optional<StringDictionary> read(const QByteArray &bytes);
 
 /// The XML form of @p dictionary, entries in its order. No entries give emptyText().
