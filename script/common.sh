@@ -37,10 +37,9 @@ configure() {
 
 # build PRESET [TARGET...]: without a target, everything.
 build() {
-    local preset=$1 what="Building ($1)" command
+    local preset=$1 command
     shift
-    [[ -e build/$preset/.ninja_log ]] || what+=", which takes some minutes the first time"
     command=(cmake --build --preset "$preset" --parallel "$(nproc)")
     [[ $# -eq 0 ]] || command+=(--target "$@")
-    quietly "$what" "${command[@]}" -- --quiet
+    quietly "Building ($preset): minutes the first time, seconds later" "${command[@]}" -- --quiet
 }
