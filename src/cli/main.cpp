@@ -46,7 +46,7 @@ int main(int argc, char *argv[])
 
     CLI::App program("Keeps, checks and submits the PAD files of software titles.", "quillon-cli");
     program.set_version_flag("--version", application_info::version.toStdString());
-    program.require_subcommand(1);
+    program.require_subcommand(0, 1); // None is told below, with the help; so an unknown one is told by its name.
     std::string home = QDir::homePath().toStdString();
     program.add_option("--home", home, "Use this folder as the user's home folder")->type_name("DIR");
 
@@ -68,5 +68,7 @@ int main(int argc, char *argv[])
         if (subcommand->parsed())
             return run(*command);
     }
+    cli::complain(u"A command is needed."_s);
+    cli::complain(cli::text(program.help()));
     return cli::WrongUsage;
 }

@@ -6,6 +6,32 @@ using namespace Qt::StringLiterals;
 
 namespace quillon {
 
+void TextColours::set(qsizetype start, qsizetype length, Colour colour)
+{
+    const qsizetype from = std::clamp<qsizetype>(start, 0, m_length);
+    const qsizetype to =
+        from + std::clamp<qsizetype>(length + std::min<qsizetype>(start, 0), 0, m_length - from);
+    if (from == to)
+        return;
+    // What is red before and after the range stays; the pieces of one colour that meet become one.
+    QList<ColourRun> runs;
+    const auto append = [&runs](qsizetype first, qsizetype last) {
+        if (first >= last)
+            return;
+        if (!runs.isEmpty() && runs.last().start + runs.last().length >= first)
+            runs.last().length = last - runs.last().start;
+        else
+            runs.append({first, last - first});
+    };
+    for (const ColourRun &run : std::as_const(m_redRuns))
+        append(run.start, std::min(run.start + run.length, from));
+    if (colour == Colour::Red)
+        append(from, to);
+    for (const ColourRun &run : std::as_const(m_redRuns))
+        append(std::max(run.start, to), run.start + run.length);
+    m_redRuns = runs;
+}
+
 void Caption::setColour(Colour colour)
 {
     if (m_colour == colour)
@@ -40,28 +66,9 @@ void TextControl::setText(const QString &text)
 
 void TextControl::setTextColour(qsizetype start, qsizetype length, Colour colour)
 {
-    const qsizetype from = std::clamp<qsizetype>(start, 0, m_text.size());
-    const qsizetype to =
-        from + std::clamp<qsizetype>(length + std::min<qsizetype>(start, 0), 0, m_text.size() - from);
-    if (from == to)
-        return;
-    // What is red before and after the range stays; the pieces of one colour that meet become one.
-    QList<ColourRun> runs;
-    const auto append = [&runs](qsizetype first, qsizetype last) {
-        if (first >= last)
-            return;
-        if (!runs.isEmpty() && runs.last().start + runs.last().length >= first)
-            runs.last().length = last - runs.last().start;
-        else
-            runs.append({first, last - first});
-    };
-    for (const ColourRun &run : std::as_const(m_redRuns))
-        append(run.start, std::min(run.start + run.length, from));
-    if (colour == Colour::Red)
-        append(from, to);
-    for (const ColourRun &run : std::as_const(m_redRuns))
-        append(std::max(run.start, to), run.start + run.length);
-    assign(m_redRuns, runs);
+    TextColours coloured = colours();
+    coloured.set(start, length, colour);
+    setColours(coloured);
 }
 
 void TextControl::setWholeTextColour(Colour colour)

@@ -24,6 +24,27 @@ struct ColourRun
     bool operator==(const ColourRun &) const = default;
 };
 
+/// The colours of a text as a value, so that several steps of colouring show as one change.
+class TextColours
+{
+public:
+    /// The colours of a text of @p length units, @p redRuns in order and apart.
+    explicit TextColours(qsizetype length, QList<ColourRun> redRuns = {})
+        : m_length(length), m_redRuns(std::move(redRuns))
+    {
+    }
+
+    [[nodiscard]] const QList<ColourRun> &redRuns() const { return m_redRuns; }
+
+    /// Colours what lies inside the text; the part of the range outside is ignored.
+    void set(qsizetype start, qsizetype length, Colour colour);
+    void setAll(Colour colour) { set(0, m_length, colour); }
+
+private:
+    qsizetype m_length;
+    QList<ColourRun> m_redRuns;
+};
+
 /// The text beside a control that names it; several controls may share one.
 class Caption : public QObject
 {
@@ -84,21 +105,41 @@ class TextControl : public Control
 {
     Q_OBJECT
 public:
-    using Control::Control;
+    enum class Lines : quint8
+    {
+        One,
+        Several
+    };
+
+    explicit TextControl(const QString &name, QObject *parent = nullptr, Lines lines = Lines::One)
+        : Control(name, parent), m_lines(lines)
+    {
+    }
 
     [[nodiscard]] QString text() const { return m_text; }
     /// Another text is all black.
     void setText(const QString &text);
+
+    /// Whether the author is at work in the text, which is when checks colour it; several lines always count
+    /// as being worked on. What is coloured stays so when the work ends.
+    [[nodiscard]] bool isEditing() const { return m_editing || m_lines == Lines::Several; }
+    void setEditing(bool editing) { m_editing = editing; }
 
     /// The red stretches, in order and apart; all else is black.
     [[nodiscard]] const QList<ColourRun> &redRuns() const { return m_redRuns; }
     /// Colours what lies inside the text; the part of the range outside is ignored.
     void setTextColour(qsizetype start, qsizetype length, Colour colour);
     void setWholeTextColour(Colour colour);
+    /// The present colours, to be changed and given back.
+    [[nodiscard]] TextColours colours() const { return TextColours(m_text.size(), m_redRuns); }
+    /// @p colours are those of a text as long as this one.
+    void setColours(const TextColours &colours) { assign(m_redRuns, colours.redRuns()); }
 
 private:
     QString m_text;
     QList<ColourRun> m_redRuns;
+    Lines m_lines;
+    bool m_editing = false;
 };
 
 /// A list of which one item is chosen; the first is the empty one and means that nothing is set.

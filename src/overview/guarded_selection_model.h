@@ -11,8 +11,13 @@ class GuardedSelectionModel : public QItemSelectionModel
 {
     Q_OBJECT
 public:
-    /// Tells whether the row of the index may be selected, and tells the user when it may not.
-    using Guard = std::function<bool(const QModelIndex &)>;
+    /// Whether the row of the index may be selected; a refusal is told to the user where that is asked for.
+    enum class Telling
+    {
+        Silent,
+        Aloud
+    };
+    using Guard = std::function<bool(const QModelIndex &, Telling)>;
 
     GuardedSelectionModel(QAbstractItemModel *model, Guard guard, QObject *parent)
         : QItemSelectionModel(model, parent), m_guard(std::move(guard))

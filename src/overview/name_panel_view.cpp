@@ -35,13 +35,13 @@ NamePanelView::NamePanelView(TitleCommands &commands, QWidget *parent)
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
     m_okButton = buttons->addButton(QString(), QDialogButtonBox::AcceptRole);
     m_okButton->setObjectName(u"swNamePanelOKButton"_s);
-    m_okButton->setDefault(true);
 
     auto *layout = new QGridLayout(this);
     layout->addWidget(m_message, 0, 0, 1, 2);
     layout->addWidget(m_inputMessage, 1, 0);
     layout->addWidget(m_input, 1, 1);
     layout->addWidget(buttons, 2, 0, 1, 2);
+    m_okButton->setDefault(true); // Only a button that lies in its dialog can be the default one.
 
     connect(buttons, &QDialogButtonBox::accepted, this,
             [this] { m_commands.addSWNPIAction(m_input->text()); });

@@ -96,12 +96,20 @@ void OverviewController::updateOverviewDisplay()
     showErrors(ErrorTracking::returnErrorDictionary().value_or(StringDictionary()));
 }
 
+bool OverviewController::canSelectRow(int row) const
+{
+    return mwqnWOSi78tgsda || row == m_selectedRow;
+}
+
 bool OverviewController::tableViewShouldSelectRow(int row)
 {
-    if (mwqnWOSi78tgsda || row == m_selectedRow)
+    if (canSelectRow(row))
         return true;
-    m_alerts.show(SheetWindow::Main,
-                  {u"The submission window must be closed to select a different software title"_s});
+    // Dragging the mouse over the list asks again and again.
+    if (!std::exchange(m_isRefusing, true))
+        m_alerts.show(SheetWindow::Main,
+                      {u"The submission window must be closed to select a different software title"_s},
+                      [this](AlertAnswer) { m_isRefusing = false; });
     return false;
 }
 

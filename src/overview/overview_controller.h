@@ -32,7 +32,9 @@ public:
     /// pruned, and the editor loads and checks it. Nothing when none is selected.
     void updateOverviewDisplay();
 
-    /// Whether @p row may be selected: not while the submission window is open, which an alert then says.
+    /// Whether @p row may be selected: not another one while the submission window is open.
+    [[nodiscard]] bool canSelectRow(int row) const;
+    /// The same, and an alert says so when it may not.
     bool tableViewShouldSelectRow(int row);
 
     /// Makes the title in @p row the current one, -1 for none.
@@ -68,6 +70,7 @@ private:
     SubmittedToTable m_submittedToTable;
     FileMenu m_fileMenu;
     int m_selectedRow = -1;
+    bool m_isRefusing = false; ///< The alert about the open submission window is on show.
     StringDictionary m_validationErrors;
 };
 

@@ -112,12 +112,12 @@ QWidget *OverviewView::newTitlesPanel()
     m_softwareTableView->setModel(m_sorted);
     m_softwareTableView->setSortingEnabled(true);
     m_softwareTableView->setContextMenuPolicy(Qt::ActionsContextMenu);
-    auto *selection = new GuardedSelectionModel(
-        m_sorted,
-        [this](const QModelIndex &index) {
-            return m_overview.tableViewShouldSelectRow(m_sorted->mapToSource(index).row());
-        },
-        m_softwareTableView);
+    const auto mayBeSelected = [this](const QModelIndex &index, GuardedSelectionModel::Telling telling) {
+        const int row = m_sorted->mapToSource(index).row();
+        return telling == GuardedSelectionModel::Telling::Aloud ? m_overview.tableViewShouldSelectRow(row)
+                                                                : m_overview.canSelectRow(row);
+    };
+    auto *selection = new GuardedSelectionModel(m_sorted, mayBeSelected, m_softwareTableView);
     m_softwareTableView->setSelectionModel(selection);
     connect(selection, &QItemSelectionModel::selectionChanged, this, [this, selection] {
         const QModelIndex index = selection->selectedRows().value(0);
@@ -219,6 +219,7 @@ QWidget *OverviewView::newDetailsPanel()
 
     m_validationErrorsView = new QListWidget;
     m_validationErrorsView->setObjectName(u"validationErrorsView"_s);
+    m_validationErrorsView->setAccessibleName(u"Errors in the PAD file"_s);
     m_validationErrorsView->setWordWrap(true);
     connect(m_validationErrorsView, &QListWidget::itemActivated, this,
             [this](QListWidgetItem *item) { Q_EMIT fieldRequested(item->data(Qt::UserRole).toString()); });

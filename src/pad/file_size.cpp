@@ -6,22 +6,25 @@
 #include <boost/multiprecision/cpp_int.hpp>
 
 using namespace Qt::StringLiterals;
-using boost::multiprecision::cpp_int;
 
 namespace quillon::file_size {
 
 namespace {
 
+/// Without expression templates: every result is a number, none refers to a temporary.
+using Integer =
+    boost::multiprecision::number<boost::multiprecision::cpp_int_backend<>, boost::multiprecision::et_off>;
+
 /// An exact decimal number: digits / 10^scale.
 struct Decimal
 {
-    cpp_int digits;
+    Integer digits;
     qsizetype scale = 0;
 };
 
-cpp_int powerOfTen(qsizetype exponent)
+Integer powerOfTen(qsizetype exponent)
 {
-    return boost::multiprecision::pow(cpp_int(10), unsigned(exponent));
+    return boost::multiprecision::pow(Integer(10), unsigned(exponent));
 }
 
 Decimal decimalAtStart(QStringView text)
@@ -36,19 +39,19 @@ Decimal decimalAtStart(QStringView text)
     digits += match->captured(2);
     while (digits.startsWith(u'0')) // A zero in front would make the number octal.
         digits.remove(0, 1);
-    return {digits.isEmpty() ? cpp_int(0) : cpp_int(digits.toStdString()), match->captured(2).size()};
+    return {digits.isEmpty() ? Integer(0) : Integer(digits.toStdString()), match->captured(2).size()};
 }
 
 /// @p bytes divided by 1024 @p steps times, with @p decimals digits after the point.
 QString scaled(QStringView bytes, unsigned steps, int decimals)
 {
     const Decimal value = decimalAtStart(bytes);
-    const cpp_int numerator = value.digits * powerOfTen(decimals);
-    const cpp_int denominator = powerOfTen(value.scale) << (10 * steps);
-    cpp_int quotient;
-    cpp_int remainder;
+    const Integer numerator = value.digits * powerOfTen(decimals);
+    const Integer denominator = powerOfTen(value.scale) << (10 * steps);
+    Integer quotient;
+    Integer remainder;
     boost::multiprecision::divide_qr(numerator, denominator, quotient, remainder);
-    const cpp_int twice = remainder * 2;
+    const Integer twice = remainder * 2;
     if (twice > denominator || (twice == denominator && quotient % 2 != 0))
         ++quotient;
     QString text = QString::fromStdString(quotient.str());

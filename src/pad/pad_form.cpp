@@ -19,8 +19,9 @@ Control *newControl(const PadField &field, QObject *parent)
         return new CheckBoxControl(name, parent);
     case FieldKind::CheckList:
         return new CheckListControl(name, parent);
-    case FieldKind::Text:
     case FieldKind::MultiLine:
+        return new TextControl(name, parent, TextControl::Lines::Several);
+    case FieldKind::Text:
     case FieldKind::Computed:
         break;
     }

@@ -23,7 +23,7 @@ struct WriteError
 [[nodiscard]] std::optional<WriteError> write(const QString &path, const QByteArray &bytes);
 
 /// The whole of a regular file of at most @p maxSize bytes; none when it is anything else or cannot be read.
-std::optional<QByteArray> read(const QString &path, qint64 maxSize = 64 * 1024 * 1024);
+std::optional<QByteArray> read(const QString &path, qint64 maxSize = qint64{64} * 1024 * 1024);
 
 /// Makes the folder @p path inside a folder that exists, and syncs that one.
 [[nodiscard]] std::optional<WriteError> makeFolder(const QString &path);

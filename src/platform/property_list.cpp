@@ -11,20 +11,12 @@ namespace {
 using Node = std::unique_ptr<void, decltype(&plist_free)>;
 using Text = std::unique_ptr<char, decltype(&std::free)>;
 
-/// Whether the tags of @p xml nest no deeper than maxDepth; libplist itself descends without a bound.
+/// Whether @p xml cannot nest deeper than maxContainers. libplist descends without a bound, and counting what
+/// is open at a time would have to agree with it on every comment and declaration; counting all containers
+/// need not.
 bool isShallow(const QByteArray &xml)
 {
-    int depth = 0;
-    for (qsizetype at = xml.indexOf('<'); at >= 0; at = xml.indexOf('<', at + 1)) {
-        const char next = at + 1 < xml.size() ? xml[at + 1] : '\0';
-        if (next == '/')
-            --depth;
-        else if (next != '!' && next != '?' && ++depth > maxDepth * 2)
-            return false; // Each level may count twice, as <dict/> and <true/> open without closing.
-        else if (const qsizetype end = xml.indexOf('>', at); end > at && xml[end - 1] == '/')
-            --depth;
-    }
-    return true;
+    return xml.count("<dict") + xml.count("<array") <= maxContainers;
 }
 
 } // namespace

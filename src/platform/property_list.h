@@ -9,11 +9,12 @@
 /// XML property lists whose root is one dictionary of texts.
 namespace quillon::property_list {
 
-/// A property list is not read when it is larger (bytes) or nests deeper than this; ours nest two deep.
-inline constexpr qsizetype maxSize = 16 * 1024 * 1024;
-inline constexpr int maxDepth = 32;
+/// A property list is not read when it is larger (bytes) or holds more dictionaries and arrays than this;
+/// ours hold one.
+inline constexpr qsizetype maxSize = qsizetype{16} * 1024 * 1024;
+inline constexpr qsizetype maxContainers = 1000;
 
-/// The dictionary in @p bytes; none when they are malformed, too large, nested too deep or no dictionary.
+/// The dictionary in @p bytes; none when they are malformed, too large, hold too many of those or are no dictionary.
 /// Entries whose value is no text are left out.
 std::optional<StringDictionary> read(const QByteArray &bytes);
 

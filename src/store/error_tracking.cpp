@@ -2,26 +2,22 @@
 
 #include "platform/property_list.h"
 #include "store/add_delete_import_edit.h"
+#include "store/error_pass.h"
 
 namespace quillon {
 
 void ErrorTracking::setHasError(const QString &key, const QString &message)
 {
-    if (key.isNull() || message.isNull())
-        return;
-    if (std::optional<StringDictionary> errors = returnErrorDictionary()) {
-        (*errors)[key] = message;
-        AddDeleteImportEdit::writeErrors(*errors);
-    }
+    ErrorPass pass = ErrorPass::ofSelectedTitle();
+    pass.setHasError(key, message);
+    pass.store();
 }
 
 void ErrorTracking::setNoError(const QString &key)
 {
-    if (key.isNull())
-        return;
-    std::optional<StringDictionary> errors = returnErrorDictionary();
-    if (errors && errors->erase(key) > 0)
-        AddDeleteImportEdit::writeErrors(*errors);
+    ErrorPass pass = ErrorPass::ofSelectedTitle();
+    pass.setNoError(key);
+    pass.store();
 }
 
 std::optional<StringDictionary> ErrorTracking::returnErrorDictionary()

@@ -1,0 +1,156 @@
+#include "editor/editor.h"
+
+#include "pad/pad_reader.h"
+#include "pad/pad_writer.h"
+#include "platform/alert_sheets.h"
+#include "platform/notification_center.h"
+#include "platform/notifications.h"
+#include "store/add_delete_import_edit.h"
+#include "store/error_pass.h"
+#include "store/process_state.h"
+#include "store/summary_file.h"
+#include "validation/field_rules.h"
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+
+namespace {
+
+QByteArray storedFile(QStringView key)
+{
+    return AddDeleteImportEdit::returnDataObjectFor(key).value_or(QByteArray());
+}
+
+/// Year, month and day as entered; empty unless all three are.
+QString releaseDate(const PadForm &form)
+{
+    const QString day = form.value(FieldId::releaseDateDay);
+    const QString month = form.value(FieldId::releaseDateMonth);
+    const QString year = form.value(FieldId::releaseDateYear);
+    if (day.isEmpty() || month.isEmpty() || year.isEmpty())
+        return {};
+    return year + u'-' + month + u'-' + day;
+}
+
+} // namespace
+
+Editor::Editor(AlertSheets &sheets, QObject *parent) : QObject(parent), m_sheets(sheets) {}
+
+void Editor::awakeFromNib()
+{
+    NotificationCenter &center = NotificationCenter::defaultCenter();
+    center.addObserver(notification::mwqnLPDIed, this, [this] { loadPADData(); });
+    center.addObserver(notification::mwqnEdChFEr, this, [this] { checkEntriesForErrors(); });
+}
+
+void Editor::loadPADData()
+{
+    quillon::loadPADData(storedFile(u"data"), m_form);
+    field_rules::forgetTypedHints(m_form);
+}
+
+void Editor::typed(FieldId field, const QString &text)
+{
+    TextControl &control = m_form.text(field);
+    control.setEditing(true);
+    control.setText(text);
+    if (padField(field).kind == FieldKind::MultiLine)
+        textDidChange(field);
+    else
+        controlTextDidChange(field);
+}
+
+void Editor::controlTextDidChange(FieldId field)
+{
+    ErrorPass errors = ErrorPass::ofSelectedTitle();
+    field_rules::textChanged(field_rules::of(field).tag, m_form, errors);
+    check(errors);
+}
+
+void Editor::textDidChange(FieldId)
+{
+    checkEntriesForErrors();
+}
+
+void Editor::controlTextDidEndEditing(FieldId field)
+{
+    ErrorPass errors = ErrorPass::ofSelectedTitle();
+    const QStringView alert = field_rules::editingEnded(field_rules::of(field).tag, m_form, errors);
+    if (!alert.isEmpty())
+        m_sheets.show(SheetWindow::Main, {.message = alert.toString()});
+    m_form.text(field).setEditing(false);
+    check(errors);
+}
+
+void Editor::controlAction(FieldId)
+{
+    checkEntriesForErrors();
+}
+
+int Editor::numberOfRows(FieldId list) const
+{
+    return int(m_form.checkList(list).entries().size());
+}
+
+QString Editor::rowTitle(FieldId list, int row) const
+{
+    return m_form.checkList(list).entries().value(row);
+}
+
+bool Editor::isRowTicked(FieldId list, int row) const
+{
+    return m_form.checkList(list).isTicked(row);
+}
+
+void Editor::toggleRow(FieldId list, int row)
+{
+    m_form.checkList(list).toggle(row);
+    checkEntriesForErrors();
+}
+
+void Editor::checkEntriesForErrors()
+{
+    ErrorPass errors = ErrorPass::ofSelectedTitle();
+    check(errors);
+}
+
+void Editor::check(ErrorPass &errors)
+{
+    field_rules::checkEntries(m_form, errors);
+    errors.store();
+    m_errors = errors.errors();
+    createPADFileData();
+    storeSummary(m_errors.empty());
+    Q_EMIT checked();
+}
+
+void Editor::createPADFileData() const
+{
+    if (mwqnSelSW)
+        AddDeleteImportEdit::writeToFile(u"data", pad_writer::document(m_form));
+}
+
+void Editor::createGeneralFileData() const
+{
+    storeSummary(ErrorPass::ofSelectedTitle().errors().empty());
+}
+
+void Editor::storeSummary(bool isValid) const
+{
+    if (!mwqnSelSW)
+        return;
+    const Summary current = summary_file::parse(storedFile(u"general"));
+    const QString flag = isValid ? u"1"_s : u"0"_s;
+    Summary summary;
+    summary.version = m_form.value(FieldId::programVersion);
+    summary.releaseDate = releaseDate(m_form);
+    summary.operatingSystems = m_form.value(FieldId::osTable);
+    // A file that lacks the flag gets one inside the other, which readers take; the next check mends it.
+    summary.validated = current.validated ? flag : u"<OTS_VALIDATED>"_s + flag + u"</OTS_VALIDATED>"_s;
+    summary.sites = current.sites;
+    summary.versions = current.versions;
+    AddDeleteImportEdit::writeToFile(u"general", summary_file::text(summary).toUtf8());
+}
+
+} // namespace quillon

@@ -1,0 +1,88 @@
+#pragma once
+
+#include "editor/editor_pages.h"
+#include "pad/pad_form.h"
+#include "platform/string_dictionary.h"
+
+#include <QObject>
+
+namespace quillon {
+
+class AlertSheets;
+class ErrorPass;
+
+/**
+ * The editor of the selected title's PAD file.
+ *
+ * There is no command to save: whatever the author changes is checked and stored at once, errors included. A
+ * view binds each control of form() to a widget and calls what is named here when the author acts. With no
+ * title selected everything is checked and shown, but nothing is read or written.
+ */
+class Editor : public QObject
+{
+    Q_OBJECT
+public:
+    /// @p sheets must outlive the editor.
+    explicit Editor(AlertSheets &sheets, QObject *parent = nullptr);
+
+    [[nodiscard]] PadForm &form() { return m_form; }
+    [[nodiscard]] const PadForm &form() const { return m_form; }
+
+    /// Makes the editor listen to requests to load and to check. To be called once.
+    void awakeFromNib();
+
+    /// Fills the form from the stored PAD file, without checking it.
+    void loadPADData();
+
+    /// The author makes @p text the text of the single-line or multi-line field @p field: it is set,
+    /// filtered, checked and stored, and counts as being edited until controlTextDidEndEditing().
+    void typed(FieldId field, const QString &text);
+
+    /// The text of a single-line field has changed.
+    void controlTextDidChange(FieldId field);
+    /// The text of a multi-line field has changed.
+    void textDidChange(FieldId field);
+    /// The author leaves a single-line field; dates are put in order then, and an impossible year is told of.
+    void controlTextDidEndEditing(FieldId field);
+    /// The author has chosen from a pop-up or clicked the check box.
+    void controlAction(FieldId field);
+
+    /// The check lists, row by row. A row that does not exist is empty and cannot be ticked.
+    [[nodiscard]] int numberOfRows(FieldId list) const;
+    [[nodiscard]] QString rowTitle(FieldId list, int row) const;
+    [[nodiscard]] bool isRowTicked(FieldId list, int row) const;
+    /// The author clicks the box in @p row.
+    void toggleRow(FieldId list, int row);
+
+    /// The field that takes the keyboard, with the insertion point at the end of its text, when the author
+    /// picks the page @p label.
+    [[nodiscard]] FieldId didSelectTabViewItem(QStringView label) const { return firstFieldOf(label); }
+
+    /// The full check: judges every field and stores the error log, the PAD file and the summary file, each
+    /// only if it would change.
+    void checkEntriesForErrors();
+
+    /// Message by field key, as of the last full check.
+    [[nodiscard]] const StringDictionary &errors() const { return m_errors; }
+    /// How many fields on @p page had an error at the last full check.
+    [[nodiscard]] int errorCount(const EditorPage &page) const { return quillon::errorCount(m_errors, page); }
+
+    /// Stores the PAD file of what the form holds.
+    void createPADFileData() const;
+    /// Stores the summary of what the form holds, the submission marks kept as they are.
+    void createGeneralFileData() const;
+
+Q_SIGNALS:
+    /// A full check is done and everything is stored.
+    void checked();
+
+private:
+    void check(ErrorPass &errors);
+    void storeSummary(bool isValid) const;
+
+    PadForm m_form;
+    AlertSheets &m_sheets;
+    StringDictionary m_errors;
+};
+
+} // namespace quillon

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "platform/string_dictionary.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <optional>
+
+namespace quillon {
+
+/**
+ * An error log while many fields are judged: read once at the start, changed in memory, stored once at the
+ * end.
+ *
+ * A log that is missing or unreadable takes no errors and is never written, so that it is not made anew
+ * behind the back of whoever removed it.
+ */
+class ErrorPass
+{
+public:
+    /// Begins with the log of the selected title, unreadable when no title is selected.
+    static ErrorPass ofSelectedTitle();
+
+    /// Begins with no errors and belongs to no title: for a form that is judged but not stored.
+    ErrorPass() : m_errors(StringDictionary()), m_original(m_errors) {}
+
+    /// Records @p message for the field @p key, in place of an earlier one. A null key or message does
+    /// nothing.
+    void setHasError(const QString &key, const QString &message);
+
+    /// Removes the message of the field @p key, if it has one.
+    void setNoError(const QString &key);
+
+    /// Message by field key; empty when the log is unreadable.
+    [[nodiscard]] StringDictionary errors() const { return m_errors.value_or(StringDictionary()); }
+
+    /// Replaces the selected title's log, unless nothing in it has changed. Failures are kept in
+    /// mwqnFailedWrites, until a later pass finds the log as it should be.
+    void store() const;
+
+private:
+    explicit ErrorPass(const std::optional<QByteArray> &log);
+
+    QByteArray m_log; ///< As it was read.
+    std::optional<StringDictionary> m_errors;
+    std::optional<StringDictionary> m_original;
+};
+
+} // namespace quillon

@@ -1,0 +1,145 @@
+#include "store/data_folder_lock.h"
+#include "support/command_line.h"
+#include "support/temporary_home.h"
+
+#include <QDirIterator>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+namespace {
+
+class TitlesCli : public TemporaryHome
+{
+protected:
+    [[nodiscard]] CliResult cli(const QStringList &arguments) const { return runCli(home(), arguments); }
+    [[nodiscard]] QJsonArray titles() const { return cli({u"list"_s, u"--json"_s}).json().array(); }
+};
+
+TEST_F(TitlesCli, EachOutcomeHasItsStatusAndItsSentence)
+{
+    struct Case
+    {
+        QStringList arguments;
+        int status;
+        QByteArray message;
+    };
+    put(home() + u"/bad.xml"_s, "nothing");
+    const QByteArray notPad =
+        "The file you selected does not appear to be a valid PAD file and cannot be imported.";
+    const QList<Case> cases = {
+        {{}, 2, "A command is needed."},
+        {{u"nonsense"_s}, 2, "nonsense"},
+        {{u"new"_s}, 2, "NAME"},
+        {{u"--help"_s}, 0, {}},
+        {{u"new"_s, u"A"_s}, 0, {}},
+        {{u"new"_s, u"A"_s}, 3, "This Software Name Already Exists, Please Choose a Unique Name."},
+        {{u"new"_s, {}}, 3, "You Must Enter a Name for the Software Title"},
+        {{u"new"_s, u"a/b"_s}, 3, "This name cannot be used"},
+        {{u"new"_s, QString(300, u'x')}, 3, "This name cannot be used"},
+        {{u"rename"_s, u"A"_s, u"A"_s}, 3, "Already Exists"},
+        {{u"rename"_s, u"missing"_s, u"B"_s}, 3, "There is no title named missing."},
+        {{u"rename"_s, u"A"_s, u"Ä Ö"_s}, 0, {}},
+        {{u"import"_s, home() + u"/bad.xml"_s}, 3, notPad},
+        {{u"import"_s, home() + u"/none.xml"_s}, 4, notPad},
+        {{u"export"_s, u"missing"_s, u"-"_s}, 3, "There is no title named missing."},
+        {{u"export"_s, u"Ä Ö"_s, home() + u"/no/such/folder.xml"_s}, 4, "The PAD file export failed"},
+        {{u"show"_s, u"Ä Ö"_s, u"noSuchField"_s}, 2, "There is no field named noSuchField."},
+        {{u"show"_s, u"missing"_s}, 3, "There is no title named missing."},
+        {{u"delete"_s, u"../Quillon"_s}, 3, "There is no title named"},
+        {{u"delete"_s, u"Ä Ö"_s}, 0, {}},
+    };
+    for (const Case &each : cases) {
+        const CliResult result = cli(each.arguments);
+        const std::string call = each.arguments.join(u' ').toStdString();
+        EXPECT_EQ(result.status, each.status) << call << ": " << result.messages.constData();
+        EXPECT_TRUE(result.messages.contains(each.message)) << call << ": " << result.messages.constData();
+        EXPECT_EQ(result.messages.isEmpty(), each.message.isEmpty()) << call;
+    }
+    EXPECT_TRUE(titles().isEmpty());
+}
+
+TEST_F(TitlesCli, ListsWhatAnImportFound)
+{
+    put(home() + u"/a.xml"_s,
+        "<XML_DIZ_INFO><master_pad_version_info/><Program_Name>Tom &amp; Jerry</Program_Name>"
+        "<Program_Version>1.2</Program_Version><Program_Release_Day>5</Program_Release_Day>"
+        "<Program_Release_Month>3</Program_Release_Month><Program_Release_Year>2009</Program_Release_Year>"
+        "<Program_OS_Support>Linux,Win 11</Program_OS_Support><Keywords>a\nb</Keywords></XML_DIZ_INFO>");
+    EXPECT_EQ(cli({u"import"_s, home() + u"/a.xml"_s}).status, 3)
+        << "the marker has no closing bracket there";
+    put(home() + u"/a.xml"_s,
+        contents(home() + u"/a.xml"_s)
+            .replace("<master_pad_version_info/>", "<master_pad_version_info></master_pad_version_info>"));
+    const CliResult import = cli({u"import"_s, home() + u"/a.xml"_s, u"--as"_s, u"Other"_s});
+    EXPECT_EQ(import.status, 0);
+    EXPECT_TRUE(import.messages.contains("Program_OS_Support: “Win 11” is not in the list"))
+        << import.messages.constData();
+    EXPECT_EQ(import.messages.count('\n'), 1);
+
+    const QJsonObject title = titles().at(0).toObject();
+    const QJsonObject expected{
+        {u"name"_s, u"Other"_s},           {u"version"_s, u"1.2"_s},
+        {u"releaseDate"_s, u"5/3/2009"_s}, {u"operatingSystems"_s, QJsonArray{u"Linux"_s, u"Win 11"_s}},
+        {u"validated"_s, false},           {u"submissions"_s, QJsonArray()}};
+    EXPECT_EQ(QJsonDocument(title).toJson().toStdString(), QJsonDocument(expected).toJson().toStdString());
+    EXPECT_EQ(cli({u"show"_s, u"Other"_s, u"Program_Name"_s, u"keywordsView"_s}).output,
+              "Program_Name: Tom & Jerry\nKeywords: a\nb\n");
+
+    put(inData(u"Other.qndata/general.qnxmld"_s),
+        "<QN_SITES>A,B,</QN_SITES><QN_VERSION>1.0,1.2,</QN_VERSION><OTS_VERSION>1.2</OTS_VERSION>");
+    const QJsonArray marks = titles().at(0)[u"submissions"_s].toArray();
+    ASSERT_EQ(marks.size(), 2);
+    EXPECT_EQ(marks[0][u"current"_s], false);
+    EXPECT_EQ(marks[1][u"current"_s], true);
+    EXPECT_TRUE(titles().at(0)[u"validated"_s].isNull());
+}
+
+TEST_F(TitlesCli, WritersWaitForTheOneThatHoldsTheFolder)
+{
+    ASSERT_EQ(cli({u"new"_s, u"A"_s}).status, 0);
+    const DataFolderLock lock;
+    const CliResult refused = cli({u"delete"_s, u"A"_s});
+    EXPECT_EQ(refused.status, 3);
+    EXPECT_TRUE(refused.messages.contains("Quillon is running"));
+    EXPECT_EQ(titles().size(), 1) << "reading needs no lock";
+}
+
+TEST_F(TitlesCli, ADataFolderThatIsAFileIsToldAndLeftAlone)
+{
+    QDir().mkpath(home() + u"/Library/Application Support/Marrowick"_s);
+    put(home() + u"/Library/Application Support/Marrowick/Quillon"_s, "precious");
+    EXPECT_EQ(cli({u"new"_s, u"A"_s}).status, 4);
+    EXPECT_TRUE(titles().isEmpty());
+    EXPECT_EQ(contents(home() + u"/Library/Application Support/Marrowick/Quillon"_s), "precious");
+}
+
+/// Every real PAD file comes in under a name of its own, shows what its summary elements say, and comes out
+/// so that a second home shows the same.
+TEST_F(TitlesCli, RealFilesComeInAndGoOutAgain)
+{
+    const QDir folder(QStringLiteral(QUILLON_REAL_PADS));
+    if (!folder.exists())
+        GTEST_SKIP() << "the real PAD files are not beside the checkout: " << folder.path().toStdString();
+    const QString second = home() + u"/second"_s;
+    int imported = 0;
+    for (const QFileInfo &file : folder.entryInfoList({u"*.xml"_s}, QDir::Files)) {
+        const CliResult first = cli({u"import"_s, file.filePath(), u"--as"_s, file.fileName()});
+        const bool isPad = contents(file.filePath()).toLower().contains("<master_pad_version_info>");
+        ASSERT_EQ(first.status, isPad ? 0 : 3) << file.fileName().toStdString() << first.messages.constData();
+        if (!isPad)
+            continue;
+        ++imported;
+        const QString copy = home() + u"/copy.xml"_s;
+        ASSERT_EQ(cli({u"export"_s, file.fileName(), copy}).status, 0);
+        ASSERT_EQ(runCli(second, {u"import"_s, copy, u"--as"_s, file.fileName()}).status, 0);
+        EXPECT_EQ(cli({u"show"_s, file.fileName(), u"--json"_s}).output,
+                  runCli(second, {u"show"_s, file.fileName(), u"--json"_s}).output);
+    }
+    EXPECT_GT(imported, 0);
+    EXPECT_EQ(titles().size(), imported);
+    EXPECT_EQ(titles(), runCli(second, {u"list"_s, u"--json"_s}).json().array());
+}
+
+} // namespace
+} // namespace quillon

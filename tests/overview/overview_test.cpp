@@ -1,0 +1,319 @@
+#include "overview/overview_controller.h"
+#include "overview/title_commands.h"
+#include "platform/notification_center.h"
+#include "platform/notifications.h"
+#include "store/add_delete_import_edit.h"
+#include "store/title_folder.h"
+#include "support/recorders.h"
+#include "support/temporary_home.h"
+
+#include <QAbstractItemModelTester>
+#include <QDir>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+namespace {
+
+QByteArray summaryText(const QString &version, const QString &sites, const QString &versions,
+                       const QString &date = {})
+{
+    Summary summary;
+    summary.version = version;
+    summary.releaseDate = date;
+    summary.operatingSystems = u"Linux,Win98"_s;
+    summary.validated = u"1"_s;
+    summary.sites = sites;
+    summary.versions = versions;
+    return summary_file::text(summary).toUtf8();
+}
+
+QByteArray pad(const QString &name, const QString &more = {})
+{
+    return u"<XML_DIZ_INFO><MASTER_PAD_VERSION_INFO></MASTER_PAD_VERSION_INFO><Program_Name>%1</Program_Name>"
+           "<Program_Version>1.0</Program_Version>%2</XML_DIZ_INFO>"_s.arg(name, more)
+               .toUtf8();
+}
+
+class OverviewTest : public TemporaryHome
+{
+protected:
+    void SetUp() override
+    {
+        TemporaryHome::SetUp();
+        AddDeleteImportEdit::checkAppSuppExists();
+        overview.awakeFromNib();
+    }
+
+    /// A title whose summary file is @p summary.
+    void addTitle(const QString &name, const QByteArray &summary)
+    {
+        ASSERT_TRUE(AddDeleteImportEdit::createNewListing(name));
+        put(inData(name + u".qndata/general.qnxmld"_s), summary);
+        overview.loadSoftwareList();
+    }
+    QString fileAt(const QString &name, const QByteArray &bytes)
+    {
+        const QString path = home() + u'/' + name;
+        put(path, bytes);
+        return path;
+    }
+    int rowOf(const QString &name) { return int(overview.softwareTable().swNameArray().indexOf(name)); }
+    QString cell(int row, int column, int role = Qt::DisplayRole)
+    {
+        const QVariant value = overview.softwareTable().index(row, column).data(role);
+        return value.typeId() == QMetaType::QStringList ? value.toStringList().join(u'|') : value.toString();
+    }
+    QString mark(int row, int column, int role = Qt::DisplayRole)
+    {
+        return overview.submittedToTable().index(row, column).data(role).toString();
+    }
+    void select(const QString &name) { overview.tableViewSelectionDidChange(rowOf(name)); }
+    [[nodiscard]] QString menu()
+    {
+        QString enabled;
+        for (const FileMenu::Item item : FileMenu::items)
+            enabled += overview.fileMenu().isEnabled(item) ? u'1' : u'0';
+        return enabled;
+    }
+
+    RecordingSheets sheets;
+    ManualCalls calls;
+    OverviewController overview{sheets};
+    TitleCommands commands{overview, sheets, calls};
+    QAbstractItemModelTester softwareTester{&overview.softwareTable(),
+                                            QAbstractItemModelTester::FailureReportingMode::Fatal};
+    QAbstractItemModelTester submittedTester{&overview.submittedToTable(),
+                                             QAbstractItemModelTester::FailureReportingMode::Fatal};
+};
+
+TEST_F(OverviewTest, ListShowsWhatSummaryFilesSay)
+{
+    EXPECT_EQ(overview.softwareTable().rowCount(), 0);
+    QDir().mkpath(inData(u".qndata"_s)); // No name, no title.
+    QDir().mkpath(inData(u"Bare.qndata"_s));
+    addTitle(u"beta"_s, summaryText(u"1.1"_s, u"A,B"_s, u"1.0,1.1"_s, u"2009-03-15"_s));
+    addTitle(u"Alpha"_s, summaryText(u"2"_s, {}, {}, u"15/3/2009"_s));
+    addTitle(u"gamma"_s, summaryText(u"2"_s, {}, {}, u"soon"_s));
+
+    EXPECT_EQ(overview.softwareTable().swNameArray(),
+              QStringList({u"Alpha"_s, u"Bare"_s, u"beta"_s, u"gamma"_s}));
+    EXPECT_EQ(cell(2, SoftwareTable::Version), u"1.1"_s);
+    EXPECT_EQ(cell(2, SoftwareTable::ReleaseDate),
+              QLocale().toString(QDate(2009, 3, 15), QLocale::ShortFormat));
+    EXPECT_EQ(cell(0, SoftwareTable::ReleaseDate), cell(2, SoftwareTable::ReleaseDate));
+    EXPECT_EQ(cell(3, SoftwareTable::ReleaseDate), QString());
+    EXPECT_EQ(cell(2, SoftwareTable::SupportedOS, IconsRole), u"Linux|Win98"_s);
+    EXPECT_EQ(cell(2, SoftwareTable::Validated, IconsRole), u"Validated"_s);
+    EXPECT_EQ(cell(2, SoftwareTable::Submissions, IconsRole), u"A|B"_s);
+    EXPECT_EQ(cell(2, SoftwareTable::Submissions, Qt::AccessibleTextRole), u"A, B"_s);
+    for (int column = SoftwareTable::Version; column < SoftwareTable::ColumnCount; ++column)
+        EXPECT_EQ(cell(1, column) + cell(1, column, IconsRole), QString()) << column;
+}
+
+TEST_F(OverviewTest, OlderLayoutIsConvertedOnceAndNothingElseOfItIsLost)
+{
+    QDir().mkpath(inData(u"Old"_s));
+    put(inData(u"Old/Old.qnxmld"_s), summaryText(u"3.0"_s, {}, {}));
+    put(inData(u"Old/Old.qnxml"_s), "<pad/>");
+    put(inData(u"Old/notes.txt"_s), "keep me");
+    QDir().mkpath(inData(u"Stray"_s));
+    put(inData(u"Stray/other.qnxmld"_s), "not a title of this folder's name");
+    overview.loadSoftwareList();
+
+    EXPECT_EQ(overview.softwareTable().swNameArray(), QStringList{u"Old"_s});
+    EXPECT_EQ(cell(0, SoftwareTable::Version), u"3.0"_s);
+    EXPECT_EQ(contents(inData(u"Old.qndata/data.qnxml"_s)), "<pad/>");
+    EXPECT_FALSE(QFile::exists(inData(u"Old/Old.qnxmld"_s)));
+    EXPECT_TRUE(QFile::exists(inData(u"Old/notes.txt"_s)));
+    EXPECT_TRUE(QFile::exists(inData(u"Stray/other.qnxmld"_s)));
+}
+
+TEST_F(OverviewTest, SelectionDrivesMenuMarksAndNotifications)
+{
+    QStringList posted;
+    QObject observer;
+    for (const QStringView name :
+         {notification::mwqnLPDIed, notification::mwqnEdChFEr, notification::mwqnLSLsc})
+        NotificationCenter::defaultCenter().addObserver(name, &observer,
+                                                        [&posted, name] { posted += name.toString(); });
+    addTitle(u"T"_s, summaryText(u"1.1"_s, u"beta,Alpha"_s, u"1.0,1.1"_s));
+    addTitle(u"U"_s, summaryText(u"1.1"_s, {}, {}));
+    EXPECT_EQ(menu(), u"100011"_s);
+
+    select(u"T"_s);
+    EXPECT_EQ(menu(), u"111111"_s);
+    EXPECT_EQ(mwqnSelSW, u"T"_s);
+    EXPECT_EQ(posted, QStringList({u"mwqnLPDIed"_s, u"mwqnEdChFEr"_s, u"mwqnLSLsc"_s}));
+    ASSERT_EQ(overview.submittedToTable().rowCount(), 2);
+    EXPECT_EQ(mark(0, SubmittedToTable::Site) + mark(0, SubmittedToTable::Version), u"Alpha1.1"_s);
+    EXPECT_EQ(mark(0, SubmittedToTable::Status, Qt::AccessibleTextRole), u"Current version"_s);
+    EXPECT_EQ(mark(1, SubmittedToTable::Status, Qt::AccessibleTextRole), u"Older version"_s);
+
+    select(u"U"_s);
+    EXPECT_EQ(mark(0, SubmittedToTable::Site), u"No Submissions"_s);
+    EXPECT_EQ(mark(0, SubmittedToTable::Version), QString());
+
+    overview.loadSoftwareList(); // The selection is kept by name...
+    EXPECT_EQ(mwqnSelSW, u"U"_s);
+    AddDeleteImportEdit::deleteQnDataFile(u"U"_s);
+    overview.loadSoftwareList(); // ...and given up with its title.
+    EXPECT_EQ(mwqnSelSW, std::nullopt);
+    EXPECT_EQ(menu(), u"100011"_s);
+    EXPECT_EQ(overview.submittedToTable().rowCount(), 0);
+
+    mwqnWOSi78tgsda = false;
+    EXPECT_FALSE(overview.tableViewShouldSelectRow(0));
+    EXPECT_EQ(sheets.lastMessage(),
+              u"The submission window must be closed to select a different software title"_s);
+}
+
+TEST_F(OverviewTest, MarksOfSitesThatAreGoneArePruned)
+{
+    addTitle(u"T"_s, summaryText(u"1.1"_s, u"Gone,Here,Lost"_s, u"1,2,3"_s));
+    const QString file = inData(u"T.qndata/general.qnxmld"_s);
+    const QByteArray before = contents(file);
+    select(u"T"_s);
+    EXPECT_EQ(contents(file), before) << "without a catalogue nothing can be told to be gone";
+
+    mwqnSCPreallSitesDict[u"Here"_s] = u"http://here"_s;
+    overview.updateOverviewDisplay();
+    EXPECT_TRUE(contents(file).contains("<QN_SITES>Here</QN_SITES>"));
+    EXPECT_TRUE(contents(file).contains("<QN_VERSION>2<QN_VERSION>"));
+    ASSERT_EQ(overview.submittedToTable().rowCount(), 1);
+    EXPECT_EQ(mark(0, SubmittedToTable::Version), u"2"_s);
+    EXPECT_EQ(cell(0, SoftwareTable::Submissions, IconsRole), u"Here"_s);
+    EXPECT_EQ(loadSummary(u"T"_s).versions, u"2"_s) << "the unclosed list reads as it was meant";
+}
+
+TEST_F(OverviewTest, NamePanelRefusesAndReopens)
+{
+    struct Case
+    {
+        QString name;
+        QString message;
+    };
+    addTitle(u"Taken"_s, summaryText({}, {}, {}));
+    const QString unusable = u"This name cannot be used: it holds a \"/\" or is too long."_s;
+    const QList<Case> cases = {
+        {{}, u"You Must Enter a Name for the Software Title"_s},
+        {u"Taken"_s, u"This Software Name Already Exists, Please Choose a Unique Name."_s},
+        {u"../out"_s, unusable},
+        {QString(300, u'x'), unusable},
+        {u"nul"_s + QChar(0), unusable},
+    };
+    commands.newSoftwareButtonAction();
+    EXPECT_EQ(commands.namePanel()->swNamePanelMessage, u"Add A New Software Title"_s);
+    for (const Case &each : cases) {
+        commands.addSWNPIAction(each.name);
+        ASSERT_TRUE(commands.namePanel());
+        EXPECT_EQ(commands.namePanel()->swNamePanelMessage, each.message);
+        EXPECT_TRUE(commands.namePanel()->messageIsError);
+    }
+    EXPECT_EQ(overview.softwareTable().rowCount(), 1);
+    commands.addSWNPIAction(u" Taken"_s); // A blank in front makes another name.
+    EXPECT_FALSE(commands.namePanel());
+    EXPECT_EQ(overview.softwareTable().swNameArray(), QStringList({u" Taken"_s, u"Taken"_s}));
+
+    select(u"Taken"_s);
+    commands.renameSWListItem();
+    EXPECT_EQ(commands.namePanel()->swNamePanelMessage, u"Please Enter The New Name For Taken"_s);
+    commands.addSWNPIAction(u"Taken"_s);
+    EXPECT_TRUE(commands.namePanel()->messageIsError);
+    commands.addSWNPIAction(u"Renamed"_s);
+    EXPECT_GE(rowOf(u"Renamed"_s), 0);
+    EXPECT_EQ(overview.selectedRow(), -1);
+}
+
+TEST_F(OverviewTest, DeletingAsksFirst)
+{
+    addTitle(u"T"_s, summaryText({}, {}, {}));
+    select(u"T"_s);
+    for (const AlertAnswer answer : {AlertAnswer::Alternate, AlertAnswer::Default}) {
+        commands.deleteButtonAction();
+        EXPECT_EQ(sheets.lastMessage(), u"Do you really want to delete T"_s);
+        EXPECT_TRUE(title_folder::exists(u"T"_s));
+        sheets.answer(answer);
+    }
+    EXPECT_FALSE(title_folder::exists(u"T"_s));
+    EXPECT_EQ(overview.softwareTable().rowCount(), 0);
+}
+
+TEST_F(OverviewTest, OneImportTellsItsFindingsAfterADelay)
+{
+    sheets.filesToChoose = {
+        fileAt(u"a.xml"_s, pad(u"One"_s, u"<Program_Type>Freemium</Program_Type><Keywords>a"
+                                         "</Keywords><RoboSoft><X>y</X></RoboSoft>"_s))};
+    commands.importPADFile();
+    EXPECT_EQ(overview.softwareTable().swNameArray(), QStringList{u"One"_s});
+    EXPECT_TRUE(sheets.alerts.isEmpty());
+    calls.pass(resultDelay);
+    EXPECT_EQ(sheets.lastMessage(), u"Import Successful"_s);
+    ASSERT_EQ(sheets.alerts.last().details.size(), 2);
+    EXPECT_TRUE(sheets.alerts.last().details[0].contains(u"Program_Type: “Freemium”"_s));
+    EXPECT_TRUE(sheets.alerts.last().details[1].contains(u"RoboSoft"_s));
+
+    commands.processImportedFiles({fileAt(u"b.xml"_s, "no marker")});
+    calls.pass(resultDelay);
+    EXPECT_EQ(sheets.lastMessage(),
+              u"The file you selected does not appear to be a valid PAD file and cannot be imported."_s);
+}
+
+TEST_F(OverviewTest, SeveralImportsAskForNamesAfterwards)
+{
+    const QStringList files = {fileAt(u"1.xml"_s, pad(u"One"_s)), fileAt(u"2.xml"_s, pad(u"One"_s)),
+                               fileAt(u"3.xml"_s, pad(u"  "_s)),  fileAt(u"4.xml"_s, pad(u"a/b"_s)),
+                               fileAt(u"5.xml"_s, "garbage"),     home() + u"/missing.xml"_s};
+    commands.processImportedFiles(files);
+    calls.pass(std::chrono::milliseconds(0));
+    EXPECT_EQ(overview.softwareTable().swNameArray(), QStringList{u"One"_s});
+    calls.pass(resultDelay);
+    EXPECT_EQ(sheets.lastMessage(), u"1 of 6 files were imported"_s);
+    EXPECT_EQ(sheets.alerts.last().details.size(), 2);
+
+    const QStringList questions = {
+        u"A listing with the name One already exists\nPlease choose another name."_s,
+        u"No name could be found for the software in this PAD file\nPlease choose a name for this import"_s,
+        u"The name a/b cannot be used for a listing\nPlease choose another name."_s};
+    sheets.answer(AlertAnswer::Default);
+    for (qsizetype at = 0; at < questions.size(); ++at) {
+        calls.pass(resultDelay);
+        ASSERT_TRUE(commands.namePanel()) << at;
+        EXPECT_EQ(commands.namePanel()->swNamePanelMessage, questions[at]);
+        if (at == 1) {
+            commands.cancelSWNPIAction(); // Gives up this file only.
+        } else {
+            commands.addSWNPIAction(u"Name %1"_s.arg(at));
+            calls.pass(resultDelay);
+            EXPECT_EQ(sheets.lastMessage(), u"Import Successful"_s);
+            sheets.answer(AlertAnswer::Default);
+        }
+    }
+    calls.pass(resultDelay);
+    EXPECT_FALSE(commands.namePanel());
+    EXPECT_EQ(overview.softwareTable().swNameArray(), QStringList({u"Name 0"_s, u"Name 2"_s, u"One"_s}));
+}
+
+TEST_F(OverviewTest, ExportEscapesOnlyTheFreeStandingAmpersand)
+{
+    addTitle(u" T "_s, summaryText({}, {}, {}));
+    select(u" T "_s);
+    put(inData(u" T .qndata/data.qnxml"_s), "Tom & Jerry, Tom&Jerry, a &amp; b");
+    const QString target = home() + u"/out.xml"_s;
+    sheets.filesToChoose = {target};
+    commands.exportButtonAction();
+    EXPECT_EQ(sheets.requests.last().proposedName, u"T"_s);
+    EXPECT_EQ(contents(target), "Tom &amp; Jerry, Tom&Jerry, a &amp; b");
+    calls.pass(resultDelay);
+    EXPECT_EQ(sheets.lastMessage(), u"PAD file export successful"_s);
+
+    QFile::remove(inData(u" T .qndata/data.qnxml"_s));
+    commands.exportButtonAction();
+    calls.pass(resultDelay);
+    EXPECT_EQ(sheets.lastMessage(), u"The PAD file export failed with an unknown error"_s);
+    EXPECT_EQ(contents(target), "Tom &amp; Jerry, Tom&Jerry, a &amp; b")
+        << "a failed export leaves the old file";
+}
+
+} // namespace
+} // namespace quillon

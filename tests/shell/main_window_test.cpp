@@ -1,0 +1,280 @@
+#include "overview/title_commands.h"
+#include "platform/settings.h"
+#include "shell/customise_toolbar_dialog.h"
+#include "shell/main_window.h"
+#include "shell/message_box_sheets.h"
+#include "shell/single_instance.h"
+#include "shell/toolbar_layout.h"
+#include "store/storage_status.h"
+#include "support/gui.h"
+#include "support/temporary_home.h"
+
+#include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTableView>
+#include <QToolBar>
+#include <QToolButton>
+#include <QtGui/QDropEvent>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+namespace {
+
+/// The whole program but for its main(): the real window, sheets and delays.
+class MainWindowTest : public TemporaryHome
+{
+protected:
+    void SetUp() override
+    {
+        TemporaryHome::SetUp();
+        setSettingsHome(home());
+        start();
+    }
+    void TearDown() override
+    {
+        m_program.reset();
+        TemporaryHome::TearDown();
+    }
+
+    struct Program
+    {
+        Program()
+        {
+            sheets.setWidget(SheetWindow::Main, &window);
+            toolbar.awakeFromNib();
+            overview.awakeFromNib();
+            window.show();
+        }
+        MessageBoxSheets sheets;
+        TimedCalls calls;
+        OverviewController overview{sheets};
+        TitleCommands commands{overview, sheets, calls};
+        ToolbarControl toolbar{overview, sheets};
+        MainWindow window{toolbar, overview, commands};
+    };
+    void start()
+    {
+        m_program.reset();
+        m_program = std::make_unique<Program>();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&m_program->window));
+    }
+    Program &program() { return *m_program; }
+    MainWindow &window() { return m_program->window; }
+    QStringList titles() { return program().overview.softwareTable().swNameArray(); }
+
+    static void press(const QString &button)
+    {
+        QTest::mouseClick(visible<QPushButton>(button), Qt::LeftButton);
+    }
+    static void typeName(const QString &name)
+    {
+        auto *input = visible<QLineEdit>(u"swNamePanelInput"_s);
+        input->selectAll();
+        QTest::keyClicks(input, name);
+        QTest::keyClick(input, Qt::Key_Return);
+    }
+    /// Waits for an alert, answers it with the button of that text and gives its message.
+    static QString answerAlert(const QString &buttonText)
+    {
+        EXPECT_TRUE(eventually([] { return openWindow<QMessageBox>() != nullptr; }));
+        auto *box = openWindow<QMessageBox>();
+        const QString message = box->text();
+        for (QAbstractButton *button : box->buttons()) {
+            if (button->text() == buttonText)
+                QTest::mouseClick(button, Qt::LeftButton);
+        }
+        EXPECT_TRUE(eventually([] { return openWindow<QMessageBox>() == nullptr; }))
+            << buttonText.toStdString();
+        return message;
+    }
+    static void chooseFile(const QString &path)
+    {
+        ASSERT_TRUE(eventually([] { return openWindow<QFileDialog>() != nullptr; }));
+        auto *dialog = openWindow<QFileDialog>();
+        auto *name = dialog->findChild<QLineEdit *>(u"fileNameEdit"_s);
+        name->setText(path);
+        QTest::keyClick(name, Qt::Key_Return);
+        ASSERT_TRUE(eventually([] { return openWindow<QFileDialog>() == nullptr; }));
+    }
+    static void clickTitle(int row)
+    {
+        auto *table = visible<QTableView>(u"softwareTableView"_s);
+        QTest::mouseClick(table->viewport(), Qt::LeftButton, {},
+                          table->visualRect(table->model()->index(row, 0)).center());
+    }
+    void drop(const QStringList &paths)
+    {
+        QMimeData data;
+        QList<QUrl> urls;
+        for (const QString &path : paths)
+            urls.append(QUrl::fromLocalFile(path));
+        data.setUrls(urls);
+        auto *view = visible<QWidget>(u"overviewView"_s);
+        const QPoint middle = view->rect().center();
+        QDragEnterEvent enter(middle, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(view, &enter);
+        EXPECT_TRUE(enter.isAccepted());
+        QDropEvent event(middle, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(view, &event);
+    }
+    QString padFile(const QString &name)
+    {
+        const QString path = home() + u'/' + name + u".xml";
+        put(path, u"<XML_DIZ_INFO><MASTER_PAD_VERSION_INFO></MASTER_PAD_VERSION_INFO><Program_Name>%1</"
+                  u"Program_Name>"
+                  "<Program_Type>Freemium</Program_Type></XML_DIZ_INFO>"_s.arg(name)
+                      .toUtf8());
+        return path;
+    }
+
+private:
+    std::unique_ptr<Program> m_program;
+};
+
+TEST_F(MainWindowTest, ATitleFromItsCreationToItsEnd)
+{
+    EXPECT_TRUE(visible<QWidget>(u"emptyListPage"_s)) << "an empty list says what to do first";
+    press(u"newSoftwareButton"_s);
+    typeName({});
+    EXPECT_EQ(visible<QLabel>(u"swNamePanelMessage"_s)->text(),
+              u"You Must Enter a Name for the Software Title"_s);
+    typeName(u"First <b>title"_s);
+    EXPECT_EQ(titles(), QStringList{u"First <b>title"_s});
+    EXPECT_FALSE(visible<QPushButton>(u"deleteButton"_s)->isEnabled());
+
+    clickTitle(0);
+    EXPECT_EQ(mwqnSelSW, u"First <b>title"_s);
+    press(u"renameButton"_s);
+    typeName(u"Second"_s);
+    EXPECT_EQ(titles(), QStringList{u"Second"_s});
+
+    clickTitle(0);
+    const QString exported = home() + u"/out.xml"_s;
+    press(u"exportButton"_s);
+    chooseFile(exported);
+    EXPECT_EQ(answerAlert(u"OK"_s), u"PAD file export successful"_s);
+    EXPECT_EQ(contents(exported), contents(inData(u"Second.qndata/data.qnxml"_s)));
+
+    press(u"deleteButton"_s);
+    EXPECT_EQ(answerAlert(u"Cancel"_s), u"Do you really want to delete Second"_s);
+    EXPECT_EQ(titles().size(), 1);
+    press(u"deleteButton"_s);
+    answerAlert(u"Delete"_s);
+    EXPECT_TRUE(titles().isEmpty());
+}
+
+TEST_F(MainWindowTest, FilesComeInByTheChooserAndByDropping)
+{
+    press(u"importButton"_s);
+    chooseFile(padFile(u"A"_s));
+    EXPECT_EQ(titles(), QStringList{u"A"_s});
+    EXPECT_TRUE(eventually([] { return openWindow<QMessageBox>() != nullptr; }));
+    EXPECT_TRUE(visible<QPlainTextEdit>(u"alertDetails"_s)->toPlainText().contains(u"Freemium"_s));
+    EXPECT_EQ(answerAlert(u"OK"_s), u"Import Successful"_s);
+
+    drop({padFile(u"B"_s), padFile(u"C"_s)});
+    EXPECT_EQ(answerAlert(u"OK"_s), u"Import Successful"_s);
+    EXPECT_EQ(titles(), QStringList({u"A"_s, u"B"_s, u"C"_s}));
+
+    drop({padFile(u"B"_s)}); // Taken: another name is asked for.
+    ASSERT_TRUE(eventually([] {
+        const auto all = QApplication::topLevelWidgets();
+        return std::any_of(all.begin(), all.end(), [](QWidget *each) {
+            return each->objectName() == u"swNamePanel" && each->isVisible();
+        });
+    }));
+    typeName(u"B again"_s);
+    EXPECT_EQ(answerAlert(u"OK"_s), u"Import Successful"_s);
+    EXPECT_TRUE(titles().contains(u"B again"_s));
+}
+
+TEST_F(MainWindowTest, SelectionStaysWhileTheSubmissionWindowIsOpen)
+{
+    drop({padFile(u"A"_s), padFile(u"B"_s)});
+    answerAlert(u"OK"_s);
+    clickTitle(0);
+    mwqnWOSi78tgsda = false;
+    clickTitle(1);
+    EXPECT_EQ(answerAlert(u"OK"_s),
+              u"The submission window must be closed to select a different software title"_s);
+    QTest::keyClick(visible<QTableView>(u"softwareTableView"_s), Qt::Key_Down);
+    answerAlert(u"OK"_s);
+    EXPECT_EQ(mwqnSelSW, u"A"_s);
+    EXPECT_EQ(visible<QTableView>(u"softwareTableView"_s)->currentIndex().row(), 0);
+    mwqnWOSi78tgsda = true;
+    QTest::keyClick(visible<QTableView>(u"softwareTableView"_s), Qt::Key_Down);
+    EXPECT_EQ(mwqnSelSW, u"B"_s);
+}
+
+TEST_F(MainWindowTest, SortingAndToolbarOutliveARun)
+{
+    drop({padFile(u"Tool 10"_s), padFile(u"tool 9"_s)});
+    answerAlert(u"OK"_s);
+    const auto firstRow = [] {
+        return visible<QTableView>(u"softwareTableView"_s)->model()->index(0, 0).data().toString();
+    };
+    EXPECT_EQ(firstRow(), u"tool 9"_s);
+    visible<QTableView>(u"softwareTableView"_s)->sortByColumn(0, Qt::DescendingOrder);
+
+    QToolBar *bar = visible<QToolBar>(u"quillonToolbar"_s);
+    const qsizetype items = bar->actions().size();
+    CustomiseToolbarDialog *dialog = nullptr;
+    window().findChild<QAction *>(u"customise"_s)->trigger();
+    ASSERT_TRUE(eventually([&] { return (dialog = openWindow<CustomiseToolbarDialog>()) != nullptr; }));
+    auto *shown = dialog->findChild<QListWidget *>(u"toolbarItems"_s);
+    shown->setCurrentItem(shown->findItems(u"Submit"_s, Qt::MatchExactly).value(0));
+    for (QPushButton *button : dialog->findChildren<QPushButton *>()) {
+        if (button->text().contains(u"Remove"_s))
+            button->click();
+    }
+    dialog->accept();
+    EXPECT_EQ(bar->actions().size(), items - 1);
+
+    start();
+    EXPECT_EQ(firstRow(), u"Tool 10"_s);
+    EXPECT_EQ(visible<QToolBar>(u"quillonToolbar"_s)->actions().size(), items - 1);
+    EXPECT_FALSE(toolbar_layout::storedOrder().contains(u"Submit"_s));
+}
+
+TEST_F(MainWindowTest, FailedWritesStayInSightUntilMended)
+{
+    QLabel *line = visible<QLabel>(u"failedWrites"_s);
+    EXPECT_EQ(line->text(), QString());
+    const QString path = home() + u"/missing/file"_s;
+    EXPECT_FALSE(storeFile(path, "x"));
+    EXPECT_TRUE(line->text().contains(path)) << line->text().toStdString();
+    QDir().mkpath(home() + u"/missing"_s);
+    EXPECT_TRUE(storeFile(path, "x"));
+    EXPECT_EQ(line->text(), QString());
+}
+
+TEST_F(MainWindowTest, EveryStopOfTheTabKeyHasAName)
+{
+    drop({padFile(u"A"_s)});
+    answerAlert(u"OK"_s);
+    clickTitle(0);
+    const QList<QWidget *> stops = tabStops(window());
+    EXPECT_GE(stops.size(), 7);
+    for (QWidget *stop : stops)
+        EXPECT_FALSE(accessibleName(stop).isEmpty()) << stop->objectName().toStdString();
+}
+
+TEST_F(MainWindowTest, ASecondStartBringsTheWindowToTheFront)
+{
+    SingleInstance instance;
+    instance.listen();
+    QObject::connect(&instance, &SingleInstance::activated, &window(), &MainWindow::bringToFront);
+    window().hide();
+    EXPECT_TRUE(SingleInstance::activateOther());
+    EXPECT_TRUE(eventually([this] { return window().isVisible(); }));
+}
+
+} // namespace
+} // namespace quillon

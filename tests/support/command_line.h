@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+
+namespace quillon {
+
+/// What one run of quillon-cli came to.
+struct CliResult
+{
+    int status = -1;
+    QByteArray output;
+    QByteArray messages;
+
+    [[nodiscard]] QJsonDocument json() const { return QJsonDocument::fromJson(output); }
+};
+
+/// Runs the real quillon-cli on the home folder @p home, without anything of this machine's environment.
+inline CliResult runCli(const QString &home, const QStringList &arguments)
+{
+    QProcess process;
+    process.setProcessEnvironment(QProcessEnvironment());
+    process.start(QStringLiteral(QUILLON_CLI), QStringList{QStringLiteral("--home"), home} + arguments);
+    process.closeWriteChannel();
+    process.waitForFinished(-1);
+    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+            process.readAllStandardOutput(), process.readAllStandardError()};
+}
+
+} // namespace quillon

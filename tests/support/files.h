@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QDir>
+#include <QFile>
+#include <QString>
+#include <QStringList>
+
+namespace quillon {
+
+/// The file's bytes; a text that no file of ours holds when it cannot be read.
+inline QByteArray contents(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArrayLiteral("(no such file)");
+}
+
+/// Writes @p bytes to @p path, plainly.
+inline bool put(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}
+
+/// The names in @p folder, hidden ones too, in order.
+inline QStringList names(const QString &folder)
+{
+    return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
+                                  QDir::Name);
+}
+
+/// A file of tests/samples.
+inline QByteArray sample(const QString &name)
+{
+    return contents(QStringLiteral(QUILLON_SAMPLES "/") + name);
+}
+
+} // namespace quillon

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "store/process_state.h"
+#include "support/files.h"
+#include "support/printing.h"
+
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace quillon {
+
+/// A test with a home folder of its own, in which nothing is stored, selected or failed yet.
+class TemporaryHome : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(m_home.isValid());
+        setDataFolder(m_home.path());
+        resetState();
+    }
+    void TearDown() override { resetState(); }
+
+    [[nodiscard]] QString home() const { return m_home.path(); }
+
+    /// The path of @p name in the data folder.
+    [[nodiscard]] static QString inData(const QString &name)
+    {
+        QString path = mwqnAppSuppLoc + name;
+        return path;
+    }
+
+private:
+    static void resetState()
+    {
+        clearSelectedTitle();
+        mwqnWOSi78tgsda = true;
+        mwqnSCPreallSitesDict.clear();
+        mwqnFailedWrites.clear();
+    }
+
+    QTemporaryDir m_home;
+};
+
+} // namespace quillon
