@@ -1,12 +1,11 @@
 #include "sites/backups.h"
 #include "store/site_list.h"
 #include "submission/data_folder_fixture.h"
+#include "support/full_disk.h"
 
 #include <QDirIterator>
 #include <QMap>
 
-#include <csignal>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
@@ -14,29 +13,6 @@ using namespace quillon;
 using backups::Existing;
 
 namespace {
-
-/// As long as it lives no file can grow beyond @p bytes, as on a full disk.
-class FileSizeLimit
-{
-public:
-    explicit FileSizeLimit(rlim_t bytes) : m_handler(std::signal(SIGXFSZ, SIG_IGN))
-    {
-        ::getrlimit(RLIMIT_FSIZE, &m_old);
-        const rlimit limit{bytes, m_old.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    FileSizeLimit(const FileSizeLimit &) = delete;
-    FileSizeLimit &operator=(const FileSizeLimit &) = delete;
-    ~FileSizeLimit()
-    {
-        ::setrlimit(RLIMIT_FSIZE, &m_old);
-        std::signal(SIGXFSZ, m_handler);
-    }
-
-private:
-    void (*m_handler)(int);
-    rlimit m_old{};
-};
 
 class Backups : public DataFolderTest
 {
@@ -241,7 +217,7 @@ TEST_F(Backups, ThatFailOrAreCancelledLeaveNothingBehind)
     const QMap<QString, QString> before = tree(home());
     const auto afterOne = [](int done, int) { return done < 1; };
     {
-        const FileSizeLimit fullDisk(100'000);
+        const FullDisk fullDisk(100'000);
         const BackupResult result = backups::backupTitles(place(), Existing::Replace);
         EXPECT_EQ(result.sentence, u"The backup failed  with an unknown error");
         EXPECT_TRUE(result.details.first().startsWith(u"B.qndata/data.qnxml"))
@@ -259,7 +235,7 @@ TEST_F(Backups, ThatFailOrAreCancelledLeaveNothingBehind)
     EXPECT_EQ(backups::restoreTitles(whole, afterOne).outcome, BackupResult::Cancelled);
     EXPECT_EQ(tree(home()), empty);
     {
-        const FileSizeLimit fullDisk(100'000);
+        const FullDisk fullDisk(100'000);
         const BackupResult result = backups::restoreTitles(whole);
         EXPECT_EQ(result.outcome, BackupResult::Failed);
         EXPECT_EQ(result.sentence, u"1 software titles were imported.") << "what is whole is kept";

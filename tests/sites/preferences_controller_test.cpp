@@ -3,7 +3,7 @@
 #include "sites/preferences_controller.h"
 #include "store/site_list.h"
 #include "submission/data_folder_fixture.h"
-#include "submission/fakes.h"
+#include "support/recorders.h"
 
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
@@ -16,8 +16,9 @@ namespace {
 class Preferences : public DataFolderTest
 {
 protected:
-    Preferences()
+    void SetUp() override
     {
+        DataFolderTest::SetUp();
         for (const QStringView name :
              {notification::mwqnLSLsc, notification::mwqnOCu432hjiudsh, notification::mwqnOvLSlst})
             NotificationCenter::defaultCenter().addObserver(
@@ -34,9 +35,18 @@ protected:
         m_control.addSaveButtonAction(name, url);
     }
 
+    /// The messages of the sheets since the last call.
+    QStringList takeMessages()
+    {
+        QStringList messages;
+        for (const Alert &alert : std::exchange(m_alerts.alerts, {}))
+            messages.append(alert.message);
+        return messages;
+    }
+
     QObject m_observer;
     QStringList m_posted;
-    AlertRecorder m_alerts;
+    RecordingSheets m_alerts;
     ManualCalls m_calls;
     PreferencesController m_control{m_alerts, m_calls};
     QAbstractItemModelTester m_sitesTester{&m_control.sitesTable()};
@@ -71,7 +81,7 @@ TEST_F(Preferences, AddASiteAndCloseThePanel)
     m_control.addSaveButtonAction(u" My site "_s, u"my site/submit"_s);
     EXPECT_FALSE(panel().isOpen);
     EXPECT_TRUE(panel().siteNameField.isEmpty() && panel().siteURLField.isEmpty());
-    EXPECT_EQ(m_alerts.takeMessages(), QStringList({u"Site Added Successfully"_s}));
+    EXPECT_EQ(takeMessages(), QStringList({u"Site Added Successfully"_s}));
     EXPECT_EQ(mwqnSCPreallSitesDict.at(u"My site"_s), u"http://my%20site/submit");
     EXPECT_EQ(m_posted, QStringList({u"mwqnLSLsc"_s}));
 
@@ -85,7 +95,7 @@ TEST_F(Preferences, ARefusalIsToldAndThePanelComesBackWithItsText)
 {
     using Field = AddEditPanel::Field;
     add(u"Mine"_s, u"http://mine/"_s);
-    m_alerts.answer();
+    m_alerts.answer(AlertAnswer::Default);
     struct Case
     {
         bool isEdit;
@@ -112,19 +122,19 @@ TEST_F(Preferences, ARefusalIsToldAndThePanelComesBackWithItsText)
         {true, u"A"_s, u""_s, u"The name and URL fields cannot be empty"_s, Field::Url, true},
     };
     for (const Case &each : cases) {
-        m_alerts.takeMessages();
+        takeMessages();
         if (each.isEdit)
             m_control.doubleClick(rowOf(u"Mine"_s));
         else
             m_control.addNewSiteAction();
         m_control.addSaveButtonAction(each.name, each.url);
         EXPECT_FALSE(panel().isOpen);
-        EXPECT_EQ(m_alerts.shown.first().first, SheetWindow::Preferences);
-        EXPECT_EQ(m_alerts.takeMessages(), QStringList({each.message}));
+        EXPECT_EQ(m_alerts.windows.last(), SheetWindow::Preferences);
+        EXPECT_EQ(takeMessages(), QStringList({each.message}));
 
         m_calls.pass(std::chrono::seconds(5));
         EXPECT_FALSE(panel().isOpen) << "the sheet is still there";
-        m_alerts.answer();
+        m_alerts.answer(AlertAnswer::Default);
         m_calls.pass(resultDelay - std::chrono::milliseconds(1));
         EXPECT_FALSE(panel().isOpen);
         m_calls.pass(std::chrono::milliseconds(1));
@@ -139,7 +149,7 @@ TEST_F(Preferences, ARefusalIsToldAndThePanelComesBackWithItsText)
 
     m_control.addSaveButtonAction(u""_s, u""_s);
     m_control.closePrefs();
-    m_alerts.answer();
+    m_alerts.answer(AlertAnswer::Default);
     m_calls.pass(resultDelay);
     EXPECT_FALSE(panel().isOpen) << "not over a window that was closed meanwhile";
 }
@@ -152,7 +162,7 @@ TEST_F(Preferences, EditTheSiteThatWasDoubleClicked)
     EXPECT_EQ(panel().siteNameField, u"Softs");
     EXPECT_EQ(panel().siteURLField, mwqnDefaultSitesDict.at(u"Softs"_s));
     m_control.addSaveButtonAction(u"Softies"_s, u"http://softies/"_s);
-    EXPECT_EQ(m_alerts.takeMessages(), QStringList({u"Site edited successfully"_s}));
+    EXPECT_EQ(takeMessages(), QStringList({u"Site edited successfully"_s}));
     EXPECT_EQ(rowOf(u"Softies"_s), 0);
     EXPECT_EQ(rowOf(u"Softs"_s), -1);
     EXPECT_EQ(m_control.ignoredMArray(), QStringList({u"Softs"_s}));
@@ -171,23 +181,23 @@ TEST_F(Preferences, KeepThePanelWhenTheListCannotBeStored)
     add(u"A"_s, u"http://a"_s);
     EXPECT_TRUE(panel().isOpen);
     EXPECT_EQ(panel().siteNameField, u"A");
-    EXPECT_TRUE(m_alerts.shown.isEmpty());
+    EXPECT_TRUE(m_alerts.alerts.isEmpty());
 }
 
 TEST_F(Preferences, RemoveAndRestoreWhatIsSelected)
 {
     add(u"Mine"_s, u"http://mine/"_s);
-    m_alerts.answer();
-    m_alerts.takeMessages();
+    m_alerts.answer(AlertAnswer::Default);
+    takeMessages();
     m_posted.clear();
     m_control.removeSiteAction();
-    EXPECT_TRUE(m_alerts.shown.isEmpty()) << "nothing is selected";
+    EXPECT_TRUE(m_alerts.alerts.isEmpty()) << "nothing is selected";
 
     const QList<int> both = {rowOf(u"Mine"_s), rowOf(u"Softs"_s), 999, -1};
     m_control.setSelectedSites(both);
     EXPECT_TRUE(m_control.canRemove() && !m_control.canRestore());
     m_control.removeSiteAction();
-    const Alert alert = m_alerts.shown.first().second;
+    const Alert alert = m_alerts.alerts.first();
     EXPECT_EQ(alert.message, u"Are you sure you want to remove the selected sites?");
     EXPECT_EQ(alert.informativeText, u"Only removed default sites can be restored");
     EXPECT_EQ(alert.defaultButton + alert.alternateButton, u"DeleteCancel");
@@ -196,7 +206,7 @@ TEST_F(Preferences, RemoveAndRestoreWhatIsSelected)
 
     m_control.removeSiteAction();
     QSignalSpy deselected(&m_control, &PreferencesController::deselectTables);
-    m_alerts.answer();
+    m_alerts.answer(AlertAnswer::Default);
     EXPECT_EQ(m_control.sitesMArray().size(), 211);
     EXPECT_EQ(m_control.ignoredMArray(), QStringList({u"Softs"_s}));
     EXPECT_EQ(m_posted, QStringList({u"mwqnLSLsc"_s, u"mwqnOCu432hjiudsh"_s}));
@@ -220,20 +230,19 @@ TEST_F(Preferences, BackUpAndRestoreFromTheWindow)
     EXPECT_EQ(m_alerts.requests.last().proposedName, u"Quillon Software List Backup.swback");
     EXPECT_TRUE(m_alerts.requests.last().isFolder);
 
-    m_alerts.choice = place;
+    m_alerts.filesToChoose = QStringList{place};
     m_control.backupSoftwareAction();
     m_calls.pass(resultDelay);
-    EXPECT_EQ(m_alerts.takeMessages(), QStringList({u"There is nothing to backup"_s}));
+    EXPECT_EQ(takeMessages(), QStringList({u"There is nothing to backup"_s}));
     EXPECT_FALSE(QFileInfo::exists(place));
 
     makeTitle(u"Mine"_s);
     m_control.backupSoftwareAction();
     m_control.backupSoftwareAction();
     m_calls.pass(resultDelay - std::chrono::milliseconds(1));
-    EXPECT_TRUE(m_alerts.shown.isEmpty());
+    EXPECT_TRUE(m_alerts.alerts.isEmpty());
     m_calls.pass(std::chrono::milliseconds(1));
-    EXPECT_EQ(m_alerts.takeMessages(),
-              QStringList({u"The backup was successful"_s, u"The backup was successful"_s}))
+    EXPECT_EQ(takeMessages(), QStringList({u"The backup was successful"_s, u"The backup was successful"_s}))
         << "the chooser asks before it gives a place that is taken";
     EXPECT_EQ(progress.last(), QVariantList({1, 1}));
 
@@ -243,14 +252,16 @@ TEST_F(Preferences, BackUpAndRestoreFromTheWindow)
     EXPECT_EQ(m_posted.last(), u"mwqnOvLSlst");
     EXPECT_TRUE(title_folder::exists(u"Mine"));
     m_calls.pass(resultDelay);
-    EXPECT_EQ(m_alerts.takeMessages(), QStringList({u"1 software titles were imported."_s}));
+    EXPECT_EQ(takeMessages(), QStringList({u"1 software titles were imported."_s}));
 }
 
 TEST_F(Preferences, ABackupOfManyTitlesCanBeCancelled)
 {
-    for (int title = 0; title < 500; ++title)
-        makeTitle(u"Title %1"_s.arg(title));
-    m_alerts.choice = home() + u"/list.swback"_s;
+    for (int title = 0; title < 500; ++title) {
+        const QString folder = inData(u"Title %1.qndata"_s.arg(title));
+        ASSERT_TRUE(QDir().mkdir(folder) && put(folder + u"/data.qnxml"_s, "pad"));
+    }
+    m_alerts.filesToChoose = QStringList{home() + u"/list.swback"_s};
     // However fast this machine is: the first report of progress comes before the last title.
     int reports = 0;
     QObject::connect(&m_control, &PreferencesController::transferProgress, &m_observer,
@@ -261,8 +272,8 @@ TEST_F(Preferences, ABackupOfManyTitlesCanBeCancelled)
                      });
     m_control.backupSoftwareAction();
     m_calls.pass(resultDelay);
-    const bool wasCancelled = m_alerts.shown.isEmpty();
-    EXPECT_NE(QFileInfo::exists(m_alerts.choice), wasCancelled);
+    const bool wasCancelled = m_alerts.alerts.isEmpty();
+    EXPECT_NE(QFileInfo::exists(m_alerts.filesToChoose.first()), wasCancelled);
     EXPECT_EQ(QDir(home()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).size(),
               wasCancelled ? 1 : 2)
         << "only the data folder's own, and the backup when it is complete";
@@ -272,20 +283,20 @@ TEST_F(Preferences, SiteBackupsComeBackOnTheListsPage)
 {
     m_control.openPrefsBackupWindow();
     EXPECT_EQ(m_control.currentPage(), PreferencesPage::Backups);
-    m_alerts.choice = home() + u"/sites.qnback"_s;
+    m_alerts.filesToChoose = QStringList{home() + u"/sites.qnback"_s};
     m_control.backupSitesListAction();
     m_calls.pass(resultDelay);
-    EXPECT_EQ(m_alerts.takeMessages(), QStringList({u"There is nothing to backup"_s}));
+    EXPECT_EQ(takeMessages(), QStringList({u"There is nothing to backup"_s}));
     EXPECT_EQ(m_alerts.requests.last().proposedName, u"Quillon Site List Backup.qnback");
 
     ASSERT_TRUE(site_list::write(site_list::userSites, {{u"Mine"_s, u"u"_s}}));
     m_control.backupSitesListAction();
     m_calls.pass(resultDelay);
-    EXPECT_EQ(m_alerts.takeMessages(), QStringList({u"The backup was successful"_s}));
+    EXPECT_EQ(takeMessages(), QStringList({u"The backup was successful"_s}));
     ASSERT_TRUE(site_list::write(site_list::userSites, {}));
     m_control.importSitesAction();
     m_calls.pass(resultDelay);
-    EXPECT_TRUE(m_alerts.shown.isEmpty());
+    EXPECT_TRUE(m_alerts.alerts.isEmpty());
     EXPECT_EQ(m_control.currentPage(), PreferencesPage::SitesList);
     EXPECT_EQ(rowOf(u"Mine"_s), 0);
 }
