@@ -38,6 +38,7 @@ struct FileRequest
     QString extension; ///< Without the point.
     QString proposedName = {};
     bool severalFiles = false;
+    bool isFolder = false; ///< What is chosen is a folder that the author knows as one item.
 };
 
 /**

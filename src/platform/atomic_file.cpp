@@ -1,5 +1,7 @@
 #include "platform/atomic_file.h"
 
+#include "platform/descriptor.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -16,45 +18,9 @@ namespace quillon::atomic_file {
 
 namespace {
 
-/// A file descriptor that closes itself; close() tells of late write errors.
-class Descriptor
-{
-public:
-    explicit Descriptor(int descriptor) : m_descriptor(descriptor) {}
-    Descriptor(const Descriptor &) = delete;
-    Descriptor &operator=(const Descriptor &) = delete;
-    ~Descriptor() { close(); }
-
-    [[nodiscard]] int get() const { return m_descriptor; }
-    [[nodiscard]] bool isOpen() const { return m_descriptor >= 0; }
-    bool close()
-    {
-        const int closing = std::exchange(m_descriptor, -1);
-        return closing < 0 || ::close(closing) == 0;
-    }
-
-private:
-    int m_descriptor;
-};
-
 std::optional<WriteError> failure(const QString &path, const QString &step)
 {
     return WriteError{path, u"%1: %2"_s.arg(step, QString::fromLocal8Bit(std::strerror(errno)))};
-}
-
-bool writeAll(int descriptor, const QByteArray &bytes)
-{
-    qsizetype written = 0;
-    while (written < bytes.size()) {
-        const ssize_t count =
-            ::write(descriptor, bytes.constData() + written, size_t(bytes.size() - written));
-        if (count < 0 && errno == EINTR)
-            continue;
-        if (count <= 0)
-            return false;
-        written += count;
-    }
-    return true;
 }
 
 /// Syncs the folder that @p path lies in, so that its entry there outlives a crash.
@@ -78,7 +44,7 @@ std::optional<WriteError> fill(const QString &path, const QByteArray &temporary,
         return failure(path, u"the folder takes no new file"_s);
     if (replaces && ::fchmod(file.get(), old.st_mode & 07777) != 0)
         return failure(path, u"the file's mode could not be kept"_s);
-    if (!writeAll(file.get(), bytes))
+    if (!file.writeAll(bytes))
         return failure(path, u"writing failed"_s);
     if (::fsync(file.get()) != 0)
         return failure(path, u"syncing failed"_s);

@@ -1,60 +1,31 @@
 #pragma once
 
-#include "platform/atomic_file.h"
 #include "store/add_delete_import_edit.h"
-#include "store/process_state.h"
 #include "store/summary_file.h"
 #include "store/title_folder.h"
 #include "submission/default_sites.h"
+#include "support/temporary_home.h"
 
-#include <QDir>
-#include <QFile>
 #include <QFileInfo>
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
-#include <ostream>
-
-// So that a failed comparison shows the texts.
-inline void PrintTo(const QString &text, std::ostream *stream)
-{
-    *stream << '"' << text.toStdString() << '"';
-}
 
 namespace quillon {
 
-/// A data folder of its own for each case, with its two empty site lists.
-class DataFolderTest : public testing::Test
+/// A home folder with a data folder and its two empty site lists.
+class DataFolderTest : public TemporaryHome
 {
 protected:
-    DataFolderTest()
+    void SetUp() override
     {
-        setDataFolder(m_home.path());
+        TemporaryHome::SetUp();
         AddDeleteImportEdit::checkAppSuppExists();
         setDefaultSites();
-        clearSelectedTitle();
-        mwqnSCPreallSitesDict.clear();
-        mwqnFailedWrites.clear();
-        mwqnWOSi78tgsda = true;
-    }
-    ~DataFolderTest() override { clearSelectedTitle(); }
-
-    [[nodiscard]] QString home() const { return m_home.path(); }
-
-    /// The file's text; null when there is none.
-    static QString contentOf(const QString &path)
-    {
-        const auto bytes = atomic_file::read(path);
-        return bytes ? QString::fromUtf8(*bytes) : QString();
     }
 
+    static QString contentOf(const QString &path) { return QString::fromUtf8(contents(path)); }
     static void writeTo(const QString &path, const QString &text)
     {
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << path.toStdString();
-        file.write(text.toUtf8());
+        ASSERT_TRUE(put(path, text.toUtf8())) << path.toStdString();
     }
-
     static QString pathIn(const QString &title, QStringView file)
     {
         return *title_folder::path(title) + u'/' + file;
@@ -72,9 +43,6 @@ protected:
         writeTo(pathIn(title, title_folder::summaryFile), summary_file::text(summary));
         selectTitle(title);
     }
-
-private:
-    QTemporaryDir m_home;
 };
 
 } // namespace quillon

@@ -4,6 +4,7 @@
 #include "submission/data_folder_fixture.h"
 #include "submission/fakes.h"
 #include "submission/submit_control.h"
+#include "support/recorders.h"
 
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
@@ -17,8 +18,9 @@ namespace {
 class SubmitControlTest : public DataFolderTest
 {
 protected:
-    SubmitControlTest()
+    void SetUp() override
     {
+        DataFolderTest::SetUp();
         m_catalogue = {{u"alpha"_s, u"http://a/submit"_s},
                        {u"Beta"_s, u"http://b/submit"_s},
                        {u"Gamma"_s, u"http://g/submit"_s}};
@@ -51,7 +53,7 @@ protected:
     FakeBrowser m_browser;
     FakeBrowser m_popUp;
     FakeDesktop m_desktop;
-    AlertRecorder m_alerts;
+    RecordingSheets m_alerts;
     ManualCalls m_calls;
     SubmitControl m_control{{m_browser, m_popUp, m_alerts, m_desktop, m_calls}};
     QAbstractItemModelTester m_tester{&m_control.sitesTable()};
@@ -225,21 +227,20 @@ TEST_F(SubmitControlTest, PagesMayAlertAskForAFileAndOpenOneOtherWindow)
 {
     for (int call = 0; call < 30; ++call)
         engine().runJavaScriptAlertPanel(QString(5000, u'x'));
-    EXPECT_EQ(m_alerts.open(), 1) << "one sheet at a time";
-    EXPECT_EQ(m_alerts.shown[0].first, SheetWindow::Submission);
-    EXPECT_EQ(m_alerts.shown[0].second.message, u"JavaScript Alert");
-    EXPECT_EQ(m_alerts.shown[0].second.informativeText.size(), 2000);
-    int answers = 0;
-    for (; m_alerts.open() > 0 && answers < 30; ++answers)
-        m_alerts.answer();
-    EXPECT_EQ(answers, 11) << "a page cannot keep the author busy for ever";
+    EXPECT_EQ(m_alerts.alerts.size(), 1) << "one sheet at a time";
+    EXPECT_EQ(m_alerts.windows[0], SheetWindow::Submission);
+    EXPECT_EQ(m_alerts.lastMessage(), u"JavaScript Alert");
+    EXPECT_EQ(m_alerts.alerts[0].informativeText.size(), 2000);
+    for (int answers = 0; answers < 30; ++answers)
+        m_alerts.answer(AlertAnswer::Default);
+    EXPECT_EQ(m_alerts.alerts.size(), 11) << "a page cannot keep the author busy for ever";
     m_popUp.delegate->runJavaScriptAlertPanel(u"again"_s);
-    EXPECT_EQ(m_alerts.open(), 1);
+    EXPECT_EQ(m_alerts.alerts.size(), 12);
 
     QStringList files;
     const auto chosen = [&files](const QString &path) { files.append(path); };
     engine().runOpenPanelForFileButton(chosen);
-    m_alerts.choice = u"/home/pad.xml"_s;
+    m_alerts.filesToChoose = QStringList{u"/home/pad.xml"_s};
     m_popUp.delegate->runOpenPanelForFileButton(chosen);
     EXPECT_EQ(files, QStringList({u"/home/pad.xml"_s}));
     EXPECT_FALSE(m_alerts.requests.first().severalFiles);

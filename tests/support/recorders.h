@@ -4,6 +4,7 @@
 #include "platform/delayed_calls.h"
 
 #include <QList>
+#include <QMultiMap>
 #include <QObject>
 #include <QPointer>
 
@@ -50,38 +51,31 @@ private:
     Answered m_answered;
 };
 
-/// Delayed calls whose time the test moves.
+/// Delayed calls by a clock that the test moves.
 class ManualCalls final : public DelayedCalls
 {
 public:
     void after(std::chrono::milliseconds delay, QObject *context, std::function<void()> call) override
     {
-        m_calls.append({delay, context, std::move(call)});
+        m_calls.insert(m_now + delay, {context, std::move(call)});
     }
 
-    /// Runs all that is due within @p time, also what is asked for meanwhile.
+    /// Lets @p time go by, and what becomes due in it happen in its order.
     void pass(std::chrono::milliseconds time)
     {
-        for (qsizetype at = 0; at < m_calls.size();) {
-            if (m_calls[at].delay > time) {
-                ++at;
-                continue;
-            }
-            const Call call = m_calls.takeAt(at);
-            if (call.context)
-                call.run();
-            at = 0;
+        const std::chrono::milliseconds end = m_now + time;
+        while (!m_calls.isEmpty() && m_calls.firstKey() <= end) {
+            m_now = m_calls.firstKey();
+            const auto [context, run] = m_calls.take(m_now);
+            if (context)
+                run();
         }
+        m_now = end;
     }
 
 private:
-    struct Call
-    {
-        std::chrono::milliseconds delay;
-        QPointer<QObject> context;
-        std::function<void()> run;
-    };
-    QList<Call> m_calls;
+    QMultiMap<std::chrono::milliseconds, std::pair<QPointer<QObject>, std::function<void()>>> m_calls;
+    std::chrono::milliseconds m_now{0};
 };
 
 } // namespace quillon

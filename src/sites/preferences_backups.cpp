@@ -1,0 +1,128 @@
+#include "platform/alert_sheets.h"
+#include "platform/delayed_calls.h"
+#include "platform/notification_center.h"
+#include "platform/notifications.h"
+#include "sites/preferences_controller.h"
+
+#include <QElapsedTimer>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+
+namespace {
+
+/// A chooser of one backup folder.
+FileRequest request(const QString &prompt, QStringView extension, const QString &proposedName = {})
+{
+    FileRequest request{prompt, extension.toString(), proposedName};
+    request.isFolder = true;
+    return request;
+}
+
+Alert alertOf(const BackupResult &result)
+{
+    return {result.sentence, result.informativeText, u"OK"_s, {}, result.details};
+}
+
+} // namespace
+
+void PreferencesController::backupSoftwareAction()
+{
+    m_alerts.chooseSaveFile(
+        SheetWindow::Preferences,
+        request(u"Save Backup"_s, backups::titlesExtension, u"Quillon Software List Backup.swback"_s),
+        [this](const QString &path) {
+            beginTransfer(TitleTransfer::backup(path, backups::Existing::Replace),
+                          &PreferencesController::backupEnded);
+        });
+}
+
+void PreferencesController::importSoftwareListAction()
+{
+    m_alerts.chooseFiles(SheetWindow::Preferences, request(u"Choose Backup"_s, backups::titlesExtension),
+                         [this](const QStringList &paths) {
+                             if (!paths.isEmpty())
+                                 beginTransfer(TitleTransfer::restore(paths.first()),
+                                               &PreferencesController::restoreEnded);
+                         });
+}
+
+void PreferencesController::backupSitesListAction()
+{
+    m_alerts.chooseSaveFile(
+        SheetWindow::Preferences,
+        request(u"Save Backup"_s, backups::sitesExtension, u"Quillon Site List Backup.qnback"_s),
+        [this](const QString &path) {
+            tellLater(alertOf(backups::backupSites(path, backups::Existing::Replace)));
+        });
+}
+
+void PreferencesController::importSitesAction()
+{
+    m_alerts.chooseFiles(SheetWindow::Preferences, request(u"Choose Backup"_s, backups::sitesExtension),
+                         [this](const QStringList &paths) {
+                             if (paths.isEmpty())
+                                 return;
+                             backups::restoreSites(paths.first());
+                             sitesListViewAction();
+                             loadSitesIntoList();
+                         });
+}
+
+void PreferencesController::beginTransfer(std::unique_ptr<TitleTransfer> transfer,
+                                          void (PreferencesController::*ended)(const BackupResult &))
+{
+    if (m_transfer)
+        return;
+    m_transfer = std::move(transfer);
+    m_transferEnded = ended;
+    continueTransfer();
+}
+
+void PreferencesController::continueTransfer()
+{
+    if (!m_transfer)
+        return;
+    // Short enough for the window to answer at once, long enough for the turns between to cost nothing.
+    static constexpr std::chrono::milliseconds turn{30};
+    QElapsedTimer elapsed;
+    elapsed.start();
+    bool goesOn = true;
+    while (goesOn && !elapsed.hasExpired(turn.count()))
+        goesOn = m_transfer->step();
+    if (goesOn) {
+        m_delayedCalls.after(std::chrono::milliseconds(0), this, [this] { continueTransfer(); });
+        Q_EMIT transferProgress(m_transfer->done(), m_transfer->total());
+        return;
+    }
+    const std::unique_ptr<TitleTransfer> transfer = std::move(m_transfer);
+    const BackupResult result = transfer->finish();
+    Q_EMIT transferProgress(transfer->total(), transfer->total());
+    (this->*m_transferEnded)(result);
+}
+
+void PreferencesController::cancelTransfer()
+{
+    if (const std::unique_ptr<TitleTransfer> transfer = std::move(m_transfer))
+        Q_EMIT transferProgress(transfer->total(), transfer->total());
+}
+
+void PreferencesController::backupEnded(const BackupResult &result)
+{
+    tellLater(alertOf(result));
+}
+
+void PreferencesController::restoreEnded(const BackupResult &result)
+{
+    tellLater(alertOf(result));
+    NotificationCenter::defaultCenter().post(notification::mwqnOvLSlst);
+}
+
+void PreferencesController::tellLater(const Alert &alert)
+{
+    m_delayedCalls.after(resultDelay, this,
+                         [this, alert] { m_alerts.show(SheetWindow::Preferences, alert); });
+}
+
+} // namespace quillon

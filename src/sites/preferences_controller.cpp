@@ -1,0 +1,223 @@
+#include "sites/preferences_controller.h"
+
+#include "platform/alert_sheets.h"
+#include "platform/delayed_calls.h"
+#include "platform/notification_center.h"
+#include "platform/notifications.h"
+#include "store/process_state.h"
+#include "submission/default_sites.h"
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+
+namespace {
+
+void post(QStringView name)
+{
+    NotificationCenter::defaultCenter().post(name);
+}
+
+QStringList at(const QList<int> &rows, const QStringList &names)
+{
+    QStringList selected;
+    for (const int row : rows) {
+        if (row >= 0 && row < names.size())
+            selected.append(names[row]);
+    }
+    return selected;
+}
+
+} // namespace
+
+PreferencesController::PreferencesController(AlertSheets &alerts, DelayedCalls &delayedCalls, QObject *parent)
+    : QObject(parent), m_alerts(alerts), m_delayedCalls(delayedCalls)
+{
+}
+
+PreferencesController::~PreferencesController() = default;
+
+void PreferencesController::awakeFromNib()
+{
+    mwqnSCPreallSitesDict.clear();
+    NotificationCenter::defaultCenter().addObserver(notification::mwqnPClSiL432ds, this,
+                                                    [this] { loadSitesIntoList(); });
+}
+
+void PreferencesController::loadSitesIntoList()
+{
+    m_catalogue = site_editing::currentCatalogue();
+    mwqnSCPreallSitesDict = m_catalogue.urlByName;
+    // A table whose rows are new has none selected.
+    if (m_sitesTable.setSites(m_catalogue.sites, m_catalogue.urls))
+        setSelectedSites({});
+    if (m_ignoredTable.setSites(m_catalogue.ignored, m_catalogue.ignoredUrls))
+        setSelectedIgnoredSites({});
+}
+
+void PreferencesController::openPrefsWindow()
+{
+    loadSitesIntoList();
+    Q_EMIT showPreferences();
+}
+
+void PreferencesController::openPrefsBackupWindow()
+{
+    backupViewAction();
+    openPrefsWindow();
+}
+
+void PreferencesController::closePrefs()
+{
+    m_panelReopens = false;
+    Q_EMIT hidePreferences();
+}
+
+void PreferencesController::setPage(PreferencesPage page)
+{
+    if (page == m_page)
+        return;
+    m_page = page;
+    Q_EMIT pageChanged();
+}
+
+void PreferencesController::setSelectedSites(const QList<int> &rows)
+{
+    m_selectedSites = at(rows, m_catalogue.sites);
+    Q_EMIT buttonsChanged();
+}
+
+void PreferencesController::setSelectedIgnoredSites(const QList<int> &rows)
+{
+    m_selectedIgnoredSites = at(rows, m_catalogue.ignored);
+    Q_EMIT buttonsChanged();
+}
+
+void PreferencesController::deselectAll()
+{
+    Q_EMIT deselectTables();
+    setSelectedSites({});
+    setSelectedIgnoredSites({});
+}
+
+void PreferencesController::addNewSiteAction()
+{
+    openAddEditPanel(u"add"_s, u"Add A New Submission Site"_s, {});
+}
+
+void PreferencesController::doubleClick(int row)
+{
+    if (row < 0 || row >= m_catalogue.sites.size())
+        return;
+    m_editedSite = {m_catalogue.sites[row], m_catalogue.urls[row]};
+    openAddEditPanel(u"edit"_s, u"Editing Submission Site"_s, m_editedSite);
+}
+
+void PreferencesController::openAddEditPanel(const QString &mode, const QString &title, const Site &site)
+{
+    m_panelReopens = false;
+    m_panel = {true, mode, title, site.name, site.url};
+    Q_EMIT addEditPanelChanged();
+}
+
+void PreferencesController::cancelAddEditAction()
+{
+    closeAddEditPanel();
+}
+
+void PreferencesController::closeAddEditPanel()
+{
+    m_panel = {};
+    Q_EMIT addEditPanelChanged();
+}
+
+void PreferencesController::addSaveButtonAction(const QString &name, const QString &url)
+{
+    if (!m_panel.isOpen)
+        return;
+    m_panel.siteNameField = name;
+    m_panel.siteURLField = site_editing::normalisedUrl(url);
+    addEditSiteCheckAndWrite();
+    post(notification::mwqnLSLsc);
+}
+
+void PreferencesController::addEditSiteCheckAndWrite()
+{
+    const SiteEdit edit =
+        m_panel.addEditSentFrom == u"add"
+            ? site_editing::addSite(m_panel.siteNameField, m_panel.siteURLField)
+            : site_editing::editSite(m_editedSite, m_panel.siteNameField, m_panel.siteURLField);
+    switch (edit.outcome) {
+    case SiteEdit::Done:
+        closeAddEditPanel();
+        m_alerts.show(SheetWindow::Preferences, {edit.sentence});
+        loadSitesIntoList();
+        break;
+    case SiteEdit::NotStored:
+        Q_EMIT addEditPanelChanged();
+        break;
+    default:
+        refuse(edit);
+    }
+}
+
+void PreferencesController::refuse(const SiteEdit &edit)
+{
+    const bool nameIsEmpty = m_panel.siteNameField.count(u' ') == m_panel.siteNameField.size();
+    const bool urlIsWrong =
+        edit.outcome == SiteEdit::UrlExists || (edit.outcome == SiteEdit::Empty && !nameIsEmpty);
+    m_panel.isOpen = false;
+    m_panel.focus = urlIsWrong ? AddEditPanel::Field::Url : AddEditPanel::Field::Name;
+    m_panel.selectsWholeText = edit.outcome == SiteEdit::Empty;
+    m_panelReopens = true;
+    Q_EMIT addEditPanelChanged();
+    m_alerts.show(SheetWindow::Preferences, {edit.sentence},
+                  [this](AlertAnswer) { addEditErrorReopenForInput(); });
+}
+
+void PreferencesController::addEditErrorReopenForInput()
+{
+    m_delayedCalls.after(resultDelay, this, [this] { aedpause(); });
+}
+
+void PreferencesController::aedpause()
+{
+    if (!m_panelReopens)
+        return;
+    m_panelReopens = false;
+    m_panel.isOpen = true;
+    Q_EMIT addEditPanelChanged();
+}
+
+void PreferencesController::removeSiteAction()
+{
+    if (!canRemove())
+        return;
+    const Alert alert{u"Are you sure you want to remove the selected sites?"_s,
+                      u"Only removed default sites can be restored"_s, u"Delete"_s, u"Cancel"_s};
+    // The sites are those that are selected now, whatever happens to the table while the sheet is open.
+    m_alerts.show(SheetWindow::Preferences, alert, [this, names = m_selectedSites](AlertAnswer answer) {
+        if (answer == AlertAnswer::Default)
+            alertDidEndOKToDelete(names);
+    });
+}
+
+void PreferencesController::alertDidEndOKToDelete(const QStringList &names)
+{
+    site_editing::removeSites(names);
+    deselectAll();
+    loadSitesIntoList();
+    post(notification::mwqnLSLsc);
+    post(notification::mwqnOCu432hjiudsh);
+}
+
+void PreferencesController::restoreSiteAction()
+{
+    if (!canRestore())
+        return;
+    site_editing::restoreSites(m_selectedIgnoredSites);
+    deselectAll();
+    loadSitesIntoList();
+}
+
+} // namespace quillon

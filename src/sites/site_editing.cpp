@@ -1,0 +1,184 @@
+#include "sites/site_editing.h"
+
+#include "platform/regex.h"
+#include "sites/site_renaming.h"
+#include "store/add_delete_import_edit.h"
+#include "store/process_state.h"
+#include "store/site_list.h"
+#include "submission/default_sites.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon::site_editing {
+
+namespace {
+
+/// The author's changes to the catalogue, as they are stored.
+struct SiteLists
+{
+    StringDictionary user = AddDeleteImportEdit::returnUserSitesDict().value_or(StringDictionary());
+    StringDictionary ignored = AddDeleteImportEdit::returnIgnoredSitesDict().value_or(StringDictionary());
+};
+
+/// Writes what has changed, the list @p first before the other: of two writes the second may fail, and a site
+/// shall rather be there twice than not at all.
+bool store(const SiteLists &before, const SiteLists &after, QStringView first)
+{
+    const auto storeUser = [&] {
+        return after.user == before.user || site_list::write(site_list::userSites, after.user);
+    };
+    const auto storeIgnored = [&] {
+        return after.ignored == before.ignored || site_list::write(site_list::ignoredSites, after.ignored);
+    };
+    return first == site_list::userSites ? storeUser() && storeIgnored() : storeIgnored() && storeUser();
+}
+
+bool isDefaultName(const QString &name)
+{
+    return mwqnDefaultSitesDict.contains(name);
+}
+
+bool isDefaultUrl(const QString &url)
+{
+    return std::ranges::any_of(mwqnDefaultSitesDict, [&url](const auto &site) { return site.second == url; });
+}
+
+bool isDefault(const Site &site)
+{
+    return isDefaultName(site.name) && isDefaultUrl(site.url);
+}
+
+/// The length of the scheme that @p url begins with; 0 without one.
+qsizetype schemeLength(const QString &url)
+{
+    static const Regex scheme(u"^([A-Za-z][A-Za-z0-9+.-]*):");
+    const auto match = scheme.firstMatch(url);
+    return match ? match->captured(1).size() : 0;
+}
+
+QString withoutBlanksAtEnds(QStringView text)
+{
+    while (text.endsWith(u' '))
+        text.chop(1);
+    while (text.startsWith(u' '))
+        text = text.sliced(1);
+    return text.toString();
+}
+
+/// The site as it is to be stored.
+Site typedSite(const QString &name, const QString &url)
+{
+    return {withoutBlanksAtEnds(name), withoutBlanksAtEnds(normalisedUrl(url))};
+}
+
+bool isEmpty(const Site &site)
+{
+    static constexpr qsizetype separatorLength = 3; // "://"
+    return site.name.isEmpty() || site.url.size() - schemeLength(site.url) == separatorLength;
+}
+
+/// What an edited site makes of the lists. @p old and @p edited may be one and the same.
+SiteLists withEdit(SiteLists lists, const Site &old, const Site &edited)
+{
+    if (isDefault(old) && isDefault(edited)) {
+        lists.user.erase(edited.name);
+        lists.ignored.erase(edited.name);
+    } else if (isDefault(old)) {
+        lists.user[edited.name] = edited.url;
+        lists.ignored[old.name] = old.url;
+    } else if (isDefault(edited)) {
+        lists.user.erase(old.name);
+        lists.ignored.erase(edited.name);
+    } else {
+        lists.user.erase(old.name);
+        lists.user[edited.name] = edited.url;
+    }
+    return lists;
+}
+
+} // namespace
+
+SiteCatalogue currentCatalogue()
+{
+    setDefaultSites();
+    const SiteLists lists;
+    return mergedCatalogue(mwqnDefaultSitesDict, lists.ignored, lists.user);
+}
+
+QString normalisedUrl(const QString &typed)
+{
+    QString url = typed;
+    url.replace(u' ', u"%20"_s);
+    return schemeLength(url) > 0 ? url : u"http://"_s + url;
+}
+
+SiteEdit addSite(const QString &name, const QString &url)
+{
+    const Site site = typedSite(name, url);
+    if (isEmpty(site))
+        return {SiteEdit::Empty, u"You must enter a name and URL to add an entry to the sites list"_s};
+    const SiteCatalogue catalogue = currentCatalogue();
+    const bool nameExists = catalogue.sites.contains(site.name);
+    const qsizetype sameUrl = catalogue.urls.indexOf(site.url);
+    if (nameExists && sameUrl >= 0)
+        return {SiteEdit::BothExist,
+                u"The site name and URL you entered both exist\nPlease enter a unique name and URL"_s};
+    if (nameExists)
+        return {SiteEdit::NameExists,
+                u"The site name already exists\nPlease enter a unique name for this site"_s};
+    if (sameUrl >= 0)
+        return {SiteEdit::UrlExists,
+                u"The entered URL is already associated with the site '%1'\n"
+                "Please enter a unique URL for this site"_s.arg(catalogue.sites[sameUrl])};
+    StringDictionary user = AddDeleteImportEdit::returnUserSitesDict().value_or(StringDictionary());
+    user[site.name] = site.url;
+    if (!site_list::write(site_list::userSites, user))
+        return {SiteEdit::NotStored};
+    return {SiteEdit::Done, u"Site Added Successfully"_s};
+}
+
+SiteEdit editSite(const Site &old, const QString &name, const QString &url)
+{
+    const Site edited = typedSite(name, url);
+    if (isEmpty(edited))
+        return {SiteEdit::Empty, u"The name and URL fields cannot be empty"_s};
+    setDefaultSites();
+    const SiteLists before;
+    const QStringView holdsTheSite = isDefault(edited) ? site_list::ignoredSites : site_list::userSites;
+    if (!store(before, withEdit(before, old, edited), holdsTheSite))
+        return {SiteEdit::NotStored};
+    renameSite(old.name, edited.name);
+    return {SiteEdit::Done, u"Site edited successfully"_s};
+}
+
+bool removeSites(const QStringList &names)
+{
+    const SiteCatalogue catalogue = currentCatalogue();
+    const SiteLists before;
+    SiteLists after = before;
+    for (const QString &name : names) {
+        const auto listed = catalogue.urlByName.find(name);
+        if (listed == catalogue.urlByName.end())
+            continue;
+        // An own site that is the same as a default one comes out of hiding when that one is left out.
+        const bool isLeftOut = before.ignored.contains(name);
+        if (isDefault({name, listed->second}) && !isLeftOut)
+            after.ignored[name] = mwqnDefaultSitesDict.at(name);
+        else
+            after.user.erase(name);
+    }
+    return store(before, after, site_list::userSites);
+}
+
+bool restoreSites(const QStringList &names)
+{
+    const SiteLists before;
+    SiteLists after = before;
+    for (const QString &name : names)
+        after.ignored.erase(name);
+    return store(before, after, site_list::ignoredSites);
+}
+
+} // namespace quillon::site_editing

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "submission/site_catalogue.h"
+
+#include <QString>
+#include <QStringList>
+
+namespace quillon {
+
+/// A site as a row of the catalogue has it.
+struct Site
+{
+    QString name;
+    QString url;
+};
+
+/// What came of adding or changing a site.
+struct SiteEdit
+{
+    enum Outcome
+    {
+        Done,
+        Empty, ///< No name, or no address but a scheme.
+        NameExists,
+        UrlExists,
+        BothExist,
+        NotStored ///< Nothing to be said but what mwqnFailedWrites holds.
+    };
+    Outcome outcome = Done;
+    QString sentence = {}; ///< What the author is told.
+};
+
+/// What can be done to the catalogue of sites, without a window: the site list editor and the command line
+/// both call these. Every change is stored at once.
+namespace site_editing {
+
+/// The catalogue as the two site lists have it now; a list that cannot be understood adds nothing.
+SiteCatalogue currentCatalogue();
+
+/// An address as it was typed, with each blank as "%20", and "http://" before it when it has no scheme.
+QString normalisedUrl(const QString &typed);
+
+/// Adds an own site, its address normalised, both without blanks at their ends. Its name and address must be
+/// new in the catalogue; those of default sites that were removed may be used again.
+SiteEdit addSite(const QString &name, const QString &url);
+
+/// Gives the catalogue's site @p old another name and address, and its marks in all titles the new name. A
+/// default site is left out and takes on the life of an own one; given back its name and address, it is the
+/// default one again. Whether others have the new name or address is not looked at.
+SiteEdit editSite(const Site &old, const QString &name, const QString &url);
+
+/// Removes sites of the catalogue by name: default ones are left out from now on, own ones are gone. False
+/// when that could not be stored.
+bool removeSites(const QStringList &names);
+
+/// Brings back default sites that were left out under these names. False when that could not be stored.
+bool restoreSites(const QStringList &names);
+
+} // namespace site_editing
+
+} // namespace quillon

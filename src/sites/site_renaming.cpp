@@ -1,0 +1,115 @@
+#include "sites/site_renaming.h"
+
+#include "platform/atomic_file.h"
+#include "platform/regex.h"
+#include "platform/text_decoding.h"
+#include "store/process_state.h"
+#include "store/storage_status.h"
+#include "store/summary_file.h"
+#include "store/title_folder.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+
+namespace {
+
+QStringList marks(const QByteArray &summary)
+{
+    QString sites = summary_file::parse(summary).sites.value_or(QString());
+    while (sites.endsWith(u','))
+        sites.chop(1);
+    return sites.split(u',');
+}
+
+/// The file of a site's picture in @p folder; none for a name that could lead out of it.
+std::optional<QString> imagePath(const QString &folder, const QString &site)
+{
+    const QString file = site + u".png"_s;
+    static constexpr qsizetype maxFileNameBytes = 255;
+    if (site.contains(u'/') || site.contains(QChar(u'\0')) || file.toUtf8().size() > maxFileNameBytes)
+        return std::nullopt;
+    return folder + file;
+}
+
+/// The picture at @p path; resources are files to Qt alone.
+std::optional<QByteArray> image(const std::optional<QString> &path)
+{
+    if (!path || !path->startsWith(u':'))
+        return path ? atomic_file::read(*path) : std::nullopt;
+    QFile file(*path);
+    return file.open(QIODevice::ReadOnly) ? std::optional(file.readAll()) : std::nullopt;
+}
+
+void renameMark(const QString &titleFolder, const QString &from, const QString &to)
+{
+    const QString path = titleFolder + u'/' + title_folder::summaryFile;
+    const auto bytes = atomic_file::read(path);
+    if (!bytes)
+        return;
+    const QString text = decodedXmlText(*bytes);
+    const QString renamed = withRenamedMark(text, from, to);
+    if (renamed != text)
+        storeFile(path, renamed.toUtf8());
+}
+
+} // namespace
+
+QString withRenamedMark(const QString &summary, const QString &from, const QString &to)
+{
+    if (!marks(summary.toUtf8()).contains(from))
+        return summary;
+    struct Neighbours
+    {
+        QStringView before;
+        QStringView after;
+    };
+    static constexpr std::array<Neighbours, 3> patterns = {{{u">", u","}, {u",", u","}, {u",", u"<"}}};
+    QString text = summary;
+    for (const auto &[before, after] : patterns)
+        text = Regex(QString(before + from + after)).replaceAll(text, QString(before + to + after));
+    return text;
+}
+
+void renameSite(const QString &from, const QString &to)
+{
+    if (from == to)
+        return;
+    const QDir dataFolder(mwqnAppSuppLoc);
+    bool anyTitle = false;
+    for (const QString &entry : dataFolder.entryList(QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot)) {
+        if (!entry.endsWith(title_folder::extension))
+            continue;
+        anyTitle = true;
+        renameMark(dataFolder.filePath(entry), from, to);
+    }
+    if (anyTitle)
+        renameSiteImage(from, to);
+}
+
+void renameSiteImage(const QString &from, const QString &to, const QString &resources)
+{
+    if (from == to)
+        return;
+    const QString folder = mwqnAppSuppLoc + u"Site Images/"_s;
+    if (!QDir().mkpath(folder))
+        return reportFailure(QDir::cleanPath(folder), u"the folder could not be made"_s);
+    const auto oldPath = imagePath(folder, from);
+    const auto newPath = imagePath(folder, to);
+    const auto own = image(imagePath(resources, from));
+    const auto picture = own ? own : image(oldPath);
+    if (!picture || !oldPath || !newPath)
+        return;
+    // A site that is called as one with a picture of the program's own shows that one.
+    const bool isShadowed = !own && image(imagePath(resources, to));
+    if (isShadowed ? !QFile::exists(*newPath) || QFile::remove(*newPath) : storeFile(*newPath, *picture))
+        QFile::remove(*oldPath);
+}
+
+} // namespace quillon

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "platform/folder_handle.h"
+
+#include <QString>
+
+#include <optional>
+#include <variant>
+
+namespace quillon {
+
+/**
+ * A folder that is filled under a name of no meaning and put into its place when it is complete.
+ *
+ * Until then nothing can be seen of it at the place, and whatever is there stays; one that is never put into
+ * place is removed with everything in it.
+ */
+class StagedFolder
+{
+public:
+    using Failure = FolderHandle::Failure;
+
+    /// Makes a staged folder in the folder @p parent, which must exist; else the reason.
+    static std::variant<StagedFolder, QString> in(const QString &parent);
+
+    StagedFolder(StagedFolder &&) noexcept = default;
+    StagedFolder &operator=(StagedFolder &&) = delete;
+    ~StagedFolder();
+
+    /// Where it is filled.
+    [[nodiscard]] const FolderHandle &folder() const { return m_folder; }
+    [[nodiscard]] const FolderHandle &parent() const { return m_parent; }
+
+    /// Syncs everything in it and gives it the name @p name in its parent. Something of that name is a
+    /// failure, unless @p replace says that it is to go; it goes only when the new folder stands there.
+    [[nodiscard]] Failure putInPlace(const QString &name, bool replace);
+
+private:
+    StagedFolder(const QString &parentPath, QByteArray name, FolderHandle parent, FolderHandle folder)
+        : m_parentPath(parentPath)
+        , m_name(std::move(name))
+        , m_parent(std::move(parent))
+        , m_folder(std::move(folder))
+    {
+    }
+    [[nodiscard]] Failure replace(const QByteArray &name);
+
+    QString m_parentPath;
+    QByteArray m_name; ///< In the parent; empty once there is nothing to remove.
+    FolderHandle m_parent;
+    FolderHandle m_folder;
+};
+
+} // namespace quillon

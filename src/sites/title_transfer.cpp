@@ -1,0 +1,258 @@
+#include "sites/backups.h"
+#include "sites/staged_folder.h"
+#include "store/process_state.h"
+#include "store/title_folder.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QLoggingCategory>
+
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+
+namespace {
+
+Q_LOGGING_CATEGORY(log, "quillon.backups")
+
+constexpr std::array<QStringView, 3> titleFiles = {title_folder::padFile, title_folder::summaryFile,
+                                                   title_folder::errorLog};
+
+bool isTitleFolder(const QByteArray &name)
+{
+    const QString entry = QFile::decodeName(name);
+    return entry.endsWith(title_folder::extension) &&
+           title_folder::isUsableName(QStringView(entry).chopped(title_folder::extension.size()));
+}
+
+/// What both ways share: titles of one folder are copied into a staged one.
+class Transfer : public TitleTransfer
+{
+public:
+    [[nodiscard]] int total() const override { return int(m_titles.size()); }
+    [[nodiscard]] int done() const override { return int(m_next); }
+
+    bool step() override
+    {
+        if (!m_failure.isEmpty() || m_next == m_titles.size())
+            return false;
+        const qsizetype place = m_next++;
+        copyTitle(m_titles[place], stagedName(place));
+        return m_failure.isEmpty() && m_next < m_titles.size();
+    }
+
+protected:
+    /// Opens the folder that titles are copied from and the one they are staged in.
+    void open(const QString &source, const QString &parent)
+    {
+        m_source = FolderHandle::open(source);
+        if (!m_source) {
+            m_failure = u"the folder %1 cannot be opened"_s.arg(source);
+            return;
+        }
+        auto staged = StagedFolder::in(parent);
+        if (auto *const folder = std::get_if<StagedFolder>(&staged))
+            m_staged.emplace(std::move(*folder));
+        else
+            m_failure = std::get<QString>(staged);
+    }
+
+    /// The names of the source's title folders; what only looks like one is noted.
+    QList<QByteArray> findTitles()
+    {
+        QList<QByteArray> found;
+        for (const FolderHandle::Entry &entry : m_source->entries()) {
+            const bool isTitle = isTitleFolder(entry.name);
+            if (isTitle && entry.kind == FolderHandle::Kind::Folder)
+                found.append(entry.name);
+            else if (isTitle)
+                note(entry.name, u"it is no folder"_s);
+            else if (entry.kind == FolderHandle::Kind::Folder)
+                noteTitlesInside(entry.name);
+        }
+        return found;
+    }
+
+    virtual QByteArray stagedName(qsizetype place) const = 0;
+
+    void note(const QByteArray &entry, const QString &reason)
+    {
+        const QString line = u"%1 was passed over: %2"_s.arg(QFile::decodeName(entry), reason);
+        qCWarning(log).noquote() << line;
+        m_notes.append(line);
+    }
+
+    [[nodiscard]] QStringList details() const
+    {
+        return m_failure.isEmpty() ? m_notes : QStringList{m_failure} + m_notes;
+    }
+
+    std::optional<FolderHandle> m_source;
+    std::optional<StagedFolder> m_staged;
+    QList<QByteArray> m_titles;
+    QList<qsizetype> m_copied; ///< Places in m_titles.
+    QString m_failure;         ///< Why it makes no sense to go on; empty as long as it does.
+
+private:
+    void copyTitle(const QByteArray &name, const QByteArray &stagedName)
+    {
+        const auto from = m_source->openFolder(name);
+        if (!from)
+            return note(name, u"it cannot be opened"_s);
+        noteTitlesInside(name);
+        const auto to = m_staged->folder().makeFolder(stagedName);
+        if (!to) {
+            m_failure = u"%1: the folder could not be made"_s.arg(QFile::decodeName(name));
+            return;
+        }
+        for (const QStringView titleFile : titleFiles) {
+            const QByteArray file = titleFile.toUtf8();
+            const auto bytes = from->read(file);
+            if (!bytes) {
+                note(name + '/' + file, u"it cannot be read"_s);
+            } else if (const auto failure = to->write(file, *bytes)) {
+                m_failure = u"%1/%2: %3"_s.arg(QFile::decodeName(name), titleFile, *failure);
+                return;
+            }
+        }
+        m_copied.append(m_next - 1);
+    }
+
+    void noteTitlesInside(const QByteArray &folder)
+    {
+        const auto inside = m_source->openFolder(folder);
+        if (!inside)
+            return;
+        for (const FolderHandle::Entry &entry : inside->entries()) {
+            if (isTitleFolder(entry.name))
+                note(folder + '/' + entry.name, u"it lies in another folder"_s);
+        }
+    }
+
+    qsizetype m_next = 0;
+    QStringList m_notes;
+};
+
+class TitleBackup final : public Transfer
+{
+public:
+    TitleBackup(const QString &to, backups::Existing existing)
+        : m_place(QDir::cleanPath(QFileInfo(to).absoluteFilePath()))
+        , m_replace(existing == backups::Existing::Replace)
+    {
+        m_failure = backups::refusal(to, backups::titlesExtension, existing);
+        if (m_failure.isEmpty())
+            open(mwqnAppSuppLoc, QFileInfo(m_place).path());
+        if (m_failure.isEmpty())
+            m_titles = findTitles();
+    }
+
+    BackupResult finish() override
+    {
+        if (m_failure.isEmpty() && m_titles.isEmpty())
+            return {BackupResult::Nothing, 0, 0, backups::nothingToBackup, {}, details()};
+        if (m_failure.isEmpty() && m_copied.isEmpty())
+            m_failure = u"no title could be read"_s;
+        if (m_failure.isEmpty())
+            m_failure = m_staged->putInPlace(QFileInfo(m_place).fileName(), m_replace).value_or(QString());
+        if (m_failure.isEmpty())
+            return {BackupResult::Done, int(m_copied.size()), 0, backups::backupSucceeded, {}, details()};
+        qCWarning(log).noquote() << m_failure;
+        return {BackupResult::Failed, 0, 0, backups::backupFailed, {}, details()};
+    }
+
+private:
+    QByteArray stagedName(qsizetype place) const override { return m_titles[place]; }
+
+    QString m_place;
+    bool m_replace;
+};
+
+class TitleRestore final : public Transfer
+{
+public:
+    explicit TitleRestore(const QString &from)
+    {
+        open(from, mwqnAppSuppLoc);
+        if (!m_failure.isEmpty())
+            return;
+        for (const QByteArray &title : findTitles())
+            (m_staged->parent().exists(title) ? m_ignored : m_titles).append(title);
+    }
+
+    BackupResult finish() override
+    {
+        if (!m_copied.isEmpty())
+            place();
+        for (const QByteArray &title : std::as_const(m_ignored))
+            logImported(title);
+        const BackupResult::Outcome outcome = m_failure.isEmpty() ? BackupResult::Done : BackupResult::Failed;
+        return {outcome, m_imported, int(m_ignored.size()), sentence(), explanation(), details()};
+    }
+
+private:
+    // Whatever lies in the data folder under a title's name is listed; so a staged title has another one.
+    QByteArray stagedName(qsizetype place) const override { return QByteArray::number(place); }
+
+    void place()
+    {
+        if (const auto failure = m_staged->folder().syncFileSystem()) {
+            m_failure = *failure;
+            return;
+        }
+        for (const qsizetype place : std::as_const(m_copied)) {
+            const QByteArray &title = m_titles[place];
+            if (const auto failure = m_staged->folder().move(stagedName(place), m_staged->parent(), title)) {
+                note(title, *failure);
+                continue;
+            }
+            ++m_imported;
+            logImported(title);
+        }
+        if (const auto failure = m_staged->parent().sync())
+            m_failure = *failure;
+    }
+
+    static void logImported(const QByteArray &title)
+    {
+        qCInfo(log).noquote() << "imported" << QFile::decodeName(title);
+    }
+
+    [[nodiscard]] QString sentence() const
+    {
+        if (m_imported == 0)
+            return u"No software titles were imported."_s;
+        const QString imported = u"%1 software titles were imported."_s.arg(m_imported);
+        return m_ignored.isEmpty()
+                   ? imported
+                   : u"%1\n%2 software titles were ignored."_s.arg(imported).arg(m_ignored.size());
+    }
+
+    [[nodiscard]] QString explanation() const
+    {
+        return m_imported > 0 && m_ignored.isEmpty()
+                   ? QString()
+                   : u"Software titles are not imported if an item exists in the software list with the same "
+                     "name."_s;
+    }
+
+    QList<QByteArray> m_ignored;
+    int m_imported = 0;
+};
+
+} // namespace
+
+std::unique_ptr<TitleTransfer> TitleTransfer::backup(const QString &to, backups::Existing existing)
+{
+    return std::make_unique<TitleBackup>(to, existing);
+}
+
+std::unique_ptr<TitleTransfer> TitleTransfer::restore(const QString &from)
+{
+    return std::make_unique<TitleRestore>(from);
+}
+
+} // namespace quillon

@@ -1,0 +1,292 @@
+#include "sites/backups.h"
+#include "store/site_list.h"
+#include "submission/data_folder_fixture.h"
+#include "support/full_disk.h"
+
+#include <QDirIterator>
+#include <QMap>
+
+#include <sys/stat.h>
+
+using namespace Qt::StringLiterals;
+using namespace quillon;
+using backups::Existing;
+
+namespace {
+
+class Backups : public DataFolderTest
+{
+protected:
+    [[nodiscard]] QString place(const QString &name = u"list.swback"_s) const { return home() + u'/' + name; }
+
+    /// Everything below @p folder, with the files' texts.
+    static QMap<QString, QString> tree(const QString &folder)
+    {
+        QMap<QString, QString> found;
+        QDirIterator walk(folder, QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
+                          QDirIterator::Subdirectories);
+        while (walk.hasNext()) {
+            const QString path = walk.next();
+            found[path.sliced(folder.size())] = walk.fileInfo().isFile() ? contentOf(path) : u"-"_s;
+        }
+        return found;
+    }
+    static void makeLink(const QString &target, const QString &name)
+    {
+        ASSERT_TRUE(QFile::link(target, name));
+    }
+    static void makeFifo(const QString &path)
+    {
+        ASSERT_EQ(::mkfifo(QFile::encodeName(path).constData(), 0600), 0);
+    }
+};
+
+} // namespace
+
+TEST_F(Backups, OfTitlesHoldTheirThreeFilesAndNothingElse)
+{
+    EXPECT_EQ(backups::backupTitles(place(), Existing::Refuse).sentence, u"There is nothing to backup");
+    EXPECT_FALSE(QFileInfo::exists(place()));
+
+    makeTitle(u"A & B"_s, u"Softs"_s, u"1"_s);
+    makeTitle(u".hidden ünï"_s);
+    writeTo(pathIn(u"A & B"_s, u"notes.txt"), u"mine"_s);
+    QList<std::pair<int, int>> reports;
+    const BackupResult result = backups::backupTitles(place(), Existing::Refuse, [&](int done, int total) {
+        reports.append({done, total});
+        return true;
+    });
+    EXPECT_EQ(result.outcome, BackupResult::Done);
+    EXPECT_EQ(result.sentence, u"The backup was successful");
+    EXPECT_EQ(result.copied, 2);
+    EXPECT_TRUE(result.details.isEmpty());
+    EXPECT_EQ(reports, (QList<std::pair<int, int>>{{1, 2}, {2, 2}}));
+    QMap<QString, QString> expected = tree(mwqnAppSuppLoc);
+    for (const QString &name : {u"sites.qnrc"_s, u"ignore.qnrc"_s, u"A & B.qndata/notes.txt"_s})
+        expected.remove(name);
+    EXPECT_EQ(tree(place() + u'/'), expected);
+
+    const QMap<QString, QString> before = tree(mwqnAppSuppLoc);
+    AddDeleteImportEdit::deleteQnDataFile(u".hidden ünï"_s);
+    EXPECT_EQ(backups::restoreTitles(place()).copied, 1);
+    EXPECT_EQ(tree(mwqnAppSuppLoc), before);
+}
+
+TEST_F(Backups, TellHowManyTitlesWereImportedAndIgnored)
+{
+    const QString explanation =
+        u"Software titles are not imported if an item exists in the software list with the same name."_s;
+    makeTitle(u"A"_s);
+    makeTitle(u"B"_s);
+    ASSERT_EQ(backups::backupTitles(place(), Existing::Refuse).outcome, BackupResult::Done);
+    writeTo(pathIn(u"A"_s, title_folder::padFile), u"newer"_s);
+
+    BackupResult result = backups::restoreTitles(place());
+    EXPECT_EQ(result.sentence, u"No software titles were imported.");
+    EXPECT_EQ(result.informativeText, explanation);
+    EXPECT_EQ(result.ignored, 2);
+
+    AddDeleteImportEdit::deleteQnDataFile(u"B"_s);
+    result = backups::restoreTitles(place());
+    EXPECT_EQ(result.sentence, u"1 software titles were imported.\n1 software titles were ignored.");
+    EXPECT_EQ(result.informativeText, explanation);
+    EXPECT_EQ(contentOf(pathIn(u"A"_s, title_folder::padFile)), u"newer") << "a title is never overwritten";
+
+    AddDeleteImportEdit::deleteQnDataFile(u"A"_s);
+    AddDeleteImportEdit::deleteQnDataFile(u"B"_s);
+    result = backups::restoreTitles(place());
+    EXPECT_EQ(result.sentence, u"2 software titles were imported.");
+    EXPECT_EQ(result.informativeText, u"");
+    // A file of a title's name counts as that title.
+    AddDeleteImportEdit::deleteQnDataFile(u"A"_s);
+    writeTo(*title_folder::path(u"A"), u"a file"_s);
+    EXPECT_EQ(backups::restoreTitles(place()).ignored, 2);
+    EXPECT_EQ(contentOf(*title_folder::path(u"A")), u"a file");
+}
+
+TEST_F(Backups, PassOverWhatIsNoTitleAndSayWhat)
+{
+    makeTitle(u"Good"_s);
+    const QString secret = home() + u"/secret"_s;
+    ASSERT_TRUE(QDir().mkdir(secret));
+    writeTo(secret + u"/data.qnxml"_s, u"secret"_s);
+    makeLink(secret, mwqnAppSuppLoc + u"Linked.qndata");
+    makeTitle(u"Odd"_s);
+    QFile::remove(pathIn(u"Odd"_s, title_folder::padFile));
+    makeLink(secret + u"/data.qnxml"_s, pathIn(u"Odd"_s, title_folder::padFile));
+    QFile::remove(pathIn(u"Odd"_s, title_folder::summaryFile));
+    makeFifo(pathIn(u"Odd"_s, title_folder::summaryFile));
+    writeTo(*title_folder::path(u"File"), u"no folder"_s);
+    ASSERT_TRUE(QDir().mkpath(mwqnAppSuppLoc + u"Odd.qndata/Inner.qndata"));
+    ASSERT_TRUE(QDir().mkpath(mwqnAppSuppLoc + u"Other/Nested.qndata"));
+    ASSERT_TRUE(QDir().mkpath(mwqnAppSuppLoc + u".qndata"));
+
+    const BackupResult result = backups::backupTitles(place(), Existing::Refuse);
+    EXPECT_EQ(result.copied, 2);
+    EXPECT_EQ(tree(place() + u'/').keys(),
+              QStringList({u"Good.qndata"_s, u"Good.qndata/data.qnxml"_s, u"Good.qndata/error.log"_s,
+                           u"Good.qndata/general.qnxmld"_s, u"Odd.qndata"_s, u"Odd.qndata/error.log"_s}));
+    const QString details = result.details.join(u'\n');
+    for (const QString &passedOver :
+         {u"Linked.qndata"_s, u"File.qndata"_s, u"Odd.qndata/data.qnxml"_s, u"Odd.qndata/general.qnxmld"_s,
+          u"Odd.qndata/Inner.qndata"_s, u"Other/Nested.qndata"_s})
+        EXPECT_TRUE(details.contains(passedOver + u" was passed over")) << passedOver.toStdString();
+    EXPECT_EQ(result.details.size(), 6);
+}
+
+TEST_F(Backups, OfAnyOriginCannotLeadOutOfTheDataFolder)
+{
+    const QString secret = home() + u"/secret"_s;
+    ASSERT_TRUE(QDir().mkdir(secret));
+    writeTo(secret + u"/data.qnxml"_s, u"secret"_s);
+    ASSERT_TRUE(QDir().mkpath(place() + u"/Good.qndata/Inner.qndata"_s));
+    ASSERT_TRUE(QDir().mkpath(place() + u"/sub/Nested.qndata"_s) && QDir().mkpath(place() + u"/.qndata"_s));
+    writeTo(place() + u"/Good.qndata/data.qnxml"_s, u"good"_s);
+    writeTo(place() + u"/Good.qndata/evil.sh"_s, u"evil"_s);
+    makeLink(secret, place() + u"/Linked.qndata"_s);
+    makeLink(secret + u"/data.qnxml"_s, place() + u"/Good.qndata/error.log"_s);
+    makeLink(u"/nowhere"_s, mwqnAppSuppLoc + u"Dangling.qndata");
+    ASSERT_TRUE(QDir().mkdir(place() + u"/Dangling.qndata"_s));
+
+    const BackupResult result = backups::restoreTitles(place());
+    EXPECT_EQ(result.copied, 1);
+    EXPECT_EQ(result.ignored, 1) << "also a broken link holds its name";
+    EXPECT_EQ(QDir(mwqnAppSuppLoc).entryList(QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot),
+              QStringList({u"Good.qndata"_s}));
+    EXPECT_EQ(QDir(mwqnAppSuppLoc + u"Good.qndata").entryList(QDir::Files), QStringList({u"data.qnxml"_s}));
+    EXPECT_EQ(result.details.size(), 5) << result.details.join(u'\n').toStdString();
+
+    for (const QString &missing : QStringList{home() + u"/none"_s, {}, secret + u"/data.qnxml"_s}) {
+        const BackupResult nothing = backups::restoreTitles(missing);
+        EXPECT_EQ(nothing.outcome, BackupResult::Failed);
+        EXPECT_EQ(nothing.sentence, u"No software titles were imported.");
+    }
+}
+
+TEST_F(Backups, ReplaceOnlyWhatTheAuthorAgreedToAndOnlyWhenComplete)
+{
+    makeTitle(u"A"_s);
+    const QString other = place(u"letters"_s);
+    ASSERT_TRUE(QDir().mkpath(place()) && QDir().mkpath(other) && QDir().mkpath(home() + u"/real"_s));
+    writeTo(place() + u"/old"_s, u"old"_s);
+    makeLink(home() + u"/real"_s, place(u"link.swback"_s));
+    const QString dataFolder = QDir::cleanPath(mwqnAppSuppLoc);
+    makeLink(dataFolder, place(u"way in"_s));
+    struct Case
+    {
+        QString to;
+        Existing existing;
+    };
+    const Case refused[] = {
+        {place(), Existing::Refuse},
+        {place() + u'/', Existing::Refuse},
+        {other, Existing::Replace},
+        {place(u"link.swback"_s), Existing::Refuse},
+        {home() + u"/no such/list.swback"_s, Existing::Refuse},
+        {dataFolder, Existing::Replace},
+        {dataFolder + u"/new.swback"_s, Existing::Refuse},
+        {dataFolder + u"/A.qndata/new.swback"_s, Existing::Refuse},
+        {place(u"way in/new.swback"_s), Existing::Refuse},
+        {home(), Existing::Replace},
+        {QString(), Existing::Replace},
+        {u"/"_s, Existing::Replace},
+    };
+    const QMap<QString, QString> before = tree(home());
+    for (const Case &each : refused) {
+        const BackupResult result = backups::backupTitles(each.to, each.existing);
+        EXPECT_EQ(result.outcome, BackupResult::Failed) << each.to.toStdString();
+        EXPECT_EQ(result.sentence, u"The backup failed  with an unknown error");
+        EXPECT_EQ(result.details.size(), 1);
+        EXPECT_EQ(tree(home()), before) << each.to.toStdString();
+    }
+
+    EXPECT_EQ(backups::backupTitles(place(), Existing::Replace).outcome, BackupResult::Done);
+    EXPECT_EQ(QDir(place()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList({u"A.qndata"_s}));
+    EXPECT_EQ(backups::backupTitles(place(u"link.swback"_s), Existing::Replace).outcome, BackupResult::Done);
+    EXPECT_FALSE(QFileInfo(place(u"link.swback"_s)).isSymLink());
+    EXPECT_TRUE(QDir(home() + u"/real"_s).isEmpty()) << "a link is replaced, not followed";
+}
+
+TEST_F(Backups, ThatFailOrAreCancelledLeaveNothingBehind)
+{
+    for (const QString &title : {u"A"_s, u"B"_s, u"C"_s})
+        makeTitle(title);
+    writeTo(pathIn(u"B"_s, title_folder::padFile), QString(200'000, u'x'));
+    ASSERT_TRUE(QDir().mkpath(place()));
+    writeTo(place() + u"/old"_s, u"old"_s);
+    const QMap<QString, QString> before = tree(home());
+    const auto afterOne = [](int done, int) { return done < 1; };
+    {
+        const FullDisk fullDisk(100'000);
+        const BackupResult result = backups::backupTitles(place(), Existing::Replace);
+        EXPECT_EQ(result.sentence, u"The backup failed  with an unknown error");
+        EXPECT_TRUE(result.details.first().startsWith(u"B.qndata/data.qnxml"))
+            << result.details.first().toStdString();
+    }
+    EXPECT_EQ(tree(home()), before);
+    EXPECT_EQ(backups::backupTitles(place(), Existing::Replace, afterOne).outcome, BackupResult::Cancelled);
+    EXPECT_EQ(tree(home()), before);
+
+    const QString whole = place(u"whole.swback"_s);
+    ASSERT_EQ(backups::backupTitles(whole, Existing::Refuse).copied, 3);
+    for (const QString &title : {u"A"_s, u"B"_s, u"C"_s})
+        AddDeleteImportEdit::deleteQnDataFile(title);
+    const QMap<QString, QString> empty = tree(home());
+    EXPECT_EQ(backups::restoreTitles(whole, afterOne).outcome, BackupResult::Cancelled);
+    EXPECT_EQ(tree(home()), empty);
+    {
+        const FullDisk fullDisk(100'000);
+        const BackupResult result = backups::restoreTitles(whole);
+        EXPECT_EQ(result.outcome, BackupResult::Failed);
+        EXPECT_EQ(result.sentence, u"1 software titles were imported.") << "what is whole is kept";
+    }
+    EXPECT_EQ(QDir(mwqnAppSuppLoc).entryList(QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot),
+              QStringList({u"A.qndata"_s}));
+}
+
+TEST_F(Backups, OfSitesAreCopiesAndComeBackUnderThePresentEntries)
+{
+    const QString to = place(u"sites.qnback"_s);
+    EXPECT_EQ(backups::backupSites(to, Existing::Refuse).outcome, BackupResult::Nothing);
+    EXPECT_FALSE(QFileInfo::exists(to));
+
+    ASSERT_TRUE(site_list::write(site_list::userSites, {{u"A"_s, u"old"_s}, {u"B"_s, u"b"_s}}));
+    ASSERT_TRUE(site_list::write(site_list::ignoredSites, {{u"Softs"_s, u"s"_s}}));
+    EXPECT_EQ(backups::backupSites(to, Existing::Refuse).sentence, u"The backup was successful");
+    QMap<QString, QString> expected = tree(mwqnAppSuppLoc);
+    EXPECT_EQ(tree(to + u'/'), expected);
+    EXPECT_EQ(backups::backupSites(to, Existing::Refuse).sentence,
+              u"The backup failed  with an unknown error");
+    EXPECT_EQ(backups::backupSites(to, Existing::Replace).outcome, BackupResult::Done);
+
+    ASSERT_TRUE(site_list::write(site_list::userSites, {{u"A"_s, u"new"_s}, {u"C"_s, u"c"_s}}));
+    ASSERT_TRUE(site_list::write(site_list::ignoredSites, {}));
+    EXPECT_EQ(backups::restoreSites(to).copied, 2);
+    EXPECT_EQ(AddDeleteImportEdit::returnUserSitesDict(),
+              (StringDictionary{{u"A"_s, u"new"_s}, {u"B"_s, u"b"_s}, {u"C"_s, u"c"_s}}));
+    EXPECT_EQ(AddDeleteImportEdit::returnIgnoredSitesDict(), (StringDictionary{{u"Softs"_s, u"s"_s}}));
+}
+
+TEST_F(Backups, OfSitesThatAreDamagedTakeNothingAway)
+{
+    const QString from = place(u"sites.qnback"_s);
+    ASSERT_TRUE(QDir().mkdir(from));
+    ASSERT_TRUE(site_list::write(site_list::userSites, {{u"A"_s, u"a"_s}}));
+    const QMap<QString, QString> before = tree(mwqnAppSuppLoc);
+    EXPECT_EQ(backups::restoreSites(from).outcome, BackupResult::Done) << "an empty folder adds nothing";
+
+    writeTo(from + u"/sites.qnrc"_s, u"<plist><dict><key>B"_s);
+    makeLink(mwqnAppSuppLoc + u"sites.qnrc", from + u"/ignore.qnrc"_s);
+    EXPECT_EQ(backups::restoreSites(from).details.size(), 2);
+    EXPECT_EQ(backups::restoreSites(home() + u"/none"_s).outcome, BackupResult::Failed);
+    EXPECT_EQ(tree(mwqnAppSuppLoc), before);
+
+    // A present list that is damaged is kept beside when entries come in.
+    writeTo(mwqnAppSuppLoc + u"ignore.qnrc", u"damaged"_s);
+    QFile::remove(from + u"/ignore.qnrc"_s);
+    EXPECT_EQ(backups::restoreSites(from).copied, 0);
+    EXPECT_EQ(contentOf(mwqnAppSuppLoc + u"ignore.qnrc"), u"damaged");
+    QFile::copy(mwqnAppSuppLoc + u"sites.qnrc", from + u"/ignore.qnrc"_s);
+    EXPECT_EQ(backups::restoreSites(from).copied, 1);
+    EXPECT_EQ(contentOf(mwqnAppSuppLoc + u"ignore.qnrc.unreadable"), u"damaged");
+}
