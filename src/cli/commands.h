@@ -4,7 +4,7 @@
 
 #include <memory>
 
-/// Every command of quillon-cli; each has a file of its own.
+/// Every command of quillon-cli; in the order of the help.
 namespace quillon::cli {
 
 std::unique_ptr<Command> listCommand();
@@ -14,5 +14,13 @@ std::unique_ptr<Command> deleteCommand();
 std::unique_ptr<Command> importCommand();
 std::unique_ptr<Command> exportCommand();
 std::unique_ptr<Command> showCommand();
+std::unique_ptr<Command> setCommand();
+std::unique_ptr<Command> checkCommand();
+std::unique_ptr<Command> sitesCommand();
+std::unique_ptr<Command> markCommand();
+std::unique_ptr<Command> unmarkCommand();
+std::unique_ptr<Command> copyCommand();
+std::unique_ptr<Command> backupCommand();
+std::unique_ptr<Command> restoreCommand();
 
 } // namespace quillon::cli

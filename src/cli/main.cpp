@@ -52,8 +52,10 @@ int main(int argc, char *argv[])
     program.add_option("--home", home, "Use this folder as the user's home folder")->type_name("DIR");
 
     std::vector<std::pair<CLI::App *, std::unique_ptr<cli::Command>>> commands;
-    for (const auto make : {cli::listCommand, cli::newCommand, cli::renameCommand, cli::deleteCommand,
-                            cli::importCommand, cli::exportCommand, cli::showCommand}) {
+    for (const auto make :
+         {cli::listCommand, cli::newCommand, cli::renameCommand, cli::deleteCommand, cli::importCommand,
+          cli::exportCommand, cli::showCommand, cli::setCommand, cli::checkCommand, cli::sitesCommand,
+          cli::markCommand, cli::unmarkCommand, cli::copyCommand, cli::backupCommand, cli::restoreCommand}) {
         auto command = make();
         CLI::App *subcommand = command->addTo(program);
         commands.emplace_back(subcommand, std::move(command));

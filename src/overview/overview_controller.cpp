@@ -1,9 +1,8 @@
 #include "overview/overview_controller.h"
 
+#include "overview/title_operations.h"
 #include "platform/notification_center.h"
 #include "platform/notifications.h"
-#include "platform/text_decoding.h"
-#include "store/add_delete_import_edit.h"
 #include "store/error_tracking.h"
 #include "store/process_state.h"
 
@@ -48,31 +47,6 @@ void OverviewController::showDetails(const Summary &summary)
     showErrors(ErrorTracking::returnErrorDictionary().value_or(StringDictionary()));
 }
 
-bool OverviewController::pruneMarks(QStringList sites, QStringList versions)
-{
-    // Before the catalogue has been built there is nothing to tell by that a site is gone.
-    if (mwqnSCPreallSitesDict.empty())
-        return false;
-    bool changed = false;
-    for (qsizetype at = 0; at < sites.size();) {
-        if (sites[at].isEmpty() || mwqnSCPreallSitesDict.contains(sites[at])) {
-            ++at;
-            continue;
-        }
-        sites.removeAt(at);
-        if (at < versions.size())
-            versions.removeAt(at);
-        changed = true;
-    }
-    if (changed) {
-        const QString text =
-            decodedXmlText(AddDeleteImportEdit::returnDataObjectFor(u"general").value_or(QByteArray()));
-        AddDeleteImportEdit::writeToFile(u"general",
-                                         summary_file::withSubmissions(text, sites, versions).toUtf8());
-    }
-    return changed;
-}
-
 void OverviewController::updateOverviewDisplay()
 {
     NotificationCenter &center = NotificationCenter::defaultCenter();
@@ -84,9 +58,7 @@ void OverviewController::updateOverviewDisplay()
     }
     selectTitle(m_softwareTable.swNameArray()[m_selectedRow]);
 
-    const auto bytes = AddDeleteImportEdit::returnDataObjectFor(u"general");
-    const Summary summary = summary_file::parse(bytes.value_or(QByteArray()));
-    if (pruneMarks(summary.siteList(), summary.versionList()))
+    if (title_operations::pruneMarks())
         loadSoftwareList();
 
     center.post(notification::mwqnLPDIed);

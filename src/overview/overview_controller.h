@@ -63,8 +63,6 @@ private:
     void showDetails(const Summary &summary);
     void showErrors(const StringDictionary &errors);
     void forgetSelectedTitle();
-    /// True when marks were pruned and the file was written.
-    bool pruneMarks(QStringList sites, QStringList versions);
 
     AlertSheets &m_alerts;
     SoftwareTable m_softwareTable;

@@ -7,7 +7,9 @@
 #include "platform/text_decoding.h"
 #include "platform/tolerant_xml.h"
 #include "store/add_delete_import_edit.h"
+#include "store/process_state.h"
 #include "store/storage_status.h"
+#include "store/summary_file.h"
 #include "store/title_folder.h"
 
 using namespace Qt::StringLiterals;
@@ -24,16 +26,6 @@ QString nameConflict(const QString &name)
         return u"A listing with the name "_s + name + u" already exists\nPlease choose another name."_s;
     return u"The name "_s + name.simplified() +
            u" cannot be used for a listing\nPlease choose another name."_s;
-}
-
-/// The text of the PAD file at @p path; none when it is none.
-std::optional<QString> padText(const QString &path)
-{
-    const auto bytes = atomic_file::read(path, maxPadFileSize);
-    if (!bytes)
-        return std::nullopt;
-    QString text = decodedXmlText(*bytes);
-    return text.contains(padMarker, Qt::CaseInsensitive) ? std::optional(std::move(text)) : std::nullopt;
 }
 
 } // namespace
@@ -60,6 +52,15 @@ QString sentence(NameVerdict verdict)
         break;
     }
     return {};
+}
+
+std::optional<QString> padText(const QString &path)
+{
+    const auto bytes = atomic_file::read(path, maxPadFileSize);
+    if (!bytes)
+        return std::nullopt;
+    QString text = decodedXmlText(*bytes);
+    return text.contains(padMarker, Qt::CaseInsensitive) ? std::optional(std::move(text)) : std::nullopt;
 }
 
 Import importPadFile(const QString &path, const std::optional<QString> &name)
@@ -92,6 +93,32 @@ bool exportPadFile(const QString &title, const QString &path)
 {
     const auto content = exportedPad(title);
     return content && storeFile(path, *content);
+}
+
+bool pruneMarks()
+{
+    const auto bytes = AddDeleteImportEdit::returnDataObjectFor(u"general");
+    if (!bytes || mwqnSCPreallSitesDict.empty())
+        return false;
+    const Summary summary = summary_file::parse(*bytes);
+    QStringList sites = summary.siteList();
+    QStringList versions = summary.versionList();
+    bool changed = false;
+    for (qsizetype at = 0; at < sites.size();) {
+        if (sites[at].isEmpty() || mwqnSCPreallSitesDict.contains(sites[at])) {
+            ++at;
+            continue;
+        }
+        sites.removeAt(at);
+        if (at < versions.size())
+            versions.removeAt(at);
+        changed = true;
+    }
+    if (changed) {
+        const QString pruned = summary_file::withSubmissions(decodedXmlText(*bytes), sites, versions);
+        AddDeleteImportEdit::writeToFile(u"general", pruned.toUtf8());
+    }
+    return changed;
 }
 
 } // namespace quillon::title_operations

@@ -43,6 +43,9 @@ struct Import
 /// Files larger than this (bytes) are not taken for PAD files; real ones have some 10 to 100 kB.
 inline constexpr qint64 maxPadFileSize = 16 * 1024 * 1024;
 
+/// The text of the PAD file at @p path; none when it is unreadable, too large, or without the PAD marker.
+std::optional<QString> padText(const QString &path);
+
 /// Makes a title of the PAD file at @p path, under the file's own program name or under @p name.
 Import importPadFile(const QString &path, const std::optional<QString> &name = std::nullopt);
 
@@ -52,6 +55,10 @@ bool exportPadFile(const QString &title, const QString &path);
 
 /// The exported form of the stored PAD file of @p title; none when it cannot be read.
 std::optional<QByteArray> exportedPad(const QString &title);
+
+/// Takes the selected title's marks of sites that are gone from the catalogue out of its summary file. True
+/// when there were any. Before the catalogue has been built there is nothing to tell by, and nothing is done.
+bool pruneMarks();
 
 inline const QString importSucceeded = QStringLiteral("Import Successful");
 inline const QString exportSucceeded = QStringLiteral("PAD file export successful");

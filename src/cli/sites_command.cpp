@@ -1,0 +1,186 @@
+#include "cli/commands.h"
+#include "cli/title_session.h"
+#include "sites/site_editing.h"
+#include "store/add_delete_import_edit.h"
+#include "store/process_state.h"
+#include "store/summary_file.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon::cli {
+
+namespace {
+
+/// Whether the site in the list's first part is one of the author's own.
+bool isUserSite(const SiteCatalogue &catalogue, qsizetype row)
+{
+    const auto user = AddDeleteImportEdit::returnUserSitesDict().value_or(StringDictionary());
+    return row < qsizetype(user.size()) && user.contains(catalogue.sites[row]);
+}
+
+/// The catalogue, a title's state with each site, and the changes to the list of sites.
+class Sites final : public Command
+{
+public:
+    CLI::App *addTo(CLI::App &application) override
+    {
+        CLI::App *command = application.add_subcommand("sites", "The sites that titles can be submitted to");
+        command->add_option("--for", m_title,
+                            "In the submission window's order, with this title's state for each");
+        command->add_flag("--json", m_json, "As JSON");
+
+        m_add = command->add_subcommand("add", "Add a site of your own");
+        m_add->add_option("NAME", m_name)->required();
+        m_add->add_option("URL", m_url)->required();
+        m_edit =
+            command->add_subcommand("edit", "Give a site another name and address; marks follow the name");
+        m_edit->add_option("NAME", m_name)->required();
+        m_edit->add_option("NEWNAME", m_newName)->required();
+        m_edit->add_option("NEWURL", m_url)->required();
+        m_remove = command->add_subcommand("remove", "Remove sites; only default sites can be restored");
+        m_remove->add_option("NAME", m_names)->required();
+        m_restore = command->add_subcommand("restore", "Bring removed default sites back");
+        m_restore->add_option("NAME", m_names)->required();
+        command->require_subcommand(0, 1);
+        return command;
+    }
+
+    [[nodiscard]] bool writes() const override { return !m_title.empty() || changes(); }
+
+    ExitStatus run() override
+    {
+        if (m_add->parsed())
+            return told(site_editing::addSite(text(m_name), text(m_url)));
+        if (m_edit->parsed())
+            return edit();
+        if (m_remove->parsed() || m_restore->parsed())
+            return removeOrRestore();
+        return m_title.empty() ? list() : listForTitle();
+    }
+
+private:
+    [[nodiscard]] bool changes() const
+    {
+        return m_add->parsed() || m_edit->parsed() || m_remove->parsed() || m_restore->parsed();
+    }
+
+    static ExitStatus told(const SiteEdit &edit)
+    {
+        if (edit.outcome == SiteEdit::NotStored)
+            return fileFailed();
+        if (edit.outcome != SiteEdit::Done) {
+            complain(edit.sentence);
+            return Refused;
+        }
+        return Done;
+    }
+
+    /// False, with a complaint, when one of @p names is not among @p sites.
+    static bool allExist(const QStringList &names, const QStringList &sites)
+    {
+        for (const QString &name : names) {
+            if (!sites.contains(name)) {
+                complain(u"There is no site named %1."_s.arg(name));
+                return false;
+            }
+        }
+        return true;
+    }
+
+    [[nodiscard]] ExitStatus edit() const
+    {
+        const SiteCatalogue catalogue = site_editing::currentCatalogue();
+        const qsizetype row = catalogue.sites.indexOf(text(m_name));
+        if (!allExist({text(m_name)}, catalogue.sites))
+            return Refused;
+        const Site old{catalogue.sites[row], catalogue.urls[row]};
+        return told(site_editing::editSite(old, text(m_newName), site_editing::normalisedUrl(text(m_url))));
+    }
+
+    [[nodiscard]] ExitStatus removeOrRestore() const
+    {
+        QStringList names;
+        for (const std::string &name : m_names)
+            names.append(text(name));
+        const SiteCatalogue catalogue = site_editing::currentCatalogue();
+        if (!allExist(names, m_remove->parsed() ? catalogue.sites : catalogue.ignored))
+            return Refused;
+        const bool stored =
+            m_remove->parsed() ? site_editing::removeSites(names) : site_editing::restoreSites(names);
+        return stored ? Done : fileFailed();
+    }
+
+    [[nodiscard]] ExitStatus list() const
+    {
+        AddDeleteImportEdit::checkAppSuppExists();
+        const SiteCatalogue catalogue = site_editing::currentCatalogue();
+        QJsonArray sites;
+        QJsonArray ignored;
+        for (qsizetype row = 0; row < catalogue.sites.size(); ++row) {
+            const QString source = isUserSite(catalogue, row) ? u"user"_s : u"default"_s;
+            if (m_json)
+                sites.append(QJsonObject{{u"name"_s, catalogue.sites[row]},
+                                         {u"url"_s, catalogue.urls[row]},
+                                         {u"source"_s, source}});
+            else
+                print(catalogue.sites[row] + u'\t' + catalogue.urls[row] + u'\t' + source);
+        }
+        for (qsizetype row = 0; row < catalogue.ignored.size(); ++row) {
+            if (m_json)
+                ignored.append(
+                    QJsonObject{{u"name"_s, catalogue.ignored[row]}, {u"url"_s, catalogue.ignoredUrls[row]}});
+            else
+                print(catalogue.ignored[row] + u'\t' + catalogue.ignoredUrls[row] + u"\tremoved");
+        }
+        if (m_json)
+            print(QJsonDocument(QJsonObject{{u"sites"_s, sites}, {u"ignored"_s, ignored}}));
+        return Done;
+    }
+
+    [[nodiscard]] ExitStatus listForTitle() const
+    {
+        TitleSession session;
+        if (!session.open(text(m_title)))
+            return Refused;
+        const auto bytes = AddDeleteImportEdit::returnDataObjectFor(u"general");
+        QStringList names;
+        for (const auto &[name, url] : mwqnSCPreallSitesDict)
+            names.append(name);
+        const QList<SiteState> states = siteStates(names, summary_file::parse(bytes.value_or(QByteArray())));
+        QJsonArray sites;
+        for (qsizetype row = 0; row < names.size(); ++row) {
+            const QString url = mwqnSCPreallSitesDict.at(names[row]);
+            const QString state = quillon::name(states[row]);
+            if (m_json)
+                sites.append(QJsonObject{{u"name"_s, names[row]}, {u"url"_s, url}, {u"state"_s, state}});
+            else
+                print(names[row] + u'\t' + url + u'\t' + state);
+        }
+        if (m_json)
+            print(QJsonDocument(sites));
+        return TitleSession::stored();
+    }
+
+    std::string m_title;
+    std::string m_name;
+    std::string m_newName;
+    std::string m_url;
+    std::vector<std::string> m_names;
+    bool m_json = false;
+    CLI::App *m_add = nullptr;
+    CLI::App *m_edit = nullptr;
+    CLI::App *m_remove = nullptr;
+    CLI::App *m_restore = nullptr;
+};
+
+} // namespace
+
+std::unique_ptr<Command> sitesCommand()
+{
+    return std::make_unique<Sites>();
+}
+
+} // namespace quillon::cli

@@ -1,0 +1,116 @@
+#include "cli/commands.h"
+#include "cli/title_session.h"
+#include "store/add_delete_import_edit.h"
+#include "store/process_state.h"
+#include "submission/field_copy.h"
+#include "submission/submission_marks.h"
+
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon::cli {
+
+namespace {
+
+/// Sets or takes away the mark of a title for a site.
+class Mark final : public Command
+{
+public:
+    using Change = bool (*)(const QString &site);
+
+    Mark(const char *name, const char *help, Change change)
+        : m_commandName(name), m_help(help), m_change(change)
+    {
+    }
+
+    CLI::App *addTo(CLI::App &application) override
+    {
+        CLI::App *command = application.add_subcommand(m_commandName, m_help);
+        command->add_option("TITLE", m_title, "The title")->required();
+        command->add_option("SITE", m_site, "The site")->required();
+        return command;
+    }
+
+    [[nodiscard]] bool writes() const override { return true; }
+
+    ExitStatus run() override
+    {
+        TitleSession session;
+        if (!session.open(text(m_title)))
+            return Refused;
+        if (!mwqnSCPreallSitesDict.contains(text(m_site))) {
+            complain(u"There is no site named %1."_s.arg(text(m_site)));
+            return Refused;
+        }
+        return m_change(text(m_site)) ? TitleSession::stored() : fileFailed();
+    }
+
+private:
+    const char *m_commandName;
+    const char *m_help;
+    Change m_change;
+    std::string m_title;
+    std::string m_site;
+};
+
+class Copy final : public Command
+{
+public:
+    CLI::App *addTo(CLI::App &application) override
+    {
+        CLI::App *command = application.add_subcommand(
+            "copy", "The text that a button of the field copy panel would paste, without a line end");
+        command->add_option("TITLE", m_title, "The title")->required();
+        command->add_option("BUTTON", m_button, "The button's action, such as companyName")->required();
+        return command;
+    }
+
+    [[nodiscard]] bool writes() const override { return true; } // The title is checked, and the check stores.
+
+    ExitStatus run() override
+    {
+        const FieldCopyButton *button = fieldCopyButtonNamed(text(m_button));
+        if (!button) {
+            complain(u"There is no button named %1."_s.arg(text(m_button)));
+            return WrongUsage;
+        }
+        TitleSession session;
+        if (!session.open(text(m_title)))
+            return Refused;
+        const auto pad = AddDeleteImportEdit::returnDataObjectFor(u"data");
+        const auto value = pad ? pasteText(*button, *pad) : std::nullopt;
+        if (!value) {
+            complain(u"This field has no value to be pasted."_s);
+            return AnswerIsNo;
+        }
+        const QByteArray bytes = value->toUtf8();
+        std::fwrite(bytes.constData(), 1, size_t(bytes.size()), stdout);
+        return TitleSession::stored();
+    }
+
+private:
+    std::string m_title;
+    std::string m_button;
+};
+
+} // namespace
+
+std::unique_ptr<Command> markCommand()
+{
+    return std::make_unique<Mark>("mark", "Mark a title as submitted to a site, at its present version",
+                                  &submission_marks::markSubmitted);
+}
+
+std::unique_ptr<Command> unmarkCommand()
+{
+    return std::make_unique<Mark>("unmark", "Take the mark of a site away from a title",
+                                  &submission_marks::removeMark);
+}
+
+std::unique_ptr<Command> copyCommand()
+{
+    return std::make_unique<Copy>();
+}
+
+} // namespace quillon::cli

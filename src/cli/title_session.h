@@ -1,0 +1,51 @@
+#pragma once
+
+#include "cli/command.h"
+#include "editor/editor.h"
+#include "platform/alert_sheets.h"
+
+namespace quillon::cli {
+
+/// Alerts of a command without a window: told on standard error, and kept for the JSON.
+class ToldAlerts final : public AlertSheets
+{
+public:
+    void show(SheetWindow window, const Alert &alert, Answered answered) override;
+    /// A command asks for nothing: its files stand on the command line.
+    void chooseFiles(SheetWindow, const FileRequest &, FilesChosen) override {}
+    void chooseSaveFile(SheetWindow, const FileRequest &, FileChosen) override {}
+
+    QStringList messages;
+};
+
+/// Builds the process's catalogue of sites, as the site list editor does in the window.
+void buildCatalogue();
+
+/// A title selected as the window's list selects it: marks of sites that are gone are pruned, the PAD file is
+/// loaded and checked, and what the check changes is stored.
+class TitleSession
+{
+public:
+    TitleSession() : m_editor(m_alerts) {}
+
+    /// False, with a complaint, when there is no title @p name.
+    bool open(const QString &name);
+
+    [[nodiscard]] Editor &editor() { return m_editor; }
+    [[nodiscard]] const QStringList &alerts() const { return m_alerts.messages; }
+
+    /// Done, or the complaint that something could not be stored.
+    static ExitStatus stored();
+
+private:
+    ToldAlerts m_alerts;
+    Editor m_editor;
+};
+
+/// Shows @p fields of the open title, its alerts among them: as JSON or as lines.
+void showFields(TitleSession &session, const QString &title, const QList<FieldId> &fields, bool asJson);
+
+/// All fields, in the catalogue's order.
+QList<FieldId> allFields();
+
+} // namespace quillon::cli
