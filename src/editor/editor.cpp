@@ -8,7 +8,9 @@
 #include "store/add_delete_import_edit.h"
 #include "store/error_pass.h"
 #include "store/process_state.h"
+#include "store/storage_status.h"
 #include "store/summary_file.h"
+#include "store/title_folder.h"
 #include "validation/field_rules.h"
 
 using namespace Qt::StringLiterals;
@@ -46,7 +48,14 @@ void Editor::awakeFromNib()
 
 void Editor::loadPADData()
 {
-    quillon::loadPADData(storedFile(u"data"), m_form);
+    const QByteArray stored = storedFile(u"data");
+    if (!quillon::loadPADData(stored, m_form)) {
+        // Nothing of a PAD file is there. The form must not go on to store another title's values as this
+        // one's, nor the next check replace what may be worth mending.
+        quillon::loadPADData(pad_writer::skeleton(), m_form);
+        if (!stored.trimmed().isEmpty() && mwqnCurrentSWBundle)
+            keepUnreadable(*mwqnCurrentSWBundle + u'/' + title_folder::padFile, stored);
+    }
     field_rules::forgetTypedHints(m_form);
 }
 

@@ -31,7 +31,8 @@ public:
     /// Makes the editor listen to requests to load and to check. To be called once.
     void awakeFromNib();
 
-    /// Fills the form from the stored PAD file, without checking it.
+    /// Fills the form from the stored PAD file, without checking it. A file that is missing or no PAD file at
+    /// all empties the form; what it held is kept beside it.
     void loadPADData();
 
     /// The author makes @p text the text of the single-line or multi-line field @p field: it is set,

@@ -5,7 +5,7 @@
 #include "platform/text_decoding.h"
 #include "platform/tolerant_xml.h"
 
-#include <functional>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -22,6 +22,8 @@ public:
     {
     }
 
+    [[nodiscard]] bool holds(const PadField &field) const { return m_xml.count(field.element) > 0; }
+
     [[nodiscard]] std::optional<QString> value(const PadField &field) const
     {
         return m_xml.first(field.element);
@@ -30,7 +32,7 @@ public:
     /// The text between the first start tag and the first end tag of the field's element, if there is one.
     [[nodiscard]] std::optional<QString> cutOut(const PadField &field) const
     {
-        if (m_xml.count(field.element) == 0)
+        if (!holds(field))
             return std::nullopt;
         const QString open = u'<' + field.element + u'>';
         const qsizetype start = m_raw.indexOf(open) + open.size();
@@ -92,7 +94,7 @@ struct Step
 
 } // namespace
 
-void loadPADData(const QByteArray &stored, PadForm &form)
+bool loadPADData(const QByteArray &stored, PadForm &form)
 {
     for (const PadField &field : fields::checkLists())
         form.checkList(field.id).untickAll();
@@ -113,6 +115,8 @@ void loadPADData(const QByteArray &stored, PadForm &form)
         for (const PadField &field : step.fields)
             step.load(source, field, form);
     }
+    return std::any_of(padFields.begin(), padFields.end(),
+                       [&source](const PadField &field) { return source.holds(field); });
 }
 
 } // namespace quillon

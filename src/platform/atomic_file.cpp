@@ -57,8 +57,11 @@ std::optional<WriteError> fill(const QString &path, const QByteArray &temporary,
 
 std::optional<WriteError> write(const QString &path, const QByteArray &bytes)
 {
-    if (read(path) == bytes)
+    const std::optional<QByteArray> old = read(path);
+    if (old == bytes)
         return std::nullopt;
+    if (!old && QFileInfo(path).isFile())
+        return WriteError{path, u"the file there cannot be read, so it is left as it is"_s};
 
     const QByteArray folder = QFile::encodeName(QFileInfo(path).path());
     // The name leaves room for the longest that a file system takes, whatever the length of the file's own.

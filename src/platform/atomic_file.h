@@ -19,7 +19,8 @@ struct WriteError
 /// synced, renamed over the old one, and the folder synced. Each step's result is looked at; on any failure
 /// the old file stays as it was and the temporary file is removed. None means that the bytes are on the disk.
 ///
-/// A file whose bytes are those already is left alone. The mode of a replaced file is kept.
+/// A file whose bytes are those already is left alone, and so is one that cannot be read: nobody knows what
+/// would be lost. The mode of a replaced file is kept.
 [[nodiscard]] std::optional<WriteError> write(const QString &path, const QByteArray &bytes);
 
 /// The whole of a regular file of at most @p maxSize bytes; none when it is anything else or cannot be read.

@@ -12,16 +12,6 @@ namespace quillon::site_list {
 
 namespace {
 
-/// Stores @p bytes beside the list at @p path, under the first name that is free or holds them already.
-bool keepBeside(const QString &path, const QByteArray &bytes)
-{
-    const QString kept = path + u".unreadable"_s;
-    QString name = kept;
-    for (int number = 2; QFileInfo::exists(name) && atomic_file::read(name) != bytes; ++number)
-        name = kept + u'-' + QString::number(number);
-    return storeFile(name, bytes);
-}
-
 /// Whether nothing would be lost if the file at @p path were replaced.
 bool mayReplace(const QString &path)
 {
@@ -32,7 +22,7 @@ bool mayReplace(const QString &path)
         reportFailure(path, u"the file cannot be read, so it is left as it is"_s);
         return false;
     }
-    return bytes->isEmpty() || property_list::read(*bytes) || keepBeside(path, *bytes);
+    return bytes->isEmpty() || property_list::read(*bytes) || keepUnreadable(path, *bytes);
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "platform/notifications.h"
 #include "store/process_state.h"
 
+#include <QFileInfo>
 #include <QLoggingCategory>
 
 using namespace Qt::StringLiterals;
@@ -30,6 +31,15 @@ bool storeFile(const QString &path, const QByteArray &bytes)
     if (mwqnFailedWrites.remove(path) > 0)
         announce();
     return true;
+}
+
+bool keepUnreadable(const QString &path, const QByteArray &bytes)
+{
+    const QString kept = path + u".unreadable"_s;
+    QString name = kept;
+    for (int number = 2; QFileInfo::exists(name) && atomic_file::read(name) != bytes; ++number)
+        name = kept + u'-' + QString::number(number);
+    return storeFile(name, bytes);
 }
 
 void reportFailure(const QString &path, const QString &reason)

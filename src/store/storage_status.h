@@ -8,6 +8,10 @@ namespace quillon {
 /// mwqnFailedWrites until a later write of the same file succeeds. True when the bytes are stored.
 bool storeFile(const QString &path, const QByteArray &bytes);
 
+/// Stores @p bytes, which nobody could make sense of, beside the file at @p path that they came from, under
+/// the first name with ".unreadable" that is free or holds them already. True when they are stored.
+bool keepUnreadable(const QString &path, const QByteArray &bytes);
+
 /// Records that something other than a file's content could not be stored (a folder not made, not moved).
 void reportFailure(const QString &path, const QString &reason);
 

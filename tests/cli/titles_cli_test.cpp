@@ -83,8 +83,6 @@ TEST_F(TitlesCli, ListsWhatAnImportFound)
         {u"releaseDate"_s, u"5/3/2009"_s}, {u"operatingSystems"_s, QJsonArray{u"Linux"_s, u"Win 11"_s}},
         {u"validated"_s, false},           {u"submissions"_s, QJsonArray()}};
     EXPECT_EQ(QJsonDocument(title).toJson().toStdString(), QJsonDocument(expected).toJson().toStdString());
-    EXPECT_EQ(cli({u"show"_s, u"Other"_s, u"Program_Name"_s, u"keywordsView"_s}).output,
-              "Program_Name: Tom & Jerry\nKeywords: a\nb\n");
 
     put(inData(u"Other.qndata/general.qnxmld"_s),
         "<QN_SITES>A,B,</QN_SITES><QN_VERSION>1.0,1.2,</QN_VERSION><OTS_VERSION>1.2</OTS_VERSION>");
@@ -93,6 +91,9 @@ TEST_F(TitlesCli, ListsWhatAnImportFound)
     EXPECT_EQ(marks[0][u"current"_s], false);
     EXPECT_EQ(marks[1][u"current"_s], true);
     EXPECT_TRUE(titles().at(0)[u"validated"_s].isNull());
+    EXPECT_EQ(cli({u"show"_s, u"Other"_s, u"Program_Name"_s, u"keywordsView"_s}).output,
+              "  Program_Name: Tom & Jerry\n      Text string 1-40 characters - NO Version Numbers        11 / 40\n"
+              "  Keywords: a\nb\n      Text string 0-250 characters, comma delimited        3 / 250\n");
 }
 
 TEST_F(TitlesCli, WritersWaitForTheOneThatHoldsTheFolder)

@@ -316,5 +316,23 @@ TEST_F(EditorTest, WhatIsStoredIsWhatIsShown)
     }
 }
 
+TEST_F(EditorTest, ADamagedPadFileNeitherTakesAnotherTitlesValuesNorIsLost)
+{
+    editor.typed(companyName, u"First title's company"_s);
+    AddDeleteImportEdit::createNewListing(u"Other"_s);
+    const QString other = inData(u"Other.qndata/data.qnxml"_s);
+    const QList<QByteArray> damages = {QByteArray("\x00\xff\x01 garbage", 11), {}, "<other><xml/></other>"};
+    for (const QByteArray &damage : damages) {
+        put(other, damage);
+        selectTitle(u"Other"_s);
+        load();
+        editor.checkEntriesForErrors();
+        EXPECT_EQ(editor.form().value(companyName), QString());
+        EXPECT_FALSE(contents(other).contains("First title"));
+        EXPECT_TRUE(damage.isEmpty() || contents(other + u".unreadable"_s) == damage ||
+                    contents(other + u".unreadable-2"_s) == damage);
+    }
+}
+
 } // namespace
 } // namespace quillon

@@ -1,0 +1,162 @@
+#include "support/command_line.h"
+#include "support/temporary_home.h"
+
+#include <QDirIterator>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+namespace {
+
+class EditingCli : public TemporaryHome
+{
+protected:
+    void SetUp() override
+    {
+        TemporaryHome::SetUp();
+        ASSERT_EQ(cli({u"new"_s, u"T"_s}).status, 0);
+    }
+    CliResult cli(const QStringList &arguments) const { return runCli(home(), arguments); }
+    [[nodiscard]] QJsonObject field(const QString &name) const
+    {
+        return cli({u"show"_s, u"T"_s, name, u"--json"_s}).json()[u"fields"_s][0].toObject();
+    }
+    /// Every file below the home folder with its bytes, but for the lock.
+    [[nodiscard]] QMap<QString, QByteArray> files() const
+    {
+        QMap<QString, QByteArray> all;
+        QDirIterator walk(mwqnAppSuppLoc, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+        while (walk.hasNext()) {
+            const QString path = walk.next();
+            if (!path.endsWith(u".lock"_s))
+                all[path.sliced(mwqnAppSuppLoc.size())] = contents(path);
+        }
+        return all;
+    }
+};
+
+TEST_F(EditingCli, SettingIsTypingAndLeaving)
+{
+    EXPECT_EQ(cli({u"set"_s, u"T"_s, u"companyName=Äcme & Söhne"_s, u"Program_Release_Day=7"_s,
+                   u"osTable=Unix,Linux"_s, u"expireCheckBox=Y"_s, u"Program_Type=Freeware"_s})
+                  .status,
+              0);
+    EXPECT_EQ(field(u"Company_Name"_s)[u"value"_s], u"Äcme & Söhne"_s);
+    EXPECT_EQ(field(u"Company_Name"_s)[u"hint"_s], u"Text string 2-40 characters        12 / 40"_s);
+    EXPECT_EQ(field(u"releaseDateDay"_s)[u"value"_s], u"07"_s);
+    EXPECT_EQ(field(u"osTable"_s)[u"value"_s], u"Linux,Unix"_s);
+    EXPECT_EQ(field(u"expireCheckBox"_s)[u"value"_s], u"Y"_s);
+    EXPECT_EQ(field(u"expireCheckBox"_s)[u"labelColour"_s], u"red"_s);
+
+    const CliResult typing =
+        cli({u"set"_s, u"T"_s, u"companyName="_s + QString(42, u'x'), u"--typing"_s, u"--json"_s});
+    const QJsonArray colours = typing.json()[u"fields"_s][6][u"textColours"_s].toArray();
+    ASSERT_EQ(colours.size(), 2);
+    EXPECT_EQ(colours[1].toObject(),
+              QJsonObject({{u"start"_s, 40}, {u"length"_s, 2}, {u"colour"_s, u"red"_s}}));
+
+    const CliResult year = cli({u"set"_s, u"T"_s, u"expireDateYear=2012"_s, u"--json"_s});
+    EXPECT_EQ(year.json()[u"alerts"_s].toArray(),
+              QJsonArray{u"The Expiry Year must be between 1900 and 2199!"_s});
+    EXPECT_EQ(field(u"expireDateYear"_s)[u"value"_s], u"2010"_s);
+}
+
+TEST_F(EditingCli, WhatMakesNoSenseChangesNothing)
+{
+    const auto before = files();
+    for (const QString &argument : {u"nothing"_s, u"noField=1"_s, u"Program_Type=Openware"_s,
+                                    u"osTable=Linux, Unix"_s, u"expireCheckBox=yes"_s, u"File_Size_K=1"_s})
+        EXPECT_EQ(cli({u"set"_s, u"T"_s, u"companyName=Changed"_s, argument}).status, 2)
+            << argument.toStdString();
+    EXPECT_EQ(files(), before);
+    EXPECT_EQ(cli({u"set"_s, u"None"_s, u"companyName=x"_s}).status, 3);
+}
+
+TEST_F(EditingCli, CheckIsALinterForFilesAndTitles)
+{
+    const CliResult title = cli({u"check"_s, u"T"_s, u"--json"_s});
+    EXPECT_EQ(title.status, 1);
+    const QJsonArray errors = title.json()[u"errors"_s].toArray();
+    EXPECT_EQ(errors[0].toObject(), QJsonObject({{u"field"_s, u"authorFirstName"_s},
+                                                 {u"element"_s, u"Author_First_Name"_s},
+                                                 {u"message"_s, u"The author first name is too short."_s}}));
+    ASSERT_EQ(cli({u"export"_s, u"T"_s, home() + u"/t.xml"_s}).status, 0);
+    const auto before = files();
+    const CliResult file = cli({u"check"_s, home() + u"/t.xml"_s, u"--json"_s});
+    EXPECT_EQ(file.status, 1);
+    EXPECT_EQ(file.json()[u"errors"_s].toArray(), errors);
+    EXPECT_EQ(file.json()[u"valid"_s], false);
+    EXPECT_EQ(cli({u"check"_s, home() + u"/t.xml"_s}).output.count('\n'), errors.size());
+    EXPECT_EQ(files(), before) << "a file is judged without touching the data folder";
+    EXPECT_EQ(cli({u"check"_s, home() + u"/none.xml"_s}).status, 4);
+    put(home() + u"/no.xml"_s, "nothing");
+    EXPECT_EQ(cli({u"check"_s, home() + u"/no.xml"_s}).status, 3);
+}
+
+TEST_F(EditingCli, SitesMarksAndCopies)
+{
+    const auto state = [this](const QString &site) {
+        for (const QJsonValue each : cli({u"sites"_s, u"--for"_s, u"T"_s, u"--json"_s}).json().array()) {
+            if (each[u"name"_s] == site)
+                return each[u"state"_s].toString();
+        }
+        return QString();
+    };
+    EXPECT_EQ(cli({u"sites"_s, u"--json"_s}).json()[u"sites"_s].toArray().size(), 212);
+    EXPECT_EQ(cli({u"sites"_s, u"add"_s, u"My, site"_s, u"my site/x"_s}).status, 0);
+    EXPECT_EQ(cli({u"sites"_s, u"add"_s, u"My, site"_s, u"other"_s}).status, 3);
+    EXPECT_EQ(cli({u"sites"_s, u"edit"_s, u"My, site"_s, u"Mine"_s, u"https://mine/"_s}).status, 0);
+    const QJsonObject first = cli({u"sites"_s, u"--json"_s}).json()[u"sites"_s][0].toObject();
+    EXPECT_EQ(first, QJsonObject(
+                         {{u"name"_s, u"Mine"_s}, {u"url"_s, u"https://mine/"_s}, {u"source"_s, u"user"_s}}));
+
+    cli({u"set"_s, u"T"_s, u"programVersion=1.0"_s});
+    EXPECT_EQ(cli({u"mark"_s, u"T"_s, u"No such site"_s}).status, 3);
+    EXPECT_EQ(cli({u"mark"_s, u"T"_s, u"Mine"_s}).status, 0);
+    EXPECT_EQ(state(u"Mine"_s), u"Validated"_s);
+    cli({u"set"_s, u"T"_s, u"programVersion=1.1"_s});
+    EXPECT_EQ(state(u"Mine"_s), u"OldVers"_s);
+    EXPECT_EQ(cli({u"unmark"_s, u"T"_s, u"Mine"_s}).status, 0);
+    EXPECT_EQ(state(u"Mine"_s), u"NotValidated"_s);
+
+    EXPECT_EQ(cli({u"sites"_s, u"remove"_s, u"NewFreeDownloads"_s}).status, 0);
+    EXPECT_EQ(cli({u"sites"_s, u"--json"_s}).json()[u"ignored"_s].toArray().size(), 2);
+    EXPECT_EQ(cli({u"sites"_s, u"restore"_s, u"NewFreeDownloads"_s}).status, 0);
+    EXPECT_EQ(cli({u"sites"_s, u"restore"_s, u"NewFreeDownloads"_s}).status, 3);
+
+    EXPECT_EQ(cli({u"copy"_s, u"T"_s, u"programVersion"_s}).output, "1.1");
+    EXPECT_EQ(cli({u"copy"_s, u"T"_s, u"companyName"_s}).status, 1);
+    EXPECT_EQ(cli({u"copy"_s, u"T"_s, u"noButton"_s}).status, 2);
+}
+
+/// The whole circle: real titles with marks and changed sites are backed up, lost, and brought back byte for
+/// byte.
+TEST_F(EditingCli, BackupsBringEverythingBack)
+{
+    QDirIterator pads(QStringLiteral(QUILLON_REAL_PADS), {u"*.xml"_s}, QDir::Files);
+    while (pads.hasNext())
+        cli({u"import"_s, pads.next()});
+    cli({u"sites"_s, u"add"_s, u"Mine"_s, u"https://mine/"_s});
+    cli({u"sites"_s, u"remove"_s, u"Simtel"_s});
+    cli({u"mark"_s, u"T"_s, u"Mine"_s});
+    const auto before = files();
+    const QByteArray titles = cli({u"list"_s, u"--json"_s}).output;
+    const QByteArray sites = cli({u"sites"_s, u"--json"_s}).output;
+
+    EXPECT_EQ(cli({u"backup"_s, u"titles"_s, home() + u"/b.swback"_s}).status, 0);
+    EXPECT_EQ(cli({u"backup"_s, u"titles"_s, home() + u"/b.swback"_s}).status, 4) << "there is one already";
+    EXPECT_EQ(cli({u"backup"_s, u"sites"_s, home() + u"/b.qnback"_s}).status, 0);
+    ASSERT_TRUE(QDir().rename(mwqnAppSuppLoc, home() + u"/away"_s));
+    EXPECT_EQ(cli({u"backup"_s, u"titles"_s, home() + u"/empty.swback"_s}).status, 3);
+    EXPECT_FALSE(QFile::exists(home() + u"/empty.swback"_s));
+    EXPECT_EQ(cli({u"restore"_s, u"titles"_s, home() + u"/b.swback"_s}).status, 0);
+    EXPECT_EQ(cli({u"restore"_s, u"sites"_s, home() + u"/b.qnback"_s}).status, 0);
+    EXPECT_EQ(files(), before);
+    EXPECT_EQ(cli({u"list"_s, u"--json"_s}).output, titles);
+    EXPECT_EQ(cli({u"sites"_s, u"--json"_s}).output, sites);
+    EXPECT_TRUE(cli({u"restore"_s, u"titles"_s, home() + u"/b.swback"_s})
+                    .messages.contains("No software titles were imported."));
+}
+
+} // namespace
+} // namespace quillon
