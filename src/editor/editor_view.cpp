@@ -67,6 +67,7 @@ EditorView::EditorView(Editor &editor, QWidget *parent)
     setObjectName(u"editView"_s);
     m_editorTabs->setObjectName(u"editorTabs"_s);
     m_editorTabs->setDocumentMode(true);
+    m_editorTabs->setIconSize({2 * fontMetrics().height(), fontMetrics().height()}); // Room for two digits.
     for (const EditorPage &page : editorPages)
         m_editorTabs->addTab(newPage(page), page.label.toString());
     m_editorTabs->tabBar()->setAccessibleName(u"Pages of the PAD file"_s);
