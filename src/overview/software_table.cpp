@@ -19,7 +19,6 @@ constexpr std::array<QStringView, SoftwareTable::ColumnCount> headers = {
 SoftwareTable::Row SoftwareTable::rowOf(const Summary &summary)
 {
     Row row;
-    row.version = summary.version.value_or(QString());
     if (const auto date = dates::parseStored(summary.releaseDate.value_or(QString()))) {
         row.date = *date;
         row.releaseDate = dates::shortText(*date);
@@ -38,29 +37,40 @@ void SoftwareTable::setTitles(const QList<Title> &titles)
 {
     beginResetModel();
     m_swNameArray.clear();
+    m_summaries.clear();
     m_rows.clear();
-    m_rows.reserve(titles.size());
+    m_swNameArray.reserve(titles.size());
+    m_summaries.reserve(titles.size());
     for (const Title &title : titles) {
         m_swNameArray.append(title.name);
-        m_rows.append(rowOf(title.summary));
+        m_summaries.append(title.summary);
     }
     endResetModel();
 }
 
 void SoftwareTable::updateRow(int row, const Summary &summary)
 {
-    m_rows[row] = rowOf(summary);
+    m_summaries[row] = summary;
+    m_rows.remove(row);
     Q_EMIT dataChanged(index(row, 0), index(row, ColumnCount - 1));
 }
 
 int SoftwareTable::rowCount(const QModelIndex &parent) const
 {
-    return parent.isValid() ? 0 : int(m_rows.size());
+    return parent.isValid() ? 0 : int(m_summaries.size());
 }
 
 int SoftwareTable::columnCount(const QModelIndex &parent) const
 {
     return parent.isValid() ? 0 : ColumnCount;
+}
+
+const SoftwareTable::Row &SoftwareTable::rowAt(int row) const
+{
+    auto made = m_rows.constFind(row);
+    if (made == m_rows.cend())
+        made = m_rows.insert(row, rowOf(m_summaries[row]));
+    return *made;
 }
 
 QString SoftwareTable::textAt(int row, int column) const
@@ -69,9 +79,9 @@ QString SoftwareTable::textAt(int row, int column) const
     case SoftwareTitle:
         return m_swNameArray[row];
     case Version:
-        return m_rows[row].version;
+        return m_summaries[row].version.value_or(QString());
     case ReleaseDate:
-        return m_rows[row].releaseDate;
+        return rowAt(row).releaseDate;
     default:
         return {};
     }
@@ -81,11 +91,11 @@ const IconCell *SoftwareTable::iconsAt(int row, int column) const
 {
     switch (column) {
     case SupportedOS:
-        return &m_rows[row].os;
+        return &rowAt(row).os;
     case Validated:
-        return &m_rows[row].valid;
+        return &rowAt(row).valid;
     case Submissions:
-        return &m_rows[row].submissions;
+        return &rowAt(row).submissions;
     default:
         return nullptr;
     }
@@ -109,7 +119,7 @@ QVariant SoftwareTable::data(const QModelIndex &index, int role) const
     case IconsRole:
         return cell ? cell->icons : QVariant();
     case SortRole:
-        return index.column() == ReleaseDate ? QVariant(m_rows[index.row()].date) : text;
+        return index.column() == ReleaseDate ? QVariant(rowAt(index.row()).date) : text;
     default:
         return {};
     }

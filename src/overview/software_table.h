@@ -5,6 +5,7 @@
 
 #include <QAbstractTableModel>
 #include <QDate>
+#include <QHash>
 
 namespace quillon {
 
@@ -46,10 +47,9 @@ public:
     [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
 private:
-    /// The cells of one title, ready to be shown.
+    /// The cells of one title, made when the first of them is asked for: of ten thousand titles few are in sight.
     struct Row
     {
-        QString version;
         QDate date;
         QString releaseDate;
         IconCell os;
@@ -57,11 +57,13 @@ private:
         IconCell submissions;
     };
     static Row rowOf(const Summary &summary);
+    [[nodiscard]] const Row &rowAt(int row) const;
     [[nodiscard]] QString textAt(int row, int column) const;
     [[nodiscard]] const IconCell *iconsAt(int row, int column) const;
 
     QStringList m_swNameArray;
-    QList<Row> m_rows;
+    QList<Summary> m_summaries;
+    mutable QHash<int, Row> m_rows;
 };
 
 } // namespace quillon

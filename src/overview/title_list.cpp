@@ -93,13 +93,16 @@ QList<Title> loadTitles()
             convertOldFolder(folder);
         found = walkDataFolder();
     }
-    QList<Title> titles;
-    titles.reserve(found.titleFolders.size());
+    QStringList names;
+    names.reserve(found.titleFolders.size());
     for (const QString &folder : std::as_const(found.titleFolders))
-        titles.append({folder.chopped(title_folder::extension.size()), summaryIn(mwqnAppSuppLoc + folder)});
-    std::sort(titles.begin(), titles.end(), [](const Title &left, const Title &right) {
-        return CaseInsensitiveOrder()(left.name, right.name);
-    });
+        names.append(folder.chopped(title_folder::extension.size()));
+    std::sort(names.begin(), names.end(), CaseInsensitiveOrder());
+
+    QList<Title> titles;
+    titles.reserve(names.size());
+    for (const QString &name : std::as_const(names))
+        titles.append({name, loadSummary(name)});
     return titles;
 }
 

@@ -87,11 +87,21 @@ std::optional<QByteArray> read(const QString &path, qint64 maxSize)
     if (!descriptor.isOpen() || ::fstat(descriptor.get(), &status) != 0 || !S_ISREG(status.st_mode) ||
         status.st_size > maxSize)
         return std::nullopt;
-    QFile file;
-    if (!file.open(descriptor.get(), QIODevice::ReadOnly | QIODevice::Unbuffered))
-        return std::nullopt;
-    QByteArray bytes = file.readAll();
-    return file.error() == QFileDevice::NoError ? std::optional(std::move(bytes)) : std::nullopt;
+    // What grows meanwhile is taken as it was; what shrinks is what is left of it.
+    QByteArray bytes(status.st_size, Qt::Uninitialized);
+    qsizetype length = 0;
+    while (length < bytes.size()) {
+        const ssize_t count = ::read(descriptor.get(), bytes.data() + length, size_t(bytes.size() - length));
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count < 0)
+            return std::nullopt;
+        if (count == 0)
+            break;
+        length += count;
+    }
+    bytes.truncate(length);
+    return bytes;
 }
 
 std::optional<WriteError> makeFolder(const QString &path)
