@@ -34,7 +34,7 @@ public:
     using Failure = std::optional<QString>;
 
     /// Files larger than this (bytes) are not read; the files of a title have some 10 to 100 kB.
-    static constexpr qint64 maxFileSize = 64 * 1024 * 1024;
+    static constexpr qint64 maxFileSize = 64LL * 1024 * 1024;
 
     /// The folder at @p path, which may lead there over links; none when it cannot be opened.
     static std::optional<FolderHandle> open(const QString &path);

@@ -64,13 +64,13 @@ QString copySiteLists(const FolderHandle &folder)
 QString makeSitesBackup(const QString &to, Existing existing)
 {
     const QFileInfo place(QDir::cleanPath(QFileInfo(to).absoluteFilePath()));
-    if (const QString reason = refusal(to, sitesExtension, existing); !reason.isEmpty())
+    if (QString reason = refusal(to, sitesExtension, existing); !reason.isEmpty())
         return reason;
     auto staged = StagedFolder::in(place.path());
     if (const auto *const reason = std::get_if<QString>(&staged))
         return *reason;
     auto &folder = std::get<StagedFolder>(staged);
-    if (const QString reason = copySiteLists(folder.folder()); !reason.isEmpty())
+    if (QString reason = copySiteLists(folder.folder()); !reason.isEmpty())
         return reason;
     return folder.putInPlace(place.fileName(), existing == Existing::Replace).value_or(QString());
 }

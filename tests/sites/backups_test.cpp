@@ -200,6 +200,16 @@ TEST_F(Backups, ReplaceOnlyWhatTheAuthorAgreedToAndOnlyWhenComplete)
         EXPECT_EQ(tree(home()), before) << each.to.toStdString();
     }
 
+    const QString whole = mwqnAppSuppLoc;
+    setDataFolder(place(u"holder.swback"_s));
+    AddDeleteImportEdit::checkAppSuppExists();
+    makeTitle(u"A"_s);
+    const QMap<QString, QString> held = tree(home());
+    EXPECT_EQ(backups::backupTitles(place(u"holder.swback"_s), Existing::Replace).outcome,
+              BackupResult::Failed);
+    EXPECT_EQ(tree(home()), held) << "the data folder cannot be replaced by its backup";
+    mwqnAppSuppLoc = whole;
+
     EXPECT_EQ(backups::backupTitles(place(), Existing::Replace).outcome, BackupResult::Done);
     EXPECT_EQ(QDir(place()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList({u"A.qndata"_s}));
     EXPECT_EQ(backups::backupTitles(place(u"link.swback"_s), Existing::Replace).outcome, BackupResult::Done);

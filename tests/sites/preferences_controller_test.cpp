@@ -98,28 +98,28 @@ TEST_F(Preferences, ARefusalIsToldAndThePanelComesBackWithItsText)
     m_alerts.answer(AlertAnswer::Default);
     struct Case
     {
-        bool isEdit;
         QString name;
         QString url;
         QString message;
         Field focus;
+        bool isEdit;
         bool selectsWholeText;
     };
     const QString empty = u"You must enter a name and URL to add an entry to the sites list"_s;
     const Case cases[] = {
-        {false, u"  "_s, u"a"_s, empty, Field::Name, true},
-        {false, u""_s, u""_s, empty, Field::Name, true},
-        {false, u"A"_s, u""_s, empty, Field::Url, true},
-        {false, u"Mine"_s, u"a"_s,
-         u"The site name already exists\nPlease enter a unique name for this site"_s, Field::Name, false},
-        {false, u"A"_s, u"mine/"_s,
+        {u"  "_s, u"a"_s, empty, Field::Name, false, true},
+        {u""_s, u""_s, empty, Field::Name, false, true},
+        {u"A"_s, u""_s, empty, Field::Url, false, true},
+        {u"Mine"_s, u"a"_s, u"The site name already exists\nPlease enter a unique name for this site"_s,
+         Field::Name, false, false},
+        {u"A"_s, u"mine/"_s,
          u"The entered URL is already associated with the site 'Mine'\nPlease enter a unique URL for this site"_s,
-         Field::Url, false},
-        {false, u"Mine"_s, u"mine/"_s,
+         Field::Url, false, false},
+        {u"Mine"_s, u"mine/"_s,
          u"The site name and URL you entered both exist\nPlease enter a unique name and URL"_s, Field::Name,
-         false},
-        {true, u" "_s, u"a"_s, u"The name and URL fields cannot be empty"_s, Field::Name, true},
-        {true, u"A"_s, u""_s, u"The name and URL fields cannot be empty"_s, Field::Url, true},
+         false, false},
+        {u" "_s, u"a"_s, u"The name and URL fields cannot be empty"_s, Field::Name, true, true},
+        {u"A"_s, u""_s, u"The name and URL fields cannot be empty"_s, Field::Url, true, true},
     };
     for (const Case &each : cases) {
         takeMessages();

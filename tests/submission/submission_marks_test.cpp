@@ -81,7 +81,7 @@ TEST(SubmissionMarks, EditTheTwoListsAndNothingElse)
         // Nothing to remove: also a name found in the tag alone, or across two entries.
         {remove, u"Z"_s, {u",1"_s, u"A,B,"_s, u"1,2,"_s}, {u",1"_s, u"A,B,"_s, u"1,2,"_s}},
         {remove, u"sites"_s, {u"1"_s, u"A,B"_s, u"1,2"_s}, {u"1"_s, u"A,B"_s, u"1,2"_s}},
-        {remove, u"A,B"_s, {u"1"_s, u"A,B"_s, u"1,2"_s}, {u"1"_s, u"A,B"_s, u"1,2"_s}},
+        {remove, u"A,B"_s, {u",1"_s, u"A,B,"_s, u"1,2,"_s}, {u",1"_s, u"A,B,"_s, u"1,2,"_s}},
         {remove, u""_s, {u"1"_s, u"A,B"_s, u"1,2"_s}, {u"1"_s, u"A,B"_s, u"1,2"_s}},
     };
     for (const Case &each : cases) {

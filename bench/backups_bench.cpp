@@ -1,0 +1,115 @@
+#include "sites/backups.h"
+#include "store/process_state.h"
+#include "store/title_folder.h"
+
+#include <QDir>
+#include <QFile>
+#include <QLoggingCategory>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <vector>
+
+using namespace Qt::StringLiterals;
+
+// Backing up and restoring 2,000 titles beside `cp -r` with the same sync, in turns in one run, so that both
+// meet the same state of the machine. The goal: at most twice as long, at the median.
+
+namespace {
+
+using namespace quillon;
+
+constexpr int titleCount = 2000;
+constexpr int rounds = 5;
+
+void put(const QString &path, qsizetype size)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(QByteArray(size, 'x')) != size)
+        qFatal("the test data could not be written");
+}
+
+/// Titles of the size that real ones have.
+void makeTitles()
+{
+    for (int number = 0; number < titleCount; ++number) {
+        const QString folder = mwqnAppSuppLoc + u"Title %1.qndata"_s.arg(number);
+        QDir().mkpath(folder);
+        put(folder + u'/' + title_folder::padFile, 12'000);
+        put(folder + u'/' + title_folder::summaryFile, 700);
+        put(folder + u'/' + title_folder::errorLog, 400);
+    }
+}
+
+void run(const QString &program, const QStringList &arguments)
+{
+    if (QProcess::execute(program, arguments) != 0)
+        qFatal("the command failed");
+}
+
+template<typename Action>
+double seconds(const Action &action)
+{
+    const auto start = std::chrono::steady_clock::now();
+    action();
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+double median(std::vector<double> values)
+{
+    std::ranges::nth_element(values, values.begin() + rounds / 2);
+    return values[rounds / 2];
+}
+
+void report(const char *what, const std::vector<double> &ours, const std::vector<double> &floor)
+{
+    std::printf("%-8s %7.3f s   cp -r and sync %7.3f s   ratio %.2f\n", what, median(ours), median(floor),
+                median(ours) / median(floor));
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QLoggingCategory::setFilterRules(u"quillon.backups.info=false"_s);
+    // A folder on the disk that is meant; by default where temporary files are.
+    const QTemporaryDir home(QString::fromLocal8Bit(argc > 1 ? argv[1] : "/tmp") + u"/bench-XXXXXX"_s);
+    setDataFolder(home.path());
+    makeTitles();
+    const QString backup = home.filePath(u"list.swback"_s);
+    const QString copy = home.filePath(u"copy"_s);
+
+    std::vector<double> backupTimes;
+    std::vector<double> restoreTimes;
+    std::vector<double> copyTimes;
+    const auto copyPlainly = [&] {
+        copyTimes.push_back(seconds([&] {
+            run(u"cp"_s, {u"-r"_s, mwqnAppSuppLoc, copy});
+            run(u"sync"_s, {u"-f"_s, copy});
+        }));
+        QDir(copy).removeRecursively();
+    };
+    const QString fullFolder = mwqnAppSuppLoc;
+    for (int round = 0; round < rounds; ++round) {
+        copyPlainly();
+        backupTimes.push_back(seconds([&] {
+            if (backups::backupTitles(backup, backups::Existing::Refuse).copied != titleCount)
+                qFatal("the backup is not whole");
+        }));
+        setDataFolder(home.filePath(u"empty"_s));
+        QDir().mkpath(mwqnAppSuppLoc);
+        restoreTimes.push_back(seconds([&] {
+            if (backups::restoreTitles(backup).copied != titleCount)
+                qFatal("not all was restored");
+        }));
+        QDir(home.filePath(u"empty"_s)).removeRecursively();
+        QDir(backup).removeRecursively();
+        mwqnAppSuppLoc = fullFolder;
+    }
+    report("backup", backupTimes, copyTimes);
+    report("restore", restoreTimes, copyTimes);
+    return 0;
+}
