@@ -1,3 +1,4 @@
+#include "measuring.h"
 #include "sites/backups.h"
 #include "store/process_state.h"
 #include "store/title_folder.h"
@@ -48,20 +49,6 @@ void run(const QString &program, const QStringList &arguments)
 {
     if (QProcess::execute(program, arguments) != 0)
         qFatal("the command failed");
-}
-
-template<typename Action>
-double seconds(const Action &action)
-{
-    const auto start = std::chrono::steady_clock::now();
-    action();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
-double median(std::vector<double> values)
-{
-    std::ranges::nth_element(values, values.begin() + rounds / 2);
-    return values[rounds / 2];
 }
 
 void report(const char *what, const std::vector<double> &ours, const std::vector<double> &floor)

@@ -1,4 +1,5 @@
 #include "editor/editor.h"
+#include "measuring.h"
 #include "pad/pad_writer.h"
 #include "platform/atomic_file.h"
 #include "store/add_delete_import_edit.h"
@@ -32,20 +33,6 @@ void fillWithLongTexts(PadForm &form, qsizetype eulaLength = 20000)
     fillValidly(form, true);
     form.text(FieldId::pd2000CharDescript).setText(QString(2000, u'd'));
     form.text(FieldId::eula).setText(QString(eulaLength, u'e'));
-}
-
-double median(std::vector<double> &values)
-{
-    std::nth_element(values.begin(), values.begin() + qsizetype(values.size() / 2), values.end());
-    return values[values.size() / 2];
-}
-
-template<typename Action>
-double seconds(const Action &action)
-{
-    const auto start = std::chrono::steady_clock::now();
-    action();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
 /// The least that replaces a file safely: write beside it, sync, rename, sync the folder.

@@ -12,12 +12,12 @@
 
 using namespace Qt::StringLiterals;
 
-namespace
-{
+namespace {
 
 using namespace quillon;
 
-/// Fills a new data folder with @p count titles, plainly and without syncs, and gives the summary files' paths.
+/// Fills a new data folder with @p count titles, plainly and without syncs, and gives the summary files'
+/// paths.
 QStringList fillDataFolder(const QString &home, int count)
 {
     setDataFolder(home);

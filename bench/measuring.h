@@ -4,8 +4,7 @@
 #include <chrono>
 #include <vector>
 
-namespace quillon
-{
+namespace quillon {
 
 template<typename Action>
 double seconds(const Action &action)

@@ -9,8 +9,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-namespace
-{
+namespace {
 
 using namespace quillon;
 
