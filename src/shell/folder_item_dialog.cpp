@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QLineEdit>
+#include <QListView>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -74,6 +75,9 @@ void FolderItemDialog::openFolder(const QString &path)
     setDirectory(path);
     if (auto *name = findChild<QLineEdit *>(u"fileNameEdit"_s))
         name->clear();
+    // What was selected in the other folder would still count as chosen.
+    if (auto *list = findChild<QListView *>(u"listView"_s))
+        list->clearSelection();
 }
 
 void FolderItemDialog::chooseOrAsk(const QString &path)
