@@ -53,9 +53,11 @@ AddEditPanelView::AddEditPanelView(PreferencesController &preferences, QWidget *
     layout->addRow(m_title);
     layout->addRow(u"&Name:"_s, m_siteName);
     layout->addRow(u"&URL:"_s, m_siteUrl);
-    layout->addRow(newFailedWritesLabel(u"panelFailedWrites"_s));
+    layout->addRow(newFailedWritesLabel(u"panelFailedWrites"_s, this));
     layout->addRow(buttons);
     m_addSaveButton->setDefault(true);
+    setTabOrder(m_siteUrl, m_addSaveButton);
+    setTabOrder(m_addSaveButton, buttons->button(QDialogButtonBox::Cancel));
 
     connect(buttons, &QDialogButtonBox::accepted, this,
             [this] { m_preferences.addSaveButtonAction(m_siteName->text(), m_siteUrl->text()); });

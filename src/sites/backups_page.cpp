@@ -37,6 +37,7 @@ BackupsPage::BackupsPage(PreferencesController &preferences, QWidget *parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(newGroup(u"Software list"_s, ofTitles));
     layout->addWidget(newGroup(u"Site list"_s, ofSites));
+    alignSentences();
     layout->addWidget(newProgressRow());
     layout->addStretch(1);
     connect(&preferences, &PreferencesController::transferProgress, this, &BackupsPage::showProgress);
@@ -62,6 +63,16 @@ QWidget *BackupsPage::newGroup(const QString &title, const QList<Command> &comma
         grid->addWidget(sentence, row, 1);
     }
     return group;
+}
+
+void BackupsPage::alignSentences()
+{
+    const QList<QPushButton *> buttons = findChildren<QPushButton *>();
+    int width = 0;
+    for (const QPushButton *button : buttons)
+        width = qMax(width, button->sizeHint().width());
+    for (QPushButton *button : buttons)
+        button->setMinimumWidth(width);
 }
 
 QWidget *BackupsPage::newProgressRow()

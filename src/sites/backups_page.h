@@ -29,6 +29,8 @@ private:
         bool copiesTitles;
     };
     QWidget *newGroup(const QString &title, const QList<Command> &commands);
+    /// Gives the buttons of both groups one width, so that their sentences begin below one another.
+    void alignSentences();
     QWidget *newProgressRow();
     void showProgress(int done, int total);
 

@@ -8,15 +8,19 @@
 
 namespace quillon {
 
-/// Tells what could not be stored, for as long as it is so.
-inline QLabel *newFailedWritesLabel(const QString &name)
+/// Tells what could not be stored, for as long as it is so; otherwise it takes no room.
+inline QLabel *newFailedWritesLabel(const QString &name, QWidget *parent)
 {
-    auto *label = new QLabel(failedWritesLine());
+    auto *label = new QLabel(parent);
     label->setObjectName(name);
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
-    NotificationCenter::defaultCenter().addObserver(notification::failedWritesChanged, label,
-                                                    [label] { label->setText(failedWritesLine()); });
+    const auto show = [label] {
+        label->setText(failedWritesLine());
+        label->setVisible(!label->text().isEmpty());
+    };
+    NotificationCenter::defaultCenter().addObserver(notification::failedWritesChanged, label, show);
+    show();
     return label;
 }
 

@@ -86,8 +86,8 @@ QLayout *PreferencesWindow::newBottomRow()
     close->setAutoDefault(false);
     connect(close, &QPushButton::clicked, &m_preferences, &PreferencesController::closePrefs);
     auto *row = new QHBoxLayout;
-    row->addWidget(newFailedWritesLabel(u"prefsFailedWrites"_s), 1);
-    row->addWidget(close);
+    row->addWidget(newFailedWritesLabel(u"prefsFailedWrites"_s, this), 1);
+    row->addWidget(close, 0, Qt::AlignRight);
     return row;
 }
 

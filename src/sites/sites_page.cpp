@@ -10,10 +10,13 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QSortFilterProxyModel>
 #include <QSplitter>
 #include <QTableView>
+
+#include <memory>
 
 using namespace Qt::StringLiterals;
 
@@ -42,6 +45,18 @@ QPushButton *newButton(const QString &name, const QString &text, const QString &
     button->setToolTip(toolTip);
     button->setAutoDefault(false);
     return button;
+}
+
+/// Lets @p view stay where it is scrolled to when @p sites are set anew.
+void keepScrolled(QTableView &view, const QAbstractItemModel &sites)
+{
+    QScrollBar *bar = view.verticalScrollBar();
+    const auto position = std::make_shared<int>(0);
+    QObject::connect(&sites, &QAbstractItemModel::modelAboutToBeReset, &view,
+                     [bar, position] { *position = bar->value(); });
+    QObject::connect(
+        &sites, &QAbstractItemModel::modelReset, &view, [bar, position] { bar->setValue(*position); },
+        Qt::QueuedConnection);
 }
 
 /// @p table above a row of @p buttons.
@@ -155,6 +170,7 @@ SitesPage::SiteTable SitesPage::newSiteTable(const QString &name, const QString 
     connect(table.view->selectionModel(), &QItemSelectionModel::selectionChanged, &m_preferences,
             [this, table, select] { (m_preferences.*select)(selectedRows(*table.view, *table.rows)); });
     connect(&sites, &QAbstractItemModel::modelReset, this, [this, table] { showCount(table); });
+    keepScrolled(*table.view, sites);
     showCount(table);
     return table;
 }

@@ -68,6 +68,7 @@ protected:
     void pressInSites(Qt::Key key)
     {
         activate(window());
+        sites()->setFocus();
         QTest::keyClick(sites(), key);
     }
 
@@ -206,7 +207,7 @@ TEST_F(PreferencesWindowTest, SitesAreEditedRemovedAndRestored)
     QTest::keyClick(visible<QLineEdit>(u"siteNameField"_s), Qt::Key_Escape);
 
     click(sites(), u"Softies"_s);
-    click(sites(), u"NFD"_s, Qt::ControlModifier);
+    click(sites(), u"5Awards"_s, Qt::ControlModifier);
     EXPECT_FALSE(isEnabled(u"editSiteButton"_s)) << "only one at a time";
     press(u"removeSiteButton"_s);
     EXPECT_EQ(answerAlert(u"Cancel"_s), u"Are you sure you want to remove the selected sites?"_s);
@@ -216,11 +217,11 @@ TEST_F(PreferencesWindowTest, SitesAreEditedRemovedAndRestored)
     EXPECT_EQ(namesIn(sites()).size(), 210);
     EXPECT_FALSE(isEnabled(u"removeSiteButton"_s));
 
-    EXPECT_EQ(namesIn(ignored()), QStringList({u"NFD"_s, u"Softs"_s}));
+    EXPECT_EQ(namesIn(ignored()), QStringList({u"5Awards"_s, u"Softs"_s}));
     click(ignored(), u"Softs"_s);
     press(u"restoreSiteButton"_s);
     EXPECT_TRUE(namesIn(sites()).contains(u"Softs"_s));
-    EXPECT_EQ(namesIn(ignored()), QStringList{u"NFD"_s});
+    EXPECT_EQ(namesIn(ignored()), QStringList{u"5Awards"_s});
     EXPECT_FALSE(isEnabled(u"restoreSiteButton"_s));
 }
 
@@ -228,11 +229,11 @@ TEST_F(PreferencesWindowTest, WhatTheFilterHidesIsNotSelected)
 {
     click(sites(), u"Softs"_s);
     click(sites(), u"NFD"_s, Qt::ControlModifier);
-    type(u"siteFilterField"_s, u" sofTS "_s);
-    EXPECT_EQ(namesIn(sites()), QStringList{u"Softs"_s});
+    type(u"siteFilterField"_s, u" nfd "_s);
+    EXPECT_EQ(namesIn(sites()), QStringList{u"NFD"_s});
     EXPECT_TRUE(isEnabled(u"removeSiteButton"_s));
     press(u"editSiteButton"_s);
-    EXPECT_EQ(visible<QLineEdit>(u"siteNameField"_s)->text(), u"Softs"_s) << "the row behind the filter";
+    EXPECT_EQ(visible<QLineEdit>(u"siteNameField"_s)->text(), u"NFD"_s) << "the row behind the filter";
     preferences().cancelAddEditAction();
     type(u"siteFilterField"_s, u"(no such"_s);
     EXPECT_TRUE(namesIn(sites()).isEmpty());
@@ -295,7 +296,7 @@ TEST_F(PreferencesWindowTest, ABackupOfSitesComesBackIntoTheList)
 
 TEST_F(PreferencesWindowTest, ARunningBackupIsSeenAndCancelled)
 {
-    for (int title = 0; title < 2000; ++title) { // More than one turn can copy.
+    for (int title = 0; title < 600; ++title) { // More than one turn can copy.
         const QString folder = inData(u"Title %1.qndata"_s.arg(title));
         ASSERT_TRUE(QDir().mkdir(folder));
         for (const QString &file : {u"data.qnxml"_s, u"general.qnxmld"_s, u"error.log"_s})
@@ -306,8 +307,8 @@ TEST_F(PreferencesWindowTest, ARunningBackupIsSeenAndCancelled)
     chooseFile(home() + u"/list.swback"_s);
     const auto *progress = visible<QProgressBar>(u"transferProgress"_s);
     ASSERT_TRUE(progress);
-    EXPECT_EQ(progress->maximum(), 2000);
-    EXPECT_LT(progress->value(), 2000);
+    EXPECT_EQ(progress->maximum(), 600);
+    EXPECT_LT(progress->value(), 600);
     EXPECT_FALSE(isEnabled(u"backupSoftwareButton"_s) || isEnabled(u"importSoftwareListButton"_s));
     press(u"cancelTransferButton"_s);
     EXPECT_FALSE(progress->isVisible());
