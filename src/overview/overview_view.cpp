@@ -1,5 +1,6 @@
 #include "overview/overview_view.h"
 
+#include "controls/row_table.h"
 #include "overview/guarded_selection_model.h"
 #include "overview/icon_cell.h"
 #include "overview/icon_cell_delegate.h"
@@ -29,37 +30,13 @@ const QString headerKey = u"overview/softwareTable"_s;
 const QString submittedHeaderKey = u"overview/submittedToTable"_s;
 const QString splitterKey = u"overview/splitter"_s;
 
-/// What both tables have in common: whole rows, one at a time, lines of one height.
+/// A table of one row at a time that has room for icons.
 QTableView *newTable(const QString &name, const QString &accessibleName, QWidget *parent)
 {
-    auto *table = new QTableView(parent);
-    table->setObjectName(name);
-    table->setAccessibleName(accessibleName);
-    table->setSelectionBehavior(QAbstractItemView::SelectRows);
-    table->setSelectionMode(QAbstractItemView::SingleSelection);
-    table->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    table->setAlternatingRowColors(true);
-    table->setShowGrid(false);
-    table->setTabKeyNavigation(false);
-    table->setWordWrap(false);
-    table->verticalHeader()->hide();
-    table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    table->verticalHeader()->setDefaultSectionSize(qMax(table->fontMetrics().height() + 8, iconCellSize + 8));
-    table->horizontalHeader()->setHighlightSections(false);
-    table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    QTableView *table = newRowTable(name, accessibleName, parent);
+    QHeaderView *rows = table->verticalHeader();
+    rows->setDefaultSectionSize(qMax(rows->defaultSectionSize(), iconCellSize + 8));
     return table;
-}
-
-/// @p content under a caption that is its label.
-QWidget *captioned(QLabel *caption, QWidget *content)
-{
-    auto *box = new QWidget;
-    auto *layout = new QVBoxLayout(box);
-    layout->setContentsMargins(0, 0, 0, 0);
-    caption->setBuddy(content);
-    layout->addWidget(caption);
-    layout->addWidget(content);
-    return box;
 }
 
 /// The local files among what is dragged.

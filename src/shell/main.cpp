@@ -8,6 +8,8 @@
 #include "shell/message_box_sheets.h"
 #include "shell/single_instance.h"
 #include "shell/toolbar_control.h"
+#include "sites/preferences_controller.h"
+#include "sites/preferences_window.h"
 #include "store/add_delete_import_edit.h"
 #include "store/data_folder_lock.h"
 #include "store/process_state.h"
@@ -68,10 +70,17 @@ int main(int argc, char *argv[])
     TitleCommands commands(overview, alerts, delayedCalls);
     ToolbarControl toolbar(overview, alerts);
     Editor editor(alerts);
+    PreferencesController preferences(alerts, delayedCalls);
     MainWindow window(toolbar, overview, commands, editor);
     alerts.setWidget(SheetWindow::Main, &window);
+    alerts.setWidget(SheetWindow::Preferences, new PreferencesWindow(preferences, &window));
+    QObject::connect(&window, &MainWindow::preferencesRequested, &preferences,
+                     &PreferencesController::openPrefsWindow);
+    QObject::connect(&window, &MainWindow::backupRequested, &preferences,
+                     &PreferencesController::importBackupMenuAction);
     toolbar.awakeFromNib();
-    editor.awakeFromNib(); // Before the overview, whose selection it is to hear of.
+    editor.awakeFromNib();      // Before the overview, whose selection it is to hear of.
+    preferences.awakeFromNib(); // Likewise, for the overview asks for the catalogue.
     overview.awakeFromNib();
 
     SingleInstance instance;

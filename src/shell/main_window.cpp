@@ -106,6 +106,9 @@ void MainWindow::buildActions()
     newAction(u"import"_s, u"&Import…"_s, u"import"_s, u"Ctrl+I"_s, [this] { m_commands.importPADFile(); });
     newAction(u"export"_s, u"E&xport…"_s, u"export"_s, u"Ctrl+Shift+E"_s,
               [this] { m_commands.exportButtonAction(); });
+    newAction(u"backup"_s, u"&Backup…"_s, u"backup"_s, {}, [this] { Q_EMIT backupRequested(); });
+    newAction(u"preferences"_s, u"&Preferences…"_s, {}, u"Ctrl+,"_s,
+              [this] { Q_EMIT preferencesRequested(); });
     newAction(u"quit"_s, u"&Quit"_s, {}, QKeySequence::Quit, [this] { close(); });
     newAction(u"customise"_s, u"&Customise Toolbar…"_s, {}, {}, [this] { customiseToolbar(); });
     newAction(u"help"_s, u"Quillon &Help"_s, u"help"_s, QKeySequence::HelpContents,
@@ -117,6 +120,7 @@ void MainWindow::buildActions()
               [this] { m_toolbarControl.overviewTBI(); });
     newAction(u"Edit"_s, u"Edit"_s, u"EditTBI"_s, u"Ctrl+2"_s, [this] { m_toolbarControl.editTBI(); });
     newAction(u"Submit"_s, u"Submit"_s, u"Submit"_s, u"Ctrl+3"_s, [this] { m_toolbarControl.submitTBI(); });
+    m_actions[u"preferences"_s]->setMenuRole(QAction::PreferencesRole);
     m_actions[u"quit"_s]->setMenuRole(QAction::QuitRole);
     m_actions[u"about"_s]->setMenuRole(QAction::AboutRole);
 }
@@ -131,7 +135,19 @@ void MainWindow::buildMenus()
     };
     const QList<Menu> menus = {
         {u"&File"_s,
-         {u"new"_s, u"edit"_s, u"rename"_s, u"delete"_s, {}, u"import"_s, u"export"_s, {}, u"quit"_s}},
+         {u"new"_s,
+          u"edit"_s,
+          u"rename"_s,
+          u"delete"_s,
+          {},
+          u"import"_s,
+          u"export"_s,
+          {},
+          u"backup"_s,
+          {},
+          u"preferences"_s,
+          {},
+          u"quit"_s}},
         {u"&View"_s, {u"Overview"_s, u"Edit"_s, u"Submit"_s, {}, u"customise"_s}},
         {u"&Help"_s, {u"help"_s, u"bugReport"_s, {}, u"about"_s}},
     };
@@ -212,6 +228,7 @@ void MainWindow::updateFileMenu()
     const QList<std::pair<FileMenu::Item, QString>> actions = {
         {FileMenu::New, u"new"_s},       {FileMenu::Edit, u"edit"_s},     {FileMenu::Export, u"export"_s},
         {FileMenu::Rename, u"rename"_s}, {FileMenu::Rename, u"delete"_s}, {FileMenu::Import, u"import"_s},
+        {FileMenu::Backup, u"backup"_s},
     };
     for (const auto &[item, name] : actions)
         m_actions[name]->setEnabled(m_overview.fileMenu().isEnabled(item));

@@ -28,6 +28,10 @@ public:
     /// Shows the window above all others, also when it is minimised.
     void bringToFront();
 
+Q_SIGNALS:
+    void preferencesRequested();
+    void backupRequested();
+
 protected:
     void closeEvent(QCloseEvent *event) override;
 

@@ -1,6 +1,7 @@
 #include "shell/message_box_sheets.h"
 
 #include "platform/settings.h"
+#include "shell/folder_item_dialog.h"
 
 #include <QDir>
 #include <QFileDialog>
@@ -19,21 +20,58 @@ namespace {
 const QString folderKey = u"fileDialogs/folder"_s;
 constexpr QSize detailsSize(640, 220);
 
-/// A file dialog that begins in the folder of the last one and sees to its own end.
-QFileDialog *newFileDialog(QWidget *parent, const FileRequest &request)
+/// What the author may choose by @p request in a file dialog.
+QStringList nameFilters(const FileRequest &request)
 {
-    auto *dialog =
-        new QFileDialog(parent, request.prompt, settings().value(folderKey, QDir::homePath()).toString());
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setWindowModality(Qt::WindowModal);
     const QString pattern = u"*."_s + request.extension;
-    dialog->setNameFilters(
-        {u"%1 files (%2 %3)"_s.arg(request.extension.toUpper(), pattern, pattern.toUpper()),
-         u"All files (*)"_s});
-    QObject::connect(dialog, &QFileDialog::filesSelected, dialog, [](const QStringList &paths) {
+    if (request.isFolder)
+        return {u"Backups (%1)"_s.arg(pattern)};
+    return {u"%1 files (%2 %3)"_s.arg(request.extension.toUpper(), pattern, pattern.toUpper()),
+            u"All files (*)"_s};
+}
+
+/// Makes @p dialog ask for what @p request says, beginning in the folder of the last one, and see to its own
+/// end.
+void prepare(QFileDialog &dialog, const FileRequest &request)
+{
+    dialog.setWindowTitle(request.prompt);
+    dialog.setDirectory(settings().value(folderKey, QDir::homePath()).toString());
+    dialog.setAttribute(Qt::WA_DeleteOnClose);
+    dialog.setWindowModality(Qt::WindowModal);
+    dialog.setNameFilters(nameFilters(request));
+    QObject::connect(&dialog, &QFileDialog::filesSelected, &dialog, [](const QStringList &paths) {
         settings().setValue(folderKey, QFileInfo(paths.value(0)).path());
     });
+}
+
+/// A dialog for existing files, or for one that is to be saved.
+QFileDialog *newFileDialog(QWidget *parent, const FileRequest &request, QFileDialog::AcceptMode mode)
+{
+    auto *dialog = new QFileDialog(parent);
+    prepare(*dialog, request);
+    dialog->setAcceptMode(mode);
+    if (mode == QFileDialog::AcceptSave)
+        dialog->setDefaultSuffix(request.extension);
+    else
+        dialog->setFileMode(request.severalFiles ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
     return dialog;
+}
+
+/// The same for a folder that is known as one item.
+QFileDialog *newFolderDialog(QWidget *parent, const FileRequest &request, QFileDialog::AcceptMode mode)
+{
+    auto *dialog = new FolderItemDialog(request.extension, parent);
+    prepare(*dialog, request);
+    if (mode == QFileDialog::AcceptSave)
+        dialog->setSaves();
+    else
+        dialog->setLabelText(QFileDialog::Accept, request.prompt);
+    return dialog;
+}
+
+QFileDialog *newChooser(QWidget *parent, const FileRequest &request, QFileDialog::AcceptMode mode)
+{
+    return request.isFolder ? newFolderDialog(parent, request, mode) : newFileDialog(parent, request, mode);
 }
 
 /// A message box with @p alert's texts and no buttons; its details, if any, are laid open below them.
@@ -81,20 +119,25 @@ void MessageBoxSheets::show(SheetWindow window, const Alert &alert, Answered ans
 
 void MessageBoxSheets::chooseFiles(SheetWindow window, const FileRequest &request, FilesChosen chosen)
 {
-    QFileDialog *dialog = newFileDialog(widget(window), request);
-    dialog->setFileMode(request.severalFiles ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
+    QFileDialog *dialog = newChooser(widget(window), request, QFileDialog::AcceptOpen);
     QObject::connect(dialog, &QFileDialog::filesSelected, dialog, std::move(chosen));
     dialog->open();
 }
 
 void MessageBoxSheets::chooseSaveFile(SheetWindow window, const FileRequest &request, FileChosen chosen)
 {
-    QFileDialog *dialog = newFileDialog(widget(window), request);
-    dialog->setAcceptMode(QFileDialog::AcceptSave);
-    dialog->setDefaultSuffix(request.extension);
+    QFileDialog *dialog = newChooser(widget(window), request, QFileDialog::AcceptSave);
     dialog->selectFile(request.proposedName);
     QObject::connect(dialog, &QFileDialog::fileSelected, dialog, std::move(chosen));
     dialog->open();
+}
+
+QWidget *MessageBoxSheets::widget(SheetWindow window) const
+{
+    QWidget *widget = m_widgets.value(int(window));
+    while (widget && !widget->isVisible() && widget->parentWidget())
+        widget = widget->parentWidget()->window();
+    return widget;
 }
 
 } // namespace quillon

@@ -12,7 +12,8 @@ namespace quillon {
 class MessageBoxSheets final : public AlertSheets
 {
 public:
-    /// Sheets for @p window belong to @p widget; without one they stand alone.
+    /// Sheets for @p window belong to @p widget, or to the window that it belongs to while it is closed;
+    /// without one they stand alone.
     void setWidget(SheetWindow window, QWidget *widget) { m_widgets[int(window)] = widget; }
 
     void show(SheetWindow window, const Alert &alert, Answered answered) override;
@@ -20,7 +21,7 @@ public:
     void chooseSaveFile(SheetWindow window, const FileRequest &request, FileChosen chosen) override;
 
 private:
-    [[nodiscard]] QWidget *widget(SheetWindow window) const { return m_widgets.value(int(window)); }
+    [[nodiscard]] QWidget *widget(SheetWindow window) const;
 
     QHash<int, QPointer<QWidget>> m_widgets;
 };

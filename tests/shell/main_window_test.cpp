@@ -10,7 +10,6 @@
 #include "support/gui.h"
 #include "support/temporary_home.h"
 
-#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -18,6 +17,7 @@
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTableView>
 #include <QToolBar>
 #include <QToolButton>
@@ -72,39 +72,12 @@ protected:
     MainWindow &window() { return m_program->window; }
     QStringList titles() { return program().overview.softwareTable().swNameArray(); }
 
-    static void press(const QString &button)
-    {
-        QTest::mouseClick(visible<QPushButton>(button), Qt::LeftButton);
-    }
     static void typeName(const QString &name)
     {
         auto *input = visible<QLineEdit>(u"swNamePanelInput"_s);
         input->selectAll();
         QTest::keyClicks(input, name);
         QTest::keyClick(input, Qt::Key_Return);
-    }
-    /// Waits for an alert, answers it with the button of that text and gives its message.
-    static QString answerAlert(const QString &buttonText)
-    {
-        EXPECT_TRUE(eventually([] { return openWindow<QMessageBox>() != nullptr; }));
-        auto *box = openWindow<QMessageBox>();
-        const QString message = box->text();
-        for (QAbstractButton *button : box->buttons()) {
-            if (button->text() == buttonText)
-                QTest::mouseClick(button, Qt::LeftButton);
-        }
-        EXPECT_TRUE(eventually([] { return openWindow<QMessageBox>() == nullptr; }))
-            << buttonText.toStdString();
-        return message;
-    }
-    static void chooseFile(const QString &path)
-    {
-        ASSERT_TRUE(eventually([] { return openWindow<QFileDialog>() != nullptr; }));
-        auto *dialog = openWindow<QFileDialog>();
-        auto *name = dialog->findChild<QLineEdit *>(u"fileNameEdit"_s);
-        name->setText(path);
-        QTest::keyClick(name, Qt::Key_Return);
-        ASSERT_TRUE(eventually([] { return openWindow<QFileDialog>() == nullptr; }));
     }
     static void clickTitle(int row)
     {
@@ -244,6 +217,21 @@ TEST_F(MainWindowTest, SortingAndToolbarOutliveARun)
     EXPECT_EQ(firstRow(), u"Tool 10"_s);
     EXPECT_EQ(visible<QToolBar>(u"quillonToolbar"_s)->actions().size(), items - 1);
     EXPECT_FALSE(toolbar_layout::storedOrder().contains(u"Submit"_s));
+}
+
+TEST_F(MainWindowTest, BackupsAndPreferencesAreAskedForInTheFileMenu)
+{
+    QSignalSpy backup(&window(), &MainWindow::backupRequested);
+    QSignalSpy preferences(&window(), &MainWindow::preferencesRequested);
+    const auto trigger = [this] {
+        for (const QString &name : {u"backup"_s, u"preferences"_s})
+            window().findChild<QAction *>(name)->trigger();
+    };
+    trigger();
+    program().overview.fileMenu().disableAll();
+    trigger();
+    EXPECT_EQ(backup.count(), 1) << "not while the editor is showing";
+    EXPECT_EQ(preferences.count(), 2);
 }
 
 TEST_F(MainWindowTest, FailedWritesStayInSightUntilMended)

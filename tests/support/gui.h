@@ -2,6 +2,10 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
 #include <QTest>
 #include <QWidget>
 
@@ -43,6 +47,44 @@ Kind *openWindow()
             return found;
     }
     return nullptr;
+}
+
+/// Clicks the visible button of that name.
+inline void press(const QString &button)
+{
+    QTest::mouseClick(visible<QPushButton>(button), Qt::LeftButton);
+}
+
+/// Waits for an alert, answers it with the button of that text and gives its message.
+inline QString answerAlert(const QString &buttonText)
+{
+    EXPECT_TRUE(eventually([] { return openWindow<QMessageBox>() != nullptr; }));
+    auto *box = openWindow<QMessageBox>();
+    if (!box)
+        return {};
+    const QString message = box->text();
+    for (QAbstractButton *button : box->buttons()) {
+        if (button->text() == buttonText)
+            QTest::mouseClick(button, Qt::LeftButton);
+    }
+    EXPECT_TRUE(eventually([] { return openWindow<QMessageBox>() == nullptr; })) << buttonText.toStdString();
+    return message;
+}
+
+/// Waits for a file dialog and enters @p path in it.
+inline void enterPath(const QString &path)
+{
+    ASSERT_TRUE(eventually([] { return openWindow<QFileDialog>() != nullptr; }));
+    auto *name = openWindow<QFileDialog>()->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+    name->setText(path);
+    QTest::keyClick(name, Qt::Key_Return);
+}
+
+/// Chooses @p path in a file dialog, which closes.
+inline void chooseFile(const QString &path)
+{
+    enterPath(path);
+    ASSERT_TRUE(eventually([] { return openWindow<QFileDialog>() == nullptr; }));
 }
 
 /// What a screen reader calls @p widget.

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QString>
+
+class QLabel;
+class QTableView;
+class QWidget;
+
+namespace quillon {
+
+/// A table of whole rows, one line each, of which one at a time can be selected and none edited in place. It
+/// belongs to @p parent.
+QTableView *newRowTable(const QString &name, const QString &accessibleName, QWidget *parent);
+
+/// @p content under @p caption, which becomes its label; both belong to the result.
+QWidget *captioned(QLabel *caption, QWidget *content);
+
+} // namespace quillon

@@ -1,0 +1,95 @@
+#include "sites/add_edit_panel_view.h"
+
+#include "sites/failed_writes_label.h"
+#include "sites/preferences_controller.h"
+
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+
+namespace {
+
+constexpr int fieldWidth = 420;
+
+QLineEdit *newField(const QString &name, const QString &accessibleName)
+{
+    auto *field = new QLineEdit;
+    field->setObjectName(name);
+    field->setAccessibleName(accessibleName);
+    field->setMinimumWidth(fieldWidth);
+    return field;
+}
+
+} // namespace
+
+AddEditPanelView::AddEditPanelView(PreferencesController &preferences, QWidget *parent)
+    : QDialog(parent)
+    , m_preferences(preferences)
+    , m_title(new QLabel)
+    , m_siteName(newField(u"siteNameField"_s, u"Name"_s))
+    , m_siteUrl(newField(u"siteURLField"_s, u"URL"_s))
+{
+    setObjectName(u"addEditPanel"_s);
+    setWindowModality(Qt::WindowModal);
+    m_title->setObjectName(u"addEditPanelTitle"_s);
+    m_title->setTextFormat(Qt::PlainText);
+    QFont font = m_title->font();
+    font.setBold(true);
+    m_title->setFont(font);
+    m_siteUrl->setPlaceholderText(u"The page on which the site takes submissions"_s);
+    m_siteUrl->setInputMethodHints(Qt::ImhUrlCharactersOnly);
+
+    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
+    m_addSaveButton = buttons->addButton(QString(), QDialogButtonBox::AcceptRole);
+    m_addSaveButton->setObjectName(u"addSaveButton"_s);
+
+    auto *layout = new QFormLayout(this);
+    layout->addRow(m_title);
+    layout->addRow(u"&Name:"_s, m_siteName);
+    layout->addRow(u"&URL:"_s, m_siteUrl);
+    layout->addRow(newFailedWritesLabel(u"panelFailedWrites"_s, this));
+    layout->addRow(buttons);
+    m_addSaveButton->setDefault(true);
+    setTabOrder(m_siteUrl, m_addSaveButton);
+    setTabOrder(m_addSaveButton, buttons->button(QDialogButtonBox::Cancel));
+
+    connect(buttons, &QDialogButtonBox::accepted, this,
+            [this] { m_preferences.addSaveButtonAction(m_siteName->text(), m_siteUrl->text()); });
+    connect(buttons, &QDialogButtonBox::rejected, this, &AddEditPanelView::reject);
+    connect(&preferences, &PreferencesController::addEditPanelChanged, this, &AddEditPanelView::showPanel);
+}
+
+void AddEditPanelView::reject()
+{
+    m_preferences.cancelAddEditAction();
+}
+
+void AddEditPanelView::showPanel()
+{
+    const AddEditPanel &panel = m_preferences.addEditPanel();
+    if (!panel.isOpen) {
+        hide();
+        return;
+    }
+    m_title->setText(panel.addEditPanelTitle);
+    setWindowTitle(panel.addEditPanelTitle);
+    m_siteName->setText(panel.siteNameField);
+    m_siteUrl->setText(panel.siteURLField);
+    m_addSaveButton->setText(panel.addEditSentFrom == u"add" ? u"&Add"_s : u"&Save"_s);
+    QLineEdit *field = panel.focus == AddEditPanel::Field::Url ? m_siteUrl : m_siteName;
+    field->setFocus();
+    open();
+    // A window that opens selects its first field's text by itself.
+    if (panel.selectsWholeText)
+        field->selectAll();
+    else
+        field->end(false);
+}
+
+} // namespace quillon

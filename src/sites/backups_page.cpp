@@ -1,0 +1,111 @@
+#include "sites/backups_page.h"
+
+#include "sites/preferences_controller.h"
+
+#include <QBoxLayout>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+
+BackupsPage::BackupsPage(PreferencesController &preferences, QWidget *parent)
+    : QWidget(parent), m_preferences(preferences)
+{
+    setObjectName(u"backupsView"_s);
+    const QList<Command> ofTitles = {
+        {u"backupSoftwareButton"_s, u"&Back Up Software List…"_s, u":/icons/backup.svg"_s,
+         u"Copies every software title, with its PAD file and its submissions, into one backup."_s,
+         &PreferencesController::backupSoftwareAction, true},
+        {u"importSoftwareListButton"_s, u"&Restore Software List…"_s, u":/icons/import.svg"_s,
+         u"Adds the titles of a backup to the software list; titles that are in the list stay as they are."_s,
+         &PreferencesController::importSoftwareListAction, true},
+    };
+    const QList<Command> ofSites = {
+        {u"backupSitesListButton"_s, u"Back Up &Site List…"_s, u":/icons/backup.svg"_s,
+         u"Copies the sites that you added or changed, and which default sites you removed."_s,
+         &PreferencesController::backupSitesListAction, false},
+        {u"importSitesButton"_s, u"Restore S&ite List…"_s, u":/icons/import.svg"_s,
+         u"Adds the changes of a backup to the site list; where both have a site, yours stays as it is."_s,
+         &PreferencesController::importSitesAction, false},
+    };
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(newGroup(u"Software list"_s, ofTitles));
+    layout->addWidget(newGroup(u"Site list"_s, ofSites));
+    alignSentences();
+    layout->addWidget(newProgressRow());
+    layout->addStretch(1);
+    connect(&preferences, &PreferencesController::transferProgress, this, &BackupsPage::showProgress);
+}
+
+QWidget *BackupsPage::newGroup(const QString &title, const QList<Command> &commands)
+{
+    auto *group = new QGroupBox(title);
+    auto *grid = new QGridLayout(group);
+    grid->setColumnStretch(1, 1);
+    for (const Command &command : commands) {
+        auto *button = new QPushButton(QIcon(command.icon), command.text);
+        button->setObjectName(command.name);
+        button->setAccessibleDescription(command.sentence);
+        button->setAutoDefault(false);
+        connect(button, &QPushButton::clicked, &m_preferences, command.run);
+        if (command.copiesTitles)
+            m_titleButtons.append(button);
+        auto *sentence = new QLabel(command.sentence);
+        sentence->setWordWrap(true);
+        const int row = grid->rowCount();
+        grid->addWidget(button, row, 0);
+        grid->addWidget(sentence, row, 1);
+    }
+    return group;
+}
+
+void BackupsPage::alignSentences()
+{
+    const QList<QPushButton *> buttons = findChildren<QPushButton *>();
+    int width = 0;
+    for (const QPushButton *button : buttons)
+        width = qMax(width, button->sizeHint().width());
+    for (QPushButton *button : buttons)
+        button->setMinimumWidth(width);
+}
+
+QWidget *BackupsPage::newProgressRow()
+{
+    m_progress = new QProgressBar;
+    m_progress->setObjectName(u"transferProgress"_s);
+    m_progress->setAccessibleName(u"Copying titles"_s);
+    m_progress->setFormat(u"%v of %m"_s);
+    auto *caption = new QLabel(u"Copying titles:"_s);
+    caption->setBuddy(m_progress);
+    auto *cancel = new QPushButton(u"Ca&ncel"_s);
+    cancel->setObjectName(u"cancelTransferButton"_s);
+    cancel->setAccessibleDescription(u"Stops the copying and removes what it made"_s);
+    cancel->setAutoDefault(false);
+    connect(cancel, &QPushButton::clicked, &m_preferences, &PreferencesController::cancelTransfer);
+
+    m_progressRow = new QWidget;
+    auto *layout = new QHBoxLayout(m_progressRow);
+    layout->addWidget(caption);
+    layout->addWidget(m_progress, 1);
+    layout->addWidget(cancel);
+    m_progressRow->hide();
+    return m_progressRow;
+}
+
+void BackupsPage::showProgress(int done, int total)
+{
+    const bool goesOn = done < total;
+    m_progress->setRange(0, total);
+    m_progress->setValue(done);
+    m_progressRow->setVisible(goesOn);
+    for (QPushButton *button : std::as_const(m_titleButtons))
+        button->setEnabled(!goesOn);
+}
+
+} // namespace quillon

@@ -1,0 +1,107 @@
+#include "sites/preferences_window.h"
+
+#include "platform/settings.h"
+#include "sites/add_edit_panel_view.h"
+#include "sites/backups_page.h"
+#include "sites/failed_writes_label.h"
+#include "sites/preferences_controller.h"
+#include "sites/sites_page.h"
+
+#include <QActionGroup>
+#include <QBoxLayout>
+#include <QPushButton>
+#include <QStackedWidget>
+#include <QToolBar>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+
+namespace {
+
+const QString geometryKey = u"preferences/geometry"_s;
+constexpr QSize firstSize(960, 600);
+constexpr int iconSize = 32;
+
+} // namespace
+
+PreferencesWindow::PreferencesWindow(PreferencesController &preferences, QWidget *parent)
+    : QDialog(parent), m_preferences(preferences), m_pages(new QStackedWidget)
+{
+    setObjectName(u"prefsWindow"_s);
+    setWindowModality(Qt::WindowModal);
+    m_pages->addWidget(new SitesPage(preferences));
+    m_pages->addWidget(new BackupsPage(preferences));
+    new AddEditPanelView(preferences, this);
+
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(newToolbar());
+    layout->addWidget(m_pages, 1);
+    layout->addLayout(newBottomRow());
+
+    connect(&preferences, &PreferencesController::showPreferences, this, &PreferencesWindow::open);
+    connect(&preferences, &PreferencesController::hidePreferences, this, &PreferencesWindow::hide);
+    connect(&preferences, &PreferencesController::pageChanged, this, &PreferencesWindow::showPage);
+    showPage();
+    resize(firstSize);
+    restoreGeometry(settings().value(geometryKey).toByteArray());
+}
+
+PreferencesWindow::~PreferencesWindow()
+{
+    settings().setValue(geometryKey, saveGeometry());
+}
+
+QToolBar *PreferencesWindow::newToolbar()
+{
+    auto *toolbar = new QToolBar;
+    toolbar->setObjectName(u"prefsToolbar"_s);
+    toolbar->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+    toolbar->setIconSize({iconSize, iconSize});
+    auto *group = new QActionGroup(this);
+    const auto add = [&](const QString &text, const QString &icon, const QString &shortcut,
+                         void (PreferencesController::*show)()) {
+        QAction *action = toolbar->addAction(QIcon(icon), text);
+        action->setToolTip(text);
+        action->setCheckable(true);
+        action->setShortcut(shortcut);
+        group->addAction(action);
+        connect(action, &QAction::triggered, &m_preferences, show);
+        QWidget *button = toolbar->widgetForAction(action);
+        button->setObjectName(text);
+        button->setFocusPolicy(Qt::TabFocus);
+        return action;
+    };
+    m_sitesListAction = add(u"Sites List"_s, u":/icons/OverviewTBI.svg"_s, u"Ctrl+1"_s,
+                            &PreferencesController::sitesListViewAction);
+    m_backupsAction =
+        add(u"Backups"_s, u":/icons/EditTBI.svg"_s, u"Ctrl+2"_s, &PreferencesController::backupViewAction);
+    return toolbar;
+}
+
+QLayout *PreferencesWindow::newBottomRow()
+{
+    auto *close = new QPushButton(u"&Close"_s);
+    close->setObjectName(u"closeButton"_s);
+    close->setAutoDefault(false);
+    connect(close, &QPushButton::clicked, &m_preferences, &PreferencesController::closePrefs);
+    auto *row = new QHBoxLayout;
+    row->addWidget(newFailedWritesLabel(u"prefsFailedWrites"_s, this), 1);
+    row->addWidget(close, 0, Qt::AlignRight);
+    return row;
+}
+
+void PreferencesWindow::showPage()
+{
+    const bool isSites = m_preferences.currentPage() == PreferencesPage::SitesList;
+    (isSites ? m_sitesListAction : m_backupsAction)->setChecked(true);
+    m_pages->setCurrentIndex(isSites ? 0 : 1);
+    setWindowTitle(u"Preferences – %1"_s.arg(isSites ? m_sitesListAction->text() : m_backupsAction->text()));
+}
+
+void PreferencesWindow::reject()
+{
+    m_preferences.closePrefs();
+}
+
+} // namespace quillon
