@@ -58,7 +58,7 @@ void floorOfMerge(benchmark::State &state)
 {
     setDefaultSites();
     const StringDictionary own = ownDictionary();
-    for (auto _ : state) {
+    for ([[maybe_unused]] const auto iteration : state) {
         QStringList names;
         QStringList urls;
         StringDictionary urlByName = own;
@@ -77,7 +77,7 @@ void merge(benchmark::State &state)
     setDefaultSites();
     const StringDictionary own = ownDictionary();
     const StringDictionary ignored = ignoredDictionary();
-    for (auto _ : state)
+    for ([[maybe_unused]] const auto iteration : state)
         benchmark::DoNotOptimize(mergedCatalogue(mwqnDefaultSitesDict, ignored, own).sites.size());
 }
 
@@ -90,7 +90,7 @@ void states(benchmark::State &state)
     for (const auto &[name, url] : catalogue.urlByName)
         sites.append(name);
     const Summary summary = markedSummary(sites);
-    for (auto _ : state)
+    for ([[maybe_unused]] const auto iteration : state)
         benchmark::DoNotOptimize(siteStates(sites, summary).size());
 }
 
@@ -103,7 +103,7 @@ void fromDisk(benchmark::State &state)
     site_list::write(site_list::userSites, ownDictionary());
     site_list::write(site_list::ignoredSites, ignoredDictionary());
     const Summary summary = markedSummary(site_editing::currentCatalogue().sites);
-    for (auto _ : state) {
+    for ([[maybe_unused]] const auto iteration : state) {
         QStringList sites;
         for (const auto &[name, url] : site_editing::currentCatalogue().urlByName)
             sites.append(name);

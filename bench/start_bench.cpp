@@ -17,6 +17,7 @@ using namespace quillon;
 int run(std::vector<std::string> command)
 {
     std::vector<char *> arguments;
+    arguments.reserve(command.size() + 1);
     for (std::string &word : command)
         arguments.push_back(word.data());
     arguments.push_back(nullptr);
