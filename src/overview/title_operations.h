@@ -41,7 +41,7 @@ struct Import
 };
 
 /// Files larger than this (bytes) are not taken for PAD files; real ones have some 10 to 100 kB.
-inline constexpr qint64 maxPadFileSize = 16 * 1024 * 1024;
+inline constexpr qint64 maxPadFileSize = 16LL * 1024 * 1024;
 
 /// The text of the PAD file at @p path; none when it is unreadable, too large, or without the PAD marker.
 std::optional<QString> padText(const QString &path);
