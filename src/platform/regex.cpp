@@ -80,8 +80,13 @@ std::optional<Regex::Match> Regex::matchFrom(QStringView subject, qsizetype offs
     using MatchData = std::unique_ptr<pcre2_match_data_16, decltype(&pcre2_match_data_free_16)>;
     const MatchData data(pcre2_match_data_create_from_pattern_16(m_code.get(), nullptr),
                          pcre2_match_data_free_16);
-    const int count = pcre2_match_16(m_code.get(), units(subject), static_cast<PCRE2_SIZE>(subject.size()),
-                                     static_cast<PCRE2_SIZE>(offset), 0, data.get(), nullptr);
+    const auto matched = [&](uint32_t options) {
+        return pcre2_match_16(m_code.get(), units(subject), static_cast<PCRE2_SIZE>(subject.size()),
+                              static_cast<PCRE2_SIZE>(offset), options, data.get(), nullptr);
+    };
+    int count = matched(0);
+    if (count == PCRE2_ERROR_JIT_STACKLIMIT) // A long text; the interpreter keeps its stack on the heap.
+        count = matched(PCRE2_NO_JIT);
     if (count < 0) {
         if (count != PCRE2_ERROR_NOMATCH)
             qCWarning(log) << "a match was given up, error" << count;

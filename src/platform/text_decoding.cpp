@@ -51,7 +51,9 @@ QString decodedXmlText(const QByteArray &bytes)
         return QStringDecoder(*evident)(bytes);
     if (auto text = decoded(bytes, QStringDecoder(QStringConverter::Utf8)))
         return *std::move(text);
-    if (auto text = decoded(bytes, QStringDecoder(declaredEncoding(bytes).constData())))
+    // An encoding in which the declaration itself would not read is not the one that it is written in.
+    auto text = decoded(bytes, QStringDecoder(declaredEncoding(bytes).constData()));
+    if (text && text->contains(u"<?xml"_s))
         return *std::move(text);
     return QStringDecoder("windows-1252")(bytes);
 }

@@ -1,7 +1,9 @@
 #include "platform/tolerant_xml.h"
 
+#include "platform/regex.h"
+
+#include <cstring>
 #include <pugixml.hpp>
-#include <string>
 
 namespace quillon {
 
@@ -10,7 +12,7 @@ namespace {
 // Line ends stay as they stand; text of nothing but whitespace is left out by default.
 constexpr unsigned parseFlags = pugi::parse_cdata | pugi::parse_escapes;
 
-// How the repair tells of a start tag that its author never closed.
+// How the repair tells of a start tag that its author never closed: its first attribute.
 constexpr const char *unclosedMark = "quillon.unclosed";
 
 /// The element after @p node in document order; a null node after the last. No recursion: depth is untrusted.
@@ -42,26 +44,33 @@ struct TolerantXml::Entry
 
 TolerantXml::TolerantXml(const QString &text) : m_document(std::make_unique<pugi::xml_document>())
 {
-    QByteArray utf8 = text.toUtf8();
+    // A reference to no character is text: the parser reckons modulo 2^32 and would end a text at number 0.
+    static const Regex badReference(u"&(?=#(?:0++|x0++|[0-9]{8,}+|x[0-9A-Fa-f]{7,}+);)");
+    QByteArray utf8 = badReference.replaceAll(text, u"&amp;").toUtf8();
     utf8.replace('\0', "\xEF\xBF\xBD"); // The parser would end at a NUL; U+FFFD stands for it.
     const auto load = [this](const QByteArray &xml) {
         return m_document->load_buffer(xml.constData(), size_t(xml.size()), parseFlags, pugi::encoding_utf8);
     };
     // An empty document is an answer, not a fault.
-    if (const auto result = load(utf8); !result && result.status != pugi::status_no_document_element)
+    const auto result = load(utf8);
+    const bool isSound = result || result.status == pugi::status_no_document_element;
+    if (!isSound)
         load(repairedXml(utf8));
-    buildIndex();
+    buildIndex(!isSound);
 }
 
 TolerantXml::TolerantXml(TolerantXml &&) noexcept = default;
 TolerantXml::~TolerantXml() = default;
 
-void TolerantXml::buildIndex()
+void TolerantXml::buildIndex(bool isRepaired)
 {
     for (pugi::xml_node node = m_document->first_child(); node; node = nextNode(node, *m_document)) {
         if (!isElement(node))
             continue;
-        const bool closed = !node.remove_attribute(unclosedMark);
+        const pugi::xml_attribute mark = node.first_attribute();
+        const bool closed = !isRepaired || std::strcmp(mark.name(), unclosedMark) != 0;
+        if (!closed)
+            node.remove_attribute(mark);
         const QByteArrayView name(node.name());
         Entry &entry = m_index[QByteArray::fromRawData(name.data(), name.size())];
         if (entry.count++ == 0 || (closed && !entry.closed)) {
@@ -95,6 +104,13 @@ QString TolerantXml::serialised() const
     m_document->save(writer, "",
                      pugi::format_raw | pugi::format_no_declaration | pugi::format_no_empty_element_tags,
                      pugi::encoding_utf8);
+    // The parser writes a form feed as "&#12;"; here it stays what it was. Any other "&" is written "&amp;".
+    if (writer.text.contains("&#")) {
+        for (char c = 1; c < ' '; ++c) {
+            const QByteArray reference = "&#" + QByteArray::number(c).rightJustified(2, '0') + ';';
+            writer.text.replace(reference, QByteArray(1, c));
+        }
+    }
     return QString::fromUtf8(writer.text);
 }
 

@@ -49,13 +49,13 @@ public:
 
 private:
     struct Entry;
-    void buildIndex();
+    void buildIndex(bool isRepaired);
 
     std::unique_ptr<pugi::xml_document> m_document;
     QHash<QByteArray, Entry> m_index;
 };
 
-/// @p utf8 made well-formed by the rules above, start tags that were never closed marked by an attribute
+/// @p utf8 made well-formed by the rules above, start tags that were never closed marked by a first attribute
 /// "quillon.unclosed". pugixml reads whatever comes out. No NUL may be in it.
 QByteArray repairedXml(const QByteArray &utf8);
 

@@ -40,8 +40,11 @@ bool isBlank(char c)
     return c == ' ' || c == '\t' || c == '\r' || c == '\n';
 }
 
-/// Cuts the input into tokens. Each look for the end of a tag stops at the next "<", and each kind of
-/// bracketed section is looked for in vain at most once, so that the whole is linear.
+/// Cuts the input into tokens and settles which tags belong together: start tags without an end are marked,
+/// end tags without a start become text.
+///
+/// Each look for the end of a tag stops at the next "<", and no stretch is searched for the end of the same
+/// kind of bracketed section twice, so that the whole is linear.
 class Tokenizer
 {
 public:
@@ -53,6 +56,8 @@ public:
             if (m_input[m_at] != '<' || !takeMarkup())
                 takeText();
         }
+        for (const qsizetype at : std::as_const(m_open))
+            m_tokens[at].unclosed = true;
         return std::move(m_tokens);
     }
 
@@ -105,21 +110,40 @@ private:
         return takeTag();
     }
 
+    /// A section that holds another of its kind, or the end of an element that is open, was itself never
+    /// closed: the end that was found belongs to something else.
     bool takeSection(size_t kind)
     {
         const Section &section = sections[kind];
-        if (m_neverClosed[kind])
-            return false;
-        const qsizetype close = m_input.indexOf(section.close, m_at + section.open.size());
-        if (close < 0) {
-            m_neverClosed[kind] = true;
-            return false;
+        const qsizetype start = m_at + section.open.size();
+        qsizetype &close = m_nextClose[kind];
+        if (close < start) {
+            close = m_input.indexOf(section.close, start);
+            if (close < 0)
+                close = m_input.size();
         }
+        if (close == m_input.size())
+            return false;
+        const QByteArrayView inside = m_input.sliced(start, close - start);
+        if (inside.contains(section.open) || holdsEndOfOpen(inside))
+            return false;
         const qsizetype end = close + section.close.size();
         if (section.kept)
             m_tokens.append({Token::Verbatim, m_input.sliced(m_at, end - m_at), {}, false});
         m_at = end;
         return true;
+    }
+
+    [[nodiscard]] bool holdsEndOfOpen(QByteArrayView inside) const
+    {
+        for (qsizetype at = inside.indexOf("</"); at >= 0; at = inside.indexOf("</", at)) {
+            const qsizetype name = at += 2;
+            while (at < inside.size() && isNameCharacter(inside[at]))
+                ++at;
+            if (m_openByName.value(inside.sliced(name, at - name)) > 0)
+                return true;
+        }
+        return false;
     }
 
     bool takeTag()
@@ -145,8 +169,32 @@ private:
         ++m_scan;
         token.source = m_input.sliced(m_at, m_scan - m_at);
         m_at = m_scan;
+        if (token.kind == Token::Start)
+            openElement(token);
+        else if (token.kind == Token::End)
+            closeElement(token);
         m_tokens.append(token);
         return true;
+    }
+
+    void openElement(const Token &token)
+    {
+        m_open.append(m_tokens.size());
+        ++m_openByName[token.name];
+    }
+
+    void closeElement(Token &token)
+    {
+        if (m_openByName.value(token.name) == 0) {
+            token.kind = Token::Text;
+            return;
+        }
+        for (bool found = false; !found;) {
+            Token &innermost = m_tokens[m_open.takeLast()];
+            found = innermost.name == token.name;
+            innermost.unclosed = !found;
+            --m_openByName[innermost.name];
+        }
     }
 
     /// Passes over ` name="value"`, any number of times; false when something else stands there.
@@ -180,35 +228,11 @@ private:
     QByteArrayView m_input;
     qsizetype m_at = 0;   ///< Where the next token begins.
     qsizetype m_scan = 0; ///< How far a tag has been looked at.
-    std::array<bool, 4> m_neverClosed{};
+    std::array<qsizetype, 4> m_nextClose{-1, -1, -1, -1};
     QList<Token> m_tokens;
+    QList<qsizetype> m_open; ///< The start tags that wait for their end, by their place in m_tokens.
+    QHash<QByteArrayView, int> m_openByName;
 };
-
-/// Settles which tags belong together: start tags without an end are marked, end tags without a start become
-/// text.
-void matchTags(QList<Token> &tokens)
-{
-    QList<qsizetype> open;
-    QHash<QByteArrayView, int> openByName;
-    const auto closeInnermost = [&] { --openByName[tokens[open.takeLast()].name]; };
-    for (qsizetype at = 0; at < tokens.size(); ++at) {
-        Token &token = tokens[at];
-        if (token.kind == Token::Start) {
-            open.append(at);
-            ++openByName[token.name];
-        } else if (token.kind == Token::End) {
-            if (openByName.value(token.name) == 0) {
-                token.kind = Token::Text;
-                continue;
-            }
-            for (; tokens[open.last()].name != token.name; closeInnermost())
-                tokens[open.last()].unclosed = true;
-            closeInnermost();
-        }
-    }
-    for (const qsizetype at : std::as_const(open))
-        tokens[at].unclosed = true;
-}
 
 void appendEndTag(QByteArray &xml, QByteArrayView name)
 {
@@ -274,8 +298,7 @@ qsizetype endOfUnclosed(const QList<Token> &tokens, qsizetype first)
 
 QByteArrayView firstElementSource(QByteArrayView utf8, QByteArrayView tag)
 {
-    QList<Token> tokens = Tokenizer(utf8).tokens();
-    matchTags(tokens);
+    const QList<Token> tokens = Tokenizer(utf8).tokens();
     const qsizetype first = firstElement(tokens, tag);
     if (first < 0)
         return {};
@@ -293,20 +316,20 @@ QByteArrayView firstElementSource(QByteArrayView utf8, QByteArrayView tag)
 
 QByteArray repairedXml(const QByteArray &utf8)
 {
-    QList<Token> tokens = Tokenizer(utf8).tokens();
-    matchTags(tokens);
+    const QList<Token> tokens = Tokenizer(utf8).tokens();
 
     QByteArray xml;
     xml.reserve(utf8.size() + utf8.size() / 8);
     QList<QByteArrayView> open;
-    for (const Token &token : std::as_const(tokens)) {
+    for (const Token &token : tokens) {
         switch (token.kind) {
         case Token::Text:
             xml.append(token.source.startsWith('<') ? "&lt;" : "");
             xml.append(token.source.sliced(token.source.startsWith('<') ? 1 : 0));
             break;
         case Token::Start:
-            xml.append(token.source.chopped(1)).append(token.unclosed ? " quillon.unclosed=''>" : ">");
+            xml.append('<').append(token.name).append(token.unclosed ? " quillon.unclosed=''" : "");
+            xml.append(token.source.sliced(1 + token.name.size()));
             open.append(token.name);
             break;
         case Token::End:

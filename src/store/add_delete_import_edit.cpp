@@ -69,14 +69,15 @@ bool removeAll(const QString &path)
 
 void AddDeleteImportEdit::checkAppSuppExists()
 {
-    if (QFileInfo::exists(mwqnAppSuppLoc)) {
-        forgetFailures(QDir::cleanPath(mwqnAppSuppLoc));
+    const QString folder = QDir::cleanPath(mwqnAppSuppLoc);
+    const bool isNew = !QFileInfo::exists(mwqnAppSuppLoc);
+    if (isNew && !QDir().mkpath(mwqnAppSuppLoc)) {
+        reportFailure(folder, u"the data folder could not be made"_s);
         return;
     }
-    if (!QDir().mkpath(mwqnAppSuppLoc)) {
-        reportFailure(QDir::cleanPath(mwqnAppSuppLoc), u"the data folder could not be made"_s);
+    forgetFailure(folder);
+    if (!isNew)
         return;
-    }
     for (const QStringView siteList : {site_list::userSites, site_list::ignoredSites})
         storeFile(mwqnAppSuppLoc + siteList, property_list::emptyText());
 }
@@ -141,7 +142,7 @@ bool AddDeleteImportEdit::renameExistingQnDataFile(const QString &oldName, const
     if (!from || !to || !title_folder::exists(oldName))
         return false;
     if (const auto error = atomic_file::moveFolder(*from, *to)) {
-        reportFailure(error->path, error->reason);
+        reportFailure(*from, error->reason); // Mended when the title is renamed after all, or deleted.
         return false;
     }
     forgetFailures(*from);

@@ -28,8 +28,7 @@ bool storeFile(const QString &path, const QByteArray &bytes)
         reportFailure(path, error->reason);
         return false;
     }
-    if (mwqnFailedWrites.remove(path) > 0)
-        announce();
+    forgetFailure(path);
     return true;
 }
 
@@ -49,6 +48,12 @@ void reportFailure(const QString &path, const QString &reason)
     announce();
 }
 
+void forgetFailure(const QString &path)
+{
+    if (mwqnFailedWrites.remove(path) > 0)
+        announce();
+}
+
 void forgetFailures(const QString &path)
 {
     const auto concerned = [&path](const QMap<QString, QString>::iterator each) {
@@ -66,7 +71,7 @@ QString failedWritesLine()
     const auto &reason = mwqnFailedWrites.first();
     const QString line = u"Not stored: %1 (%2)"_s.arg(path, reason);
     const qsizetype others = mwqnFailedWrites.size() - 1;
-    return others == 0 ? line : u"%1, and %2 more"_s.arg(line).arg(others);
+    return others == 0 ? line : u"%1, and %2 more"_s.arg(line, QString::number(others));
 }
 
 } // namespace quillon

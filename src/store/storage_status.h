@@ -15,6 +15,9 @@ bool keepUnreadable(const QString &path, const QByteArray &bytes);
 /// Records that something other than a file's content could not be stored (a folder not made, not moved).
 void reportFailure(const QString &path, const QString &reason);
 
+/// Forgets the failure of @p path itself, because it is mended.
+void forgetFailure(const QString &path);
+
 /// Forgets the failures of @p path and of all below it, because they are mended or their subject is gone.
 void forgetFailures(const QString &path);
 

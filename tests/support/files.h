@@ -5,6 +5,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <sys/stat.h>
+
 namespace quillon {
 
 /// The file's bytes; a text that no file of ours holds when it cannot be read.
@@ -26,6 +28,13 @@ inline QStringList names(const QString &folder)
 {
     return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
                                   QDir::Name);
+}
+
+/// A file that is written anew gets another number.
+inline ino_t fileNumber(const QString &path)
+{
+    struct stat status = {};
+    return ::stat(QFile::encodeName(path).constData(), &status) == 0 ? status.st_ino : 0;
 }
 
 /// A file of tests/samples.

@@ -1,0 +1,99 @@
+#include "measuring.h"
+#include "platform/atomic_file.h"
+#include "store/add_delete_import_edit.h"
+#include "store/process_state.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+
+#include <benchmark/benchmark.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+using namespace quillon;
+
+namespace {
+
+struct File
+{
+    QByteArray name;
+    QByteArray bytes;
+};
+
+bool syncFolder(const QByteArray &path)
+{
+    const int descriptor = ::open(path.constData(), O_RDONLY | O_DIRECTORY);
+    const bool isSynced = ::fsync(descriptor) == 0;
+    return ::close(descriptor) == 0 && isSynced;
+}
+
+/// Replaces one file as safely as can be, by nothing but system calls.
+bool writePlainly(const QByteArray &folder, const File &file)
+{
+    const QByteArray path = folder + '/' + file.name;
+    const QByteArray temporary = path + ".tmp";
+    const int descriptor = ::open(temporary.constData(), O_WRONLY | O_CREAT | O_EXCL, 0666);
+    const bool isWritten =
+        ::write(descriptor, file.bytes.constData(), size_t(file.bytes.size())) == file.bytes.size() &&
+        ::fsync(descriptor) == 0;
+    return ::close(descriptor) == 0 && isWritten && ::rename(temporary.constData(), path.constData()) == 0 &&
+           syncFolder(folder);
+}
+
+/// A PAD file of the usual size: everything filled in, and a licence of a page.
+QByteArray typicalPad()
+{
+    QByteArray pad =
+        atomic_file::read(QStringLiteral(QUILLON_SAMPLES "/filled_form.xml")).value_or(QByteArray());
+    pad.insert(pad.indexOf("</EULA>"), QByteArray("The program is given as it is.\n").repeated(100));
+    return pad;
+}
+
+/// Importing into a new title, in turn with plainly writing the same folder and files with the same syncs. In
+/// the current folder, so that one chooses the disk.
+void importPad(benchmark::State &state)
+{
+    const QTemporaryDir home(QDir::current().filePath(u"import_bench-XXXXXX"_s));
+    setDataFolder(home.path());
+    AddDeleteImportEdit::checkAppSuppExists();
+    const QByteArray pad = typicalPad();
+    const QByteArray parent = QFile::encodeName(mwqnAppSuppLoc);
+    const QByteArray folder = parent + "floor.qndata";
+    bool isDone = AddDeleteImportEdit::importExistingFile(u"import"_s, pad);
+    QList<File> files;
+    const QDir imported(mwqnAppSuppLoc + u"import.qndata");
+    for (const QString &name : imported.entryList(QDir::Files))
+        files.append({QFile::encodeName(name), atomic_file::read(imported.filePath(name)).value()});
+
+    const auto importIt = [&] { isDone &= AddDeleteImportEdit::importExistingFile(u"import"_s, pad); };
+    const auto writeIt = [&] {
+        isDone &= ::mkdir(folder.constData(), 0777) == 0 && syncFolder(parent);
+        for (const File &file : files)
+            isDone &= writePlainly(folder, file);
+    };
+    std::vector<double> imports;
+    std::vector<double> floors;
+    for ([[maybe_unused]] const auto iteration : state) {
+        AddDeleteImportEdit::deleteQnDataFile(u"import"_s);
+        AddDeleteImportEdit::deleteQnDataFile(u"floor"_s);
+        ::sync(); // Or the first to sync would pay for the deletion.
+        const bool isEven = imports.size() % 2 == 0;
+        if (isEven)
+            floors.push_back(seconds(writeIt));
+        imports.push_back(seconds(importIt));
+        if (!isEven)
+            floors.push_back(seconds(writeIt));
+        state.SetIterationTime(imports.back());
+    }
+    if (!isDone)
+        state.SkipWithError("a file could not be written");
+    state.counters["floor_ms"] = median(floors) * 1e3;
+    state.counters["ratio"] = median(imports) / median(floors);
+}
+BENCHMARK(importPad)->MinTime(3.0)->UseManualTime()->Unit(benchmark::kMillisecond);
+
+} // namespace
+
+BENCHMARK_MAIN();

@@ -1,0 +1,22 @@
+#include "pad/pad_form.h"
+#include "pad/pad_reader.h"
+#include "pad/pad_writer.h"
+#include "store/summary_file.h"
+
+#include <cstdlib>
+
+using namespace quillon;
+
+/// Takes any bytes for a PAD file, loaded and imported; to load it again must change nothing.
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
+{
+    const QByteArray bytes(reinterpret_cast<const char *>(data), qsizetype(size));
+    static PadForm form;
+    loadPADData(bytes, form);
+    const QByteArray once = pad_writer::document(form);
+    loadPADData(bytes, form);
+    if (pad_writer::document(form) != once)
+        std::abort();
+    summary_file::parse(summary_file::textForImport(bytes).toUtf8());
+    return 0;
+}

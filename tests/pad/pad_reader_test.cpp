@@ -1,0 +1,114 @@
+#include "pad/pad_form.h"
+#include "pad/pad_reader.h"
+#include "pad/pad_writer.h"
+#include "support/files.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using namespace quillon;
+
+TEST(PadReaderTest, ReadsFilesOfEveryOrigin)
+{
+    // Each file with what its form holds: the values by their elements' names.
+    const std::pair<QString, QString> cases[] = {
+        {u"short_forms.xml"_s,
+         u"Company_Name=Mill & Race|Address_1=|City_Town=|Country=Wales|Program_Version= 1.0.0 "
+         u"|Program_Type=|"
+         "Program_OS_Support=Linux,Mac OS X|Program_Language=English,Welsh|Program_Change_Info=grinds &amp; "
+         "turns\n"
+         "    &lt;twice&gt;, 1 &gt; 0|File_Size_K=0|File_Size_MB=0.0|Keywords=|Char_Desc_45=|"
+         "Char_Desc_80=<![CDATA[<b>bold</b> & raw]]>"_s},
+        {u"crlf_bom.xml"_s,
+         u"Company_Name=Kontor für Zeit|Program_Change_Info=eins\r\nzwei|Has_Expire_Info=Y|EULA=one\r\ntwo\r\n"_s},
+        {u"latin1.xml"_s, u"Company_Name=Café “Zoë”|Program_Name=Théière|Program_Cost_Other=5 €"_s},
+        {u"languages.xml"_s, u"Program_Name=Dovecote|Keywords=Taube, Schlag|Char_Desc_45=Tauben zählen|"
+                             "Char_Desc_80=Counts doves and feeds them"_s},
+        {u"old_tool.xml"_s,
+         u"Company_Name=Inkwell, Ltd.|Program_Version=v3 {Build}|Program_Release_Month=Feb|"
+         "Program_Cost_Dollars=Free / 10|Program_OS_Support=Win98|File_Size_Bytes=266,752|"
+         "File_Size_K=0"_s},
+        {u"broken.xml"_s, u"Company_Name=Bell & Whistle|Address_1=1 < 2 Lane|Country=England|"
+                          "Program_Name=Bell Ringer|Program_Release_Day=5|Program_Release_Month=3|"
+                          "Program_Change_Info=AT&T, R & D <-- arrow <!-- remark|Char_Desc_45=Rings --> loud|"
+                          "EULA=See <https://licence.example/text>.\fPage two & last."_s}};
+    for (const auto &[file, expected] : cases) {
+        PadForm form;
+        loadPADData(sample(file), form);
+        for (const QString &line : expected.split(u'|')) {
+            const QString element = line.section(u'=', 0, 0);
+            EXPECT_EQ(form.value(fieldNamed(element).value()), line.section(u'=', 1)) << line.toStdString();
+        }
+    }
+}
+
+TEST(PadReaderTest, AMissingElementLeavesItsControlButCheckListsBeginAnew)
+{
+    PadForm form;
+    loadPADData(sample(u"filled_form.xml"_s), form);
+    loadPADData("<XML_DIZ_INFO><Company_Name>Other</Company_Name><File_Size_Bytes></File_Size_Bytes>"
+                "<EULA/></XML_DIZ_INFO>",
+                form);
+    EXPECT_EQ(form.value(FieldId::companyName), u"Other"_s);
+    EXPECT_EQ(form.value(FieldId::programSizeKB), u"1465"_s);
+    for (const FieldId emptied :
+         {FieldId::sizeInBytes, FieldId::eula, FieldId::osTable, FieldId::languageTable})
+        EXPECT_EQ(form.value(emptied), QString()) << int(emptied);
+    for (const FieldId kept : {FieldId::companyCountry, FieldId::programTypePopUp, FieldId::keywordsView,
+                               FieldId::changeInformationView, FieldId::primaryDownloadURL})
+        EXPECT_FALSE(form.value(kept).isEmpty()) << int(kept);
+    const QByteArray before = pad_writer::document(form);
+    for (const QByteArray &nothing : {QByteArray(), QByteArray("\0\0", 2), QByteArray("no markup")})
+        loadPADData(nothing, form);
+    EXPECT_EQ(pad_writer::document(form), before);
+}
+
+TEST(PadReaderTest, TheCheckBoxIsOnForAnyWordButN)
+{
+    for (const auto &[value, on] : {std::pair<QByteArray, bool>{"Y", true},
+                                    {"y", true},
+                                    {"N", false},
+                                    {"n", false},
+                                    {"", false},
+                                    {" ", false},
+                                    {"0", true},
+                                    {"No", true},
+                                    {" N", true}}) {
+        PadForm form;
+        form.checkBox(FieldId::expireCheckBox).setOn(!on);
+        loadPADData("<r><Has_Expire_Info>" + value + "</Has_Expire_Info></r>", form);
+        EXPECT_EQ(form.checkBox(FieldId::expireCheckBox).isOn(), on) << value.toStdString();
+    }
+}
+
+TEST(PadReaderTest, ATextThatCannotBeCutOutIsEmpty)
+{
+    for (const QByteArray element : {"<EULA lang='en'>text</EULA>", "<EULA >text</EULA>",
+                                     "<EULA>text</EULA >", "</EULA><EULA>text</EULA>"}) {
+        PadForm form;
+        form.text(FieldId::eula).setText(u"of another title"_s);
+        loadPADData("<r>" + element + "</r>", form);
+        EXPECT_EQ(form.value(FieldId::eula), QString()) << element.toStdString();
+    }
+}
+
+TEST(PadReaderTest, ReadingTwiceOrWhatWasWrittenChangesNothing)
+{
+    const QString folders[] = {QStringLiteral(QUILLON_SAMPLES), QStringLiteral(QUILLON_REAL_PADS)};
+    for (const QDir folder : folders) {
+        const QStringList files = folder.entryList({u"*.xml"_s}, QDir::Files);
+        if (files.isEmpty())
+            GTEST_SKIP() << "no PAD files in " << folder.path().toStdString();
+        for (const QString &name : files) {
+            const QByteArray stored = contents(folder.filePath(name));
+            PadForm form;
+            loadPADData(stored, form);
+            const QByteArray written = pad_writer::document(form);
+            loadPADData(stored, form);
+            EXPECT_EQ(pad_writer::document(form), written) << name.toStdString();
+            PadForm again;
+            loadPADData(written, again);
+            EXPECT_EQ(pad_writer::document(again), written) << name.toStdString();
+        }
+    }
+}

@@ -1,0 +1,84 @@
+#include "platform/atomic_file.h"
+#include "support/files.h"
+#include "support/full_disk.h"
+
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using namespace quillon;
+
+class AtomicFileTest : public testing::Test
+{
+protected:
+    [[nodiscard]] QString at(const QString &name) const { return folder.filePath(name); }
+    [[nodiscard]] int mode(const QString &name) const { return QFileInfo(at(name)).permissions() & 0x777; }
+
+    QTemporaryDir folder;
+};
+
+TEST_F(AtomicFileTest, ReplacesWhatIsDifferentAndLeavesTheSameAlone)
+{
+    const QString longest(255, u'n');
+    for (const QByteArray &bytes : {QByteArray("one"), QByteArray(), QByteArray(300'000, '\0')}) {
+        EXPECT_FALSE(atomic_file::write(at(longest), bytes));
+        EXPECT_EQ(contents(at(longest)), bytes);
+        EXPECT_EQ(atomic_file::read(at(longest)), bytes);
+        const ino_t number = fileNumber(at(longest));
+        EXPECT_FALSE(atomic_file::write(at(longest), bytes));
+        EXPECT_EQ(fileNumber(at(longest)), number);
+        EXPECT_FALSE(atomic_file::write(at(longest), bytes + '!'));
+        EXPECT_NE(fileNumber(at(longest)), number);
+    }
+    EXPECT_EQ(names(folder.path()), QStringList{longest});
+}
+
+TEST_F(AtomicFileTest, KeepsTheModeAndMindsTheUsersMask)
+{
+    ASSERT_TRUE(put(at(u"f"_s), "old") && ::chmod(QFile::encodeName(at(u"f"_s)).constData(), 0640) == 0);
+    const mode_t mask = ::umask(077);
+    EXPECT_FALSE(atomic_file::write(at(u"f"_s), "new") || atomic_file::write(at(u"g"_s), "new"));
+    ::umask(mask);
+    EXPECT_EQ(mode(u"f"_s), 0x640);
+    EXPECT_EQ(mode(u"g"_s), 0x600);
+}
+
+TEST_F(AtomicFileTest, AFailedWriteKeepsTheOldFileAndLeavesNothingBehind)
+{
+    ASSERT_TRUE(put(at(u"f"_s), "old") && QDir(folder.path()).mkpath(u"d/inside"_s));
+    {
+        const FullDisk full(100);
+        const auto error = atomic_file::write(at(u"f"_s), QByteArray(5000, 'n'));
+        ASSERT_TRUE(error);
+        EXPECT_EQ(error->path, at(u"f"_s));
+        EXPECT_TRUE(error->reason.startsWith(u"writing failed: "_s)) << error->reason.toStdString();
+    }
+    for (const QString &path : {u"d"_s, u"missing/f"_s, u"f/below"_s, QString(256, u'n')})
+        EXPECT_TRUE(atomic_file::write(at(path), "new")) << path.toStdString();
+    EXPECT_EQ(contents(at(u"f"_s)), "old");
+    EXPECT_EQ(names(folder.path()), (QStringList{u"d"_s, u"f"_s}));
+}
+
+TEST_F(AtomicFileTest, ReadsRegularFilesWithinTheBound)
+{
+    ASSERT_TRUE(put(at(u"f"_s), "12345"));
+    ASSERT_EQ(::mkfifo(QFile::encodeName(at(u"pipe"_s)).constData(), 0600), 0);
+    EXPECT_EQ(atomic_file::read(at(u"f"_s), 5), "12345");
+    EXPECT_FALSE(atomic_file::read(at(u"f"_s), 4));
+    for (const QString &name : {u"missing"_s, u"."_s, u"pipe"_s})
+        EXPECT_FALSE(atomic_file::read(at(name))) << name.toStdString();
+}
+
+TEST_F(AtomicFileTest, MakesAndMovesFoldersOntoNothingOnly)
+{
+    EXPECT_FALSE(atomic_file::makeFolder(at(u"a"_s)));
+    EXPECT_TRUE(atomic_file::makeFolder(at(u"a"_s)) && atomic_file::makeFolder(at(u"missing/a"_s)));
+    ASSERT_TRUE(put(at(u"a/f"_s), "kept") && QDir(folder.path()).mkdir(u"empty"_s));
+    ASSERT_TRUE(QFile::link(u"nowhere"_s, at(u"link"_s)));
+    EXPECT_FALSE(atomic_file::moveFolder(at(u"a"_s), at(u"b"_s)));
+    for (const QString &taken : {u"empty"_s, u"link"_s, u"b"_s})
+        EXPECT_TRUE(atomic_file::moveFolder(at(u"b"_s), at(taken))) << taken.toStdString();
+    EXPECT_TRUE(atomic_file::moveFolder(at(u"a"_s), at(u"c"_s)));
+    EXPECT_EQ(contents(at(u"b/f"_s)), "kept");
+}

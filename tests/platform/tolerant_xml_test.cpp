@@ -1,0 +1,139 @@
+#include "platform/tolerant_xml.h"
+#include "support/printing.h"
+
+#include <QStringList>
+
+#include <gtest/gtest.h>
+#include <map>
+#include <random>
+
+using namespace Qt::StringLiterals;
+using namespace quillon;
+
+/// Expects that @p content reads as @p expected, and that what surrounds it is not touched.
+static void expectContent(const QString &content, const QString &expected)
+{
+    const QString text = u"<?xml version='1.0'?><r><g><a>" + content +
+                         u"</a><b>B --> &amp;</b></g><c><![CDATA[</i>]]></c><!-- e --><?f?></r>";
+    const TolerantXml xml(text);
+    EXPECT_EQ(xml.first(u"a"), expected) << text.toStdString();
+    EXPECT_EQ(xml.first(u"b"), u"B --> &"_s) << text.toStdString();
+    EXPECT_EQ(xml.first(u"c"), u"</i>"_s) << text.toStdString();
+}
+
+TEST(TolerantXmlTest, WhatIsNoMarkupIsText)
+{
+    const QString contents =
+        u"| kept \r\n\t blanks  |Smith & Sons|&nbsp; &copy & &unknown; &;|x&#0;y &#x00; "
+        u"&#4294967296;|page\fbreak|"
+        "1 < 2 > 0|x<y|<|<<>>|see <https://example.org/licence/>.|<someone@example.org>|never opened</i>.|"
+        "<i a=1>unquoted|<i a='x|</a b>|x <!-- y|x <![CDATA[ y|x <? y|x <!DOCTYPE y|x --> ]]> ?> y"_s;
+    for (const QString &content : contents.split(u'|'))
+        expectContent(content, content);
+}
+
+TEST(TolerantXmlTest, MarkupIsMendedWithinItsElement)
+{
+    const std::pair<QString, QString> cases[] = {
+        {u" \r\n\t "_s, u""_s},
+        {u"a &amp; b &lt;i&gt; &quot; &apos; &#252; &#x41;"_s, u"a & b <i> \" ' ü A"_s},
+        {u"x"_s + QChar(0) + u"y"_s, u"x\xFFFDy"_s},
+        {u"<<<i>>>"_s, u"<<>>"_s},
+        {u"<i a='1' b = \"/>\">x</i> y"_s, u"x y"_s},
+        {u"never <i>closed"_s, u"never closed"_s},
+        {u"<i><u>crossed</i></u>"_s, u"crossed</u>"_s},
+        {u"<br/>x<br />"_s, u"x"_s},
+        {u"<!-- gone --><?gone?>x"_s, u"x"_s},
+        {u"<![CDATA[<i> & </i>]]>"_s, u"<i> & </i>"_s},
+        {u"</g>"_s, u""_s},
+        {u"<b>"_s, u""_s},
+        {u"<a>x"_s, u"x"_s}};
+    for (const auto &[content, expected] : cases)
+        expectContent(content, expected);
+}
+
+TEST(TolerantXmlTest, FindsTheFirstElementOfANameAtAnyDepth)
+{
+    const TolerantXml xml(u"<!DOCTYPE r [<!ENTITY e 'boom'><!ENTITY f SYSTEM 'file:///etc/passwd'>]>"
+                          "<r><x><a/></x><a>2</a><A>&e;&f;</A><ä>ü</ä></r>"_s);
+    EXPECT_EQ(xml.first(u"a"), u""_s);
+    EXPECT_EQ(xml.count(u"a"), 2);
+    EXPECT_EQ(xml.first(u"A"), u"&e;&f;"_s);
+    EXPECT_EQ(xml.first(u"ä"), u"ü"_s);
+    EXPECT_EQ(xml.count(u"b"), 0);
+    for (const QString &text : {u""_s, u"no markup"_s, u"<"_s, u"<!-- -->"_s, u"</r>"_s}) {
+        EXPECT_EQ(TolerantXml(text).first(u"r"), std::nullopt) << text.toStdString();
+        EXPECT_EQ(TolerantXml(text).serialised(), QString()) << text.toStdString();
+    }
+}
+
+TEST(TolerantXmlTest, SerialisesEmptyElementsWithAnEndTag)
+{
+    const TolerantXml xml(u"<r><a x='1'/>S &amp; S & T<b>1 &gt; 0\r\n\f &#252;</b><i>open</r>"_s);
+    const QString text = u"<r><a x=\"1\"></a>S &amp; S &amp; T<b>1 &gt; 0\r\n\f ü</b><i>open</i></r>"_s;
+    EXPECT_EQ(xml.serialised(), text);
+    EXPECT_EQ(TolerantXml(text).serialised(), text);
+}
+
+TEST(TolerantXmlTest, ReadsWhateverIsPiledUp)
+{
+    const QString deep = u"<d>"_s.repeated(100'000);
+    EXPECT_EQ(TolerantXml(QString(deep + u"x" + u"</d>"_s.repeated(100'000))).first(u"d"), u"x"_s);
+    EXPECT_EQ(TolerantXml(QString(deep + u"x")).count(u"d"), 100'000);
+    EXPECT_EQ(TolerantXml(u"<a "_s.repeated(3'500'000)).count(u"a"), 0);
+    for (const QString &piece : {u"<a>"_s, u"</a>"_s, u"<a x='"_s, u"<!--"_s, u"<!-- </a>"_s, u"<![CDATA["_s,
+                                 u"<?"_s, u"&#00"_s, u"<!DOCTYPE "_s, u"<a><b></a>"_s, u"<!----><a "_s}) {
+        const TolerantXml xml(QString(u"<r>" + piece.repeated(300'000) + u"--></r><z>end</z>"));
+        EXPECT_EQ(xml.first(u"z"), u"end"_s) << piece.toStdString();
+    }
+}
+
+using Fields = std::map<QString, QString>;
+
+static QString documentOf(const Fields &fields)
+{
+    QString text = u"<?xml version='1.0'?>\n<R>\n<!-- <F1>old</F1> --><G1>"_s;
+    for (const auto &[name, content] : fields) {
+        text += u"\n<" + name + u'>' + content + u"</" + name + u'>';
+        text += name == u"F3" ? u"</G1><!-- between --><?note?><G2>"_s : QString();
+    }
+    return text + u"</G2></R>";
+}
+
+static Fields valuesOf(const Fields &fields)
+{
+    const TolerantXml xml(documentOf(fields));
+    Fields values;
+    for (const auto &[name, content] : fields)
+        values[name] = xml.first(name).value_or(u"(missing)"_s);
+    return values;
+}
+
+TEST(TolerantXmlTest, AFaultInOneFieldChangesNoOther)
+{
+    const Fields sound = {
+        {u"F1"_s, u"Smith &amp; Sons"_s},       {u"F2"_s, u"go --> there ?> now ]]&gt;"_s},
+        {u"F3"_s, u" two\n\tlines > 1 "_s},     {u"F4"_s, u"<![CDATA[<p> & </p></i>]]>"_s},
+        {u"F5"_s, u"a<!-- </i> remark -->b"_s}, {u"F6"_s, u"say \"yes\" or 'no' = /> & <i>so</i>"_s}};
+    const QStringList faults =
+        u"& < > \" ' &#0; \f <i> </i> <i|x=' <i|x= <p/ <https://e.org/> <!-- --> <![CDATA[ "
+        "]]> <? <!DOCTYPE <F3> <F5|x='1'> <F2> <! </ <R> | </|F4>"_s.split(u' ');
+    // These close what stands around the field, so each stands alone.
+    const QStringList closingFaults = {u"</G1>"_s, u"</G2>"_s, u"</R>"_s, u"</F1>"_s, u"</F6>"_s};
+    const Fields expected = valuesOf(sound);
+    ASSERT_EQ(expected.at(u"F4"_s), u"<p> & </p></i>"_s);
+
+    for (unsigned seed = 0; seed < 5000 && !HasFailure(); ++seed) {
+        std::mt19937 random(seed);
+        const auto pick = [&random](qsizetype size) { return qsizetype(random() % size_t(size)); };
+        Fields fields = sound;
+        auto &[name, content] = *std::next(fields.begin(), pick(qsizetype(fields.size())));
+        const QStringList &pieces = seed % 8 == 0 ? closingFaults : faults;
+        for (qsizetype count = seed % 8 == 0 ? 1 : pick(3) + 1; count > 0; --count)
+            content.insert(pick(content.size() + 1),
+                           QString(pieces[pick(pieces.size())]).replace(u'|', u' '));
+        Fields values = valuesOf(fields);
+        values[name] = expected.at(name);
+        EXPECT_EQ(values, expected) << "seed " << seed << "\n" << documentOf(fields).toStdString();
+    }
+}

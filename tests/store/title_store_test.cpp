@@ -1,0 +1,205 @@
+#include "pad/pad_writer.h"
+#include "platform/notification_center.h"
+#include "platform/notifications.h"
+#include "store/add_delete_import_edit.h"
+#include "store/storage_status.h"
+#include "support/full_disk.h"
+#include "support/temporary_home.h"
+
+using namespace Qt::StringLiterals;
+using namespace quillon;
+using Store = quillon::AddDeleteImportEdit;
+
+class TitleStoreTest : public TemporaryHome
+{
+protected:
+    void SetUp() override
+    {
+        TemporaryHome::SetUp();
+        Store::checkAppSuppExists();
+    }
+
+    /// Summary, PAD file and error log of the title @p name.
+    static QList<QByteArray> files(const QString &name)
+    {
+        const QString folder = inData(name + u".qndata/");
+        return {contents(folder + u"general.qnxmld"), contents(folder + u"data.qnxml"),
+                contents(folder + u"error.log")};
+    }
+    static QStringList titles() { return names(mwqnAppSuppLoc).filter(u".qndata"_s); }
+
+    const QByteArray emptySummary = sample(u"empty_summary.qnxmld"_s);
+    const QByteArray emptyList = sample(u"empty_list.plist"_s);
+    const QList<QByteArray> newFiles{emptySummary, pad_writer::skeleton(), emptyList};
+    const QString maker = home() + u"/Library/Application Support/Marrowick";
+};
+
+TEST_F(TitleStoreTest, MakesTheDataFolderOnceWithItsSiteLists)
+{
+    EXPECT_EQ(mwqnAppSuppLoc, QString(maker + u"/Quillon/"));
+    EXPECT_EQ(names(mwqnAppSuppLoc), (QStringList{u"ignore.qnrc"_s, u"sites.qnrc"_s}));
+    EXPECT_EQ(contents(inData(u"sites.qnrc"_s)), emptyList);
+    EXPECT_EQ(contents(inData(u"ignore.qnrc"_s)), emptyList);
+
+    ASSERT_TRUE(QFile::remove(inData(u"ignore.qnrc"_s)) && put(inData(u"sites.qnrc"_s), "mine"));
+    Store::checkAppSuppExists();
+    EXPECT_EQ(names(mwqnAppSuppLoc), QStringList{u"sites.qnrc"_s});
+    EXPECT_EQ(contents(inData(u"sites.qnrc"_s)), "mine");
+}
+
+TEST_F(TitleStoreTest, ADataFolderThatCannotBeIsToldUntilItIsMended)
+{
+    ASSERT_TRUE(QDir(maker).removeRecursively() && put(maker, "a file in its place"));
+    Store::checkAppSuppExists();
+    EXPECT_FALSE(Store::createNewListing(u"T"_s));
+    EXPECT_FALSE(Store::importExistingFile(u"T"_s, "<a/>"));
+    EXPECT_FALSE(failedWritesLine().isEmpty());
+    EXPECT_EQ(contents(maker), "a file in its place");
+
+    ASSERT_TRUE(QFile::remove(maker));
+    Store::checkAppSuppExists();
+    EXPECT_TRUE(Store::createNewListing(u"T"_s));
+    EXPECT_EQ(failedWritesLine(), QString());
+}
+
+TEST_F(TitleStoreTest, ANewTitleHoldsTheThreeFirstFiles)
+{
+    EXPECT_TRUE(Store::createNewListing(u"Tide"_s));
+    EXPECT_EQ(names(inData(u"Tide.qndata"_s)),
+              (QStringList{u"data.qnxml"_s, u"error.log"_s, u"general.qnxmld"_s}));
+    EXPECT_EQ(files(u"Tide"_s), newFiles);
+
+    ASSERT_TRUE(put(inData(u"Tide.qndata/data.qnxml"_s), "mine") && put(inData(u"F.qndata"_s), "file"));
+    EXPECT_TRUE(Store::createNewListing(u"Tide"_s) && Store::createNewListing(u"F"_s));
+    EXPECT_EQ(contents(inData(u"Tide.qndata/data.qnxml"_s)), "mine");
+    EXPECT_EQ(contents(inData(u"F.qndata"_s)), "file");
+}
+
+TEST_F(TitleStoreTest, TakesAnyNameThatStaysInTheDataFolder)
+{
+    QStringList folders;
+    for (const QString &name : {u".."_s, u"."_s, u"   "_s, u" Tide"_s, u"Tide"_s, u"tide"_s, u"a\nb"_s,
+                                u"潮"_s, u"100%2 \\ & <b>"_s, QString(248, u'n'), QString(124, u'ü')}) {
+        EXPECT_TRUE(Store::createNewListing(name)) << name.toStdString();
+        EXPECT_EQ(files(name), newFiles) << name.toStdString();
+        folders.append(name + u".qndata");
+    }
+    for (const QString &name : {u""_s, u"/"_s, u"a/b"_s, u"../up"_s, u"/etc/x"_s, u"a\0b"_s, u"\0"_s,
+                                QString(249, u'n'), QString(300, u'n'), QString(125, u'ü')}) {
+        selectTitle(name);
+        EXPECT_FALSE(Store::createNewListing(name) || Store::importExistingFile(name, "<a/>") ||
+                     Store::renameExistingQnDataFile(u"Tide"_s, name) ||
+                     Store::renameExistingQnDataFile(name, u"New"_s) || Store::deleteQnDataFile(name) ||
+                     Store::writeToFile(u"data", "x") || Store::returnDataObjectFor(u"data"))
+            << name.toStdString();
+    }
+    const QStringList found = titles();
+    EXPECT_EQ(QSet(found.begin(), found.end()), QSet(folders.begin(), folders.end()));
+    EXPECT_EQ(names(maker), QStringList{u"Quillon"_s});
+}
+
+TEST_F(TitleStoreTest, AnImportKeepsTheBytesAndFillsTheSummary)
+{
+    const QByteArray pad =
+        "<r><Program_Version>2.0</Program_Version><Program_Release_Day>5</Program_Release_Day>"
+        "<Program_Release_Month>3</Program_Release_Month>\r\n"
+        "<Program_Release_Year>2009</Program_Release_Year>"
+        "<Program_OS_Support>Win98,Other</Program_OS_Support></r>";
+    QByteArray summary = emptySummary;
+    summary.replace("_VERSION></OTS", "_VERSION>2.0</OTS").replace("_DATE></", "_DATE>5/3/2009</");
+    summary.replace("_SYSTEMS></", "_SYSTEMS>Win98,Other</");
+    EXPECT_TRUE(Store::importExistingFile(u"T"_s, "<other/>"));
+    ASSERT_TRUE(put(inData(u"T.qndata/error.log"_s), "old") && put(inData(u"T.qndata/notes"_s), "mine"));
+    EXPECT_TRUE(Store::importExistingFile(u"T"_s, pad));
+    EXPECT_EQ(files(u"T"_s), (QList<QByteArray>{summary, pad, emptyList}));
+    EXPECT_EQ(contents(inData(u"T.qndata/notes"_s)), "mine");
+}
+
+TEST_F(TitleStoreTest, ReadsAndWritesTheSelectedTitleByKey)
+{
+    EXPECT_FALSE(Store::writeToFile(u"data", "x") || Store::returnDataObjectFor(u"data"));
+    ASSERT_TRUE(Store::createNewListing(u"T"_s));
+    selectTitle(u"T"_s);
+    for (const QStringView key : {u"data", u"general", u"error", u"Data", u"General", u"Error"}) {
+        EXPECT_TRUE(Store::writeToFile(key, key.toUtf8()));
+        EXPECT_EQ(Store::returnDataObjectFor(key.toString().toLower()), key.toUtf8());
+    }
+    for (const QStringView key : {u"DATA", u"", u"data ", u"data.qnxml", u"gENERAL"})
+        EXPECT_FALSE(Store::writeToFile(key, "x")) << key.toString().toStdString();
+    EXPECT_EQ(files(u"T"_s), (QList<QByteArray>{"General", "Data", "Error"}));
+    for (const QStringView other : {u"Data", u"General", u"anything", u""})
+        EXPECT_EQ(Store::returnDataObjectFor(other), "Error") << other.toString().toStdString();
+}
+
+TEST_F(TitleStoreTest, RenamesTheFolderWithAllThatIsInIt)
+{
+    ASSERT_TRUE(Store::createNewListing(u"Old"_s) && Store::createNewListing(u"Taken"_s));
+    ASSERT_TRUE(QDir(mwqnAppSuppLoc).mkpath(u"Old.qndata/extra"_s));
+    ASSERT_TRUE(put(inData(u"Old.qndata/extra/notes"_s), "mine"));
+    EXPECT_FALSE(Store::renameExistingQnDataFile(u"Old"_s, u"Taken"_s));
+    EXPECT_FALSE(Store::renameExistingQnDataFile(u"Old"_s, u"Old"_s));
+    EXPECT_FALSE(Store::renameExistingQnDataFile(u"Missing"_s, u"New"_s));
+    EXPECT_EQ(titles(), (QStringList{u"Old.qndata"_s, u"Taken.qndata"_s}));
+
+    EXPECT_TRUE(Store::renameExistingQnDataFile(u"Old"_s, u"New"_s));
+    EXPECT_EQ(contents(inData(u"New.qndata/extra/notes"_s)), "mine");
+    EXPECT_EQ(files(u"New"_s), newFiles);
+    EXPECT_EQ(titles(), (QStringList{u"New.qndata"_s, u"Taken.qndata"_s}));
+    EXPECT_EQ(failedWritesLine(), QString());
+}
+
+TEST_F(TitleStoreTest, DeletesTheTitleAndNothingThatItLinksTo)
+{
+    ASSERT_TRUE(Store::createNewListing(u"T"_s) && put(home() + u"/kept", "kept"));
+    ASSERT_TRUE(QFile::link(home(), inData(u"T.qndata/link"_s)) &&
+                QFile::link(home(), inData(u"L.qndata"_s)));
+    ASSERT_TRUE(QFile::link(u"nowhere"_s, inData(u"B.qndata"_s)) && put(inData(u"F.qndata"_s), "file"));
+    EXPECT_TRUE(Store::createNewListing(u"B"_s));
+    for (const QString &name : {u"T"_s, u"L"_s, u"B"_s, u"F"_s})
+        EXPECT_TRUE(Store::deleteQnDataFile(name)) << name.toStdString();
+    EXPECT_EQ(titles(), QStringList());
+    EXPECT_EQ(contents(home() + u"/kept"), "kept");
+    EXPECT_FALSE(Store::deleteQnDataFile(u"T"_s));
+}
+
+TEST_F(TitleStoreTest, AFailedWriteIsToldUntilALaterOneSucceeds)
+{
+    const QString title = u"100%1 %2"_s;
+    ASSERT_TRUE(Store::createNewListing(title));
+    selectTitle(title);
+    int told = 0;
+    QObject observer;
+    NotificationCenter::defaultCenter().addObserver(notification::failedWritesChanged, &observer,
+                                                    [&] { ++told; });
+    const QByteArray big(10'000, 'x');
+    {
+        const FullDisk full(1000);
+        EXPECT_FALSE(Store::writeToFile(u"data", big) || Store::createNewListing(u"New"_s) ||
+                     Store::importExistingFile(u"Imported"_s, big));
+    }
+    EXPECT_EQ(told, 3);
+    EXPECT_EQ(titles(), QStringList{title + u".qndata"});
+    EXPECT_EQ(files(title), newFiles);
+    const QString path = inData(title + u".qndata/data.qnxml");
+    EXPECT_EQ(failedWritesLine(),
+              QString(u"Not stored: " + path + u" (" + mwqnFailedWrites.value(path) + u"), and 2 more"));
+
+    EXPECT_TRUE(Store::writeToFile(u"data", big));
+    EXPECT_FALSE(mwqnFailedWrites.contains(path));
+    EXPECT_TRUE(Store::createNewListing(u"New"_s) && Store::importExistingFile(u"Imported"_s, big));
+    EXPECT_EQ(failedWritesLine(), QString());
+}
+
+TEST_F(TitleStoreTest, FailuresGoWithTheirTitleOnly)
+{
+    for (const QString &name : {u"A"_s, u"AB"_s}) {
+        ASSERT_TRUE(Store::createNewListing(name));
+        reportFailure(inData(name + u".qndata/data.qnxml"), u"full"_s);
+    }
+    Store::checkAppSuppExists();
+    EXPECT_EQ(mwqnFailedWrites.size(), 2);
+    EXPECT_TRUE(Store::deleteQnDataFile(u"A"_s));
+    EXPECT_EQ(mwqnFailedWrites.keys(), QStringList{inData(u"AB.qndata/data.qnxml"_s)});
+    EXPECT_TRUE(Store::renameExistingQnDataFile(u"AB"_s, u"B"_s));
+    EXPECT_TRUE(mwqnFailedWrites.isEmpty());
+}
