@@ -47,7 +47,8 @@ public:
     [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
 private:
-    /// The cells of one title, made when the first of them is asked for: of ten thousand titles few are in sight.
+    /// The cells of one title, made when the first of them is asked for: of ten thousand titles few are in
+    /// sight.
     struct Row
     {
         QDate date;

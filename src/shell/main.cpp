@@ -3,6 +3,8 @@
 #include "overview/title_commands.h"
 #include "platform/application_info.h"
 #include "platform/delayed_calls.h"
+#include "platform/notification_center.h"
+#include "platform/notifications.h"
 #include "platform/settings.h"
 #include "shell/main_window.h"
 #include "shell/message_box_sheets.h"
@@ -38,6 +40,17 @@ QString homeFolder(const QApplication &application)
     parser.addOption(home);
     parser.process(application);
     return QDir(parser.value(home)).absolutePath();
+}
+
+/// Says what to do until there is a submission window, and takes back that one is open.
+void tellOfMissingSubmitWindow(AlertSheets &alerts)
+{
+    mwqnWOSi78tgsda = true;
+    NotificationCenter::defaultCenter().post(notification::mwqnRS87968tJHKgfds);
+    alerts.show(
+        SheetWindow::Main,
+        {u"The submission window is not part of this version yet."_s,
+         u"quillon-cli lists the sites, gives the values to be pasted and marks what was submitted."_s});
 }
 
 } // namespace
@@ -82,6 +95,9 @@ int main(int argc, char *argv[])
     editor.awakeFromNib();      // Before the overview, whose selection it is to hear of.
     preferences.awakeFromNib(); // Likewise, for the overview asks for the catalogue.
     overview.awakeFromNib();
+
+    QObject::connect(&toolbar, &ToolbarControl::openSubmitWindow, &window,
+                     [&alerts] { tellOfMissingSubmitWindow(alerts); });
 
     SingleInstance instance;
     QObject::connect(&instance, &SingleInstance::activated, &window, &MainWindow::bringToFront);

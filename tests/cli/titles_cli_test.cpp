@@ -91,9 +91,10 @@ TEST_F(TitlesCli, ListsWhatAnImportFound)
     EXPECT_EQ(marks[0][u"current"_s], false);
     EXPECT_EQ(marks[1][u"current"_s], true);
     EXPECT_TRUE(titles().at(0)[u"validated"_s].isNull());
-    EXPECT_EQ(cli({u"show"_s, u"Other"_s, u"Program_Name"_s, u"keywordsView"_s}).output,
-              "  Program_Name: Tom & Jerry\n      Text string 1-40 characters - NO Version Numbers        11 / 40\n"
-              "  Keywords: a\nb\n      Text string 0-250 characters, comma delimited        3 / 250\n");
+    EXPECT_EQ(
+        cli({u"show"_s, u"Other"_s, u"Program_Name"_s, u"keywordsView"_s}).output,
+        "  Program_Name: Tom & Jerry\n      Text string 1-40 characters - NO Version Numbers        11 / 40\n"
+        "  Keywords: a\nb\n      Text string 0-250 characters, comma delimited        3 / 250\n");
 }
 
 TEST_F(TitlesCli, WritersWaitForTheOneThatHoldsTheFolder)
