@@ -136,7 +136,7 @@ FieldTextEdit::FieldTextEdit(Editor &editor, FieldId field, int lines, QWidget *
     setObjectName(m_control.objectName());
     setAccessibleName(accessibleNameOf(field));
     setTabChangesFocus(true);
-    setMinimumHeight(sizeHint().height());
+    setMinimumHeight(FieldTextEdit::sizeHint().height());
     connect(&m_control, &Control::changed, this, &FieldTextEdit::showControl);
     connect(this, &QPlainTextEdit::textChanged, this, [this] {
         if (!m_showing)
