@@ -16,6 +16,7 @@
 #include <QSplitter>
 #include <QTableView>
 
+#include <functional>
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -168,7 +169,9 @@ SitesPage::SiteTable SitesPage::newSiteTable(const QString &name, const QString 
     table.view->setSelectionMode(QAbstractItemView::ExtendedSelection);
     table.label->setTextFormat(Qt::PlainText);
     connect(table.view->selectionModel(), &QItemSelectionModel::selectionChanged, &m_preferences,
-            [this, table, select] { (m_preferences.*select)(selectedRows(*table.view, *table.rows)); });
+            [&preferences = m_preferences, table, select] {
+                std::invoke(select, preferences, selectedRows(*table.view, *table.rows));
+            });
     connect(&sites, &QAbstractItemModel::modelReset, this, [this, table] { showCount(table); });
     keepScrolled(*table.view, sites);
     showCount(table);
