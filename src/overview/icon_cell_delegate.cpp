@@ -25,7 +25,7 @@ constexpr int step = iconCellSize + gap;
 /// one.
 QString picturePath(const QString &name)
 {
-    if (const QString own = u":/icons/%1.svg"_s.arg(name); QFile::exists(own))
+    if (QString own = u":/icons/%1.svg"_s.arg(name); QFile::exists(own))
         return own;
     // A name with a separator could point anywhere.
     const QString kept = mwqnAppSuppLoc + u"Site Images/" + name + u".png";

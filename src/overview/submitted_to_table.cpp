@@ -87,7 +87,7 @@ QVariant SubmittedToTable::data(const QModelIndex &index, int role) const
 
 QString SubmittedToTable::textAt(int row, int column) const
 {
-    const QString site = m_submittedToTableDataArray[row];
+    const QString &site = m_submittedToTableDataArray[row];
     if (hasNoSubmissions())
         return column == Site ? u"No Submissions"_s : QString();
     if (column == Site)

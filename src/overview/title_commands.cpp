@@ -63,12 +63,14 @@ void TitleCommands::addSWNPIAction(const QString &name)
         return;
     }
     closeNamePanel();
-    if (panel.nameSheetCalledFrom == u"import")
+    if (panel.nameSheetCalledFrom == u"import") {
         confirmImport(name);
-    else if (panel.nameSheetCalledFrom == u"new" && AddDeleteImportEdit::createNewListing(name))
-        reload();
-    else if (panel.nameSheetCalledFrom == u"rename" && mwqnSelSW &&
-             AddDeleteImportEdit::renameExistingQnDataFile(*mwqnSelSW, name))
+        return;
+    }
+    const bool changed = panel.nameSheetCalledFrom == u"new"
+                             ? AddDeleteImportEdit::createNewListing(name)
+                             : mwqnSelSW && AddDeleteImportEdit::renameExistingQnDataFile(*mwqnSelSW, name);
+    if (changed)
         reload();
 }
 

@@ -90,7 +90,7 @@ QAction *MainWindow::newAction(const QString &name, const QString &text, const Q
     auto *action = new QAction(icon.isEmpty() ? QIcon() : QIcon(u":/icons/%1.svg"_s.arg(icon)), text, this);
     action->setObjectName(name);
     action->setShortcut(shortcut);
-    connect(action, &QAction::triggered, this, run);
+    connect(action, &QAction::triggered, this, std::move(run));
     m_actions[name] = action;
     return action;
 }
