@@ -62,13 +62,12 @@ inline QString answerAlert(const QString &buttonText)
     auto *box = openWindow<QMessageBox>();
     if (!box)
         return {};
-    const QString message = box->text();
+    QString message = box->text();
     for (QAbstractButton *button : box->buttons()) {
         if (button->text() == buttonText)
             QTest::mouseClick(button, Qt::LeftButton);
     }
     EXPECT_TRUE(eventually([] { return openWindow<QMessageBox>() == nullptr; })) << buttonText.toStdString();
-    return message;
 }
 
 /// Waits for a file dialog and enters @p path in it.
