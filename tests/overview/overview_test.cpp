@@ -54,7 +54,7 @@ protected:
     }
     QString fileAt(const QString &name, const QByteArray &bytes)
     {
-        const QString path = home() + u'/' + name;
+        QString path = home() + u'/' + name;
         put(path, bytes);
         return path;
     }

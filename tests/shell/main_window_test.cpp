@@ -102,7 +102,7 @@ protected:
     }
     QString padFile(const QString &name)
     {
-        const QString path = home() + u'/' + name + u".xml";
+        QString path = home() + u'/' + name + u".xml";
         put(path, u"<XML_DIZ_INFO><MASTER_PAD_VERSION_INFO></MASTER_PAD_VERSION_INFO><Program_Name>%1</"
                   u"Program_Name>"
                   "<Program_Type>Freemium</Program_Type></XML_DIZ_INFO>"_s.arg(name)
