@@ -68,6 +68,7 @@ inline QString answerAlert(const QString &buttonText)
             QTest::mouseClick(button, Qt::LeftButton);
     }
     EXPECT_TRUE(eventually([] { return openWindow<QMessageBox>() == nullptr; })) << buttonText.toStdString();
+    return message;
 }
 
 /// Waits for a file dialog and enters @p path in it.
