@@ -1,7 +1,7 @@
 # Every library that Quillon is built on; script/bootstrap installs them, the README says what each is for.
 find_package(Qt6 6.4 REQUIRED COMPONENTS Core)
 if(QUILLON_BUILD_GUI)
-    find_package(Qt6 6.4 REQUIRED COMPONENTS Gui Widgets Svg Network)
+    find_package(Qt6 6.4 REQUIRED COMPONENTS Gui Widgets Svg Network WebEngineWidgets)
 endif()
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(PCRE2 REQUIRED IMPORTED_TARGET libpcre2-16)

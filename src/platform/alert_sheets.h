@@ -35,7 +35,7 @@ enum class AlertAnswer
 struct FileRequest
 {
     QString prompt;
-    QString extension; ///< Without the point.
+    QString extension; ///< Without the point; empty for files of any kind.
     QString proposedName = {};
     bool severalFiles = false;
     bool isFolder = false; ///< What is chosen is a folder that the author knows as one item.

@@ -3,18 +3,18 @@
 #include "overview/title_commands.h"
 #include "platform/application_info.h"
 #include "platform/delayed_calls.h"
-#include "platform/notification_center.h"
-#include "platform/notifications.h"
 #include "platform/settings.h"
 #include "shell/main_window.h"
 #include "shell/message_box_sheets.h"
 #include "shell/single_instance.h"
+#include "shell/submission_opener.h"
 #include "shell/toolbar_control.h"
 #include "sites/preferences_controller.h"
 #include "sites/preferences_window.h"
 #include "store/add_delete_import_edit.h"
 #include "store/data_folder_lock.h"
 #include "store/process_state.h"
+#include "submission/web_engine_profile.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -42,21 +42,11 @@ QString homeFolder(const QApplication &application)
     return QDir(parser.value(home)).absolutePath();
 }
 
-/// Says what to do until there is a submission window, and takes back that one is open.
-void tellOfMissingSubmitWindow(AlertSheets &alerts)
-{
-    mwqnWOSi78tgsda = true;
-    NotificationCenter::defaultCenter().post(notification::mwqnRS87968tJHKgfds);
-    alerts.show(
-        SheetWindow::Main,
-        {u"The submission window is not part of this version yet."_s,
-         u"quillon-cli lists the sites, gives the values to be pasted and marks what was submitted."_s});
-}
-
 } // namespace
 
 int main(int argc, char *argv[])
 {
+    prepareWebEngine();
     QApplication application(argc, argv);
     QApplication::setApplicationName(u"quillon"_s);
     QApplication::setApplicationDisplayName(u"Quillon"_s);
@@ -84,7 +74,9 @@ int main(int argc, char *argv[])
     ToolbarControl toolbar(overview, alerts);
     Editor editor(alerts);
     PreferencesController preferences(alerts, delayedCalls);
+    SubmissionOpener submission(toolbar, overview, alerts, delayedCalls);
     MainWindow window(toolbar, overview, commands, editor);
+    QObject::connect(&window, &MainWindow::closed, &submission, &SubmissionOpener::close);
     alerts.setWidget(SheetWindow::Main, &window);
     alerts.setWidget(SheetWindow::Preferences, new PreferencesWindow(preferences, &window));
     QObject::connect(&window, &MainWindow::preferencesRequested, &preferences,
@@ -95,9 +87,6 @@ int main(int argc, char *argv[])
     editor.awakeFromNib();      // Before the overview, whose selection it is to hear of.
     preferences.awakeFromNib(); // Likewise, for the overview asks for the catalogue.
     overview.awakeFromNib();
-
-    QObject::connect(&toolbar, &ToolbarControl::openSubmitWindow, &window,
-                     [&alerts] { tellOfMissingSubmitWindow(alerts); });
 
     SingleInstance instance;
     QObject::connect(&instance, &SingleInstance::activated, &window, &MainWindow::bringToFront);

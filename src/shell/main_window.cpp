@@ -279,6 +279,7 @@ void MainWindow::closeEvent(QCloseEvent *event)
     settings().setValue(geometryKey, saveGeometry());
     settings().setValue(stateKey, saveState());
     QMainWindow::closeEvent(event);
+    Q_EMIT closed();
 }
 
 } // namespace quillon

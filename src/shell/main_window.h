@@ -31,6 +31,8 @@ public:
 Q_SIGNALS:
     void preferencesRequested();
     void backupRequested();
+    /// The window was closed, and with it the program's other windows are to be.
+    void closed();
 
 protected:
     void closeEvent(QCloseEvent *event) override;

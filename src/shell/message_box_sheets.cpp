@@ -23,11 +23,13 @@ constexpr QSize detailsSize(640, 220);
 /// What the author may choose by @p request in a file dialog.
 QStringList nameFilters(const FileRequest &request)
 {
+    const QString all = u"All files (*)"_s;
+    if (request.extension.isEmpty())
+        return {all};
     const QString pattern = u"*."_s + request.extension;
     if (request.isFolder)
         return {u"Backups (%1)"_s.arg(pattern)};
-    return {u"%1 files (%2 %3)"_s.arg(request.extension.toUpper(), pattern, pattern.toUpper()),
-            u"All files (*)"_s};
+    return {u"%1 files (%2 %3)"_s.arg(request.extension.toUpper(), pattern, pattern.toUpper()), all};
 }
 
 /// Makes @p dialog ask for what @p request says, beginning in the folder of the last one, and see to its own

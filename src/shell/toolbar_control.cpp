@@ -5,6 +5,7 @@
 #include "store/add_delete_import_edit.h"
 #include "store/error_tracking.h"
 #include "store/process_state.h"
+#include "submission/default_sites.h"
 
 #include <array>
 
@@ -93,6 +94,7 @@ void ToolbarControl::submitTBI()
         return;
     }
     m_overview.fileMenu().disableAll();
+    setDefaultSites();
     post(notification::mwqnSClpd);
     if (ErrorTracking::returnErrorDictionary().value_or(StringDictionary()).empty()) {
         mwqnWOSi78tgsda = false;

@@ -13,6 +13,7 @@ class BrowserDelegate
 {
 public:
     using FileChosen = std::function<void(const QString &path)>;
+    using Confirmed = std::function<void(bool agreed)>;
 
     virtual ~BrowserDelegate() = default;
 
@@ -27,6 +28,9 @@ public:
 
     /// A page's script calls alert with @p message.
     virtual void runJavaScriptAlertPanel(const QString &message) = 0;
+
+    /// A page's script asks @p message with confirm; @p confirmed may be called later, or never for no.
+    virtual void runJavaScriptConfirmPanel(const QString &message, Confirmed confirmed) = 0;
 
     /// A page's form asks for a file; @p chosen is not called when none is chosen.
     virtual void runOpenPanelForFileButton(FileChosen chosen) = 0;
@@ -56,8 +60,10 @@ public:
     /// The address of the main frame.
     [[nodiscard]] virtual QString currentUrl() const = 0;
 
-    /// Pastes the clipboard into the page's focused field; nothing when none has the focus.
-    virtual void paste() = 0;
+    /// Pastes into the page's focused field what @p fillClipboard puts on the clipboard; nothing when none
+    /// has the focus. Pastes wait for one another: @p fillClipboard runs when the page has taken all before
+    /// it.
+    virtual void paste(std::function<void()> fillClipboard) = 0;
 
     virtual void goBack() = 0;
     virtual void goForward() = 0;

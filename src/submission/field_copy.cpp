@@ -189,8 +189,7 @@ void FieldCopyPanel::press(int place)
     const auto text = pasteText(fieldCopyButtons[size_t(place)], bytes.value_or(QByteArray()));
     if (!text)
         return;
-    m_desktop.setClipboardText(*text);
-    m_browser.paste();
+    m_browser.paste([&desktop = m_desktop, text = *text] { desktop.setClipboardText(text); });
 }
 
 } // namespace quillon

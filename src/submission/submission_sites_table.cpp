@@ -59,6 +59,8 @@ QVariant SubmissionSitesTable::data(const QModelIndex &index, int role) const
         return plainToolTip(text);
     case Qt::AccessibleTextRole:
         return text;
+    case Qt::TextAlignmentRole:
+        return isStatus ? QVariant(Qt::AlignCenter) : QVariant();
     case IconsRole:
         return isStatus ? QStringList{name(state)} : QVariant();
     case SortRole:

@@ -42,6 +42,10 @@ public:
     {
         m_control.runJavaScriptAlertPanel(message);
     }
+    void runJavaScriptConfirmPanel(const QString &message, Confirmed confirmed) override
+    {
+        m_control.runJavaScriptConfirmPanel(message, std::move(confirmed));
+    }
     void runOpenPanelForFileButton(FileChosen chosen) override
     {
         m_control.runOpenPanelForFileButton(std::move(chosen));
@@ -257,6 +261,16 @@ Browser &SubmitControl::createWebView()
 void SubmitControl::runJavaScriptAlertPanel(const QString &message)
 {
     m_scriptAlerts.show(message);
+}
+
+void SubmitControl::runJavaScriptConfirmPanel(const QString &message, Confirmed confirmed)
+{
+    const Alert question{u"JavaScript Confirm"_s, message.left(ScriptAlerts::longestMessage), u"OK"_s,
+                         u"Cancel"_s};
+    m_parts.alerts.show(SheetWindow::Submission, question,
+                        [confirmed = std::move(confirmed)](AlertAnswer answer) {
+                            confirmed(answer == AlertAnswer::Default);
+                        });
 }
 
 void SubmitControl::runOpenPanelForFileButton(FileChosen chosen)

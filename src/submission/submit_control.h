@@ -119,6 +119,7 @@ private:
     void didFailLoad(const QString &description) override;
     Browser &createWebView() override;
     void runJavaScriptAlertPanel(const QString &message) override;
+    void runJavaScriptConfirmPanel(const QString &message, Confirmed confirmed) override;
     void runOpenPanelForFileButton(FileChosen chosen) override;
 
     void showSite(const QString &site);

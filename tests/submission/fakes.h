@@ -18,7 +18,11 @@ public:
     void loadHtml(const QString &html, const QString &baseUrl) override { pages.append({html, baseUrl}); }
     [[nodiscard]] double estimatedProgress() const override { return progress; }
     [[nodiscard]] QString currentUrl() const override { return url; }
-    void paste() override { ++pastes; }
+    void paste(std::function<void()> fillClipboard) override
+    {
+        fillClipboard();
+        ++pastes;
+    }
     void goBack() override {}
     void goForward() override {}
     void reload() override {}

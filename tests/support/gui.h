@@ -2,23 +2,36 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
+#include <QTimer>
 #include <QWidget>
 
 #include <gtest/gtest.h>
 
 namespace quillon {
 
-/// Whether @p condition comes true; gives up after a while that no healthy run needs.
+/// Whether @p condition comes true; gives up after a while that no healthy run needs. Events are handled as
+/// they come.
 template<typename Condition>
 bool eventually(const Condition &condition)
 {
     static constexpr int patience = 60000; // Milliseconds.
-    return QTest::qWaitFor(condition, patience);
+    QTimer look;                           // Not everything that comes true comes with an event.
+    look.start(5);
+    QElapsedTimer waited;
+    waited.start();
+    while (!condition()) {
+        if (waited.elapsed() > patience)
+            return false;
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    return true;
 }
 
 /// The visible widget of that kind and name in any window; null without one, and then the test has failed.

@@ -1,0 +1,52 @@
+#include "shell/submission_opener.h"
+
+#include "overview/overview_controller.h"
+#include "shell/message_box_sheets.h"
+#include "shell/toolbar_control.h"
+#include "submission/submit_window.h"
+#include "submission/web_engine_profile.h"
+
+#include <QWebEngineProfile>
+
+namespace quillon {
+
+SubmissionOpener::SubmissionOpener(ToolbarControl &toolbar, OverviewController &overview,
+                                   MessageBoxSheets &alerts, DelayedCalls &delayedCalls)
+    : m_alerts(alerts), m_delayedCalls(delayedCalls)
+{
+    connect(&toolbar, &ToolbarControl::openSubmitWindow, this, &SubmissionOpener::open);
+    connect(&overview, &OverviewController::submissionTitleChanged, this, &SubmissionOpener::setTitle);
+}
+
+SubmissionOpener::~SubmissionOpener() = default;
+
+void SubmissionOpener::open()
+{
+    if (!m_window) {
+        m_profile = newWebEngineProfile(webEngineFolder());
+        m_window = std::make_unique<SubmitWindow>(*m_profile, m_alerts, m_desktop, m_delayedCalls);
+        m_window->setWindowTitle(m_title);
+        m_alerts.setWidget(SheetWindow::Submission, m_window.get());
+        // What was posted before there was a window to observe it.
+        SubmitControl &control = m_window->control();
+        control.awakeFromNib();
+        control.fieldCopyPanel().setPasteData();
+        control.loadSitesList();
+    }
+    m_window->bringToFront();
+}
+
+void SubmissionOpener::setTitle(const QString &title)
+{
+    m_title = title;
+    if (m_window)
+        m_window->setWindowTitle(title);
+}
+
+void SubmissionOpener::close()
+{
+    if (m_window)
+        m_window->close();
+}
+
+} // namespace quillon

@@ -1,0 +1,205 @@
+#include "submission/field_copy_view.h"
+
+#include "platform/notification_center.h"
+#include "platform/notifications.h"
+#include "platform/plain_tool_tip.h"
+#include "store/add_delete_import_edit.h"
+#include "submission/hover_button.h"
+
+#include <QEvent>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QScrollArea>
+#include <QScrollBar>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+
+namespace {
+
+constexpr int spacing = 3;
+constexpr int margin = 4;
+constexpr qsizetype longestPreview = 300; ///< UTF-16 units.
+
+QString preview(const std::optional<QString> &value)
+{
+    if (!value)
+        return u"This field of the PAD file is empty"_s;
+    return value->size() > longestPreview ? QString(value->left(longestPreview) + u'…') : *value;
+}
+
+} // namespace
+
+FieldCopyView::FieldCopyView(FieldCopyPanel &panel, QWidget *parent)
+    : QWidget(parent), m_panel(panel), m_filter(new QLineEdit), m_scrollArea(new QScrollArea)
+{
+    setObjectName(u"fieldCopyPanel"_s);
+    m_scrollArea->setObjectName(u"fieldCopyScrollArea"_s);
+    m_scrollArea->setWidgetResizable(true);
+    m_scrollArea->setFrameShape(QFrame::NoFrame);
+    m_scrollArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_scrollArea->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    m_scrollArea->setFocusPolicy(Qt::NoFocus);
+    m_scrollArea->setWidget(newButtons());
+    m_scrollArea->viewport()->installEventFilter(this);
+
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(newFilterRow());
+    layout->addWidget(m_scrollArea, 1);
+
+    connect(&panel, &FieldCopyPanel::changed, this, &FieldCopyView::showStates);
+    NotificationCenter::defaultCenter().addObserver(notification::mwqnSClpd, this, [this] { showValues(); });
+    arrange();
+    showStates();
+    showValues();
+}
+
+QWidget *FieldCopyView::newFilterRow()
+{
+    auto *row = new QWidget;
+    auto *layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    auto *caption = new QLabel(u"&Paste:"_s);
+    caption->setBuddy(m_filter);
+    m_filter->setObjectName(u"fieldFilter"_s);
+    m_filter->setAccessibleName(u"Paste"_s);
+    m_filter->setPlaceholderText(u"Find a field"_s);
+    m_filter->setToolTip(u"Shows the fields of that name; Return pastes the first of them (Ctrl+K)"_s);
+    m_filter->setClearButtonEnabled(true);
+    layout->addWidget(caption);
+    layout->addWidget(m_filter, 1);
+    connect(m_filter, &QLineEdit::textChanged, this, [this] { arrange(); });
+    connect(m_filter, &QLineEdit::returnPressed, this, &FieldCopyView::pressFirst);
+    return row;
+}
+
+QWidget *FieldCopyView::newButtons()
+{
+    auto *content = new QWidget;
+    auto *layout = new QVBoxLayout(content);
+    layout->setContentsMargins(0, 0, margin, 0);
+    layout->setSpacing(spacing);
+    QStringView page;
+    for (int place = 0; place < fieldCopyButtonCount; ++place) {
+        if (const QStringView own = fieldCopyButtons[size_t(place)].page();
+            own != page || m_groups.isEmpty()) {
+            page = own;
+            auto *box = new QWidget;
+            auto *grid = new QGridLayout(box);
+            grid->setContentsMargins(0, 0, 0, margin);
+            grid->setSpacing(spacing);
+            auto *heading = new QLabel(page.toString());
+            QFont bold = heading->font();
+            bold.setBold(true);
+            heading->setFont(bold);
+            grid->addWidget(heading, 0, 0);
+            layout->addWidget(box);
+            m_groups.append({box, grid, {}});
+        }
+        m_groups.last().places.append(place);
+        addButton(place, m_groups.last().box);
+    }
+    layout->addStretch(1);
+    return content;
+}
+
+void FieldCopyView::addButton(int place, QWidget *parent)
+{
+    const FieldCopyButton &field = fieldCopyButtons[size_t(place)];
+    auto *button = new HoverButtonControl(field.caption.toString(), parent);
+    button->setObjectName(field.action + u"Button"_s);
+    button->installEventFilter(this);
+    connect(button, &HoverButtonControl::clicked, this, [this, place] { m_panel.press(place); });
+    m_buttons[size_t(place)] = button;
+}
+
+void FieldCopyView::showStates()
+{
+    for (int place = 0; place < fieldCopyButtonCount; ++place) {
+        m_buttons[size_t(place)]->setEnabled(m_panel.isEnabled(place));
+        m_buttons[size_t(place)]->setChecked(m_panel.isOn(place));
+    }
+}
+
+void FieldCopyView::showValues()
+{
+    const QByteArray pad = AddDeleteImportEdit::returnDataObjectFor(u"data").value_or(QByteArray());
+    for (int place = 0; place < fieldCopyButtonCount; ++place)
+        showValue(place, pad);
+}
+
+void FieldCopyView::showValue(int place, const QByteArray &pad)
+{
+    const QString text = preview(pasteText(fieldCopyButtons[size_t(place)], pad));
+    m_buttons[size_t(place)]->setToolTip(plainToolTip(text));
+    m_buttons[size_t(place)]->setAccessibleDescription(text);
+}
+
+bool FieldCopyView::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_scrollArea->viewport() && event->type() == QEvent::Resize && columns() != m_columns)
+        arrange();
+    if (event->type() == QEvent::ToolTip) { // The file may have another value by now.
+        const auto *const button = std::ranges::find(m_buttons, watched);
+        if (button != m_buttons.end())
+            showValue(int(button - m_buttons.begin()),
+                      AddDeleteImportEdit::returnDataObjectFor(u"data").value_or(QByteArray()));
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+int FieldCopyView::columns() const
+{
+    const auto widest =
+        std::ranges::max(m_buttons, {}, [](const auto *each) { return each->sizeHint().width(); });
+    return qMax(1, m_scrollArea->viewport()->width() / (widest->sizeHint().width() + spacing));
+}
+
+bool FieldCopyView::isFound(int place) const
+{
+    return fieldCopyButtons[size_t(place)].caption.contains(m_filter->text().trimmed(), Qt::CaseInsensitive);
+}
+
+void FieldCopyView::arrange()
+{
+    m_columns = columns();
+    for (const Group &group : std::as_const(m_groups)) {
+        int shown = 0;
+        for (const int place : group.places) {
+            HoverButtonControl *button = m_buttons[size_t(place)];
+            group.grid->removeWidget(button);
+            button->setVisible(isFound(place));
+            if (!isFound(place))
+                continue;
+            group.grid->addWidget(button, 1 + shown / m_columns, shown % m_columns);
+            ++shown;
+        }
+        group.box->setVisible(shown > 0);
+    }
+}
+
+void FieldCopyView::focusFilter()
+{
+    m_filter->setFocus(Qt::ShortcutFocusReason);
+    m_filter->selectAll();
+}
+
+void FieldCopyView::pressFirst()
+{
+    if (m_filter->text().trimmed().isEmpty())
+        return;
+    for (int place = 0; place < fieldCopyButtonCount; ++place) {
+        if (!isFound(place) || !m_panel.isEnabled(place))
+            continue;
+        m_panel.press(place);
+        Q_EMIT pressedByKeyboard();
+        return;
+    }
+}
+
+} // namespace quillon

@@ -1,0 +1,366 @@
+#include "submission/web_engine_browser.h"
+
+#include "submission/load_error_page.h"
+#include "submission/load_errors.h"
+#include "submission/web_engine_page.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QMenu>
+#include <QVBoxLayout>
+#include <QWebEngineHistory>
+#include <QWebEngineLoadingInfo>
+#include <QWebEngineNewWindowRequest>
+#include <QWebEngineScript>
+#include <QWebEngineView>
+
+#include <algorithm>
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+
+namespace {
+
+/// Our scripts run beside those of the page, unseen by them.
+constexpr quint32 ownWorld = QWebEngineScript::ApplicationWorld;
+
+/// Whether the focus of the page is where a paste can do something. Of frames from elsewhere nobody can tell.
+const QString focusScript = uR"((() => {
+    const element = document.activeElement;
+    return !!element && !['BODY', 'HTML', 'A', 'BUTTON', 'SELECT'].includes(element.tagName);
+})())"_s;
+
+const QString contentScript =
+    u"!!document.body && (document.body.childNodes.length > 0 || document.body.tagName == 'FRAMESET')"_s;
+
+/// What stays in the engine's context menu: nothing that saves files, opens other windows or shows sources.
+constexpr std::array menuActions = {
+    QWebEnginePage::Back,
+    QWebEnginePage::Forward,
+    QWebEnginePage::Reload,
+    QWebEnginePage::Stop,
+    QWebEnginePage::Cut,
+    QWebEnginePage::Copy,
+    QWebEnginePage::Paste,
+    QWebEnginePage::PasteAndMatchStyle,
+    QWebEnginePage::Undo,
+    QWebEnginePage::Redo,
+    QWebEnginePage::SelectAll,
+    QWebEnginePage::Unselect,
+    QWebEnginePage::OpenLinkInThisWindow,
+    QWebEnginePage::CopyLinkToClipboard,
+};
+
+constexpr double smallestZoom = 0.25;
+constexpr double greatestZoom = 5.0;
+
+/// Why @p address cannot be loaded.
+QString refusal(const QString &address)
+{
+    const QString scheme = QUrl(address.trimmed()).scheme();
+    if (scheme.isEmpty() || scheme.startsWith(u"http"))
+        return u"The address is not one of the web."_s;
+    return u"Addresses of the kind “%1:” are not opened here."_s.arg(scheme);
+}
+
+/// @p text as the literal of a script.
+QString scriptLiteral(const QString &text)
+{
+    const QByteArray array = QJsonDocument(QJsonArray{text}).toJson(QJsonDocument::Compact);
+    return QString::fromUtf8(array.sliced(1, array.size() - 2));
+}
+
+} // namespace
+
+WebEngineBrowser::WebEngineBrowser(QWebEngineProfile &profile, const QString &name, QWidget *parent)
+    : QWidget(parent)
+    , m_view(new QWebEngineView(this))
+    , m_page(new WebEnginePage(&profile, m_view))
+    , m_pastes([this](PasteQueue::Done done) { pasteNow(std::move(done)); })
+{
+    setObjectName(name + u"Browser"_s);
+    m_view->setObjectName(name);
+    m_view->setPage(m_page);
+    m_view->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(m_view, &QWidget::customContextMenuRequested, this, &WebEngineBrowser::showContextMenu);
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_view);
+    setFocusProxy(m_view);
+    connectPage();
+}
+
+WebEngineBrowser::~WebEngineBrowser() = default;
+
+void WebEngineBrowser::connectPage()
+{
+    connect(m_page, &QWebEnginePage::loadingChanged, this, &WebEngineBrowser::loadingChanged);
+    connect(m_page, &QWebEnginePage::loadProgress, this, [this](int percent) {
+        if (m_isLoading)
+            m_progress = percent / 100.0;
+    });
+    connect(m_page, &QWebEnginePage::urlChanged, this, &WebEngineBrowser::addressChanged);
+    connect(m_page, &QWebEnginePage::titleChanged, this, &WebEngineBrowser::titleChanged);
+    connect(m_page, &QWebEnginePage::newWindowRequested, this, &WebEngineBrowser::openWindow);
+    connect(m_page, &QWebEnginePage::windowCloseRequested, this, &WebEngineBrowser::closeRequested);
+    connect(m_page, &QWebEnginePage::renderProcessTerminated, this,
+            [this](QWebEnginePage::RenderProcessTerminationStatus status) {
+                if (status != QWebEnginePage::NormalTerminationStatus)
+                    renderProcessEnded();
+            });
+    connect(m_page, &QWebEnginePage::linkHovered, this, &WebEngineBrowser::notice);
+    connect(m_page, &WebEnginePage::fileOffered, this, &WebEngineBrowser::showFile);
+    connect(m_page, &WebEnginePage::navigationAccepted, this, [this](const QUrl &url) {
+        // A load that takes another one's place is not told as begun.
+        if (m_page->isLoading())
+            begin(url, url.toString());
+    });
+    connect(m_page, &WebEnginePage::navigationRefused, this, [this](const QUrl &url) {
+        Q_EMIT notice(u"Addresses of the kind “%1:” are not opened here."_s.arg(url.scheme()));
+    });
+}
+
+void WebEngineBrowser::setDelegate(BrowserDelegate *delegate)
+{
+    m_delegate = delegate;
+    m_page->setDelegate(delegate);
+}
+
+void WebEngineBrowser::loadUrl(const QString &text)
+{
+    const QUrl url = QUrl::fromUserInput(text);
+    if (WebEnginePage::isWebPage(url) && url.scheme() != u"ftp") { // The engine has unlearned that one.
+        m_page->load(url);
+        return;
+    }
+    m_page->triggerAction(QWebEnginePage::Stop);
+    begin(QUrl(), text);
+    failLater(refusal(text));
+}
+
+void WebEngineBrowser::loadHtml(const QString &html, const QString &baseUrl)
+{
+    m_ownPageAddress = baseUrl;
+    // What the author typed may be anything, and must not become a page's origin.
+    const QUrl base(baseUrl);
+    m_page->setHtml(html, WebEnginePage::isWebPage(base) ? base : QUrl(u"about:blank"_s));
+}
+
+void WebEngineBrowser::paste(std::function<void()> fillClipboard)
+{
+    (m_pasteTarget ? *m_pasteTarget : *this).m_pastes.add(std::move(fillClipboard));
+}
+
+void WebEngineBrowser::goBack()
+{
+    m_page->triggerAction(QWebEnginePage::Back);
+}
+
+void WebEngineBrowser::goForward()
+{
+    m_page->triggerAction(QWebEnginePage::Forward);
+}
+
+bool WebEngineBrowser::canGoBack() const
+{
+    return m_page->history()->canGoBack();
+}
+
+bool WebEngineBrowser::canGoForward() const
+{
+    return m_page->history()->canGoForward();
+}
+
+void WebEngineBrowser::reload()
+{
+    if (m_showsOwnPage)
+        loadUrl(m_address);
+    else
+        m_page->triggerAction(QWebEnginePage::Reload);
+}
+
+void WebEngineBrowser::stop()
+{
+    m_page->triggerAction(QWebEnginePage::Stop);
+}
+
+void WebEngineBrowser::setZoomFactor(double factor)
+{
+    m_zoomFactor = std::clamp(factor, smallestZoom, greatestZoom);
+    m_page->setZoomFactor(m_zoomFactor);
+}
+
+void WebEngineBrowser::loadingChanged(const QWebEngineLoadingInfo &info)
+{
+    switch (info.status()) {
+    case QWebEngineLoadingInfo::LoadStartedStatus:
+        begin(info.url(), info.url().toString());
+        break;
+    case QWebEngineLoadingInfo::LoadSucceededStatus:
+        end();
+        break;
+    case QWebEngineLoadingInfo::LoadStoppedStatus:
+        // The page before it is still there.
+        addressChanged(m_page->url());
+        if (!WebEnginePage::isWebPage(info.url()) && !WebEnginePage::isOwnPage(info.url()))
+            Q_EMIT m_page->navigationRefused(info.url());
+        end();
+        break;
+    case QWebEngineLoadingInfo::LoadFailedStatus:
+        if (info.errorDomain() == QWebEngineLoadingInfo::HttpStatusCodeDomain)
+            failUnlessPageHasContent(info.errorCode());
+        else
+            fail(loadErrorDescription(info.errorString()));
+        break;
+    }
+}
+
+void WebEngineBrowser::begin(const QUrl &url, const QString &address)
+{
+    ++m_loads;
+    m_isLoading = true;
+    m_progress = 0;
+    m_pastes.clear();
+    m_showsOwnPage = WebEnginePage::isOwnPage(url);
+    if (!m_showsOwnPage) {
+        m_address = address;
+        m_ownPageAddress.reset();
+        m_fileText.reset();
+    } else if (m_ownPageAddress) {
+        m_address = *m_ownPageAddress;
+    }
+    Q_EMIT notice({});
+    if (m_delegate)
+        m_delegate->didStartProvisionalLoad();
+    Q_EMIT stateChanged();
+}
+
+void WebEngineBrowser::end()
+{
+    if (!m_isLoading)
+        return;
+    m_isLoading = false;
+    m_page->setZoomFactor(m_zoomFactor); // The engine remembers it for each server.
+    if (QWidget *page = m_view->focusProxy()) // Another one for each renderer.
+        page->setAccessibleName(u"Page"_s);
+    showFileText();
+    if (m_delegate)
+        m_delegate->didFinishLoad();
+    m_progress = 0;
+    Q_EMIT stateChanged();
+}
+
+void WebEngineBrowser::fail(const QString &description)
+{
+    const bool wasOwnPage = m_showsOwnPage;
+    m_isLoading = false;
+    if (m_delegate)
+        m_delegate->didFailLoad(description);
+    m_progress = 0;
+    if (!wasOwnPage)
+        Q_EMIT loadFailed(description);
+    Q_EMIT stateChanged();
+}
+
+void WebEngineBrowser::failLater(const QString &description)
+{
+    QMetaObject::invokeMethod(
+        this,
+        [this, description, load = m_loads] {
+            if (load == m_loads)
+                fail(description);
+        },
+        Qt::QueuedConnection);
+}
+
+void WebEngineBrowser::failUnlessPageHasContent(int httpStatus)
+{
+    // Most servers send a page along that says what is wrong; that is shown as any other.
+    m_page->runJavaScript(
+        contentScript, ownWorld,
+        [self = QPointer(this), httpStatus, load = m_loads](const QVariant &hasContent) {
+            if (!self || load != self->m_loads)
+                return;
+            if (hasContent.toBool())
+                self->end();
+            else
+                self->fail(u"The server answered with status %1 and an empty page."_s.arg(httpStatus));
+        });
+}
+
+void WebEngineBrowser::renderProcessEnded()
+{
+    m_pastes.clear();
+    failLater(u"The process that shows the page has ended unexpectedly. Reload the page to try again."_s);
+}
+
+void WebEngineBrowser::addressChanged(const QUrl &url)
+{
+    if (!m_showsOwnPage || !m_ownPageAddress)
+        m_address = url.toString();
+    Q_EMIT stateChanged();
+}
+
+void WebEngineBrowser::openWindow(QWebEngineNewWindowRequest &request)
+{
+    if (!m_delegate)
+        return;
+    // The delegate has no other browsers than those of this engine.
+    auto &target = static_cast<WebEngineBrowser &>(m_delegate->createWebView());
+    if (&target == this)
+        m_page->load(request.requestedUrl()); // A page cannot take its own place while it asks.
+    else
+        request.openIn(target.m_page);
+}
+
+void WebEngineBrowser::showFile(const OfferedFile &file)
+{
+    loadHtml(downloadPage(file), file.address);
+    m_fileText = file.text;
+}
+
+void WebEngineBrowser::showFileText()
+{
+    if (!m_fileText)
+        return;
+    m_page->runJavaScript(u"document.getElementById(%1).textContent = %2"_s.arg(
+                              scriptLiteral(shownTextId.toString()), scriptLiteral(*m_fileText)),
+                          ownWorld);
+    m_fileText.reset();
+}
+
+void WebEngineBrowser::pasteNow(PasteQueue::Done done)
+{
+    const QPointer self(this);
+    m_page->runJavaScript(focusScript, ownWorld, [self](const QVariant &canPaste) {
+        if (self)
+            Q_EMIT self->notice(
+                canPaste.toBool() ? QString() : u"Nothing was pasted: click a field of the page first."_s);
+    });
+    m_page->triggerAction(QWebEnginePage::Paste);
+    // A script may overtake the paste on its way to the page; one that is sent when the first has come back
+    // cannot.
+    m_page->runJavaScript(u"0"_s, ownWorld, [self, done = std::move(done)](const QVariant &) {
+        if (self)
+            self->m_page->runJavaScript(u"0"_s, ownWorld, [done](const QVariant &) { done(); });
+    });
+}
+
+void WebEngineBrowser::showContextMenu(const QPoint &place)
+{
+    QMenu *menu = m_view->createStandardContextMenu();
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const QList<QAction *> offered = menu->actions();
+    for (QAction *action : offered) {
+        const bool stays = action->isSeparator() || std::ranges::any_of(menuActions, [&](auto each) {
+                               return m_page->action(each) == action;
+                           });
+        if (!stays)
+            menu->removeAction(action);
+    }
+    menu->popup(m_view->mapToGlobal(place));
+}
+
+} // namespace quillon

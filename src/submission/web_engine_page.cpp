@@ -1,0 +1,158 @@
+#include "submission/web_engine_page.h"
+
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <QPointer>
+#include <QWebEngineFileSystemAccessRequest>
+#include <QWebEngineLoadingInfo>
+#include <QWebEngineQuotaRequest>
+#include <QWebEngineRegisterProtocolHandlerRequest>
+
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+
+namespace {
+
+constexpr std::array<QStringView, 3> webSchemes = {u"http", u"https", u"ftp"};
+
+/// What frames inside a page, and windows that it opens, may show beside pages of the web: what the page
+/// itself made.
+constexpr std::array<QStringView, 3> innerSchemes = {u"about", u"blob", u"data"};
+
+/// A page that asks without end gets no for an answer from then on.
+constexpr int mostQuestions = 10;
+
+template<size_t count>
+bool isOneOf(const std::array<QStringView, count> &schemes, const QUrl &url)
+{
+    return std::ranges::find(schemes, QStringView(url.scheme())) != schemes.end();
+}
+
+/// What @p ask is answered, or @p none when it can no longer be answered.
+///
+/// The engine takes a page's question as a call and the answer as its result: its page waits for it, and
+/// there is no way to give the answer later. Sheets answer later. So here, and nowhere else, one event loop
+/// runs inside another; it ends with the answer, or when the sheet has let go of the call that would bring
+/// it.
+template<typename Answer>
+Answer awaited(const std::function<void(std::function<void(Answer)>)> &ask, const Answer &none)
+{
+    QEventLoop loop;
+    const auto answer = std::make_shared<std::optional<Answer>>();
+    const std::weak_ptr<void> pending = [&] {
+        const std::shared_ptr<void> ticket(nullptr, [loop = QPointer(&loop)](void *) {
+            if (loop)
+                loop->quit();
+        });
+        ask([answer, ticket, loop = QPointer(&loop)](const Answer &given) {
+            *answer = given;
+            if (loop)
+                loop->quit();
+        });
+        return ticket;
+    }();
+    if (!answer->has_value() && !pending.expired())
+        loop.exec();
+    return answer->value_or(none);
+}
+
+} // namespace
+
+WebEnginePage::WebEnginePage(QWebEngineProfile *profile, QObject *parent) : QWebEnginePage(profile, parent)
+{
+    refusePermissions();
+    connect(this, &QWebEnginePage::loadingChanged, this, [this](const QWebEngineLoadingInfo &info) {
+        if (info.status() == QWebEngineLoadingInfo::LoadStartedStatus)
+            m_questions = 0;
+    });
+}
+
+void WebEnginePage::refusePermissions()
+{
+    connect(this, &QWebEnginePage::featurePermissionRequested, this,
+            [this](const QUrl &origin, Feature feature) {
+                setFeaturePermission(origin, feature, PermissionDeniedByUser);
+            });
+    connect(this, &QWebEnginePage::quotaRequested, this,
+            [](QWebEngineQuotaRequest request) { request.reject(); });
+    connect(this, &QWebEnginePage::registerProtocolHandlerRequested, this,
+            [](QWebEngineRegisterProtocolHandlerRequest request) { request.reject(); });
+    connect(this, &QWebEnginePage::fileSystemAccessRequested, this,
+            [](QWebEngineFileSystemAccessRequest request) { request.reject(); });
+}
+
+bool WebEnginePage::isWebPage(const QUrl &url)
+{
+    return url.isValid() &&
+           ((isOneOf(webSchemes, url) && !url.host().isEmpty()) || url == QUrl(u"about:blank"_s));
+}
+
+bool WebEnginePage::acceptNavigationRequest(const QUrl &url, NavigationType type, bool isMainFrame)
+{
+    const bool isAsked =
+        type == NavigationTypeTyped || type == NavigationTypeBackForward || type == NavigationTypeReload;
+    const bool isInner = isOneOf(innerSchemes, url) && (!isOwnPage(url) || !isMainFrame || isAsked);
+    if (!isOneOf(webSchemes, url) && !isInner) {
+        if (isMainFrame)
+            Q_EMIT navigationRefused(url);
+        return false;
+    }
+    if (isMainFrame && type != NavigationTypeRedirect)
+        Q_EMIT navigationAccepted(url);
+    return true;
+}
+
+QStringList WebEnginePage::chooseFiles(FileSelectionMode, const QStringList &, const QStringList &)
+{
+    if (!m_delegate)
+        return {};
+    const QString path = awaited<QString>(
+        [delegate = m_delegate](std::function<void(QString)> chosen) {
+            delegate->runOpenPanelForFileButton(std::move(chosen));
+        },
+        QString());
+    return path.isEmpty() ? QStringList() : QStringList{path};
+}
+
+void WebEnginePage::javaScriptAlert(const QUrl &, const QString &message)
+{
+    if (m_delegate)
+        m_delegate->runJavaScriptAlertPanel(message);
+}
+
+bool WebEnginePage::javaScriptConfirm(const QUrl &, const QString &message)
+{
+    // The engine's own question before a page with unsaved text is left, in the words of Qt's catalogue. The
+    // author has chosen another site by then, and a page has no say in that.
+    if (message ==
+        QCoreApplication::translate("QWebEnginePage",
+                                    "Are you sure you want to leave this page? Changes that you made may "
+                                    "not be saved."))
+        return true;
+    if (!m_delegate || ++m_questions > mostQuestions)
+        return false;
+    return awaited<bool>(
+        [delegate = m_delegate, &message](std::function<void(bool)> confirmed) {
+            delegate->runJavaScriptConfirmPanel(message, std::move(confirmed));
+        },
+        false);
+}
+
+bool WebEnginePage::javaScriptPrompt(const QUrl &, const QString &, const QString &, QString *)
+{
+    return false; // As if the author had cancelled it.
+}
+
+void WebEnginePage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel, const QString &, int,
+                                             const QString &)
+{
+    // What scripts write for their makers is no message of this program.
+}
+
+} // namespace quillon

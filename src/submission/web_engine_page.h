@@ -1,0 +1,50 @@
+#pragma once
+
+#include "submission/browser.h"
+#include "submission/download_page.h"
+
+#include <QWebEnginePage>
+
+namespace quillon {
+
+/// The engine's page with our rules: where it may go, and who answers when it asks for something.
+class WebEnginePage : public QWebEnginePage
+{
+    Q_OBJECT
+public:
+    WebEnginePage(QWebEngineProfile *profile, QObject *parent);
+
+    void setDelegate(BrowserDelegate *delegate) { m_delegate = delegate; }
+
+    /// Whether pages with this address can be shown: those of the web, and the empty one.
+    static bool isWebPage(const QUrl &url);
+
+    /// The page's content came from setHtml(): no site can show an address of that kind in the main frame.
+    static bool isOwnPage(const QUrl &url) { return url.scheme() == QStringLiteral("data"); }
+
+Q_SIGNALS:
+    /// The main frame goes elsewhere, but for the steps of a redirection.
+    void navigationAccepted(const QUrl &url);
+    void navigationRefused(const QUrl &url);
+    /// The page offers a file for download; this is to be shown.
+    void fileOffered(const quillon::OfferedFile &file);
+
+protected:
+    bool acceptNavigationRequest(const QUrl &url, NavigationType type, bool isMainFrame) override;
+    QStringList chooseFiles(FileSelectionMode mode, const QStringList &oldFiles,
+                            const QStringList &acceptedMimeTypes) override;
+    void javaScriptAlert(const QUrl &securityOrigin, const QString &message) override;
+    bool javaScriptConfirm(const QUrl &securityOrigin, const QString &message) override;
+    bool javaScriptPrompt(const QUrl &securityOrigin, const QString &message, const QString &defaultValue,
+                          QString *result) override;
+    void javaScriptConsoleMessage(JavaScriptConsoleMessageLevel level, const QString &message, int line,
+                                  const QString &source) override;
+
+private:
+    void refusePermissions();
+
+    BrowserDelegate *m_delegate = nullptr;
+    int m_questions = 0; ///< Asked with confirm since the page was loaded.
+};
+
+} // namespace quillon

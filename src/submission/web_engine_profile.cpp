@@ -1,0 +1,141 @@
+#include "submission/web_engine_profile.h"
+
+#include "platform/settings.h"
+#include "submission/web_engine_page.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+#include <QLoggingCategory>
+#include <QPointer>
+#include <QWebEngineDownloadRequest>
+#include <QWebEngineProfile>
+#include <QWebEngineSettings>
+
+#include <array>
+#include <cstdio>
+#include <unistd.h>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+
+namespace {
+
+using Settings = QWebEngineSettings;
+
+/// What pages may do, as far as it is not as the engine has it.
+constexpr std::array<std::pair<Settings::WebAttribute, bool>, 11> pageSettings = {{
+    {Settings::JavascriptCanAccessClipboard, false},
+    {Settings::JavascriptCanPaste, false},
+    {Settings::LocalContentCanAccessFileUrls, false},
+    {Settings::LocalContentCanAccessRemoteUrls, false},
+    {Settings::FullScreenSupportEnabled, false},
+    {Settings::PluginsEnabled, false},
+    {Settings::PdfViewerEnabled, false},
+    {Settings::NavigateOnDropEnabled, false},
+    {Settings::ErrorPageEnabled, false},         // Ours is shown.
+    {Settings::FocusOnNavigationEnabled, false}, // The table of sites keeps the focus.
+    {Settings::PlaybackRequiresUserGesture, true},
+}};
+
+/// The first longestShownText bytes of the file at @p path, as text.
+QString beginningOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.read(longestShownText)) : QString();
+}
+
+/// The engine's sandbox does not work for root; only then it is switched off, and not in silence.
+void switchSandboxOffForRoot()
+{
+    static constexpr const char *switchName = "QTWEBENGINE_DISABLE_SANDBOX";
+    if (geteuid() != 0 || !qEnvironmentVariableIsEmpty(switchName))
+        return;
+    qputenv(switchName, "1");
+    std::fputs("quillon: running as root, so the sandbox of web pages is off.\n", stderr);
+}
+
+} // namespace
+
+void prepareWebEngine()
+{
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+    // How the engine was built and is drawn, in twenty lines, on every start of it.
+    QLoggingCategory::setFilterRules(u"qt.webenginecontext.info=false\nqt.webenginecontext.debug=false"_s);
+}
+
+QString webEngineFolder()
+{
+    return QFileInfo(settings().fileName()).path() + u"/Quillon-web"_s;
+}
+
+std::unique_ptr<QWebEngineProfile> newWebEngineProfile(const QString &folder)
+{
+    switchSandboxOffForRoot();
+    auto profile = std::make_unique<QWebEngineProfile>(u"Quillon"_s);
+    profile->setPersistentStoragePath(folder);
+    profile->setCachePath(folder + u"/cache"_s);
+    profile->setHttpCacheType(QWebEngineProfile::MemoryHttpCache);
+    for (const auto &[attribute, isOn] : pageSettings)
+        profile->settings()->setAttribute(attribute, isOn);
+    // Else a page could start other programs.
+    profile->settings()->setUnknownUrlSchemePolicy(Settings::DisallowUnknownUrlSchemes);
+    new Downloads(*profile);
+    return profile;
+}
+
+Downloads::Downloads(QWebEngineProfile &profile) : QObject(&profile)
+{
+    connect(&profile, &QWebEngineProfile::downloadRequested, this, &Downloads::fetch);
+}
+
+void Downloads::fetch(QWebEngineDownloadRequest *request)
+{
+    const auto *page = qobject_cast<WebEnginePage *>(request->page());
+    if (!page || request->isSavePageDownload() || !m_folder.isValid()) {
+        request->cancel();
+        return;
+    }
+    request->setDownloadDirectory(m_folder.path());
+    request->setDownloadFileName(QString::number(++m_count));
+    const auto look = [this, request] { this->look(request); };
+    connect(request, &QWebEngineDownloadRequest::receivedBytesChanged, this, look);
+    connect(request, &QWebEngineDownloadRequest::totalBytesChanged, this, look);
+    connect(request, &QWebEngineDownloadRequest::isFinishedChanged, this, look);
+    request->accept();
+}
+
+void Downloads::look(QWebEngineDownloadRequest *request)
+{
+    const QString path = request->downloadDirectory() + u'/' + request->downloadFileName();
+    if (!isTextType(request->mimeType())) {
+        // Nothing is known before the first byte; none is needed after it.
+        if (request->receivedBytes() > 0 || request->totalBytes() > 0 || request->isFinished())
+            finish(request, {});
+    } else if (request->isFinished()) {
+        finish(request, beginningOf(path));
+    } else if (request->receivedBytes() >= longestShownText) {
+        // This is what the engine calls the file until it is complete.
+        if (const QString text = beginningOf(path + u".download"_s); !text.isEmpty())
+            finish(request, text);
+    }
+}
+
+void Downloads::finish(QWebEngineDownloadRequest *request, std::optional<QString> text)
+{
+    disconnect(request, nullptr, this, nullptr);
+    OfferedFile file{
+        request->suggestedFileName(), request->mimeType(), request->url().toString(), {}, std::move(text)};
+    if (request->totalBytes() > 0)
+        file.size = request->totalBytes();
+    if (request->isFinished())
+        QFile::remove(request->downloadDirectory() + u'/' + request->downloadFileName());
+    else
+        request->cancel();
+    if (auto *page = qobject_cast<WebEnginePage *>(request->page()))
+        Q_EMIT page->fileOffered(file);
+}
+
+} // namespace quillon

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "submission/download_page.h"
+
+#include <QObject>
+#include <QTemporaryDir>
+
+#include <memory>
+
+class QWebEngineDownloadRequest;
+class QWebEngineProfile;
+
+namespace quillon {
+
+/// Readies the process for the web engine. Before the application object is made.
+///
+/// The engine's sandbox does not work for root; only then it is switched off, and a line on standard error
+/// says so.
+void prepareWebEngine();
+
+/// What all pages of the submission window share: cookies and other data in @p folder, and what a page may
+/// do, which is neither to read the clipboard nor files, places or devices. It must outlive its pages.
+std::unique_ptr<QWebEngineProfile> newWebEngineProfile(const QString &folder);
+
+/// The folder of the user's profile: beside the settings, away from the titles.
+QString webEngineFolder();
+
+/// Fetches what pages of a profile offer for download as far as it can be shown, and nothing into a folder of
+/// the author's.
+class Downloads : public QObject
+{
+    Q_OBJECT
+public:
+    explicit Downloads(QWebEngineProfile &profile);
+
+private:
+    void fetch(QWebEngineDownloadRequest *request);
+    void look(QWebEngineDownloadRequest *request);
+    void finish(QWebEngineDownloadRequest *request, std::optional<QString> text);
+
+    QTemporaryDir m_folder;
+    int m_count = 0;
+};
+
+} // namespace quillon

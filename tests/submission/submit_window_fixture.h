@@ -1,0 +1,183 @@
+#pragma once
+
+#include "overview/overview_controller.h"
+#include "platform/delayed_calls.h"
+#include "platform/notification_center.h"
+#include "platform/notifications.h"
+#include "platform/settings.h"
+#include "shell/message_box_sheets.h"
+#include "shell/submission_opener.h"
+#include "shell/toolbar_control.h"
+#include "submission/data_folder_fixture.h"
+#include "submission/submit_window.h"
+#include "submission/web_engine_browser.h"
+#include "support/gui.h"
+#include "support/web_server.h"
+
+#include <QClipboard>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTableView>
+#include <QWebEnginePage>
+#include <QWebEngineView>
+
+namespace quillon {
+
+/// The submission window as the program opens it, on a title "Mine", with sites on a server of the test's
+/// own; what a page is given is read from what it posts there.
+class SubmitWindowTest : public DataFolderTest
+{
+protected:
+    void SetUp() override
+    {
+        using namespace Qt::StringLiterals;
+        DataFolderTest::SetUp();
+        setSettingsHome(home());
+        NotificationCenter::defaultCenter().addObserver(notification::mwqnPClSiL432ds, &m_observer, [this] {
+            mwqnSCPreallSitesDict = {{u"Alpha"_s, server.url(u"/form.html"_s)},
+                                     {u"Beta"_s, server.url(u"/windows.html"_s)},
+                                     {u"gamma"_s, server.url(u"/frames.html"_s)}};
+        });
+        makeTitle(u"Mine"_s, u"Beta"_s, u"1.0"_s, u"1.0"_s);
+        writeTo(pathIn(u"Mine"_s, title_folder::padFile), pad);
+        start();
+    }
+    void TearDown() override
+    {
+        m_program.reset();
+        DataFolderTest::TearDown();
+    }
+
+    /// The window is opened by the toolbar's item, and the first site's page is there.
+    void start()
+    {
+        m_program.reset();
+        m_program = std::make_unique<Program>();
+        m_program->toolbar.awakeFromNib();
+        m_program->overview.awakeFromNib();
+        m_program->overview.tableViewSelectionDidChange(0);
+        submit();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
+        ASSERT_TRUE(waitForPage(u"Submit"));
+    }
+    void submit() { m_program->toolbar.submitTBI(); }
+
+    SubmitWindow &window() { return *m_program->submission.window(); }
+    SubmitControl &control() { return window().control(); }
+    static QWebEnginePage &page(const QString &view = QStringLiteral("qnWebView"))
+    {
+        return *visible<QWebEngineView>(view)->page();
+    }
+
+    /// Types @p address into the address field.
+    void visit(const QString &address)
+    {
+        auto *field = visible<QLineEdit>(QStringLiteral("urlField"));
+        field->selectAll();
+        QTest::keyClicks(field, address);
+        QTest::keyClick(field, Qt::Key_Return);
+    }
+    bool waitForPage(QStringView title, const QString &view = QStringLiteral("qnWebView"))
+    {
+        return eventually([&] { return page(view).title() == title && !page(view).isLoading(); });
+    }
+    /// Visits a page of the server and waits for it.
+    bool open(const QString &path)
+    {
+        visit(server.url(path));
+        return eventually([&] { return page().url() == QUrl(server.url(path)) && !page().isLoading(); });
+    }
+
+    /// What @p script comes to in the page.
+    static QVariant ask(const QString &script, const QString &view = QStringLiteral("qnWebView"))
+    {
+        const auto answer = std::make_shared<std::optional<QVariant>>();
+        page(view).runJavaScript(script, [answer](const QVariant &value) { *answer = value; });
+        EXPECT_TRUE(eventually([&] { return answer->has_value(); })) << script.toStdString();
+        return answer->value_or(QVariant());
+    }
+    static QString pageText(const QString &view = QStringLiteral("qnWebView"))
+    {
+        return ask(QStringLiteral("document.body.innerText"), view).toString();
+    }
+
+    /// Clicks the page's element @p id with the mouse; @p frame is the one that it lies in.
+    static void click(const QString &id, const QString &frame = {},
+                      const QString &view = QStringLiteral("qnWebView"))
+    {
+        const QString find =
+            frame.isEmpty() ? QStringLiteral("let d = document, x = 0, y = 0;")
+                            : QStringLiteral("let f = document.getElementById('%1'), d = f.contentDocument, "
+                                             "b = f.getBoundingClientRect(), x = b.x + 2, y = b.y + 2;")
+                                  .arg(frame);
+        const QVariantList place =
+            ask(QStringLiteral("(() => { %1 const e = d.getElementById('%2'); e.scrollIntoView();"
+                               "const r = e.getBoundingClientRect();"
+                               "return [x + r.x + r.width / 2, y + r.y + r.height / 2]; })()")
+                    .arg(find, id),
+                view)
+                .toList();
+        ASSERT_EQ(place.size(), 2) << id.toStdString();
+        QTest::mouseClick(visible<QWebEngineView>(view)->focusProxy(), Qt::LeftButton, {},
+                          QPoint(place[0].toInt(), place[1].toInt()));
+        ask(QStringLiteral("0"), view); // The page has had the click.
+    }
+    static void pressButton(const QString &name)
+    {
+        QTest::mouseClick(visible<QPushButton>(name), Qt::LeftButton);
+    }
+    /// Waits for the post of a form or a report that has @p field, and gives its value.
+    QString posted(const QString &field)
+    {
+        EXPECT_TRUE(eventually([&] { return server.posted(field) != u"(no such field)"; }))
+            << field.toStdString();
+        return server.posted(field);
+    }
+    /// Clicks that button of the alert that is open; gives its texts, null when none is open.
+    static QString clickAlert(const QString &button)
+    {
+        auto *box = openWindow<QMessageBox>();
+        if (!box)
+            return {};
+        QString texts = box->text() + u'|' + box->informativeText();
+        for (QAbstractButton *each : box->buttons()) {
+            if (each->text() == button)
+                QTest::mouseClick(each, Qt::LeftButton);
+        }
+        return texts;
+    }
+    /// Waits for an alert, answers it and gives its texts.
+    static QString answerAlert(const QString &button)
+    {
+        QString texts;
+        EXPECT_TRUE(eventually([&] { return !(texts = clickAlert(button)).isNull(); }));
+        EXPECT_TRUE(eventually([] { return openWindow<QMessageBox>() == nullptr; })) << button.toStdString();
+        return texts;
+    }
+
+    WebServer server;
+
+private:
+    static inline const QString pad = QStringLiteral(
+        "<XML_DIZ_INFO><Company_Name>Tom &amp; Sons</Company_Name><City_Town>Leeds</City_Town>"
+        "<Program_Version>1.0</Program_Version><File_Size_Bytes>12345</File_Size_Bytes>"
+        "<Program_Release_Month>07</Program_Release_Month><Program_Release_Day>04</Program_Release_Day>"
+        "<Program_Release_Year>2009</Program_Release_Year><Char_Desc_80>First line\nsecond "
+        "line</Char_Desc_80>"
+        "</XML_DIZ_INFO>");
+
+    struct Program
+    {
+        MessageBoxSheets sheets;
+        TimedCalls calls;
+        OverviewController overview{sheets};
+        ToolbarControl toolbar{overview, sheets};
+        SubmissionOpener submission{toolbar, overview, sheets, calls};
+    };
+    QObject m_observer;
+    std::unique_ptr<Program> m_program;
+};
+
+} // namespace quillon

@@ -1,0 +1,226 @@
+#include "store/error_tracking.h"
+#include "submission/submission_sites_table.h"
+#include "submission/submit_window_fixture.h"
+
+#include <QFileDialog>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+namespace {
+
+TEST_F(SubmitWindowTest, ThePanelFillsFieldsOfEveryKind)
+{
+    struct Case
+    {
+        QString field;
+        QString button;
+        QString received;
+    };
+    const QList<Case> cases = {
+        {u"text"_s, u"companyNameButton"_s, u"Tom &amp; Sons"_s},
+        {u"area"_s, u"pb80CharDescriptionButton"_s, u"First line\r\nsecond line"_s},
+        {u"short"_s, u"companyNameButton"_s, u"Tom &"_s},
+        {u"number"_s, u"sizeInBytesButton"_s, u"12345"_s},
+        {u"digits"_s, u"companyCityTownButton"_s, {}},
+        {u"date"_s, u"programReleaseDateButton"_s, {}}, // Takes dates of its own form only.
+        {u"resists"_s, u"companyCityTownButton"_s, {}},
+    };
+    for (const Case &each : cases) {
+        click(each.field);
+        pressButton(each.button);
+        EXPECT_TRUE(visible<QPushButton>(each.button)->isChecked());
+        EXPECT_NE(QApplication::focusWidget(), visible<QWidget>(each.button));
+    }
+    EXPECT_TRUE(eventually([] { return QApplication::clipboard()->text() == u"Leeds"; }))
+        << "what a field refuses can be pasted elsewhere";
+    click(u"send"_s);
+    for (const Case &each : cases)
+        EXPECT_EQ(posted(each.field), each.received) << each.field.toStdString();
+
+    EXPECT_FALSE(visible<QPushButton>(u"companyAddressButton"_s)->isEnabled()) << "it has no value";
+    EXPECT_EQ(visible<QPushButton>(u"companyCityTownButton"_s)->accessibleDescription(), u"Leeds"_s);
+    writeTo(pathIn(u"Mine"_s, title_folder::padFile), u"<City_Town>York</City_Town>"_s);
+    NotificationCenter::defaultCenter().post(notification::mwqnSClpd);
+    EXPECT_EQ(visible<QPushButton>(u"companyCityTownButton"_s)->accessibleDescription(), u"York"_s);
+    EXPECT_FALSE(visible<QPushButton>(u"companyNameButton"_s)->isEnabled());
+    EXPECT_TRUE(visible<QPushButton>(u"companyNameButton"_s)->isChecked());
+}
+
+TEST_F(SubmitWindowTest, QuickPressesPasteEachItsOwnValue)
+{
+    ASSERT_TRUE(open(u"/form.html?busy"_s));
+    click(u"text"_s);
+    pressButton(u"companyNameButton"_s);
+    pressButton(u"companyCityTownButton"_s);
+    pressButton(u"sizeInBytesButton"_s);
+    const QString value = u"document.getElementById('text').value"_s;
+    EXPECT_TRUE(eventually([&] { return ask(value).toString().endsWith(u"12345"); }));
+    EXPECT_EQ(ask(value).toString(), u"Tom &amp; SonsLeeds12345"_s);
+}
+
+TEST_F(SubmitWindowTest, FramesAndPagesThatRedrawThemselvesAreFilled)
+{
+    ASSERT_TRUE(open(u"/frames.html"_s)) << "a frame that fails is no failed page";
+    click(u"first"_s, u"frame"_s);
+    pressButton(u"companyNameButton"_s);
+    const QString second = u"document.getElementById('frame').contentDocument.getElementById('%1').value"_s;
+    EXPECT_TRUE(eventually([&] { return !ask(second.arg(u"first"_s)).toString().isEmpty(); }));
+    click(u"second"_s, u"frame"_s);
+    pressButton(u"companyCityTownButton"_s);
+    EXPECT_TRUE(eventually([&] { return !ask(second.arg(u"second"_s)).toString().isEmpty(); }));
+    click(u"save"_s, u"frame"_s);
+    EXPECT_EQ(posted(u"first"_s), u"Tom &amp; Sons"_s);
+    EXPECT_EQ(posted(u"second"_s), u"Leeds"_s);
+}
+
+TEST_F(SubmitWindowTest, APressWithoutAFieldSaysWhatToDo)
+{
+    pressButton(u"companyNameButton"_s);
+    auto *notice = visible<QLabel>(u"notice"_s);
+    EXPECT_TRUE(eventually([&] { return notice->text().contains(u"click a field"); }));
+    click(u"text"_s);
+    pressButton(u"companyNameButton"_s);
+    EXPECT_TRUE(eventually([&] { return notice->text().isEmpty(); }));
+}
+
+TEST_F(SubmitWindowTest, FilesGoIntoTheFormWhenTheyAreChosen)
+{
+    ASSERT_TRUE(put(home() + u"/shot.png"_s, "picture"));
+    const auto dialog = [] { return openWindow<QFileDialog>(); };
+    // The engine waits for the answer, and with it this test: so the answers come from the event loop.
+    QTimer answers;
+    int asked = 0;
+    QObject::connect(&answers, &QTimer::timeout, &answers, [&] {
+        if (!dialog())
+            return;
+        if (++asked == 1) {
+            dialog()->reject();
+            return;
+        }
+        auto *name = dialog()->findChild<QLineEdit *>(u"fileNameEdit"_s);
+        name->setText(home() + u"/shot.png"_s);
+        QTest::keyClick(name, Qt::Key_Return);
+    });
+    answers.start(10);
+    click(u"file"_s);
+    EXPECT_TRUE(eventually([&] { return asked == 1 && !dialog(); }));
+    EXPECT_EQ(ask(u"document.getElementById('file').files.length"_s), 0);
+    click(u"file"_s);
+    EXPECT_TRUE(eventually([&] { return asked == 2 && !dialog(); }));
+    click(u"send"_s);
+    EXPECT_EQ(posted(u"file"_s), u"picture"_s);
+}
+
+TEST_F(SubmitWindowTest, SitesAreFoundSelectedAndMarked)
+{
+    auto *table = visible<QTableView>(u"sitesTableView"_s);
+    const auto names = [&] {
+        QStringList all;
+        for (int row = 0; row < table->model()->rowCount(); ++row)
+            all.append(table->model()->index(row, 0).data().toString());
+        return all;
+    };
+    EXPECT_EQ(names(), QStringList({u"Alpha"_s, u"Beta"_s, u"gamma"_s}));
+    EXPECT_EQ(window().windowTitle(), u"Submitting Mine"_s);
+    auto *mark = visible<QPushButton>(u"markSubmittedButton"_s);
+    auto *remove = visible<QPushButton>(u"removeMarkButton"_s);
+    EXPECT_EQ(mark->text(), u"Mark As Submitted"_s);
+    EXPECT_FALSE(remove->isEnabled());
+
+    auto *filter = visible<QLineEdit>(u"sitesFilter"_s);
+    QTest::keyClick(&window(), Qt::Key_F, Qt::ControlModifier);
+    QTest::keyClicks(filter, u"BET"_s);
+    EXPECT_EQ(names(), QStringList{u"Beta"_s});
+    EXPECT_EQ(visible<QLabel>(u"submittingToField"_s)->text(), u"Submitting To Alpha"_s)
+        << "a site that is only hidden stays selected";
+    QTest::keyClick(filter, Qt::Key_Return);
+    ASSERT_TRUE(waitForPage(u"Windows"));
+    EXPECT_EQ(visible<QLabel>(u"submittingToField"_s)->text(), u"Submitting To Beta"_s);
+    EXPECT_EQ(mark->text(), u"Mark Re-Submitted"_s);
+    filter->clear();
+    EXPECT_EQ(table->currentIndex().data(), u"Beta"_s);
+
+    const qsizetype loads = server.count(u"/windows.html"_s);
+    QTest::mouseClick(remove, Qt::LeftButton);
+    EXPECT_EQ(mark->text(), u"Mark As Submitted"_s);
+    EXPECT_FALSE(contentOf(pathIn(u"Mine"_s, title_folder::summaryFile)).contains(u"Beta"));
+    QTest::keyClick(&window(), Qt::Key_M, Qt::ControlModifier);
+    EXPECT_TRUE(
+        contentOf(pathIn(u"Mine"_s, title_folder::summaryFile)).contains(u"<QN_SITES>Beta</QN_SITES>"));
+    EXPECT_EQ(table->model()->index(1, SubmissionSitesTable::Status).data(Qt::AccessibleTextRole),
+              u"Submitted at the current version"_s);
+    EXPECT_EQ(server.count(u"/windows.html"_s), loads) << "the page stays";
+}
+
+TEST_F(SubmitWindowTest, ClosingStopsAndReopeningBringsItBack)
+{
+    server.serve(u"/slow"_s, {"late", "text/html", "200 OK", {}, WebServer::Extent::Held});
+    visit(server.url(u"/slow"_s));
+    EXPECT_TRUE(eventually([this] { return server.count(u"/slow"_s) == 1; }));
+    window().resize(1111, 666);
+    visible<QToolButton>(u"drawerButton"_s)->click();
+    window().close();
+    EXPECT_TRUE(mwqnWOSi78tgsda);
+    EXPECT_TRUE(eventually([this] { return !control().continueViewUpdate(); }));
+    control().tableViewSelectionDidChange(1);
+    EXPECT_EQ(server.count(u"/windows.html"_s), 0);
+
+    start();
+    EXPECT_EQ(window().size(), QSize(1111, 666));
+    EXPECT_TRUE(visible<QWidget>(u"sitesDrawer"_s)) << "opening the window opens the drawer";
+
+    ErrorTracking::setHasError(u"companyName"_s, u"message"_s);
+    window().close();
+    submit();
+    answerAlert(u"Submit"_s);
+    EXPECT_TRUE(visible<QLabel>(u"notLoadedHint"_s))
+        << "with errors left no page is loaded, and the author is told";
+}
+
+TEST_F(SubmitWindowTest, KeysReachEverythingAndEveryStopHasAName)
+{
+    EXPECT_TRUE(QRect(0, 0, 1280, 720).contains(QRect({0, 0}, window().minimumSizeHint())));
+    QSet<QWidget *> stops;
+    for (QWidget *stop = QApplication::focusWidget(); !stops.contains(stop);
+         stop = QApplication::focusWidget()) {
+        EXPECT_FALSE(accessibleName(stop).isEmpty())
+            << (stop==visible<QWebEngineView>(u"qnWebView"_s)->focusProxy()) << stop->accessibleName().toStdString() << stop->metaObject()->className() << ' ' << stop->objectName().toStdString();
+        stops.insert(stop);
+        QTest::keyClick(stop, Qt::Key_Tab);
+        // The page has its own stops, and gives the key back after the last of them.
+        for (int own = 0; own < 20 && visible<QWidget>(u"qnWebView"_s)->isAncestorOf(stop); ++own) {
+            ask(u"0"_s);
+            if (QApplication::focusWidget() != stop)
+                break;
+            QTest::keyClick(stop, Qt::Key_Tab);
+        }
+    }
+    EXPECT_GE(stops.size(), 8);
+
+    ASSERT_TRUE(open(u"/form.html"_s));
+    click(u"text"_s);
+    QTest::keyClick(&window(), Qt::Key_K, Qt::ControlModifier);
+    QTest::keyClicks(visible<QLineEdit>(u"fieldFilter"_s), u"town"_s);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    qInfo() << QApplication::focusWidget() << visible<QLineEdit>(u"fieldFilter"_s)->text() << QApplication::clipboard()->text() << ask(u"document.activeElement.id"_s) << visible<QLabel>(u"notice"_s)->text();
+    EXPECT_TRUE(eventually([] { return ask(u"document.getElementById('text').value"_s) == u"Leeds"_s; }));
+    EXPECT_TRUE(visible<QWidget>(u"qnWebView"_s)->isAncestorOf(QApplication::focusWidget()));
+
+    QTest::keyClick(&window(), Qt::Key_Plus, Qt::ControlModifier);
+    EXPECT_NEAR(page().zoomFactor(), 1.1, 0.01);
+    QTest::keyClick(&window(), Qt::Key_0, Qt::ControlModifier);
+    EXPECT_NEAR(page().zoomFactor(), 1.0, 0.01);
+    const qsizetype loads = server.count(u"/form.html"_s);
+    QTest::keyClick(&window(), Qt::Key_F5);
+    EXPECT_TRUE(eventually([&] { return server.count(u"/form.html"_s) == loads + 1; }));
+    ASSERT_TRUE(open(u"/windows.html"_s));
+    QTest::keyClick(&window(), Qt::Key_Left, Qt::AltModifier);
+    EXPECT_TRUE(waitForPage(u"Submit"));
+    QTest::keyClick(&window(), Qt::Key_Right, Qt::AltModifier);
+    EXPECT_TRUE(waitForPage(u"Windows"));
+}
+
+} // namespace
+} // namespace quillon

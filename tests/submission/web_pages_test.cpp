@@ -1,0 +1,235 @@
+#include "submission/pop_up_window.h"
+#include "submission/submit_window_fixture.h"
+#include "submission/web_engine_page.h"
+
+#include <QDirIterator>
+
+#include <csignal>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+namespace {
+
+/// How the window treats pages of every kind.
+class WebPagesTest : public SubmitWindowTest
+{
+protected:
+    static constexpr QStringView errorTitle = u"Error Loading URL";
+
+    static QString address() { return visible<QLineEdit>(u"urlField"_s)->text(); }
+    static bool isBusy()
+    {
+        return visible<QWidget>(u"submitWindow"_s)
+            ->findChild<QWidget *>(u"webViewLoadProgress"_s)
+            ->isVisible();
+    }
+    /// All files below the home folder, but for the engine's and the settings.
+    [[nodiscard]] QStringList files() const
+    {
+        QStringList found;
+        QDirIterator each(home(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+        while (each.hasNext()) {
+            if (const QString path = each.next(); !path.contains(u"/.config/"))
+                found.append(path);
+        }
+        found.sort();
+        return found;
+    }
+};
+
+TEST_F(WebPagesTest, WhatCannotBeLoadedShowsTheErrorPage)
+{
+    using Extent = WebServer::Extent;
+    server.serve(u"/empty404"_s, {{}, "text/html", "404 Not Found"});
+    server.serve(u"/half"_s, {QByteArray(4000, 'x'), "text/html", "200 OK", {}, Extent::Half});
+    struct Case
+    {
+        QString address;
+        QString reason;
+    };
+    const QList<Case> cases = {
+        {u"http://no-such-host.invalid/"_s, u"ERR_NAME_NOT_RESOLVED"_s},
+        {u"http://127.0.0.1:1/"_s, u"ERR_UNSAFE_PORT"_s},
+        {server.url(u"/empty404"_s), u"status 404"_s},
+        {server.url(u"/half"_s), u"ERR_CONTENT_LENGTH_MISMATCH"_s},
+        {u"file:///etc/hostname"_s, u"“file:”"_s},
+        {u"javascript:alert(1)"_s, u"“javascript:”"_s},
+        {u"ftp://127.0.0.1/pad.xml"_s, u"“ftp:”"_s},
+        {u"http://"_s, u"not one of the web"_s},
+    };
+    for (const auto &[typed, reason] : cases) {
+        visit(typed);
+        ASSERT_TRUE(waitForPage(errorTitle)) << typed.toStdString();
+        EXPECT_TRUE(pageText().contains(u"An error occurred while loading the page")) << typed.toStdString();
+        EXPECT_TRUE(pageText().contains(reason)) << pageText().toStdString();
+        EXPECT_EQ(address(), typed) << "the address that failed stays in sight";
+        EXPECT_TRUE(eventually([] { return !isBusy(); }));
+        ASSERT_TRUE(open(u"/frames.html"_s));
+    }
+    visit(server.url(u"/missing"_s));
+    EXPECT_TRUE(eventually([] { return pageText().contains(u"No such page"); }))
+        << "what the server says of a missing page is shown";
+}
+
+TEST_F(WebPagesTest, ZZ)
+{
+    for (int i = 0; i < 20; ++i) {
+        open(i % 2 ? u"/form.html"_s : u"/windows.html"_s);
+        const auto before = ask(u"performance.getEntriesByType('paint').length+'|'+document.readyState+'|'+document.visibilityState"_s);
+        click(u"text"_s);
+        qInfo() << before << ask(u"document.activeElement ? document.activeElement.id : 'null'"_s) << ask(u"performance.getEntriesByType('paint').length+'|'+document.readyState"_s);
+    }
+}
+
+TEST_F(WebPagesTest, LoadsAreToldFromTheirBeginToTheirEnd)
+{
+    using Extent = WebServer::Extent;
+    server.serve(u"/slow"_s, {"<title>Late</title>", "text/html", "200 OK", {}, Extent::Held});
+    server.serve(u"/moved"_s, {{}, "text/html", "302 Found", "Location: /frames.html\r\n"});
+
+    visit(server.url(u"/slow"_s));
+    EXPECT_TRUE(eventually([this] { return isBusy() && server.count(u"/slow"_s) == 1; }));
+    EXPECT_EQ(address(), server.url(u"/slow"_s));
+    EXPECT_EQ(QApplication::focusWidget(), visible<QWidget>(u"sitesTableView"_s));
+    visit(server.url(u"/frames.html"_s));
+    ASSERT_TRUE(waitForPage(u"Frames")) << "a load that another one replaces is no failure";
+
+    visit(server.url(u"/slow"_s));
+    EXPECT_TRUE(eventually([this] { return server.count(u"/slow"_s) == 2; }));
+    QTest::keyClick(&window(), Qt::Key_Escape);
+    EXPECT_TRUE(eventually([] { return !isBusy(); }));
+    EXPECT_EQ(page().title(), u"Frames"_s) << "nor is one that is stopped";
+    EXPECT_EQ(address(), server.url(u"/frames.html"_s));
+
+    visit(server.url(u"/slow"_s));
+    EXPECT_TRUE(eventually([this] { return server.count(u"/slow"_s) == 3; }));
+    server.release();
+    EXPECT_TRUE(waitForPage(u"Late"));
+    EXPECT_TRUE(eventually([] { return !isBusy(); }));
+    visit(server.url(u"/moved"_s));
+    ASSERT_TRUE(waitForPage(u"Frames"));
+    EXPECT_EQ(address(), server.url(u"/frames.html"_s));
+}
+
+TEST_F(WebPagesTest, OfferedFilesAreShownAndNotStored)
+{
+    const QByteArray offer = "Content-Disposition: attachment; filename=\"a<b>.txt\"\r\n";
+    server.serve(u"/text"_s, {"<b>1</b>,\"2\"\n\xc3\xa4", "text/csv"});
+    server.serve(u"/long"_s, {QByteArray(3'000'000, ' ') + "end", "text/csv"});
+    server.serve(u"/offered"_s, {"plain", "text/plain", "200 OK", offer});
+    server.serve(u"/program"_s, {QByteArray(2048, '\1'), "application/octet-stream"});
+    server.serve(u"/paper.pdf"_s, {"%PDF-1.4", "application/pdf"});
+    const QStringList before = files();
+
+    visit(server.url(u"/text"_s));
+    EXPECT_TRUE(eventually([] { return pageText().contains(u"<b>1</b>,\"2\"\nä"); }));
+    EXPECT_EQ(address(), server.url(u"/text"_s));
+    visit(server.url(u"/offered"_s));
+    EXPECT_TRUE(eventually([] { return pageText().contains(u"plain\n") || pageText().endsWith(u"plain"); }));
+    for (const auto &[path, words] : QList<std::pair<QString, QStringList>>{
+             {u"/program"_s, {u"program"_s, u"application/octet-stream"_s, u"2.00 KiB"_s}},
+             {u"/paper.pdf"_s, {u"paper.pdf"_s, u"application/pdf"_s}}}) {
+        visit(server.url(path));
+        for (const QString &word : words)
+            EXPECT_TRUE(eventually([&] { return pageText().contains(word); })) << word.toStdString();
+    }
+    visit(server.url(u"/long"_s));
+    EXPECT_TRUE(eventually([] {
+        return ask(u"document.getElementById('text')?.textContent.length ?? 0"_s).toInt() == longestShownText;
+    }));
+    EXPECT_EQ(files(), before);
+    QTest::keyClick(&window(), Qt::Key_F5);
+    EXPECT_TRUE(eventually([this] { return server.count(u"/long"_s) == 2; }))
+        << "reloading asks the server again";
+}
+
+TEST_F(WebPagesTest, PagesGetNothingFromTheDesktop)
+{
+    QApplication::clipboard()->setText(u"secret"_s);
+    ASSERT_TRUE(open(u"/curious.html"_s));
+    click(u"ask"_s);
+ QTest::qWait(3000); qInfo() << server.requests;
+    for (const QString &what : {u"clipboard"_s, u"execPaste"_s, u"file"_s, u"place"_s, u"camera"_s,
+                                u"notification"_s, u"fullscreen"_s})
+        EXPECT_EQ(posted(what), u"refused"_s) << what.toStdString();
+    EXPECT_EQ(page().title(), u"Curious"_s);
+}
+
+TEST_F(WebPagesTest, OtherWindowsAreOneWindow)
+{
+    const QString popUp = u"popUpWebView"_s;
+    ASSERT_TRUE(open(u"/windows.html"_s));
+    click(u"link"_s);
+    ASSERT_TRUE(eventually([] { return openWindow<PopUpWindow>() != nullptr; }));
+    ASSERT_TRUE(waitForPage(u"Submit", popUp));
+    EXPECT_EQ(page().title(), u"Windows"_s);
+    EXPECT_EQ(visible<QLabel>(u"popUpAddress"_s)->text(), server.url(u"/form.html"_s));
+
+    click(u"text"_s, {}, popUp);
+    pressButton(u"companyNameButton"_s);
+    EXPECT_TRUE(eventually([&] {
+        return ask(u"document.getElementById('text').value"_s, popUp) == u"Tom &amp; Sons"_s;
+    })) << "values go to the page that the author works in";
+    EXPECT_EQ(ask(u"document.getElementById('text').value"_s), QString());
+
+    click(u"open"_s);
+    ASSERT_TRUE(waitForPage(u"Windows", popUp));
+    click(u"link"_s, {}, popUp);
+    ASSERT_TRUE(waitForPage(u"Submit", popUp)) << "a window of the window takes its place";
+    pressButton(u"closePopUpWindowButton"_s);
+    EXPECT_EQ(openWindow<PopUpWindow>(), nullptr);
+
+    click(u"open"_s);
+    ASSERT_TRUE(eventually([] { return openWindow<PopUpWindow>() != nullptr; }));
+    ASSERT_TRUE(waitForPage(u"Windows", popUp));
+    click(u"close"_s, {}, popUp);
+    EXPECT_TRUE(eventually([] { return openWindow<PopUpWindow>() == nullptr; }));
+    click(u"text"_s);
+    pressButton(u"companyCityTownButton"_s);
+    click(u"report"_s);
+    EXPECT_EQ(posted(u"text"_s), u"Leeds"_s);
+    // The page asks before it is left; it is not heard.
+    EXPECT_TRUE(open(u"/frames.html"_s));
+}
+
+TEST_F(WebPagesTest, ScriptsMayTellAndAsk)
+{
+    ASSERT_TRUE(open(u"/windows.html"_s));
+    click(u"alert"_s);
+    EXPECT_EQ(posted(u"alert"_s), u"went on"_s) << "no script waits for the author to read";
+    EXPECT_EQ(answerAlert(u"OK"_s), u"JavaScript Alert|Some <b>text</b>"_s);
+
+    for (const auto &[button, answer] :
+         QList<std::pair<QString, QString>>{{u"OK"_s, u"true"_s}, {u"Cancel"_s, u"false"_s}}) {
+        server.forget();
+        // The engine waits for the answer, and with it this test: so the answer comes from the event loop.
+        QTimer answers;
+        QObject::connect(&answers, &QTimer::timeout, &answers, [button = button] {
+            const QString texts = clickAlert(button);
+            EXPECT_TRUE(texts.isNull() || texts == u"JavaScript Confirm|Sure?") << texts.toStdString();
+        });
+        answers.start(10);
+        click(u"confirm"_s);
+        EXPECT_EQ(posted(u"confirm"_s), answer);
+    }
+}
+
+TEST_F(WebPagesTest, ADeadRendererIsAnErrorThatReloadingMends)
+{
+    for (int time = 0; time < 2; ++time) {
+        ASSERT_GT(page().renderProcessPid(), 0);
+        kill(pid_t(page().renderProcessPid()), SIGKILL);
+        ASSERT_TRUE(waitForPage(errorTitle));
+        EXPECT_TRUE(pageText().contains(u"ended unexpectedly"));
+        EXPECT_EQ(address(), server.url(u"/form.html"_s));
+        QTest::keyClick(&window(), Qt::Key_F5);
+        ASSERT_TRUE(waitForPage(u"Submit"));
+    }
+    click(u"text"_s);
+    pressButton(u"companyCityTownButton"_s);
+    EXPECT_TRUE(eventually([] { return ask(u"document.getElementById('text').value"_s) == u"Leeds"_s; }));
+}
+
+} // namespace
+} // namespace quillon
