@@ -4,6 +4,7 @@
 #include "submission/load_errors.h"
 #include "submission/web_engine_page.h"
 
+#include <QApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QMenu>
@@ -90,6 +91,11 @@ WebEngineBrowser::WebEngineBrowser(QWebEngineProfile &profile, const QString &na
     layout->addWidget(m_view);
     setFocusProxy(m_view);
     connectPage();
+    // Each renderer brings a widget of its own, which screen readers meet when the focus comes to it.
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) {
+        if (now && m_view->isAncestorOf(now))
+            now->setAccessibleName(u"Page"_s);
+    });
 }
 
 WebEngineBrowser::~WebEngineBrowser() = default;
@@ -243,8 +249,6 @@ void WebEngineBrowser::end()
         return;
     m_isLoading = false;
     m_page->setZoomFactor(m_zoomFactor); // The engine remembers it for each server.
-    if (QWidget *page = m_view->focusProxy()) // Another one for each renderer.
-        page->setAccessibleName(u"Page"_s);
     showFileText();
     if (m_delegate)
         m_delegate->didFinishLoad();

@@ -111,8 +111,9 @@ void Downloads::look(QWebEngineDownloadRequest *request)
 {
     const QString path = request->downloadDirectory() + u'/' + request->downloadFileName();
     if (!isTextType(request->mimeType())) {
-        // Nothing is known before the first byte; none is needed after it.
-        if (request->receivedBytes() > 0 || request->totalBytes() > 0 || request->isFinished())
+        // Its size is all that is waited for, and servers need not tell it.
+        if (request->totalBytes() > 0 || request->receivedBytes() >= longestShownText ||
+            request->isFinished())
             finish(request, {});
     } else if (request->isFinished()) {
         finish(request, beginningOf(path));
@@ -128,7 +129,9 @@ void Downloads::finish(QWebEngineDownloadRequest *request, std::optional<QString
     disconnect(request, nullptr, this, nullptr);
     OfferedFile file{
         request->suggestedFileName(), request->mimeType(), request->url().toString(), {}, std::move(text)};
-    if (request->totalBytes() > 0)
+    if (request->isFinished())
+        file.size = request->receivedBytes();
+    else if (request->totalBytes() > 0)
         file.size = request->totalBytes();
     if (request->isFinished())
         QFile::remove(request->downloadDirectory() + u'/' + request->downloadFileName());

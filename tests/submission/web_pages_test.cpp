@@ -72,16 +72,6 @@ TEST_F(WebPagesTest, WhatCannotBeLoadedShowsTheErrorPage)
         << "what the server says of a missing page is shown";
 }
 
-TEST_F(WebPagesTest, ZZ)
-{
-    for (int i = 0; i < 20; ++i) {
-        open(i % 2 ? u"/form.html"_s : u"/windows.html"_s);
-        const auto before = ask(u"performance.getEntriesByType('paint').length+'|'+document.readyState+'|'+document.visibilityState"_s);
-        click(u"text"_s);
-        qInfo() << before << ask(u"document.activeElement ? document.activeElement.id : 'null'"_s) << ask(u"performance.getEntriesByType('paint').length+'|'+document.readyState"_s);
-    }
-}
-
 TEST_F(WebPagesTest, LoadsAreToldFromTheirBeginToTheirEnd)
 {
     using Extent = WebServer::Extent;
@@ -149,7 +139,6 @@ TEST_F(WebPagesTest, PagesGetNothingFromTheDesktop)
     QApplication::clipboard()->setText(u"secret"_s);
     ASSERT_TRUE(open(u"/curious.html"_s));
     click(u"ask"_s);
- QTest::qWait(3000); qInfo() << server.requests;
     for (const QString &what : {u"clipboard"_s, u"execPaste"_s, u"file"_s, u"place"_s, u"camera"_s,
                                 u"notification"_s, u"fullscreen"_s})
         EXPECT_EQ(posted(what), u"refused"_s) << what.toStdString();
