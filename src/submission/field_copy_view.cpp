@@ -69,7 +69,7 @@ QWidget *FieldCopyView::newFilterRow()
     m_filter->setObjectName(u"fieldFilter"_s);
     m_filter->setAccessibleName(u"Paste"_s);
     m_filter->setPlaceholderText(u"Find a field"_s);
-    m_filter->setToolTip(u"Shows the fields of that name; Return pastes the first of them (Ctrl+K)"_s);
+    m_filter->setToolTip(u"Shows the fields of that name; Return pastes the first of them (Ctrl+J)"_s);
     m_filter->setClearButtonEnabled(true);
     layout->addWidget(caption);
     layout->addWidget(m_filter, 1);

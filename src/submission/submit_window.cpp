@@ -82,7 +82,7 @@ void SubmitWindow::buildActions()
         openDrawer(true);
         m_sitesDrawer->focusFilter();
     });
-    newAction(u"findField"_s, u"Find a field"_s, {u"Ctrl+K"_s}, [this] { m_fieldCopyView->focusFilter(); });
+    newAction(u"findField"_s, u"Find a field"_s, {u"Ctrl+J"_s}, [this] { m_fieldCopyView->focusFilter(); });
     newAction(u"address"_s, u"Address"_s, {u"Ctrl+L"_s}, [this] { m_browserBar->focusAddress(); });
     newAction(u"mark"_s, u"Mark"_s, {u"Ctrl+M"_s}, [this] { m_markSubmittedButton->click(); });
     newAction(u"removeMark"_s, u"Remove mark"_s, {u"Ctrl+Shift+M"_s},

@@ -337,19 +337,25 @@ void WebEngineBrowser::showFileText()
 
 void WebEngineBrowser::pasteNow(PasteQueue::Done done)
 {
-    const QPointer self(this);
-    m_page->runJavaScript(focusScript, ownWorld, [self](const QVariant &canPaste) {
-        if (self)
-            Q_EMIT self->notice(
-                canPaste.toBool() ? QString() : u"Nothing was pasted: click a field of the page first."_s);
-    });
     m_page->triggerAction(QWebEnginePage::Paste);
-    // A script may overtake the paste on its way to the page; one that is sent when the first has come back
-    // cannot.
+    // A script may overtake the paste on its way to the page, and the click before it; one that is sent when
+    // the first has come back cannot.
+    const QPointer self(this);
     m_page->runJavaScript(u"0"_s, ownWorld, [self, done = std::move(done)](const QVariant &) {
         if (self)
-            self->m_page->runJavaScript(u"0"_s, ownWorld, [done](const QVariant &) { done(); });
+            self->m_page->runJavaScript(focusScript, ownWorld, [self, done](const QVariant &canPaste) {
+                if (self)
+                    self->tellOfPaste(canPaste);
+                done();
+            });
     });
+}
+
+void WebEngineBrowser::tellOfPaste(const QVariant &canPaste)
+{
+    // A page that is gone by now answers nothing.
+    const bool isLost = canPaste.isValid() && !canPaste.toBool();
+    Q_EMIT notice(isLost ? u"Nothing was pasted: click a field of the page first."_s : QString());
 }
 
 void WebEngineBrowser::showContextMenu(const QPoint &place)

@@ -81,6 +81,7 @@ private:
     void showFile(const OfferedFile &file);
     void showFileText();
     void pasteNow(PasteQueue::Done done);
+    void tellOfPaste(const QVariant &canPaste);
     void showContextMenu(const QPoint &place);
 
     QWebEngineView *m_view;
