@@ -80,11 +80,13 @@ int main(int argc, char *argv[])
         const auto place = [&](const char *name) {
             return home.filePath(QLatin1String(name) + QString::number(round));
         };
-        const QString copy = place("copy");
-        copyTimes.push_back(seconds([&] {
-            run(u"cp"_s, {u"-r"_s, mwqnAppSuppLoc, copy});
-            run(u"sync"_s, {u"-f"_s, copy});
-        }));
+        const auto copyPlainly = [&](const QString &copy) {
+            copyTimes.push_back(seconds([&] {
+                run(u"cp"_s, {u"-r"_s, mwqnAppSuppLoc, copy});
+                run(u"sync"_s, {u"-f"_s, copy});
+            }));
+        };
+        copyPlainly(place("before"));
         const QString backup = place("list") + u".swback"_s;
         backupTimes.push_back(seconds([&] {
             if (backups::backupTitles(backup, backups::Existing::Refuse).copied != titleCount)
@@ -97,6 +99,7 @@ int main(int argc, char *argv[])
                 qFatal("not all was restored");
         }));
         mwqnAppSuppLoc = fullFolder;
+        copyPlainly(place("after"));
         report("backup", backupTimes, copyTimes);
         report("restore", restoreTimes, copyTimes);
     }
