@@ -1,6 +1,7 @@
 #include "overview/title_list.h"
 
 #include "platform/atomic_file.h"
+#include "platform/folder_handle.h"
 #include "platform/property_list.h"
 #include "platform/string_dictionary.h"
 #include "store/process_state.h"
@@ -12,7 +13,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
-#include <filesystem>
+#include <climits>
 
 using namespace Qt::StringLiterals;
 
@@ -23,31 +24,48 @@ namespace {
 constexpr QStringView oldSummaryExtension = u".qnxmld";
 constexpr QStringView oldPadExtension = u".qnxml";
 
-/// What a walk through the data folder finds, as paths relative to it.
+/// What a walk through the data folder finds.
 struct Found
 {
-    QStringList titleFolders;
-    QStringList oldFolders; ///< Folders of the older layout, each with its name's files in it.
+    QList<Title> titles;
+    QStringList oldFolders; ///< Of the older layout, each with its name's files in it, as relative paths.
 };
+
+Summary summaryIn(const std::optional<FolderHandle> &folder, const QString &name)
+{
+    static const QByteArray file = title_folder::summaryFile.toUtf8();
+    const auto bytes = folder ? folder->read(file) : std::nullopt;
+    // Where a link stands for the folder or the file, the path leads over it as for every other reader.
+    return bytes ? summary_file::parse(*bytes) : loadSummary(name);
+}
+
+/// Adds to @p found what lies in @p folder at every depth; @p path leads to it from the data folder, with "/"
+/// at its end, or is empty.
+void walk(const FolderHandle &folder, const QString &path, Found &found)
+{
+    const QStringView parent = QStringView(path).chopped(path.isEmpty() ? 0 : 1);
+    for (const FolderHandle::Entry &entry : folder.entries()) {
+        const QString place = path + QFile::decodeName(entry.name);
+        const auto inside =
+            entry.kind == FolderHandle::Kind::Folder ? folder.openFolder(entry.name) : std::nullopt;
+        if (place.endsWith(title_folder::extension) && place.size() > title_folder::extension.size()) {
+            const QString name = place.chopped(title_folder::extension.size());
+            found.titles.append({name, summaryIn(inside, name)});
+        } else if (place.endsWith(oldSummaryExtension) && !parent.isEmpty() &&
+                   !parent.endsWith(title_folder::extension)) {
+            found.oldFolders.append(parent.toString());
+        }
+        // No path leads deeper than this, so nothing there can be a title that is opened.
+        if (inside && place.size() < PATH_MAX)
+            walk(*inside, place + u'/', found);
+    }
+}
 
 Found walkDataFolder()
 {
-    namespace fs = std::filesystem;
-    const fs::path top(QFile::encodeName(mwqnAppSuppLoc).toStdString());
-    std::error_code error;
     Found found;
-    fs::recursive_directory_iterator walk(top, fs::directory_options::skip_permission_denied, error);
-    for (; !error && walk != fs::recursive_directory_iterator(); walk.increment(error)) {
-        const std::string &native = walk->path().native();
-        const QString entry = QFile::decodeName(native.c_str()).sliced(mwqnAppSuppLoc.size());
-        if (entry.endsWith(title_folder::extension) && entry.size() > title_folder::extension.size()) {
-            found.titleFolders.append(entry);
-        } else if (entry.endsWith(oldSummaryExtension)) {
-            const QString folder = entry.left(qMax(entry.lastIndexOf(u'/'), qsizetype(0)));
-            if (!folder.isEmpty() && !folder.endsWith(title_folder::extension))
-                found.oldFolders.append(folder);
-        }
-    }
+    if (const auto dataFolder = FolderHandle::open(mwqnAppSuppLoc))
+        walk(*dataFolder, {}, found);
     return found;
 }
 
@@ -77,12 +95,6 @@ void convertOldFolder(const QString &folder)
     QDir().rmdir(oldPath);
 }
 
-Summary summaryIn(const QString &folder)
-{
-    const auto bytes = atomic_file::read(folder + u'/' + title_folder::summaryFile);
-    return bytes ? summary_file::parse(*bytes) : Summary();
-}
-
 } // namespace
 
 QList<Title> loadTitles()
@@ -93,22 +105,15 @@ QList<Title> loadTitles()
             convertOldFolder(folder);
         found = walkDataFolder();
     }
-    QStringList names;
-    names.reserve(found.titleFolders.size());
-    for (const QString &folder : std::as_const(found.titleFolders))
-        names.append(folder.chopped(title_folder::extension.size()));
-    std::sort(names.begin(), names.end(), CaseInsensitiveOrder());
-
-    QList<Title> titles;
-    titles.reserve(names.size());
-    for (const QString &name : std::as_const(names))
-        titles.append({name, loadSummary(name)});
-    return titles;
+    std::ranges::sort(found.titles, CaseInsensitiveOrder(), &Title::name);
+    return found.titles;
 }
 
 Summary loadSummary(const QString &name)
 {
-    return summaryIn(mwqnAppSuppLoc + name + title_folder::extension);
+    const auto bytes =
+        atomic_file::read(mwqnAppSuppLoc + name + title_folder::extension + u'/' + title_folder::summaryFile);
+    return bytes ? summary_file::parse(*bytes) : Summary();
 }
 
 } // namespace quillon

@@ -3,11 +3,10 @@
 #include <QFile>
 
 #include <algorithm>
+#include <array>
 #include <cstdio>
 #include <cstring>
-#include <dirent.h>
 #include <fcntl.h>
-#include <memory>
 #include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
@@ -56,31 +55,34 @@ std::optional<FolderHandle> FolderHandle::open(const QString &path)
 
 QList<FolderHandle::Entry> FolderHandle::entries() const
 {
-    struct Close
-    {
-        void operator()(DIR *stream) const { ::closedir(stream); }
-    };
-    // The stream owns and closes its descriptor, and moves its position: so it gets one of its own.
-    const int own = ::openat(m_descriptor.get(), ".", folderFlags);
-    const std::unique_ptr<DIR, Close> stream(own < 0 ? nullptr : ::fdopendir(own));
     QList<Entry> found;
-    while (const dirent *entry = stream ? ::readdir(stream.get()) : nullptr) {
-        const QByteArray name(entry->d_name);
-        if (name != "." && name != "..")
-            found.append({name, kindOf(entry->d_name)});
+    alignas(dirent64) std::array<char, 32UL * 1024> records;
+    ::lseek(m_descriptor.get(), 0, SEEK_SET);
+    ssize_t size = 0;
+    while ((size = ::getdents64(m_descriptor.get(), records.data(), records.size())) > 0) {
+        for (ssize_t at = 0; at < size;) {
+            const auto *const record = reinterpret_cast<const dirent64 *>(records.data() + at);
+            const QByteArrayView name(record->d_name);
+            if (name != "." && name != "..")
+                found.append({name.toByteArray(), kindOf(*record)});
+            at += record->d_reclen;
+        }
     }
     std::ranges::sort(found, {}, &Entry::name);
     return found;
 }
 
-FolderHandle::Kind FolderHandle::kindOf(const char *name) const
+FolderHandle::Kind FolderHandle::kindOf(const dirent64 &record) const
 {
+    mode_t mode = DTTOIF(record.d_type);
     struct stat status = {};
-    if (::fstatat(m_descriptor.get(), name, &status, AT_SYMLINK_NOFOLLOW) != 0)
-        return Kind::Other;
-    if (S_ISDIR(status.st_mode))
+    // Some file systems leave the kind out of a folder's list.
+    if (record.d_type == DT_UNKNOWN &&
+        ::fstatat(m_descriptor.get(), record.d_name, &status, AT_SYMLINK_NOFOLLOW) == 0)
+        mode = status.st_mode;
+    if (S_ISDIR(mode))
         return Kind::Folder;
-    return S_ISREG(status.st_mode) ? Kind::File : Kind::Other;
+    return S_ISREG(mode) ? Kind::File : Kind::Other;
 }
 
 bool FolderHandle::exists(const QByteArray &name) const

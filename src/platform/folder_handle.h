@@ -6,6 +6,7 @@
 #include <QList>
 #include <QString>
 
+#include <dirent.h>
 #include <optional>
 
 namespace quillon {
@@ -39,7 +40,7 @@ public:
     /// The folder at @p path, which may lead there over links; none when it cannot be opened.
     static std::optional<FolderHandle> open(const QString &path);
 
-    /// What lies in the folder, by name, without "." and "..".
+    /// What lies in the folder, by name, without "." and "..". Not from two threads at a time.
     [[nodiscard]] QList<Entry> entries() const;
     /// Whether anything, a broken link as well, has the name.
     [[nodiscard]] bool exists(const QByteArray &name) const;
@@ -68,7 +69,7 @@ public:
 private:
     explicit FolderHandle(Descriptor descriptor) : m_descriptor(std::move(descriptor)) {}
     static std::optional<FolderHandle> adopted(int descriptor);
-    [[nodiscard]] Kind kindOf(const char *name) const;
+    [[nodiscard]] Kind kindOf(const dirent64 &record) const;
 
     Descriptor m_descriptor;
 };

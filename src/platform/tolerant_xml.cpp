@@ -46,8 +46,9 @@ TolerantXml::TolerantXml(const QString &text) : m_document(std::make_unique<pugi
 {
     // A reference to no character is text: the parser reckons modulo 2^32 and would end a text at number 0.
     static const Regex badReference(u"&(?=#(?:0++|x0++|[0-9]{8,}+|x[0-9A-Fa-f]{7,}+);)");
-    QByteArray utf8 = badReference.replaceAll(text, u"&amp;").toUtf8();
-    utf8.replace('\0', "\xEF\xBF\xBD"); // The parser would end at a NUL; U+FFFD stands for it.
+    QByteArray utf8 = (text.contains(u'&') ? badReference.replaceAll(text, u"&amp;") : text).toUtf8();
+    if (utf8.contains('\0')) // The parser would end at a NUL; U+FFFD stands for it.
+        utf8.replace('\0', "\xEF\xBF\xBD");
     const auto load = [this](const QByteArray &xml) {
         return m_document->load_buffer(xml.constData(), size_t(xml.size()), parseFlags, pugi::encoding_utf8);
     };

@@ -111,6 +111,32 @@ TEST_F(OverviewTest, ListShowsWhatSummaryFilesSay)
         EXPECT_EQ(cell(1, column) + cell(1, column, IconsRole), QString()) << column;
 }
 
+TEST_F(OverviewTest, ListGoesDownToEveryDepthButNotOverLinks)
+{
+    const auto titleAt = [this](const QString &folder, const QString &version) {
+        ASSERT_TRUE(QDir().mkpath(folder));
+        put(folder + u"/general.qnxmld"_s, summaryText(version, {}, {}));
+    };
+    titleAt(inData(u"Group/deep/Inner.qndata"_s), u"1"_s);
+    titleAt(inData(u"Outer.qndata"_s), u"2"_s);
+    titleAt(inData(u"Outer.qndata/Within.qndata"_s), u"3"_s);
+    titleAt(home() + u"/elsewhere/Hidden.qndata"_s, u"4"_s);
+    put(inData(u"File.qndata"_s), "a file with a title's name");
+    put(home() + u"/summary"_s, summaryText(u"5"_s, {}, {}));
+    ASSERT_TRUE(QDir().mkpath(inData(u"Borrowed.qndata"_s)));
+    ASSERT_TRUE(QFile::link(home() + u"/summary"_s, inData(u"Borrowed.qndata/general.qnxmld"_s)));
+    ASSERT_TRUE(QFile::link(home() + u"/elsewhere"_s, inData(u"Linked"_s)));
+    ASSERT_TRUE(QFile::link(home() + u"/elsewhere/Hidden.qndata"_s, inData(u"Shortcut.qndata"_s)));
+    ASSERT_TRUE(QFile::link(inData(u"Group"_s), inData(u"Group/deep/loop"_s)));
+    overview.loadSoftwareList();
+
+    QStringList shown;
+    for (int row = 0; row < overview.softwareTable().rowCount(); ++row)
+        shown.append(cell(row, SoftwareTable::SoftwareTitle) + u'=' + cell(row, SoftwareTable::Version));
+    EXPECT_EQ(shown, QStringList({u"Borrowed=5"_s, u"File="_s, u"Group/deep/Inner=1"_s, u"Outer=2"_s,
+                                  u"Outer.qndata/Within=3"_s, u"Shortcut=4"_s}));
+}
+
 TEST_F(OverviewTest, OlderLayoutIsConvertedOnceAndNothingElseOfItIsLost)
 {
     QDir().mkpath(inData(u"Old"_s));
