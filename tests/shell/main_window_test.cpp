@@ -132,9 +132,15 @@ TEST_F(MainWindowTest, ATitleFromItsCreationToItsEnd)
     EXPECT_EQ(titles(), QStringList{u"Second"_s});
 
     clickTitle(0);
-    const QString exported = home() + u"/out.xml"_s;
-    press(u"exportButton"_s);
-    chooseFile(exported);
+    const QString exported = home() + u"/Second 1.0.xml"_s;
+    put(exported, "old");
+    for (const auto &[answer, replaced] : {std::pair{u"Cancel"_s, false}, std::pair{u"Replace"_s, true}}) {
+        press(u"exportButton"_s);
+        EXPECT_EQ(visible<QLineEdit>(u"fileNameEdit"_s)->text(), u"Second.xml"_s);
+        chooseFile(home() + u"/Second 1.0"_s);
+        EXPECT_EQ(answerAlert(answer), u"“Second 1.0.xml” already exists. Do you want to replace it?"_s);
+        EXPECT_EQ(contents(exported) != "old", replaced);
+    }
     EXPECT_EQ(answerAlert(u"OK"_s), u"PAD file export successful"_s);
     EXPECT_EQ(contents(exported), contents(inData(u"Second.qndata/data.qnxml"_s)));
 
