@@ -54,7 +54,10 @@ void print(const QJsonDocument &document);
 /// Whether there is a title @p name; complains when there is none.
 bool titleExists(const QString &name);
 
-/// Complains of the writes that failed during the command.
+/// Whether there is a file at @p path that can be read; a folder is none.
+bool isReadableFile(const QString &path);
+
+/// Complains of the writes that failed during the command, if any did.
 ExitStatus fileFailed();
 
 } // namespace quillon::cli

@@ -201,8 +201,9 @@ void TitleCommands::exportButtonAction()
         return;
     const FileRequest request{u"Export PAD File"_s, u"xml"_s, mwqnSelSW->trimmed(), false};
     m_alerts.chooseSaveFile(SheetWindow::Main, request, [this, title = *mwqnSelSW](const QString &path) {
-        const bool exported = title_operations::exportPadFile(title, path);
-        tellLater({exported ? title_operations::exportSucceeded : title_operations::exportFailed});
+        const auto error = title_operations::exportPadFile(title, path);
+        tellLater(error ? Alert{title_operations::exportFailed, error->reason}
+                        : Alert{title_operations::exportSucceeded});
     });
 }
 

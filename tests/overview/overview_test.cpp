@@ -300,10 +300,13 @@ TEST_F(OverviewTest, ExportEscapesOnlyTheFreeStandingAmpersand)
     select(u" T "_s);
     put(inData(u" T .qndata/data.qnxml"_s), "Tom & Jerry, Tom&Jerry, a &amp; b");
     const QString target = home() + u"/out.xml"_s;
-    sheets.filesToChoose = {target};
+    const QString link = home() + u"/link.xml"_s;
+    ASSERT_TRUE(put(target, "old") && QFile::link(target, link));
+    sheets.filesToChoose = {link};
     commands.exportButtonAction();
     EXPECT_EQ(sheets.requests.last().proposedName, u"T"_s);
     EXPECT_EQ(contents(target), "Tom &amp; Jerry, Tom&Jerry, a &amp; b");
+    EXPECT_TRUE(QFileInfo(link).isSymLink());
     calls.pass(resultDelay);
     EXPECT_EQ(sheets.lastMessage(), u"PAD file export successful"_s);
 
@@ -313,6 +316,7 @@ TEST_F(OverviewTest, ExportEscapesOnlyTheFreeStandingAmpersand)
     EXPECT_EQ(sheets.lastMessage(), u"The PAD file export failed with an unknown error"_s);
     EXPECT_EQ(contents(target), "Tom &amp; Jerry, Tom&Jerry, a &amp; b")
         << "a failed export leaves the old file";
+    EXPECT_TRUE(mwqnFailedWrites.isEmpty()) << "what is exported is none of the stored files";
 }
 
 } // namespace
