@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QLoggingCategory>
 
 #include <algorithm>
 #include <filesystem>
@@ -19,6 +20,8 @@ using namespace Qt::StringLiterals;
 namespace quillon {
 
 namespace {
+
+Q_LOGGING_CATEGORY(log, "quillon.overview")
 
 constexpr QStringView oldSummaryExtension = u".qnxmld";
 constexpr QStringView oldPadExtension = u".qnxml";
@@ -49,6 +52,15 @@ Found walkDataFolder()
         }
     }
     return found;
+}
+
+/// Whether there can be a title @p name; says so in the log when not.
+bool isListed(const QString &name)
+{
+    const bool isUsable = title_folder::isUsableName(name);
+    if (!isUsable)
+        qCWarning(log).noquote() << "not a title's folder:" << name;
+    return isUsable;
 }
 
 /// Makes a title folder of @p folder. What else lies in the old folder stays there.
@@ -85,18 +97,23 @@ Summary summaryIn(const QString &folder)
 
 } // namespace
 
-QList<Title> loadTitles()
+QList<Title> loadTitles(OldLayout oldLayout)
 {
+    if (const auto failure = dataFolderFailure())
+        qCWarning(log).noquote() << *failure;
     Found found = walkDataFolder();
-    if (!found.oldFolders.isEmpty()) {
-        for (const QString &folder : std::as_const(found.oldFolders))
-            convertOldFolder(folder);
+    if (oldLayout == OldLayout::Convert && !found.oldFolders.isEmpty()) {
+        for (const QString &folder : std::as_const(found.oldFolders)) {
+            if (isListed(folder))
+                convertOldFolder(folder);
+        }
         found = walkDataFolder();
     }
     QStringList names;
     names.reserve(found.titleFolders.size());
     for (const QString &folder : std::as_const(found.titleFolders))
         names.append(folder.chopped(title_folder::extension.size()));
+    names.removeIf([](const QString &name) { return !isListed(name); });
     std::sort(names.begin(), names.end(), CaseInsensitiveOrder());
 
     QList<Title> titles;
@@ -104,6 +121,15 @@ QList<Title> loadTitles()
     for (const QString &name : std::as_const(names))
         titles.append({name, loadSummary(name)});
     return titles;
+}
+
+std::optional<QString> dataFolderFailure()
+{
+    std::error_code error;
+    const std::filesystem::directory_iterator look(QFile::encodeName(mwqnAppSuppLoc).toStdString(), error);
+    if (!error || error == std::errc::no_such_file_or_directory)
+        return std::nullopt;
+    return u"%1 cannot be listed: %2"_s.arg(mwqnAppSuppLoc, QString::fromStdString(error.message()));
 }
 
 Summary loadSummary(const QString &name)
