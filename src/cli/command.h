@@ -38,10 +38,10 @@ public:
     virtual ExitStatus run() = 0;
 };
 
-/// Texts of the command line are UTF-8.
+/// Texts of the command line are UTF-8, and end at a NUL as they did there.
 inline QString text(const std::string &argument)
 {
-    return QString::fromStdString(argument);
+    return QString::fromUtf8(argument.c_str());
 }
 
 /// Writes @p line and a line end to standard output or to standard error.
