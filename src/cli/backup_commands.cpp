@@ -43,9 +43,17 @@ public:
             if (!sentence.isEmpty())
                 complain(sentence);
         }
-        if (result.outcome == BackupResult::Done)
+        switch (result.outcome) {
+        case BackupResult::Done:
             return Done;
-        return result.outcome == BackupResult::Nothing ? Refused : FileFailed;
+        case BackupResult::Nothing:
+        case BackupResult::Refused:
+            return Refused;
+        case BackupResult::Failed:
+        case BackupResult::Cancelled:
+            break;
+        }
+        return FileFailed;
     }
 
 private:

@@ -6,7 +6,6 @@
 #include "store/title_folder.h"
 #include "validation/field_rules.h"
 
-#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonObject>
 
@@ -53,7 +52,7 @@ private:
         const QString file = text(m_target);
         const auto pad = title_operations::padText(file);
         if (!pad) {
-            const bool readable = QFileInfo(file).isFile() && QFileInfo(file).isReadable();
+            const bool readable = isReadableFile(file);
             complain(readable ? file + u": this does not appear to be a PAD file."_s
                               : u"There is no title and no readable file named %1."_s.arg(file));
             return readable ? Refused : FileFailed;

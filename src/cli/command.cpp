@@ -3,6 +3,8 @@
 #include "store/storage_status.h"
 #include "store/title_folder.h"
 
+#include <QFileInfo>
+
 #include <cstdio>
 
 using namespace Qt::StringLiterals;
@@ -41,9 +43,16 @@ bool titleExists(const QString &name)
     return false;
 }
 
+bool isReadableFile(const QString &path)
+{
+    const QFileInfo file(path);
+    return file.isFile() && file.isReadable();
+}
+
 ExitStatus fileFailed()
 {
-    complain(failedWritesLine());
+    if (const QString line = failedWritesLine(); !line.isEmpty())
+        complain(line);
     return FileFailed;
 }
 

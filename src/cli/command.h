@@ -38,10 +38,10 @@ public:
     virtual ExitStatus run() = 0;
 };
 
-/// Texts of the command line are UTF-8.
+/// Texts of the command line are UTF-8, and end at a NUL as they did there.
 inline QString text(const std::string &argument)
 {
-    return QString::fromStdString(argument);
+    return QString::fromUtf8(argument.c_str());
 }
 
 /// Writes @p line and a line end to standard output or to standard error.
@@ -54,7 +54,10 @@ void print(const QJsonDocument &document);
 /// Whether there is a title @p name; complains when there is none.
 bool titleExists(const QString &name);
 
-/// Complains of the writes that failed during the command.
+/// Whether there is a file at @p path that can be read; a folder is none.
+bool isReadableFile(const QString &path);
+
+/// Complains of the writes that failed during the command, if any did.
 ExitStatus fileFailed();
 
 } // namespace quillon::cli

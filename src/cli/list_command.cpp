@@ -1,5 +1,6 @@
 #include "cli/commands.h"
 #include "overview/title_list.h"
+#include "store/data_folder_lock.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
@@ -72,8 +73,15 @@ public:
 
     ExitStatus run() override
     {
+        if (const auto failure = dataFolderFailure()) {
+            complain(*failure);
+            return FileFailed;
+        }
+        // Only who holds the folder may change it; nobody waits for it here.
+        const DataFolderLock lock(std::chrono::milliseconds(0));
+        const bool mayWrite = lock.state() == DataFolderLock::State::Held;
         QJsonArray array;
-        for (const Title &title : loadTitles()) {
+        for (const Title &title : loadTitles(mayWrite ? OldLayout::Convert : OldLayout::Leave)) {
             if (m_json)
                 array.append(json(title));
             else

@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 #include <QDir>
 
+#include <algorithm>
 #include <clocale>
 #include <cstdlib>
 #include <langinfo.h>
@@ -22,6 +23,19 @@ void ensureUtf8Locale()
     std::setlocale(LC_ALL, "");
     if (std::string_view(nl_langinfo(CODESET)) != "UTF-8")
         ::setenv("LC_ALL", "C.UTF-8", 1);
+}
+
+/// The arguments as the parser takes them, the last one first. To it "[a,b]" is a list of two texts, but not
+/// with the NUL behind it.
+std::vector<std::string> arguments(int argc, char *argv[])
+{
+    std::vector<std::string> all(argv + 1, argv + argc);
+    for (std::string &argument : all) {
+        if (argument.starts_with('['))
+            argument.push_back('\0');
+    }
+    std::ranges::reverse(all);
+    return all;
 }
 
 cli::ExitStatus run(cli::Command &command)
@@ -61,11 +75,15 @@ int main(int argc, char *argv[])
         commands.emplace_back(subcommand, std::move(command));
     }
     try {
-        program.parse(argc, argv);
+        program.parse(arguments(argc, argv));
     } catch (const CLI::ParseError &error) {
         return program.exit(error) == 0 ? cli::Done : cli::WrongUsage;
     }
 
+    if (home.empty()) {
+        cli::complain(u"--home needs the name of a folder."_s);
+        return cli::WrongUsage;
+    }
     setDataFolder(QDir(cli::text(home)).absolutePath());
     for (const auto &[subcommand, command] : commands) {
         if (subcommand->parsed())

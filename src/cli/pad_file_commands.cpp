@@ -1,8 +1,6 @@
 #include "cli/commands.h"
 #include "overview/title_operations.h"
 
-#include <QFileInfo>
-
 #include <cstdio>
 
 using namespace Qt::StringLiterals;
@@ -39,7 +37,7 @@ public:
         if (import.outcome == Import::NotStored)
             return fileFailed();
         complain(file + u": " + import.message);
-        const bool unreadable = import.outcome == Import::NotPad && !QFileInfo(file).isReadable();
+        const bool unreadable = import.outcome == Import::NotPad && !isReadableFile(file);
         return unreadable ? FileFailed : Refused;
     }
 
@@ -69,10 +67,12 @@ public:
             return Refused;
         if (m_file == "-")
             return toStandardOutput();
-        if (title_operations::exportPadFile(text(m_title), text(m_file)))
+        const auto error = title_operations::exportPadFile(text(m_title), text(m_file));
+        if (!error)
             return Done;
         complain(title_operations::exportFailed);
-        return fileFailed();
+        complain(error->path + u": " + error->reason);
+        return FileFailed;
     }
 
 private:

@@ -3,10 +3,14 @@
 #include "sites/site_editing.h"
 #include "store/add_delete_import_edit.h"
 #include "store/process_state.h"
+#include "store/site_list.h"
 #include "store/summary_file.h"
+#include "submission/default_sites.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -14,11 +18,28 @@ namespace quillon::cli {
 
 namespace {
 
-/// Whether the site in the list's first part is one of the author's own.
-bool isUserSite(const SiteCatalogue &catalogue, qsizetype row)
+/// One of the two site lists as it is; a missing one stays missing.
+StringDictionary stored(QStringView siteList)
 {
-    const auto user = AddDeleteImportEdit::returnUserSitesDict().value_or(StringDictionary());
-    return row < qsizetype(user.size()) && user.contains(catalogue.sites[row]);
+    return site_list::stored(siteList).value_or(StringDictionary());
+}
+
+/// False, with a complaint, when one of @p names would stay hidden: another ignored site has its address.
+bool comeBack(const QStringList &names)
+{
+    StringDictionary others = stored(site_list::ignoredSites);
+    for (const QString &name : names)
+        others.erase(name);
+    for (const QString &name : names) {
+        const QString &url = mwqnDefaultSitesDict.at(name);
+        const auto hiding = std::ranges::find(others, url, &StringDictionary::value_type::second);
+        if (hiding != others.end()) {
+            complain(u"%1 is hidden by %2, which has the same address; restore that one."_s.arg(
+                name, hiding->first));
+            return false;
+        }
+    }
+    return true;
 }
 
 /// The catalogue, a title's state with each site, and the changes to the list of sites.
@@ -75,7 +96,7 @@ private:
             complain(edit.sentence);
             return Refused;
         }
-        return Done;
+        return TitleSession::stored(); // A mark in a title may not have followed.
     }
 
     /// False, with a complaint, when one of @p names is not among @p sites.
@@ -108,19 +129,23 @@ private:
         const SiteCatalogue catalogue = site_editing::currentCatalogue();
         if (!allExist(names, m_remove->parsed() ? catalogue.sites : catalogue.ignored))
             return Refused;
-        const bool stored =
-            m_remove->parsed() ? site_editing::removeSites(names) : site_editing::restoreSites(names);
-        return stored ? Done : fileFailed();
+        if (m_remove->parsed())
+            return site_editing::removeSites(names) ? Done : fileFailed();
+        if (!comeBack(names))
+            return Refused;
+        return site_editing::restoreSites(names) ? Done : fileFailed();
     }
 
     [[nodiscard]] ExitStatus list() const
     {
-        AddDeleteImportEdit::checkAppSuppExists();
-        const SiteCatalogue catalogue = site_editing::currentCatalogue();
+        setDefaultSites();
+        const StringDictionary user = stored(site_list::userSites);
+        const SiteCatalogue catalogue =
+            mergedCatalogue(mwqnDefaultSitesDict, stored(site_list::ignoredSites), user);
         QJsonArray sites;
         QJsonArray ignored;
         for (qsizetype row = 0; row < catalogue.sites.size(); ++row) {
-            const QString source = isUserSite(catalogue, row) ? u"user"_s : u"default"_s;
+            const QString source = row < qsizetype(user.size()) ? u"user"_s : u"default"_s;
             if (m_json)
                 sites.append(QJsonObject{{u"name"_s, catalogue.sites[row]},
                                          {u"url"_s, catalogue.urls[row]},

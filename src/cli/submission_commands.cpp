@@ -43,6 +43,10 @@ public:
             complain(u"There is no site named %1."_s.arg(text(m_site)));
             return Refused;
         }
+        if (m_change == &submission_marks::markSubmitted && !submission_marks::canBeKept(text(m_site))) {
+            complain(u"A mark for %1 cannot be kept: the name holds a comma or markup."_s.arg(text(m_site)));
+            return Refused;
+        }
         return m_change(text(m_site)) ? TitleSession::stored() : fileFailed();
     }
 

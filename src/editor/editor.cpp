@@ -130,7 +130,7 @@ void Editor::check(ErrorPass &errors)
     errors.store();
     m_errors = errors.errors();
     createPADFileData();
-    storeSummary(m_errors.empty());
+    storeSummary(errors.isLogEmpty());
     Q_EMIT checked();
 }
 
@@ -142,7 +142,7 @@ void Editor::createPADFileData() const
 
 void Editor::createGeneralFileData() const
 {
-    storeSummary(ErrorPass::ofSelectedTitle().errors().empty());
+    storeSummary(ErrorPass::ofSelectedTitle().isLogEmpty());
 }
 
 void Editor::storeSummary(bool isValid) const

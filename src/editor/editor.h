@@ -63,7 +63,7 @@ public:
     /// only if it would change.
     void checkEntriesForErrors();
 
-    /// Message by field key, as of the last full check.
+    /// Message by field key, as of the last full check; a missing error log hides none of them.
     [[nodiscard]] const StringDictionary &errors() const { return m_errors; }
     /// How many fields on @p page had an error at the last full check.
     [[nodiscard]] int errorCount(const EditorPage &page) const { return quillon::errorCount(m_errors, page); }

@@ -156,19 +156,19 @@ QWidget *OverviewView::newButtonRow()
         QString icon;
         QString toolTip;
         void (TitleCommands::*command)();
-        bool needsTitle;
+        FileMenu::Item item; ///< The menu item that is enabled when the button is.
     };
     const QList<ListButton> buttons = {
         {u"newSoftwareButton"_s, u"&New…"_s, u"new-title"_s, u"Add a new software title"_s,
-         &TitleCommands::newSoftwareButtonAction, false},
+         &TitleCommands::newSoftwareButtonAction, FileMenu::New},
         {u"importButton"_s, u"&Import…"_s, u"import"_s, u"Add titles from PAD files"_s,
-         &TitleCommands::importPADFile, false},
+         &TitleCommands::importPADFile, FileMenu::Import},
         {u"renameButton"_s, u"&Rename…"_s, u"rename"_s, u"Give the selected title another name"_s,
-         &TitleCommands::renameSWListItem, true},
+         &TitleCommands::renameSWListItem, FileMenu::Rename},
         {u"exportButton"_s, u"E&xport…"_s, u"export"_s, u"Save the selected title's PAD file"_s,
-         &TitleCommands::exportButtonAction, true},
+         &TitleCommands::exportButtonAction, FileMenu::Export},
         {u"deleteButton"_s, u"&Delete…"_s, u"delete"_s, u"Delete the selected title"_s,
-         &TitleCommands::deleteButtonAction, true},
+         &TitleCommands::deleteButtonAction, FileMenu::Rename},
     };
     auto *row = new QWidget;
     auto *layout = new QHBoxLayout(row);
@@ -178,12 +178,10 @@ QWidget *OverviewView::newButtonRow()
         button->setObjectName(each.name);
         button->setToolTip(each.toolTip);
         connect(button, &QPushButton::clicked, &m_commands, each.command);
-        if (each.needsTitle && m_titleButtons.isEmpty())
-            layout->addStretch(1);
-        if (each.needsTitle)
-            m_titleButtons.append(button);
+        m_buttons.append({button, each.item});
         layout->addWidget(button);
     }
+    layout->insertStretch(2, 1); // What needs a selected title stands apart.
     return row;
 }
 
@@ -245,22 +243,21 @@ void OverviewView::showErrors()
 
 void OverviewView::updateButtons()
 {
-    const bool hasTitle = m_overview.selectedRow() >= 0;
-    for (QPushButton *button : std::as_const(m_titleButtons))
-        button->setEnabled(hasTitle);
+    for (const auto &[button, item] : std::as_const(m_buttons))
+        button->setEnabled(m_overview.fileMenu().isEnabled(item));
     m_titlesOrHint->setCurrentIndex(m_overview.softwareTable().rowCount() == 0 ? 1 : 0);
 }
 
 void OverviewView::dragEnterEvent(QDragEnterEvent *event)
 {
-    if (!localFiles(event->mimeData()).isEmpty())
+    if (m_overview.fileMenu().isEnabled(FileMenu::Import) && !localFiles(event->mimeData()).isEmpty())
         event->acceptProposedAction();
 }
 
 void OverviewView::dropEvent(QDropEvent *event)
 {
     event->acceptProposedAction();
-    m_commands.processImportedFiles(localFiles(event->mimeData()));
+    m_commands.processImportedFile(localFiles(event->mimeData()));
 }
 
 void OverviewView::saveLayout() const

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "overview/file_menu.h"
+
 #include <QWidget>
 
 class QLabel;
@@ -58,7 +60,7 @@ private:
     QListWidget *m_validationErrorsView = nullptr;
     QLabel *m_errorsCaption = nullptr;
     QSplitter *m_splitter = nullptr;
-    QList<QPushButton *> m_titleButtons; ///< Those that need a selected title.
+    QList<std::pair<QPushButton *, FileMenu::Item>> m_buttons; ///< Each with what enables it.
 };
 
 } // namespace quillon

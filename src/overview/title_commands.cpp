@@ -77,10 +77,11 @@ void TitleCommands::addSWNPIAction(const QString &name)
 void TitleCommands::cancelSWNPIAction()
 {
     const bool wasImport = m_namePanel && m_namePanel->nameSheetCalledFrom == u"import";
-    mwqnIpFloc43.clear();
     closeNamePanel();
-    if (wasImport)
-        askForNextName();
+    if (!wasImport)
+        return;
+    mwqnIpFloc43.clear();
+    askForNextName();
 }
 
 void TitleCommands::deleteButtonAction()
@@ -101,10 +102,10 @@ void TitleCommands::importPADFile()
 {
     m_overview.deselectAll();
     m_alerts.chooseFiles(SheetWindow::Main, {u"Choose PAD File"_s, u"xml"_s, {}, true},
-                         [this](const QStringList &paths) { processImportedFiles(paths); });
+                         [this](const QStringList &paths) { processImportedFile(paths); });
 }
 
-void TitleCommands::processImportedFiles(const QStringList &paths)
+void TitleCommands::processImportedFile(const QStringList &paths)
 {
     if (paths.isEmpty())
         return;
@@ -113,7 +114,7 @@ void TitleCommands::processImportedFiles(const QStringList &paths)
         m_batch.paths += paths; // Dropped while others are still on their way.
         return;
     }
-    m_batch = {paths, 0, 0, {}, {}};
+    m_batch = {paths, 0, 0, 0, {}};
     importNextFile();
 }
 
@@ -129,7 +130,8 @@ void TitleCommands::importNextFile()
             m_batch.details.append(prefix + finding);
         break;
     case Import::NeedsName:
-        m_batch.needNames.append({path, import.message});
+        ++m_batch.unnamed;
+        m_needNames.append({path, import.message});
         break;
     case Import::NotPad:
     case Import::NotStored:
@@ -146,7 +148,7 @@ void TitleCommands::importNextFile()
 void TitleCommands::finishImport()
 {
     const auto total = m_batch.paths.size();
-    const bool allWell = m_batch.imported + m_batch.needNames.size() == total;
+    const bool allWell = m_batch.imported + m_batch.unnamed == total;
     if (m_batch.imported > 0)
         reload();
     if (!allWell && total > 1)
@@ -165,9 +167,9 @@ void TitleCommands::finishImport()
 
 void TitleCommands::askForNextName()
 {
-    if (m_batch.needNames.isEmpty())
+    if (m_needNames.isEmpty() || !mwqnIpFloc43.isEmpty())
         return;
-    const auto [path, reason] = m_batch.needNames.takeFirst();
+    const auto [path, reason] = m_needNames.takeFirst();
     mwqnIpFloc43 = path;
     later([this, reason = reason] { importError2(reason); });
 }
@@ -201,8 +203,9 @@ void TitleCommands::exportButtonAction()
         return;
     const FileRequest request{u"Export PAD File"_s, u"xml"_s, mwqnSelSW->trimmed(), false};
     m_alerts.chooseSaveFile(SheetWindow::Main, request, [this, title = *mwqnSelSW](const QString &path) {
-        const bool exported = title_operations::exportPadFile(title, path);
-        tellLater({exported ? title_operations::exportSucceeded : title_operations::exportFailed});
+        const auto error = title_operations::exportPadFile(title, path);
+        tellLater(error ? Alert{title_operations::exportFailed, error->reason}
+                        : Alert{title_operations::exportSucceeded});
     });
 }
 

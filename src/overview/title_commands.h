@@ -40,7 +40,7 @@ public:
     void deleteButtonAction();
     void importPADFile();
     /// Imports one file, or several at once.
-    void processImportedFiles(const QStringList &paths);
+    void processImportedFile(const QStringList &paths);
     void exportButtonAction();
     void helpAction();
     void bugReportAction();
@@ -73,17 +73,18 @@ private:
     DelayedCalls &m_delayedCalls;
     std::optional<NamePanel> m_namePanel;
 
-    /// One run of imports, from the choice of files to the last name.
+    /// One run of imports, from the choice of files to the last of them.
     struct Batch
     {
         QStringList paths;
         qsizetype next = 0;
         int imported = 0;
-        QStringList details;                          ///< One line for each finding or failure.
-        QList<std::pair<QString, QString>> needNames; ///< Path and reason.
+        int unnamed = 0;
+        QStringList details; ///< One line for each finding or failure.
     };
     Batch m_batch;
-    QString mwqnIpFloc43; ///< The file whose import waits for a name.
+    QList<std::pair<QString, QString>> m_needNames; ///< Path and reason, of all runs.
+    QString mwqnIpFloc43;                           ///< The file whose import waits for a name.
 };
 
 } // namespace quillon

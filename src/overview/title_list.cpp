@@ -1,5 +1,4 @@
 #include "overview/title_list.h"
-
 #include "platform/atomic_file.h"
 #include "platform/folder_handle.h"
 #include "platform/property_list.h"
@@ -11,15 +10,19 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QLoggingCategory>
 
 #include <algorithm>
 #include <climits>
+#include <filesystem>
 
 using namespace Qt::StringLiterals;
 
 namespace quillon {
 
 namespace {
+
+Q_LOGGING_CATEGORY(log, "quillon.overview")
 
 constexpr QStringView oldSummaryExtension = u".qnxmld";
 constexpr QStringView oldPadExtension = u".qnxml";
@@ -39,6 +42,15 @@ Summary summaryIn(const std::optional<FolderHandle> &folder, const QString &name
     return bytes ? summary_file::parse(*bytes) : loadSummary(name);
 }
 
+/// Whether there can be a title @p name; says so in the log when not.
+bool isListed(const QString &name)
+{
+    const bool isUsable = title_folder::isUsableName(name);
+    if (!isUsable)
+        qCWarning(log).noquote() << "not a title's folder:" << name;
+    return isUsable;
+}
+
 /// Adds to @p found what lies in @p folder at every depth; @p path leads to it from the data folder, with "/"
 /// at its end, or is empty.
 void walk(const FolderHandle &folder, const QString &path, Found &found)
@@ -50,7 +62,8 @@ void walk(const FolderHandle &folder, const QString &path, Found &found)
             entry.kind == FolderHandle::Kind::Folder ? folder.openFolder(entry.name) : std::nullopt;
         if (place.endsWith(title_folder::extension) && place.size() > title_folder::extension.size()) {
             const QString name = place.chopped(title_folder::extension.size());
-            found.titles.append({name, summaryIn(inside, name)});
+            if (isListed(name))
+                found.titles.append({name, summaryIn(inside, name)});
         } else if (place.endsWith(oldSummaryExtension) && !parent.isEmpty() &&
                    !parent.endsWith(title_folder::extension)) {
             found.oldFolders.append(parent.toString());
@@ -97,16 +110,29 @@ void convertOldFolder(const QString &folder)
 
 } // namespace
 
-QList<Title> loadTitles()
+QList<Title> loadTitles(OldLayout oldLayout)
 {
+    if (const auto failure = dataFolderFailure())
+        qCWarning(log).noquote() << *failure;
     Found found = walkDataFolder();
-    if (!found.oldFolders.isEmpty()) {
-        for (const QString &folder : std::as_const(found.oldFolders))
-            convertOldFolder(folder);
+    if (oldLayout == OldLayout::Convert && !found.oldFolders.isEmpty()) {
+        for (const QString &folder : std::as_const(found.oldFolders)) {
+            if (isListed(folder))
+                convertOldFolder(folder);
+        }
         found = walkDataFolder();
     }
     std::ranges::sort(found.titles, CaseInsensitiveOrder(), &Title::name);
     return found.titles;
+}
+
+std::optional<QString> dataFolderFailure()
+{
+    std::error_code error;
+    const std::filesystem::directory_iterator look(QFile::encodeName(mwqnAppSuppLoc).toStdString(), error);
+    if (!error || error == std::errc::no_such_file_or_directory)
+        return std::nullopt;
+    return u"%1 cannot be listed: %2"_s.arg(mwqnAppSuppLoc, QString::fromStdString(error.message()));
 }
 
 Summary loadSummary(const QString &name)

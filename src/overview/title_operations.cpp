@@ -3,7 +3,6 @@
 #include "pad/field_catalogue.h"
 #include "pad/import_findings.h"
 #include "pad/pad_writer.h"
-#include "platform/atomic_file.h"
 #include "platform/text_decoding.h"
 #include "platform/tolerant_xml.h"
 #include "store/add_delete_import_edit.h"
@@ -11,6 +10,9 @@
 #include "store/storage_status.h"
 #include "store/summary_file.h"
 #include "store/title_folder.h"
+
+#include <QDir>
+#include <QFileInfo>
 
 using namespace Qt::StringLiterals;
 
@@ -78,7 +80,7 @@ Import importPadFile(const QString &path, const std::optional<QString> &name)
 
     const QByteArray content = text->toUtf8();
     if (!AddDeleteImportEdit::importExistingFile(chosen, content))
-        return {Import::NotStored, chosen, failedWritesLine(), {}};
+        return {Import::NotStored, chosen, failedWriteLine(QDir::cleanPath(mwqnAppSuppLoc)), {}};
     return {Import::Imported, chosen, importSucceeded, importFindings(content)};
 }
 
@@ -89,10 +91,17 @@ std::optional<QByteArray> exportedPad(const QString &title)
     return stored ? std::optional(pad_writer::exported(*stored)) : std::nullopt;
 }
 
-bool exportPadFile(const QString &title, const QString &path)
+std::optional<atomic_file::WriteError> exportPadFile(const QString &title, const QString &path)
 {
     const auto content = exportedPad(title);
-    return content && storeFile(path, *content);
+    if (!content)
+        return atomic_file::WriteError{path, u"the title's own PAD file cannot be read"_s};
+    const QFileInfo there(path);
+    if (!there.exists() && !there.isSymLink())
+        return atomic_file::write(path, *content);
+    if (!there.isFile())
+        return atomic_file::WriteError{path, u"what has that name is no file"_s};
+    return atomic_file::write(there.canonicalFilePath(), *content); // A link stays one.
 }
 
 bool pruneMarks()

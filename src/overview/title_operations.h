@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/atomic_file.h"
+
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
@@ -49,9 +51,10 @@ std::optional<QString> padText(const QString &path);
 /// Makes a title of the PAD file at @p path, under the file's own program name or under @p name.
 Import importPadFile(const QString &path, const std::optional<QString> &name = std::nullopt);
 
-/// Writes the stored PAD file of @p title to @p path, an existing file replaced. The title's file is taken as
-/// it is. False, and nothing written, when it cannot be read.
-bool exportPadFile(const QString &title, const QString &path);
+/// Writes the stored PAD file of @p title to @p path, taken as it is. An existing file is replaced, where
+/// @p path is a link the one that it points to; anything else that has the name stays. The error is for the
+/// caller to tell; it is none of the stored files'.
+[[nodiscard]] std::optional<atomic_file::WriteError> exportPadFile(const QString &title, const QString &path);
 
 /// The exported form of the stored PAD file of @p title; none when it cannot be read.
 std::optional<QByteArray> exportedPad(const QString &title);

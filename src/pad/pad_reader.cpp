@@ -13,12 +13,22 @@ namespace quillon {
 
 namespace {
 
-/// A document in its two views: parsed, and as text in which every element has an end tag.
+/// Whether the tool that wrote @p text shortens empty fields; "/>" alone may stand in an author's text.
+bool hasShortForms(const QString &text)
+{
+    return text.contains(u"/>"_s) &&
+           std::any_of(padFields.begin(), padFields.end(), [&](const PadField &field) {
+               const QString open = u'<' + field.element;
+               return text.contains(open + u"/>") || text.contains(open + u" />");
+           });
+}
+
+/// A document in its two views: parsed, and as it stands, its elements then with an end tag each.
 class PadSource
 {
 public:
     explicit PadSource(const QString &text)
-        : m_xml(text), m_raw(text.contains(u"/>"_s) ? m_xml.serialised() : text)
+        : m_xml(text), m_raw(text.toUtf8()), m_hasShortForms(hasShortForms(text))
     {
     }
 
@@ -29,20 +39,37 @@ public:
         return m_xml.first(field.element);
     }
 
-    /// The text between the first start tag and the first end tag of the field's element, if there is one.
+    /// The text between the tags of the field's element, if there is one: the same element that value()
+    /// reads.
     [[nodiscard]] std::optional<QString> cutOut(const PadField &field) const
     {
         if (!holds(field))
             return std::nullopt;
         const QString open = u'<' + field.element + u'>';
-        const qsizetype start = m_raw.indexOf(open) + open.size();
-        const qsizetype end = m_raw.indexOf(u"</" + field.element + u'>');
-        return start < open.size() || end < start ? QString() : m_raw.sliced(start, end - start);
+        const QString close = u"</" + field.element + u'>';
+        const QString element =
+            m_hasShortForms ? m_xml.serialised(field.element) : source(field.element, open);
+        if (!element.startsWith(open) || !element.endsWith(close))
+            return QString();
+        return element.sliced(open.size()).chopped(close.size());
     }
 
 private:
+    /// The element as it stands. Start tags of its name that follow one another belong to its text.
+    [[nodiscard]] QString source(QStringView tag, const QString &open) const
+    {
+        const QByteArrayView element = firstElementSource(m_raw, tag.toUtf8());
+        if (element.isEmpty())
+            return {};
+        const QByteArrayView before(m_raw.cbegin(), element.begin());
+        const qsizetype neighbour = std::max<qsizetype>(before.lastIndexOf("</"), 0);
+        const qsizetype start = before.indexOf(open.toUtf8(), neighbour);
+        return QString::fromUtf8({start < 0 ? element.begin() : before.begin() + start, element.end()});
+    }
+
     TolerantXml m_xml;
-    QString m_raw;
+    QByteArray m_raw;
+    bool m_hasShortForms;
 };
 
 void loadText(const PadSource &source, const PadField &field, PadForm &form)

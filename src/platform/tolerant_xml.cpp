@@ -32,6 +32,27 @@ bool isElement(const pugi::xml_node &node)
     return node.type() == pugi::node_element;
 }
 
+QString serialisedNode(const pugi::xml_node &node)
+{
+    struct Writer final : pugi::xml_writer
+    {
+        void write(const void *data, size_t size) override
+        {
+            text.append(static_cast<const char *>(data), qsizetype(size));
+        }
+        QByteArray text;
+    } writer;
+    node.print(writer, "", pugi::format_raw | pugi::format_no_empty_element_tags, pugi::encoding_utf8);
+    // The parser writes a form feed as "&#12;"; here it stays what it was. Any other "&" is written "&amp;".
+    if (writer.text.contains("&#")) {
+        for (char c = 1; c < ' '; ++c) {
+            const QByteArray reference = "&#" + QByteArray::number(c).rightJustified(2, '0') + ';';
+            writer.text.replace(reference, QByteArray(1, c));
+        }
+    }
+    return QString::fromUtf8(writer.text);
+}
+
 } // namespace
 
 /// What is known of the elements of one name.
@@ -94,25 +115,12 @@ int TolerantXml::count(QStringView tag) const
 
 QString TolerantXml::serialised() const
 {
-    struct Writer final : pugi::xml_writer
-    {
-        void write(const void *data, size_t size) override
-        {
-            text.append(static_cast<const char *>(data), qsizetype(size));
-        }
-        QByteArray text;
-    } writer;
-    m_document->save(writer, "",
-                     pugi::format_raw | pugi::format_no_declaration | pugi::format_no_empty_element_tags,
-                     pugi::encoding_utf8);
-    // The parser writes a form feed as "&#12;"; here it stays what it was. Any other "&" is written "&amp;".
-    if (writer.text.contains("&#")) {
-        for (char c = 1; c < ' '; ++c) {
-            const QByteArray reference = "&#" + QByteArray::number(c).rightJustified(2, '0') + ';';
-            writer.text.replace(reference, QByteArray(1, c));
-        }
-    }
-    return QString::fromUtf8(writer.text);
+    return serialisedNode(*m_document);
+}
+
+QString TolerantXml::serialised(QStringView tag) const
+{
+    return serialisedNode(m_index.value(tag.toUtf8()).node);
 }
 
 QString TolerantXml::stringValue(const pugi::xml_node &node)

@@ -41,6 +41,9 @@ public:
     /// The elements as text, every empty one as a start and an end tag; empty without elements.
     [[nodiscard]] QString serialised() const;
 
+    /// The element whose value first() gives, as such text; empty without one.
+    [[nodiscard]] QString serialised(QStringView tag) const;
+
     /// The tree itself, for callers that walk all of it.
     [[nodiscard]] const pugi::xml_document &document() const { return *m_document; }
 

@@ -28,8 +28,10 @@ using namespace quillon;
 
 namespace {
 
-/// The home folder that the command line names, or the user's own.
-QString homeFolder(const QApplication &application)
+constexpr int wrongUsage = 2;
+
+/// The home folder that the command line names, or the user's own; none, with a message, for an empty name.
+std::optional<QString> homeFolder(const QApplication &application)
 {
     QCommandLineParser parser;
     parser.setApplicationDescription(u"Keeps, checks and submits the PAD files of your software titles."_s);
@@ -39,6 +41,10 @@ QString homeFolder(const QApplication &application)
                                   QDir::homePath());
     parser.addOption(home);
     parser.process(application);
+    if (parser.value(home).isEmpty()) {
+        std::fputs("--home needs the name of a folder.\n", stderr);
+        return std::nullopt;
+    }
     return QDir(parser.value(home)).absolutePath();
 }
 
@@ -54,9 +60,11 @@ int main(int argc, char *argv[])
     QApplication::setDesktopFileName(u"quillon"_s);
     QApplication::setWindowIcon(QIcon(u":/icons/quillon.svg"_s));
 
-    const QString home = homeFolder(application);
-    setSettingsHome(home);
-    setDataFolder(home);
+    const std::optional<QString> home = homeFolder(application);
+    if (!home)
+        return wrongUsage;
+    setSettingsHome(*home);
+    setDataFolder(*home);
     AddDeleteImportEdit::checkAppSuppExists(); // The lock lies in the data folder.
     const DataFolderLock lock;
     if (lock.state() == DataFolderLock::State::HeldByAnother) {

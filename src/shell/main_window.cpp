@@ -115,7 +115,7 @@ void MainWindow::buildActions()
               [this] { m_commands.helpAction(); });
     newAction(u"bugReport"_s, u"Report a &Bug"_s, u"bug-report"_s, {},
               [this] { m_commands.bugReportAction(); });
-    newAction(u"about"_s, u"&About Quillon"_s, {}, {}, [this] { openAboutPanel(); });
+    newAction(u"about"_s, u"&About Quillon"_s, {}, {}, [this] { openAboutPanelAction(); });
     newAction(u"Overview"_s, u"Overview"_s, u"OverviewTBI"_s, u"Ctrl+1"_s,
               [this] { m_toolbarControl.overviewTBI(); });
     newAction(u"Edit"_s, u"Edit"_s, u"EditTBI"_s, u"Ctrl+2"_s, [this] { m_toolbarControl.editTBI(); });
@@ -248,7 +248,7 @@ void MainWindow::editField(const QString &key)
         m_editView->revealField(*field);
 }
 
-void MainWindow::openAboutPanel()
+void MainWindow::openAboutPanelAction()
 {
     auto *panel = new QMessageBox(this);
     panel->setAttribute(Qt::WA_DeleteOnClose);

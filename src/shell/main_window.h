@@ -49,7 +49,7 @@ private:
     void showFailedWrites();
     void showImportProgress(int done, int total);
     void editField(const QString &key);
-    void openAboutPanel();
+    void openAboutPanelAction();
     QAction *newAction(const QString &name, const QString &text, const QString &icon,
                        const QKeySequence &shortcut, std::function<void()> run);
 

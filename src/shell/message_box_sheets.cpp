@@ -32,6 +32,14 @@ QStringList nameFilters(const FileRequest &request)
     return {u"%1 files (%2 %3)"_s.arg(request.extension.toUpper(), pattern, pattern.toUpper()), all};
 }
 
+/// @p path with the extension that @p request asks for. The dialog adds it to names without a point only.
+QString withExtension(const QString &path, const FileRequest &request)
+{
+    const QString ending = u'.' + request.extension;
+    const bool isNamedSo = request.extension.isEmpty() || path.endsWith(ending, Qt::CaseInsensitive);
+    return isNamedSo ? path : QString(path + ending);
+}
+
 /// Makes @p dialog ask for what @p request says, beginning in the folder of the last one, and see to its own
 /// end.
 void prepare(QFileDialog &dialog, const FileRequest &request)
@@ -129,8 +137,23 @@ void MessageBoxSheets::chooseFiles(SheetWindow window, const FileRequest &reques
 void MessageBoxSheets::chooseSaveFile(SheetWindow window, const FileRequest &request, FileChosen chosen)
 {
     QFileDialog *dialog = newChooser(widget(window), request, QFileDialog::AcceptSave);
-    dialog->selectFile(request.proposedName);
-    QObject::connect(dialog, &QFileDialog::fileSelected, dialog, std::move(chosen));
+    dialog->selectFile(withExtension(request.proposedName, request));
+    const auto take = [this, window, request, chosen = std::move(chosen)](const QString &path) {
+        const QString file = withExtension(path, request);
+        if (file == path || !QFileInfo::exists(file)) {
+            chosen(file);
+            return;
+        }
+        // The dialog has asked for the name as it was typed.
+        const Alert question{
+            u"“%1” already exists. Do you want to replace it?"_s.arg(QFileInfo(file).fileName()),
+            u"What it holds now will be lost."_s, u"Replace"_s, u"Cancel"_s};
+        show(window, question, [chosen, file](AlertAnswer answer) {
+            if (answer == AlertAnswer::Default)
+                chosen(file);
+        });
+    };
+    QObject::connect(dialog, &QFileDialog::fileSelected, dialog, take);
     dialog->open();
 }
 

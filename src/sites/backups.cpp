@@ -64,8 +64,6 @@ QString copySiteLists(const FolderHandle &folder)
 QString makeSitesBackup(const QString &to, Existing existing)
 {
     const QFileInfo place(QDir::cleanPath(QFileInfo(to).absoluteFilePath()));
-    if (QString reason = refusal(to, sitesExtension, existing); !reason.isEmpty())
-        return reason;
     auto staged = StagedFolder::in(place.path());
     if (const auto *const reason = std::get_if<QString>(&staged))
         return *reason;
@@ -128,6 +126,11 @@ BackupResult backupSites(const QString &to, Existing existing)
         entries += int(site_list::read(list).value_or(StringDictionary()).size());
     if (entries == 0)
         return {BackupResult::Nothing, 0, 0, nothingToBackup};
+    if (const QString reason = refusal(to, sitesExtension, existing); !reason.isEmpty()) {
+        BackupResult refused = failed(backupFailed, reason);
+        refused.outcome = BackupResult::Refused;
+        return refused;
+    }
     const QString reason = makeSitesBackup(to, existing);
     if (reason.isEmpty())
         return {BackupResult::Done, entries, 0, backupSucceeded};

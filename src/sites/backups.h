@@ -15,6 +15,7 @@ struct BackupResult
     {
         Done,
         Nothing,  ///< There was nothing to back up, and nothing was made.
+        Refused,  ///< No backup may be made there; the details say why.
         Failed,   ///< The details say why.
         Cancelled ///< What was begun is removed.
     };

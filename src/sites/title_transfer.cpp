@@ -144,6 +144,7 @@ public:
         , m_replace(existing == backups::Existing::Replace)
     {
         m_failure = backups::refusal(to, backups::titlesExtension, existing);
+        m_isRefused = !m_failure.isEmpty();
         if (m_failure.isEmpty())
             open(mwqnAppSuppLoc, QFileInfo(m_place).path());
         if (m_failure.isEmpty())
@@ -161,7 +162,12 @@ public:
         if (m_failure.isEmpty())
             return {BackupResult::Done, int(m_copied.size()), 0, backups::backupSucceeded, {}, details()};
         qCWarning(log).noquote() << m_failure;
-        return {BackupResult::Failed, 0, 0, backups::backupFailed, {}, details()};
+        return {m_isRefused ? BackupResult::Refused : BackupResult::Failed,
+                0,
+                0,
+                backups::backupFailed,
+                {},
+                details()};
     }
 
 private:
@@ -169,6 +175,7 @@ private:
 
     QString m_place;
     bool m_replace;
+    bool m_isRefused = false;
 };
 
 class TitleRestore final : public Transfer

@@ -38,26 +38,6 @@ QString inFolder(const QString &folder, QStringView fileName)
     return folder + u'/' + fileName;
 }
 
-/// Makes @p folder unless it is there.
-bool ensureFolder(const QString &folder)
-{
-    if (QFileInfo(folder).isDir())
-        return true;
-    if (const auto error = atomic_file::makeFolder(folder)) {
-        reportFailure(error->path, error->reason);
-        return false;
-    }
-    forgetFailures(folder);
-    return true;
-}
-
-bool storeTitle(const QString &folder, const QByteArray &summary, const QByteArray &pad)
-{
-    return ensureFolder(folder) && storeFile(inFolder(folder, title_folder::summaryFile), summary) &&
-           storeFile(inFolder(folder, title_folder::padFile), pad) &&
-           storeFile(inFolder(folder, title_folder::errorLog), property_list::emptyText());
-}
-
 /// Removes whatever is at @p path, without following a link.
 bool removeAll(const QString &path)
 {
@@ -65,17 +45,48 @@ bool removeAll(const QString &path)
     return info.isDir() && !info.isSymLink() ? QDir(path).removeRecursively() : QFile::remove(path);
 }
 
+QString dataFolder()
+{
+    return QDir::cleanPath(mwqnAppSuppLoc);
+}
+
+/// Makes the title's folder unless it is there, and its three files. Of a new title that could not be made
+/// whole nothing stays; that is then the data folder's failure, which the next title that is made mends.
+bool storeTitle(const QString &folder, const QByteArray &summary, const QByteArray &pad)
+{
+    const QFileInfo there(folder);
+    const bool isNew = !there.exists() && !there.isSymLink();
+    std::optional<atomic_file::WriteError> error;
+    if (!there.isDir())
+        error = atomic_file::makeFolder(folder);
+    const std::pair<QStringView, QByteArray> files[] = {{title_folder::summaryFile, summary},
+                                                        {title_folder::padFile, pad},
+                                                        {title_folder::errorLog, property_list::emptyText()}};
+    for (const auto &[fileName, bytes] : files) {
+        if (!error)
+            error = atomic_file::write(inFolder(folder, fileName), bytes);
+    }
+    if (!error) {
+        forgetFailures(folder);
+        forgetFailure(dataFolder());
+        return true;
+    }
+    if (isNew)
+        removeAll(folder);
+    reportFailure(dataFolder(), u"%1: %2"_s.arg(there.fileName(), error->reason));
+    return false;
+}
+
 } // namespace
 
 void AddDeleteImportEdit::checkAppSuppExists()
 {
-    const QString folder = QDir::cleanPath(mwqnAppSuppLoc);
     const bool isNew = !QFileInfo::exists(mwqnAppSuppLoc);
     if (isNew && !QDir().mkpath(mwqnAppSuppLoc)) {
-        reportFailure(folder, u"the data folder could not be made"_s);
+        reportFailure(dataFolder(), u"the data folder could not be made"_s);
         return;
     }
-    forgetFailure(folder);
+    forgetFailure(dataFolder());
     if (!isNew)
         return;
     for (const QStringView siteList : {site_list::userSites, site_list::ignoredSites})
@@ -89,9 +100,7 @@ bool AddDeleteImportEdit::createNewListing(const QString &name)
         return false;
     if (title_folder::exists(name))
         return true;
-    if (!storeTitle(*folder, summary_file::emptyText().toUtf8(), pad_writer::skeleton()))
-        removeAll(*folder); // Nothing of a title that could not be made whole stays.
-    return title_folder::exists(name);
+    return storeTitle(*folder, summary_file::emptyText().toUtf8(), pad_writer::skeleton());
 }
 
 bool AddDeleteImportEdit::importExistingFile(const QString &name, const QByteArray &content)
@@ -99,11 +108,7 @@ bool AddDeleteImportEdit::importExistingFile(const QString &name, const QByteArr
     const std::optional<QString> folder = title_folder::path(name);
     if (!folder)
         return false;
-    const bool isNew = !title_folder::exists(name);
-    const bool stored = storeTitle(*folder, summary_file::textForImport(content).toUtf8(), content);
-    if (!stored && isNew)
-        removeAll(*folder);
-    return stored;
+    return storeTitle(*folder, summary_file::textForImport(content).toUtf8(), content);
 }
 
 std::optional<QByteArray> AddDeleteImportEdit::returnDataObjectFor(QStringView key)

@@ -14,7 +14,7 @@ namespace quillon {
  *
  * All operations work on the data folder; none keeps anything between calls. A name that could lead out of
  * the data folder makes an operation fail with nothing touched. Failures to write are kept in
- * mwqnFailedWrites.
+ * mwqnFailedWrites; those of a title that could not be made as the data folder's.
  */
 class AddDeleteImportEdit
 {

@@ -7,7 +7,9 @@
 namespace quillon {
 
 ErrorPass::ErrorPass(const std::optional<QByteArray> &log)
-    : m_log(log.value_or(QByteArray())), m_errors(property_list::read(m_log)), m_original(m_errors)
+    : m_log(log.value_or(QByteArray()))
+    , m_original(property_list::read(m_log))
+    , m_errors(m_original.value_or(StringDictionary()))
 {
 }
 
@@ -18,22 +20,21 @@ ErrorPass ErrorPass::ofSelectedTitle()
 
 void ErrorPass::setHasError(const QString &key, const QString &message)
 {
-    if (m_errors && !key.isNull() && !message.isNull())
-        (*m_errors)[key] = message;
+    if (!key.isNull() && !message.isNull())
+        m_errors[key] = message;
 }
 
 void ErrorPass::setNoError(const QString &key)
 {
-    if (m_errors)
-        m_errors->erase(key);
+    m_errors.erase(key);
 }
 
 void ErrorPass::store() const
 {
-    if (!m_errors)
+    if (!m_original)
         return;
-    if (m_errors != m_original)
-        AddDeleteImportEdit::writeErrors(*m_errors);
+    if (m_errors != *m_original)
+        AddDeleteImportEdit::writeErrors(m_errors);
     else if (!mwqnFailedWrites.isEmpty())
         AddDeleteImportEdit::writeToFile(u"error", m_log); // The log is as it should be: that is no failure.
 }

@@ -13,8 +13,8 @@ namespace quillon {
  * An error log while many fields are judged: read once at the start, changed in memory, stored once at the
  * end.
  *
- * A log that is missing or unreadable takes no errors and is never written, so that it is not made anew
- * behind the back of whoever removed it.
+ * A log that is missing or unreadable is never written, so that it is not made anew behind the back of
+ * whoever removed it: the errors are then known to the pass alone.
  */
 class ErrorPass
 {
@@ -23,7 +23,7 @@ public:
     static ErrorPass ofSelectedTitle();
 
     /// Begins with no errors and belongs to no title: for a form that is judged but not stored.
-    ErrorPass() : m_errors(StringDictionary()), m_original(m_errors) {}
+    ErrorPass() = default;
 
     /// Records @p message for the field @p key, in place of an earlier one. A null key or message does
     /// nothing.
@@ -32,8 +32,12 @@ public:
     /// Removes the message of the field @p key, if it has one.
     void setNoError(const QString &key);
 
-    /// Message by field key; empty when the log is unreadable.
-    [[nodiscard]] StringDictionary errors() const { return m_errors.value_or(StringDictionary()); }
+    /// Message by field key, whether or not there is a log to hold it.
+    [[nodiscard]] const StringDictionary &errors() const { return m_errors; }
+
+    /// Whether the log holds no message once the pass is stored; one that is missing or unreadable never
+    /// does.
+    [[nodiscard]] bool isLogEmpty() const { return !m_original || m_errors.empty(); }
 
     /// Replaces the selected title's log, unless nothing in it has changed. Failures are kept in
     /// mwqnFailedWrites, until a later pass finds the log as it should be.
@@ -43,8 +47,8 @@ private:
     explicit ErrorPass(const std::optional<QByteArray> &log);
 
     QByteArray m_log; ///< As it was read.
-    std::optional<StringDictionary> m_errors;
-    std::optional<StringDictionary> m_original;
+    std::optional<StringDictionary> m_original = StringDictionary();
+    StringDictionary m_errors;
 };
 
 } // namespace quillon

@@ -27,13 +27,18 @@ bool mayReplace(const QString &path)
 
 } // namespace
 
+std::optional<StringDictionary> stored(QStringView fileName)
+{
+    const auto bytes = atomic_file::read(mwqnAppSuppLoc + fileName);
+    return bytes ? property_list::read(*bytes) : std::nullopt;
+}
+
 std::optional<StringDictionary> read(QStringView fileName)
 {
     const QString path = mwqnAppSuppLoc + fileName;
     if (!QFileInfo::exists(path))
         storeFile(path, property_list::emptyText());
-    const auto bytes = atomic_file::read(path);
-    return bytes ? property_list::read(*bytes) : std::nullopt;
+    return stored(fileName);
 }
 
 bool write(QStringView fileName, const StringDictionary &sites)

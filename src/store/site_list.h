@@ -15,6 +15,10 @@ inline constexpr QStringView userSites = u"sites.qnrc";
 /// Default sites that the author removed or replaced by an edited copy.
 inline constexpr QStringView ignoredSites = u"ignore.qnrc";
 
+/// The sites in the file @p fileName of the data folder; none when it is missing, no dictionary or cannot be
+/// read.
+std::optional<StringDictionary> stored(QStringView fileName);
+
 /// The sites in the file @p fileName of the data folder, which is made empty where it is missing. None when
 /// the file is no dictionary or cannot be read.
 std::optional<StringDictionary> read(QStringView fileName);

@@ -63,13 +63,16 @@ void forgetFailures(const QString &path)
         announce();
 }
 
+QString failedWriteLine(const QString &path)
+{
+    return u"Not stored: %1 (%2)"_s.arg(path, mwqnFailedWrites.value(path));
+}
+
 QString failedWritesLine()
 {
     if (mwqnFailedWrites.isEmpty())
         return {};
-    const auto &path = mwqnFailedWrites.firstKey();
-    const auto &reason = mwqnFailedWrites.first();
-    const QString line = u"Not stored: %1 (%2)"_s.arg(path, reason);
+    const QString line = failedWriteLine(mwqnFailedWrites.firstKey());
     const qsizetype others = mwqnFailedWrites.size() - 1;
     return others == 0 ? line : u"%1, and %2 more"_s.arg(line, QString::number(others));
 }

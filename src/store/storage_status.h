@@ -21,6 +21,9 @@ void forgetFailure(const QString &path);
 /// Forgets the failures of @p path and of all below it, because they are mended or their subject is gone.
 void forgetFailures(const QString &path);
 
+/// What the author should know of the failed write of @p path.
+QString failedWriteLine(const QString &path);
+
 /// What the author should know of failed writes, one line; empty when everything is stored.
 QString failedWritesLine();
 

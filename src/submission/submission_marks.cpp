@@ -3,6 +3,7 @@
 #include "platform/text_decoding.h"
 #include "platform/tolerant_xml.h"
 #include "store/add_delete_import_edit.h"
+#include "store/summary_file.h"
 
 #include <QStringList>
 
@@ -146,6 +147,12 @@ QString withoutMark(const QString &summary, const QString &site)
         work.replace(versions.source, elementText(versionsTag, rest));
     }
     return work.replace(u",<"_s, u"<"_s).replace(u">,"_s, u">"_s).replace(u",,"_s, u","_s);
+}
+
+bool canBeKept(const QString &site)
+{
+    const QString marked = withMark(summary_file::emptyText(), site);
+    return summary_file::parse(marked.toUtf8()).siteList().contains(site);
 }
 
 bool markSubmitted(const QString &site)

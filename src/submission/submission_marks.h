@@ -19,6 +19,9 @@ QString withMark(const QString &summary, const QString &site);
 /// commas and commas beside a tag go from the whole text. Without such a mark the text is as it was.
 QString withoutMark(const QString &summary, const QString &site);
 
+/// Whether a mark for @p site reads as that site afterwards; not one with a comma or markup in its name.
+bool canBeKept(const QString &site);
+
 /// Marks @p site in the selected title's summary file. False when that cannot be read or stored.
 bool markSubmitted(const QString &site);
 

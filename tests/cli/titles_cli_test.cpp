@@ -42,8 +42,10 @@ TEST_F(TitlesCli, EachOutcomeHasItsStatusAndItsSentence)
         {{u"rename"_s, u"A"_s, u"Ä Ö"_s}, 0, {}},
         {{u"import"_s, home() + u"/bad.xml"_s}, 3, notPad},
         {{u"import"_s, home() + u"/none.xml"_s}, 4, notPad},
+        {{u"import"_s, home()}, 4, notPad},
         {{u"export"_s, u"missing"_s, u"-"_s}, 3, "There is no title named missing."},
         {{u"export"_s, u"Ä Ö"_s, home() + u"/no/such/folder.xml"_s}, 4, "The PAD file export failed"},
+        {{u"export"_s, u"Ä Ö"_s, home()}, 4, "what has that name is no file"},
         {{u"show"_s, u"Ä Ö"_s, u"noSuchField"_s}, 2, "There is no field named noSuchField."},
         {{u"show"_s, u"missing"_s}, 3, "There is no title named missing."},
         {{u"delete"_s, u"../Quillon"_s}, 3, "There is no title named"},
@@ -104,7 +106,19 @@ TEST_F(TitlesCli, WritersWaitForTheOneThatHoldsTheFolder)
     const CliResult refused = cli({u"delete"_s, u"A"_s});
     EXPECT_EQ(refused.status, 3);
     EXPECT_TRUE(refused.messages.contains("Quillon is running"));
-    EXPECT_EQ(titles().size(), 1) << "reading needs no lock";
+    QDir().mkpath(inData(u"Old"_s));
+    put(inData(u"Old/Old.qnxmld"_s), "");
+    EXPECT_EQ(titles().size(), 1) << "reading needs no lock, and changes nothing without";
+}
+
+TEST_F(TitlesCli, ReadingMakesNoFolderAndNoneIsNoName)
+{
+    EXPECT_EQ(cli({u"list"_s}).status, 0);
+    EXPECT_EQ(cli({u"sites"_s}).output.count('\n'), 212);
+    EXPECT_EQ(names(home()), QStringList());
+    const CliResult nowhere = runCli({}, {u"list"_s});
+    EXPECT_EQ(nowhere.status, 2);
+    EXPECT_TRUE(nowhere.messages.contains("--home needs the name of a folder."));
 }
 
 TEST_F(TitlesCli, ADataFolderThatIsAFileIsToldAndLeftAlone)
@@ -112,7 +126,7 @@ TEST_F(TitlesCli, ADataFolderThatIsAFileIsToldAndLeftAlone)
     QDir().mkpath(home() + u"/Library/Application Support/Marrowick"_s);
     put(home() + u"/Library/Application Support/Marrowick/Quillon"_s, "precious");
     EXPECT_EQ(cli({u"new"_s, u"A"_s}).status, 4);
-    EXPECT_TRUE(titles().isEmpty());
+    EXPECT_EQ(cli({u"list"_s}).status, 4);
     EXPECT_EQ(contents(home() + u"/Library/Application Support/Marrowick/Quillon"_s), "precious");
 }
 

@@ -164,6 +164,7 @@ TEST_F(EditorTest, DoesNotMakeALogThatIsMissingOrUnreadable)
         removed ? QFile::remove(path(title_folder::errorLog)) : put(path(title_folder::errorLog), "<plist>");
         editor.typed(companyName, u"A"_s);
         EXPECT_EQ(stored(title_folder::errorLog), removed ? "(no such file)" : "<plist>");
+        EXPECT_EQ(editor.errors().at(u"companyName"_s), u"The company name is too short."_s);
         EXPECT_EQ(summary().validated, u"1"_s);
     }
 }

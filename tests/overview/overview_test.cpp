@@ -145,9 +145,14 @@ TEST_F(OverviewTest, OlderLayoutIsConvertedOnceAndNothingElseOfItIsLost)
     put(inData(u"Old/notes.txt"_s), "keep me");
     QDir().mkpath(inData(u"Stray"_s));
     put(inData(u"Stray/other.qnxmld"_s), "not a title of this folder's name");
+    QDir().mkpath(inData(u"deep/Old"_s));
+    put(inData(u"deep/Old/Old.qnxmld"_s), summaryText(u"3.0"_s, {}, {}));
+    QDir().mkpath(inData(u"deep/Title.qndata"_s));
     overview.loadSoftwareList();
 
-    EXPECT_EQ(overview.softwareTable().swNameArray(), QStringList{u"Old"_s});
+    EXPECT_EQ(overview.softwareTable().swNameArray(), QStringList{u"Old"_s})
+        << "nothing in another folder can be opened as a title";
+    EXPECT_TRUE(QFile::exists(inData(u"deep/Old/Old.qnxmld"_s)));
     EXPECT_EQ(cell(0, SoftwareTable::Version), u"3.0"_s);
     EXPECT_EQ(contents(inData(u"Old.qndata/data.qnxml"_s)), "<pad/>");
     EXPECT_FALSE(QFile::exists(inData(u"Old/Old.qnxmld"_s)));
@@ -279,7 +284,7 @@ TEST_F(OverviewTest, OneImportTellsItsFindingsAfterADelay)
     EXPECT_TRUE(sheets.alerts.last().details[0].contains(u"Program_Type: “Freemium”"_s));
     EXPECT_TRUE(sheets.alerts.last().details[1].contains(u"RoboSoft"_s));
 
-    commands.processImportedFiles({fileAt(u"b.xml"_s, "no marker")});
+    commands.processImportedFile({fileAt(u"b.xml"_s, "no marker")});
     calls.pass(resultDelay);
     EXPECT_EQ(sheets.lastMessage(),
               u"The file you selected does not appear to be a valid PAD file and cannot be imported."_s);
@@ -290,7 +295,7 @@ TEST_F(OverviewTest, SeveralImportsAskForNamesAfterwards)
     const QStringList files = {fileAt(u"1.xml"_s, pad(u"One"_s)), fileAt(u"2.xml"_s, pad(u"One"_s)),
                                fileAt(u"3.xml"_s, pad(u"  "_s)),  fileAt(u"4.xml"_s, pad(u"a/b"_s)),
                                fileAt(u"5.xml"_s, "garbage"),     home() + u"/missing.xml"_s};
-    commands.processImportedFiles(files);
+    commands.processImportedFile(files);
     calls.pass(std::chrono::milliseconds(0));
     EXPECT_EQ(overview.softwareTable().swNameArray(), QStringList{u"One"_s});
     calls.pass(resultDelay);
@@ -314,10 +319,13 @@ TEST_F(OverviewTest, SeveralImportsAskForNamesAfterwards)
             EXPECT_EQ(sheets.lastMessage(), u"Import Successful"_s);
             sheets.answer(AlertAnswer::Default);
         }
+        if (at == 0) // Files that are dropped meanwhile do not push the waiting ones out.
+            commands.processImportedFile({fileAt(u"late.xml"_s, pad(u"Late"_s))});
     }
     calls.pass(resultDelay);
     EXPECT_FALSE(commands.namePanel());
-    EXPECT_EQ(overview.softwareTable().swNameArray(), QStringList({u"Name 0"_s, u"Name 2"_s, u"One"_s}));
+    EXPECT_EQ(overview.softwareTable().swNameArray(),
+              QStringList({u"Late"_s, u"Name 0"_s, u"Name 2"_s, u"One"_s}));
 }
 
 TEST_F(OverviewTest, ExportEscapesOnlyTheFreeStandingAmpersand)
@@ -326,10 +334,13 @@ TEST_F(OverviewTest, ExportEscapesOnlyTheFreeStandingAmpersand)
     select(u" T "_s);
     put(inData(u" T .qndata/data.qnxml"_s), "Tom & Jerry, Tom&Jerry, a &amp; b");
     const QString target = home() + u"/out.xml"_s;
-    sheets.filesToChoose = {target};
+    const QString link = home() + u"/link.xml"_s;
+    ASSERT_TRUE(put(target, "old") && QFile::link(target, link));
+    sheets.filesToChoose = {link};
     commands.exportButtonAction();
     EXPECT_EQ(sheets.requests.last().proposedName, u"T"_s);
     EXPECT_EQ(contents(target), "Tom &amp; Jerry, Tom&Jerry, a &amp; b");
+    EXPECT_TRUE(QFileInfo(link).isSymLink());
     calls.pass(resultDelay);
     EXPECT_EQ(sheets.lastMessage(), u"PAD file export successful"_s);
 
@@ -339,6 +350,7 @@ TEST_F(OverviewTest, ExportEscapesOnlyTheFreeStandingAmpersand)
     EXPECT_EQ(sheets.lastMessage(), u"The PAD file export failed with an unknown error"_s);
     EXPECT_EQ(contents(target), "Tom &amp; Jerry, Tom&Jerry, a &amp; b")
         << "a failed export leaves the old file";
+    EXPECT_TRUE(mwqnFailedWrites.isEmpty()) << "what is exported is none of the stored files";
 }
 
 } // namespace

@@ -81,14 +81,24 @@ TEST(PadReaderTest, TheCheckBoxIsOnForAnyWordButN)
     }
 }
 
-TEST(PadReaderTest, ATextThatCannotBeCutOutIsEmpty)
+TEST(PadReaderTest, ALongTextIsCutOutBetweenItsOwnTags)
 {
-    for (const QByteArray element : {"<EULA lang='en'>text</EULA>", "<EULA >text</EULA>",
-                                     "<EULA>text</EULA >", "</EULA><EULA>text</EULA>"}) {
+    // What stands in the file before and around the licence, and how the licence reads.
+    const std::pair<QByteArray, QString> cases[] = {
+        {"<EULA lang='en'>text</EULA>", u""_s},
+        {"<EULA >text</EULA>", u""_s},
+        {"<EULA>text</EULA >", u""_s},
+        {"<Keywords>a <EULA> b</Keywords><EULA>text</EULA>", u"text"_s},
+        {"<Keywords></EULA> a</Keywords><EULA>text</EULA>", u"text"_s},
+        {"<Keywords>a <EULA> b</Keywords><Address_2/><EULA>1 &lt; 2</EULA>", u"1 &lt; 2"_s},
+        {"<Keywords>a <EULA> b</Keywords><EULA>c <EULA> d <EULA> e</EULA>", u"c <EULA> d <EULA> e"_s},
+        {"<Keywords>a<br/>b</Keywords><EULA>Tom & Jerry, 1 > 0</EULA>", u"Tom & Jerry, 1 > 0"_s},
+        {"<Address_2 /><EULA>Tom & Jerry, 1 > 0</EULA>", u"Tom &amp; Jerry, 1 &gt; 0"_s}};
+    for (const auto &[elements, expected] : cases) {
         PadForm form;
         form.text(FieldId::eula).setText(u"of another title"_s);
-        loadPADData("<r>" + element + "</r>", form);
-        EXPECT_EQ(form.value(FieldId::eula), QString()) << element.toStdString();
+        loadPADData("<r>" + elements + "</r>", form);
+        EXPECT_EQ(form.value(FieldId::eula), expected) << elements.toStdString();
     }
 }
 

@@ -85,19 +85,24 @@ protected:
         QTest::mouseClick(table->viewport(), Qt::LeftButton, {},
                           table->visualRect(table->model()->index(row, 0)).center());
     }
-    void drop(const QStringList &paths)
+    /// Whether the list takes files that are dragged over it; @p data gets their @p paths.
+    static bool drag(const QStringList &paths, QMimeData &data)
     {
-        QMimeData data;
         QList<QUrl> urls;
         for (const QString &path : paths)
             urls.append(QUrl::fromLocalFile(path));
         data.setUrls(urls);
         auto *view = visible<QWidget>(u"overviewView"_s);
-        const QPoint middle = view->rect().center();
-        QDragEnterEvent enter(middle, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QDragEnterEvent enter(view->rect().center(), Qt::CopyAction, &data, Qt::LeftButton, {});
         QApplication::sendEvent(view, &enter);
-        EXPECT_TRUE(enter.isAccepted());
-        QDropEvent event(middle, Qt::CopyAction, &data, Qt::LeftButton, {});
+        return enter.isAccepted();
+    }
+    static void drop(const QStringList &paths)
+    {
+        QMimeData data;
+        EXPECT_TRUE(drag(paths, data));
+        auto *view = visible<QWidget>(u"overviewView"_s);
+        QDropEvent event(view->rect().center(), Qt::CopyAction, &data, Qt::LeftButton, {});
         QApplication::sendEvent(view, &event);
     }
     QString padFile(const QString &name)
@@ -127,14 +132,27 @@ TEST_F(MainWindowTest, ATitleFromItsCreationToItsEnd)
 
     clickTitle(0);
     EXPECT_EQ(mwqnSelSW, u"First <b>title"_s);
+    for (const bool enabled : {false, true}) {
+        enabled ? program().overview.fileMenu().enableAll() : program().overview.fileMenu().disableAll();
+        for (const QString &button : {u"importButton"_s, u"renameButton"_s, u"deleteButton"_s})
+            EXPECT_EQ(visible<QPushButton>(button)->isEnabled(), enabled) << button.toStdString();
+        QMimeData data;
+        EXPECT_EQ(drag({home()}, data), enabled);
+    }
     press(u"renameButton"_s);
     typeName(u"Second"_s);
     EXPECT_EQ(titles(), QStringList{u"Second"_s});
 
     clickTitle(0);
-    const QString exported = home() + u"/out.xml"_s;
-    press(u"exportButton"_s);
-    chooseFile(exported);
+    const QString exported = home() + u"/Second 1.0.xml"_s;
+    put(exported, "old");
+    for (const auto &[answer, replaced] : {std::pair{u"Cancel"_s, false}, std::pair{u"Replace"_s, true}}) {
+        press(u"exportButton"_s);
+        EXPECT_EQ(visible<QLineEdit>(u"fileNameEdit"_s)->text(), u"Second.xml"_s);
+        chooseFile(home() + u"/Second 1.0"_s);
+        EXPECT_EQ(answerAlert(answer), u"“Second 1.0.xml” already exists. Do you want to replace it?"_s);
+        EXPECT_EQ(contents(exported) != "old", replaced);
+    }
     EXPECT_EQ(answerAlert(u"OK"_s), u"PAD file export successful"_s);
     EXPECT_EQ(contents(exported), contents(inData(u"Second.qndata/data.qnxml"_s)));
 

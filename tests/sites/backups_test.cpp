@@ -194,7 +194,7 @@ TEST_F(Backups, ReplaceOnlyWhatTheAuthorAgreedToAndOnlyWhenComplete)
     const QMap<QString, QString> before = tree(home());
     for (const Case &each : refused) {
         const BackupResult result = backups::backupTitles(each.to, each.existing);
-        EXPECT_EQ(result.outcome, BackupResult::Failed) << each.to.toStdString();
+        EXPECT_EQ(result.outcome, BackupResult::Refused) << each.to.toStdString();
         EXPECT_EQ(result.sentence, u"The backup failed  with an unknown error");
         EXPECT_EQ(result.details.size(), 1);
         EXPECT_EQ(tree(home()), before) << each.to.toStdString();
@@ -206,7 +206,7 @@ TEST_F(Backups, ReplaceOnlyWhatTheAuthorAgreedToAndOnlyWhenComplete)
     makeTitle(u"A"_s);
     const QMap<QString, QString> held = tree(home());
     EXPECT_EQ(backups::backupTitles(place(u"holder.swback"_s), Existing::Replace).outcome,
-              BackupResult::Failed);
+              BackupResult::Refused);
     EXPECT_EQ(tree(home()), held) << "the data folder cannot be replaced by its backup";
     mwqnAppSuppLoc = whole;
 
@@ -265,8 +265,9 @@ TEST_F(Backups, OfSitesAreCopiesAndComeBackUnderThePresentEntries)
     EXPECT_EQ(backups::backupSites(to, Existing::Refuse).sentence, u"The backup was successful");
     QMap<QString, QString> expected = tree(mwqnAppSuppLoc);
     EXPECT_EQ(tree(to + u'/'), expected);
-    EXPECT_EQ(backups::backupSites(to, Existing::Refuse).sentence,
-              u"The backup failed  with an unknown error");
+    const BackupResult refused = backups::backupSites(to, Existing::Refuse);
+    EXPECT_EQ(refused.outcome, BackupResult::Refused);
+    EXPECT_EQ(refused.sentence, u"The backup failed  with an unknown error");
     EXPECT_EQ(backups::backupSites(to, Existing::Replace).outcome, BackupResult::Done);
 
     ASSERT_TRUE(site_list::write(site_list::userSites, {{u"A"_s, u"new"_s}, {u"C"_s, u"c"_s}}));
