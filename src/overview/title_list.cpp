@@ -42,15 +42,6 @@ Summary summaryIn(const std::optional<FolderHandle> &folder, const QString &name
     return bytes ? summary_file::parse(*bytes) : loadSummary(name);
 }
 
-/// Whether there can be a title @p name; says so in the log when not.
-bool isListed(const QString &name)
-{
-    const bool isUsable = title_folder::isUsableName(name);
-    if (!isUsable)
-        qCWarning(log).noquote() << "not a title's folder:" << name;
-    return isUsable;
-}
-
 /// Adds to @p found what lies in @p folder at every depth; @p path leads to it from the data folder, with "/"
 /// at its end, or is empty.
 void walk(const FolderHandle &folder, const QString &path, Found &found)
@@ -62,8 +53,7 @@ void walk(const FolderHandle &folder, const QString &path, Found &found)
             entry.kind == FolderHandle::Kind::Folder ? folder.openFolder(entry.name) : std::nullopt;
         if (place.endsWith(title_folder::extension) && place.size() > title_folder::extension.size()) {
             const QString name = place.chopped(title_folder::extension.size());
-            if (isListed(name))
-                found.titles.append({name, summaryIn(inside, name)});
+            found.titles.append({name, summaryIn(inside, name)});
         } else if (place.endsWith(oldSummaryExtension) && !parent.isEmpty() &&
                    !parent.endsWith(title_folder::extension)) {
             found.oldFolders.append(parent.toString());
@@ -117,7 +107,7 @@ QList<Title> loadTitles(OldLayout oldLayout)
     Found found = walkDataFolder();
     if (oldLayout == OldLayout::Convert && !found.oldFolders.isEmpty()) {
         for (const QString &folder : std::as_const(found.oldFolders)) {
-            if (isListed(folder))
+            if (title_folder::isUsableName(folder)) // Elsewhere no title could be opened.
                 convertOldFolder(folder);
         }
         found = walkDataFolder();

@@ -18,7 +18,7 @@ struct OfferedFile
 };
 
 /// Of a text, this many bytes are fetched and shown.
-inline constexpr qint64 longestShownText = 1024 * 1024;
+inline constexpr qint64 longestShownText = qint64(1024) * 1024;
 
 /// Whether files of the MIME type @p type can be read as text.
 bool isTextType(const QString &type);

