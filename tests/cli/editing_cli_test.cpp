@@ -1,5 +1,4 @@
 #include "support/command_line.h"
-#include "support/temporary_home.h"
 
 #include <QDirIterator>
 
@@ -8,29 +7,23 @@ using namespace Qt::StringLiterals;
 namespace quillon {
 namespace {
 
-class EditingCli : public TemporaryHome
+class EditingCli : public CommandLineTest
 {
 protected:
     void SetUp() override
     {
-        TemporaryHome::SetUp();
+        CommandLineTest::SetUp();
         ASSERT_EQ(cli({u"new"_s, u"T"_s}).status, 0);
     }
-    CliResult cli(const QStringList &arguments) const { return runCli(home(), arguments); }
     [[nodiscard]] QJsonObject field(const QString &name) const
     {
         return cli({u"show"_s, u"T"_s, name, u"--json"_s}).json()[u"fields"_s][0].toObject();
     }
-    /// Every file below the home folder with its bytes, but for the lock.
-    [[nodiscard]] QMap<QString, QByteArray> files() const
+    /// The data folder's files with their bytes, but for the lock.
+    [[nodiscard]] static QMap<QString, QByteArray> files()
     {
-        QMap<QString, QByteArray> all;
-        QDirIterator walk(mwqnAppSuppLoc, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
-        while (walk.hasNext()) {
-            const QString path = walk.next();
-            if (!path.endsWith(u".lock"_s))
-                all[path.sliced(mwqnAppSuppLoc.size())] = contents(path);
-        }
+        QMap<QString, QByteArray> all = tree(mwqnAppSuppLoc);
+        all.remove(u"quillon.lock"_s);
         return all;
     }
 };

@@ -1,18 +1,16 @@
 #include "store/data_folder_lock.h"
 #include "support/command_line.h"
-#include "support/temporary_home.h"
 
-#include <QDirIterator>
+#include <QDir>
 
 using namespace Qt::StringLiterals;
 
 namespace quillon {
 namespace {
 
-class TitlesCli : public TemporaryHome
+class TitlesCli : public CommandLineTest
 {
 protected:
-    [[nodiscard]] CliResult cli(const QStringList &arguments) const { return runCli(home(), arguments); }
     [[nodiscard]] QJsonArray titles() const { return cli({u"list"_s, u"--json"_s}).json().array(); }
 };
 
@@ -139,6 +137,7 @@ TEST_F(TitlesCli, RealFilesComeInAndGoOutAgain)
         GTEST_SKIP() << "the real PAD files are not beside the checkout: " << folder.path().toStdString();
     const QString second = home() + u"/second"_s;
     int imported = 0;
+    QSet<int> judgements;
     for (const QFileInfo &file : folder.entryInfoList({u"*.xml"_s}, QDir::Files)) {
         const CliResult first = cli({u"import"_s, file.filePath(), u"--as"_s, file.fileName()});
         const bool isPad = contents(file.filePath()).toLower().contains("<master_pad_version_info>");
@@ -146,13 +145,14 @@ TEST_F(TitlesCli, RealFilesComeInAndGoOutAgain)
         if (!isPad)
             continue;
         ++imported;
+        judgements.insert(cli({u"check"_s, file.filePath()}).status);
         const QString copy = home() + u"/copy.xml"_s;
         ASSERT_EQ(cli({u"export"_s, file.fileName(), copy}).status, 0);
         ASSERT_EQ(runCli(second, {u"import"_s, copy, u"--as"_s, file.fileName()}).status, 0);
         EXPECT_EQ(cli({u"show"_s, file.fileName(), u"--json"_s}).output,
                   runCli(second, {u"show"_s, file.fileName(), u"--json"_s}).output);
     }
-    EXPECT_GT(imported, 0);
+    EXPECT_EQ(judgements, QSet<int>({0, 1})) << "some have errors, and some have none";
     EXPECT_EQ(titles().size(), imported);
     EXPECT_EQ(titles(), runCli(second, {u"list"_s, u"--json"_s}).json().array());
 }

@@ -3,7 +3,6 @@
 #include "pad/pad_writer.h"
 #include "platform/notification_center.h"
 #include "platform/notifications.h"
-#include "store/add_delete_import_edit.h"
 #include "store/error_pass.h"
 #include "store/error_tracking.h"
 #include "store/summary_file.h"
@@ -15,7 +14,6 @@
 #include "validation/field_rules.h"
 
 #include <random>
-#include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
 
@@ -25,13 +23,12 @@ namespace {
 using enum FieldId;
 
 /// An editor with a new title loaded.
-class EditorTest : public TemporaryHome
+class EditorTest : public TemporaryDataFolder
 {
 protected:
     void SetUp() override
     {
-        TemporaryHome::SetUp();
-        AddDeleteImportEdit::checkAppSuppExists();
+        TemporaryDataFolder::SetUp();
         AddDeleteImportEdit::createNewListing(u"Title"_s);
         selectTitle(u"Title"_s);
         editor.awakeFromNib();
@@ -49,11 +46,8 @@ protected:
     {
         QList<ino_t> numbers;
         for (const QStringView file :
-             {title_folder::errorLog, title_folder::padFile, title_folder::summaryFile}) {
-            struct stat status = {};
-            ::stat(path(file).toUtf8().constData(), &status);
-            numbers.append(status.st_ino);
-        }
+             {title_folder::errorLog, title_folder::padFile, title_folder::summaryFile})
+            numbers.append(fileNumber(path(file)));
         return numbers;
     }
 
@@ -108,30 +102,6 @@ TEST_F(EditorTest, KeepsSubmissionMarksAndMendsASummaryWithoutFlag)
     EXPECT_TRUE(stored(title_folder::summaryFile).contains("\t<OTS_VALIDATED>0</OTS_VALIDATED>\n"));
 }
 
-TEST_F(EditorTest, AClickedRowIsStoredAtItsPlaceInTheList)
-{
-    EXPECT_EQ(editor.numberOfRows(languageTable), 139);
-    EXPECT_EQ(editor.numberOfRows(osTable), 33);
-    for (const int row : {2, 0, 1, 1, -1, 139})
-        editor.toggleRow(languageTable, row);
-    EXPECT_TRUE(editor.isRowTicked(languageTable, 0));
-    EXPECT_FALSE(editor.isRowTicked(languageTable, 1));
-    EXPECT_EQ(editor.rowTitle(languageTable, 2), u"Afrikaans"_s);
-    EXPECT_TRUE(
-        stored(title_folder::padFile).contains("<Program_Language>Abkhazian,Afrikaans</Program_Language>"));
-    EXPECT_EQ(log().count(u"languageTable"_s), 0U);
-}
-
-TEST_F(EditorTest, TellsOfAnImpossibleYear)
-{
-    editor.typed(expireDateYear, u"2012"_s);
-    EXPECT_EQ(editor.form().value(expireDateYear), u"20"_s);
-    editor.controlTextDidEndEditing(expireDateYear);
-    EXPECT_EQ(sheets.lastMessage(), u"The Expiry Year must be between 1900 and 2199!"_s);
-    EXPECT_EQ(sheets.windows, QList{SheetWindow::Main});
-    EXPECT_TRUE(stored(title_folder::padFile).contains("<Expire_Year>2010</Expire_Year>"));
-}
-
 TEST_F(EditorTest, LoadsAndChecksWhenAsked)
 {
     editor.typed(companyStateCounty, u"Kent"_s);
@@ -181,14 +151,6 @@ TEST_F(EditorTest, TellsOfFailedWritesUntilTheyAreMended)
     editor.checkEntriesForErrors();
     EXPECT_TRUE(mwqnFailedWrites.isEmpty());
     EXPECT_TRUE(stored(title_folder::padFile).contains("<Company_Name>Ab<"));
-
-    QDir(inData(u"Title.qndata"_s)).removeRecursively();
-    editor.typed(companyName, u"Abc"_s);
-    EXPECT_EQ(mwqnFailedWrites.size(), 2);
-    QDir().mkdir(inData(u"Title.qndata"_s));
-    editor.typed(companyName, u"Abcd"_s);
-    EXPECT_TRUE(mwqnFailedWrites.isEmpty());
-    EXPECT_TRUE(stored(title_folder::padFile).contains("<Company_Name>Abcd<"));
 }
 
 TEST_F(EditorTest, AFullDiskLeavesTheOldFilesWhole)
@@ -237,7 +199,9 @@ TEST_F(EditorTest, FindsEveryErrorOfAFileThatBreaksEveryRule)
 
 TEST_F(EditorTest, TakesAnyText)
 {
-    const QString texts[] = {QString(1'000'000, u'a'), u"a\u0000b\u0001\u001B\uFFFF"_s,
+    const QString texts[] = {of(1'000'000) + u"!@host.com"_s,
+                             of(1'000'000, u'.'),
+                             u"a\u0000b\u0001\u001B\uFFFF"_s,
                              QString(QChar(0xDC00)) + QChar(0xD800),
                              u"\u202E\u05E9\u05DC\u05D5\u05DD \u0645\u0631\u062D\u0628\u0627"_s,
                              u"\U0001F469\u200D\U0001F4BB</EULA><![CDATA[&#0;<"_s};

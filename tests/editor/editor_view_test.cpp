@@ -2,7 +2,6 @@
 #include "editor/editor.h"
 #include "editor/editor_view.h"
 #include "editor/text_bindings.h"
-#include "store/add_delete_import_edit.h"
 #include "store/error_tracking.h"
 #include "support/gui.h"
 #include "support/recorders.h"
@@ -20,13 +19,12 @@ namespace quillon {
 namespace {
 
 /// The real editor and its view on an empty title, driven by keys and mouse.
-class EditorViewTest : public TemporaryHome
+class EditorViewTest : public TemporaryDataFolder
 {
 protected:
     void SetUp() override
     {
-        TemporaryHome::SetUp();
-        AddDeleteImportEdit::checkAppSuppExists();
+        TemporaryDataFolder::SetUp();
         AddDeleteImportEdit::createNewListing(u"T"_s);
         selectTitle(u"T"_s);
         editor.awakeFromNib();
@@ -152,6 +150,7 @@ TEST_F(EditorViewTest, LeavingADatePutsItInOrder)
     EXPECT_EQ(stored(FieldId::expireDateYear), u"20"_s);
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     EXPECT_EQ(sheets.lastMessage(), u"The Expiry Year must be between 1900 and 2199!"_s);
+    EXPECT_EQ(sheets.windows, QList{SheetWindow::Main});
     EXPECT_EQ(stored(FieldId::expireDateYear), u"2010"_s);
 }
 
@@ -178,6 +177,7 @@ TEST_F(EditorViewTest, ChoicesAreSearchedByTyping)
     languages->setCurrentIndex(languages->model()->index(1, 0));
     QTest::keyClick(languages, Qt::Key_Space);
     EXPECT_EQ(stored(FieldId::languageTable), u"ChineseSimplified"_s);
+    EXPECT_EQ(ErrorTracking::returnErrorDictionary()->count(u"languageTable"_s), 0U);
     QTest::keyClick(languages, Qt::Key_Space);
     EXPECT_EQ(stored(FieldId::languageTable), QString());
 
@@ -214,10 +214,8 @@ TEST_F(EditorViewTest, EveryFieldIsReachedByTabUnderItsCaption)
     QSet<QString> reached;
     for (int page = 0; page < tabs->count(); ++page) {
         tabs->setCurrentIndex(page);
-        for (QWidget *stop : tabStops(*view)) {
-            EXPECT_FALSE(accessibleName(stop).isEmpty()) << stop->objectName().toStdString();
+        for (QWidget *stop : expectNamedTabStops(*view, 1))
             reached.insert(stop->objectName());
-        }
     }
     for (const PadField &field : padFields) {
         const bool isStop = field.kind != FieldKind::Computed;

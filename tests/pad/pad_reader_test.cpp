@@ -65,15 +65,10 @@ TEST(PadReaderTest, AMissingElementLeavesItsControlButCheckListsBeginAnew)
 
 TEST(PadReaderTest, TheCheckBoxIsOnForAnyWordButN)
 {
-    for (const auto &[value, on] : {std::pair<QByteArray, bool>{"Y", true},
-                                    {"y", true},
-                                    {"N", false},
-                                    {"n", false},
-                                    {"", false},
-                                    {" ", false},
-                                    {"0", true},
-                                    {"No", true},
-                                    {" N", true}}) {
+    const std::pair<QByteArray, bool> cases[] = {{"Y", true},  {"y", true},  {"N", false},
+                                                 {"n", false}, {"", false},  {" ", false},
+                                                 {"0", true},  {"No", true}, {" N", true}};
+    for (const auto &[value, on] : cases) {
         PadForm form;
         form.checkBox(FieldId::expireCheckBox).setOn(!on);
         loadPADData("<r><Has_Expire_Info>" + value + "</Has_Expire_Info></r>", form);

@@ -1,13 +1,13 @@
 #include "editor/editor.h"
 #include "overview/title_commands.h"
-#include "platform/settings.h"
 #include "shell/customise_toolbar_dialog.h"
 #include "shell/main_window.h"
 #include "shell/message_box_sheets.h"
 #include "shell/single_instance.h"
 #include "shell/toolbar_layout.h"
 #include "store/storage_status.h"
-#include "support/gui.h"
+#include "store/title_folder.h"
+#include "support/program_test.h"
 #include "support/temporary_home.h"
 
 #include <QLabel>
@@ -20,7 +20,6 @@
 #include <QSignalSpy>
 #include <QTableView>
 #include <QToolBar>
-#include <QToolButton>
 #include <QtGui/QDropEvent>
 
 using namespace Qt::StringLiterals;
@@ -29,55 +28,37 @@ namespace quillon {
 namespace {
 
 /// The whole program but for its main(): the real window, sheets and delays.
-class MainWindowTest : public TemporaryHome
+struct MainProgram
+{
+    MainProgram()
+    {
+        sheets.setWidget(SheetWindow::Main, &window);
+        toolbar.awakeFromNib();
+        editor.awakeFromNib();
+        overview.awakeFromNib();
+        window.show();
+    }
+    QWidget *shownWindow() { return &window; }
+
+    MessageBoxSheets sheets;
+    TimedCalls calls;
+    OverviewController overview{sheets};
+    TitleCommands commands{overview, sheets, calls};
+    ToolbarControl toolbar{overview, sheets};
+    Editor editor{sheets};
+    MainWindow window{toolbar, overview, commands, editor};
+};
+
+class MainWindowTest : public ProgramTest<MainProgram, TemporaryHome>
 {
 protected:
-    void SetUp() override
-    {
-        TemporaryHome::SetUp();
-        setSettingsHome(home());
-        start();
-    }
-    void TearDown() override
-    {
-        m_program.reset();
-        TemporaryHome::TearDown();
-    }
-
-    struct Program
-    {
-        Program()
-        {
-            sheets.setWidget(SheetWindow::Main, &window);
-            toolbar.awakeFromNib();
-            editor.awakeFromNib();
-            overview.awakeFromNib();
-            window.show();
-        }
-        MessageBoxSheets sheets;
-        TimedCalls calls;
-        OverviewController overview{sheets};
-        TitleCommands commands{overview, sheets, calls};
-        ToolbarControl toolbar{overview, sheets};
-        Editor editor{sheets};
-        MainWindow window{toolbar, overview, commands, editor};
-    };
-    void start()
-    {
-        m_program.reset();
-        m_program = std::make_unique<Program>();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&m_program->window));
-    }
-    Program &program() { return *m_program; }
-    MainWindow &window() { return m_program->window; }
+    MainWindow &window() { return program().window; }
     QStringList titles() { return program().overview.softwareTable().swNameArray(); }
 
     static void typeName(const QString &name)
     {
-        auto *input = visible<QLineEdit>(u"swNamePanelInput"_s);
-        input->selectAll();
-        QTest::keyClicks(input, name);
-        QTest::keyClick(input, Qt::Key_Return);
+        type(u"swNamePanelInput"_s, name);
+        QTest::keyClick(visible<QLineEdit>(u"swNamePanelInput"_s), Qt::Key_Return);
     }
     static void clickTitle(int row)
     {
@@ -114,9 +95,6 @@ protected:
                       .toUtf8());
         return path;
     }
-
-private:
-    std::unique_ptr<Program> m_program;
 };
 
 TEST_F(MainWindowTest, ATitleFromItsCreationToItsEnd)
@@ -159,9 +137,11 @@ TEST_F(MainWindowTest, ATitleFromItsCreationToItsEnd)
     press(u"deleteButton"_s);
     EXPECT_EQ(answerAlert(u"Cancel"_s), u"Do you really want to delete Second"_s);
     EXPECT_EQ(titles().size(), 1);
+    EXPECT_TRUE(title_folder::exists(u"Second"_s));
     press(u"deleteButton"_s);
     answerAlert(u"Delete"_s);
     EXPECT_TRUE(titles().isEmpty());
+    EXPECT_FALSE(title_folder::exists(u"Second"_s));
 }
 
 TEST_F(MainWindowTest, FilesComeInByTheChooserAndByDropping)
@@ -269,10 +249,7 @@ TEST_F(MainWindowTest, EveryStopOfTheTabKeyHasAName)
     drop({padFile(u"A"_s)});
     answerAlert(u"OK"_s);
     clickTitle(0);
-    const QList<QWidget *> stops = tabStops(window());
-    EXPECT_GE(stops.size(), 7);
-    for (QWidget *stop : stops)
-        EXPECT_FALSE(accessibleName(stop).isEmpty()) << stop->objectName().toStdString();
+    expectNamedTabStops(window(), 7);
 }
 
 TEST_F(MainWindowTest, ASecondStartBringsTheWindowToTheFront)

@@ -3,9 +3,6 @@
 #include "submission/data_folder_fixture.h"
 #include "support/full_disk.h"
 
-#include <QDirIterator>
-#include <QMap>
-
 #include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
@@ -19,18 +16,6 @@ class Backups : public DataFolderTest
 protected:
     [[nodiscard]] QString place(const QString &name = u"list.swback"_s) const { return home() + u'/' + name; }
 
-    /// Everything below @p folder, with the files' texts.
-    static QMap<QString, QString> tree(const QString &folder)
-    {
-        QMap<QString, QString> found;
-        QDirIterator walk(folder, QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
-                          QDirIterator::Subdirectories);
-        while (walk.hasNext()) {
-            const QString path = walk.next();
-            found[path.sliced(folder.size())] = walk.fileInfo().isFile() ? contentOf(path) : u"-"_s;
-        }
-        return found;
-    }
     static void makeLink(const QString &target, const QString &name)
     {
         ASSERT_TRUE(QFile::link(target, name));
@@ -61,12 +46,12 @@ TEST_F(Backups, OfTitlesHoldTheirThreeFilesAndNothingElse)
     EXPECT_EQ(result.copied, 2);
     EXPECT_TRUE(result.details.isEmpty());
     EXPECT_EQ(reports, (QList<std::pair<int, int>>{{1, 2}, {2, 2}}));
-    QMap<QString, QString> expected = tree(mwqnAppSuppLoc);
+    QMap<QString, QByteArray> expected = tree(mwqnAppSuppLoc);
     for (const QString &name : {u"sites.qnrc"_s, u"ignore.qnrc"_s, u"A & B.qndata/notes.txt"_s})
         expected.remove(name);
-    EXPECT_EQ(tree(place() + u'/'), expected);
+    EXPECT_EQ(tree(place()), expected);
 
-    const QMap<QString, QString> before = tree(mwqnAppSuppLoc);
+    const QMap<QString, QByteArray> before = tree(mwqnAppSuppLoc);
     AddDeleteImportEdit::deleteQnDataFile(u".hidden ünï"_s);
     EXPECT_EQ(backups::restoreTitles(place()).copied, 1);
     EXPECT_EQ(tree(mwqnAppSuppLoc), before);
@@ -123,7 +108,7 @@ TEST_F(Backups, PassOverWhatIsNoTitleAndSayWhat)
 
     const BackupResult result = backups::backupTitles(place(), Existing::Refuse);
     EXPECT_EQ(result.copied, 2);
-    EXPECT_EQ(tree(place() + u'/').keys(),
+    EXPECT_EQ(tree(place()).keys(),
               QStringList({u"Good.qndata"_s, u"Good.qndata/data.qnxml"_s, u"Good.qndata/error.log"_s,
                            u"Good.qndata/general.qnxmld"_s, u"Odd.qndata"_s, u"Odd.qndata/error.log"_s}));
     const QString details = result.details.join(u'\n');
@@ -172,12 +157,7 @@ TEST_F(Backups, ReplaceOnlyWhatTheAuthorAgreedToAndOnlyWhenComplete)
     makeLink(home() + u"/real"_s, place(u"link.swback"_s));
     const QString dataFolder = QDir::cleanPath(mwqnAppSuppLoc);
     makeLink(dataFolder, place(u"way in"_s));
-    struct Case
-    {
-        QString to;
-        Existing existing;
-    };
-    const Case refused[] = {
+    const std::pair<QString, Existing> refused[] = {
         {place(), Existing::Refuse},
         {place() + u'/', Existing::Refuse},
         {other, Existing::Replace},
@@ -191,20 +171,20 @@ TEST_F(Backups, ReplaceOnlyWhatTheAuthorAgreedToAndOnlyWhenComplete)
         {QString(), Existing::Replace},
         {u"/"_s, Existing::Replace},
     };
-    const QMap<QString, QString> before = tree(home());
-    for (const Case &each : refused) {
-        const BackupResult result = backups::backupTitles(each.to, each.existing);
-        EXPECT_EQ(result.outcome, BackupResult::Refused) << each.to.toStdString();
+    const QMap<QString, QByteArray> before = tree(home());
+    for (const auto &[to, existing] : refused) {
+        const BackupResult result = backups::backupTitles(to, existing);
+        EXPECT_EQ(result.outcome, BackupResult::Refused) << to.toStdString();
         EXPECT_EQ(result.sentence, u"The backup failed  with an unknown error");
         EXPECT_EQ(result.details.size(), 1);
-        EXPECT_EQ(tree(home()), before) << each.to.toStdString();
+        EXPECT_EQ(tree(home()), before) << to.toStdString();
     }
 
     const QString whole = mwqnAppSuppLoc;
     setDataFolder(place(u"holder.swback"_s));
     AddDeleteImportEdit::checkAppSuppExists();
     makeTitle(u"A"_s);
-    const QMap<QString, QString> held = tree(home());
+    const QMap<QString, QByteArray> held = tree(home());
     EXPECT_EQ(backups::backupTitles(place(u"holder.swback"_s), Existing::Replace).outcome,
               BackupResult::Refused);
     EXPECT_EQ(tree(home()), held) << "the data folder cannot be replaced by its backup";
@@ -224,7 +204,7 @@ TEST_F(Backups, ThatFailOrAreCancelledLeaveNothingBehind)
     writeTo(pathIn(u"B"_s, title_folder::padFile), QString(200'000, u'x'));
     ASSERT_TRUE(QDir().mkpath(place()));
     writeTo(place() + u"/old"_s, u"old"_s);
-    const QMap<QString, QString> before = tree(home());
+    const QMap<QString, QByteArray> before = tree(home());
     const auto afterOne = [](int done, int) { return done < 1; };
     {
         const FullDisk fullDisk(100'000);
@@ -241,7 +221,7 @@ TEST_F(Backups, ThatFailOrAreCancelledLeaveNothingBehind)
     ASSERT_EQ(backups::backupTitles(whole, Existing::Refuse).copied, 3);
     for (const QString &title : {u"A"_s, u"B"_s, u"C"_s})
         AddDeleteImportEdit::deleteQnDataFile(title);
-    const QMap<QString, QString> empty = tree(home());
+    const QMap<QString, QByteArray> empty = tree(home());
     EXPECT_EQ(backups::restoreTitles(whole, afterOne).outcome, BackupResult::Cancelled);
     EXPECT_EQ(tree(home()), empty);
     {
@@ -263,8 +243,8 @@ TEST_F(Backups, OfSitesAreCopiesAndComeBackUnderThePresentEntries)
     ASSERT_TRUE(site_list::write(site_list::userSites, {{u"A"_s, u"old"_s}, {u"B"_s, u"b"_s}}));
     ASSERT_TRUE(site_list::write(site_list::ignoredSites, {{u"Softs"_s, u"s"_s}}));
     EXPECT_EQ(backups::backupSites(to, Existing::Refuse).sentence, u"The backup was successful");
-    QMap<QString, QString> expected = tree(mwqnAppSuppLoc);
-    EXPECT_EQ(tree(to + u'/'), expected);
+    QMap<QString, QByteArray> expected = tree(mwqnAppSuppLoc);
+    EXPECT_EQ(tree(to), expected);
     const BackupResult refused = backups::backupSites(to, Existing::Refuse);
     EXPECT_EQ(refused.outcome, BackupResult::Refused);
     EXPECT_EQ(refused.sentence, u"The backup failed  with an unknown error");
@@ -283,7 +263,7 @@ TEST_F(Backups, OfSitesThatAreDamagedTakeNothingAway)
     const QString from = place(u"sites.qnback"_s);
     ASSERT_TRUE(QDir().mkdir(from));
     ASSERT_TRUE(site_list::write(site_list::userSites, {{u"A"_s, u"a"_s}}));
-    const QMap<QString, QString> before = tree(mwqnAppSuppLoc);
+    const QMap<QString, QByteArray> before = tree(mwqnAppSuppLoc);
     EXPECT_EQ(backups::restoreSites(from).outcome, BackupResult::Done) << "an empty folder adds nothing";
 
     writeTo(from + u"/sites.qnrc"_s, u"<plist><dict><key>B"_s);

@@ -1,14 +1,15 @@
-#include "platform/settings.h"
+#include "platform/notification_center.h"
+#include "platform/notifications.h"
 #include "shell/message_box_sheets.h"
 #include "sites/preferences_controller.h"
 #include "sites/preferences_window.h"
 #include "store/site_list.h"
 #include "store/storage_status.h"
 #include "submission/data_folder_fixture.h"
-#include "support/gui.h"
+#include "support/program_test.h"
 #include "support/recorders.h"
 
-#include <QHeaderView>
+#include <QAbstractItemModelTester>
 #include <QLabel>
 #include <QProgressBar>
 #include <QTableView>
@@ -20,49 +21,44 @@ namespace quillon {
 namespace {
 
 /// The real window and its sheets over a main window that is none; only the delays are the test's.
-class PreferencesWindowTest : public DataFolderTest
+struct PreferencesProgram
+{
+    PreferencesProgram()
+    {
+        window = new PreferencesWindow(preferences, &mainWindow);
+        sheets.setWidget(SheetWindow::Preferences, window);
+        preferences.awakeFromNib();
+        mainWindow.show();
+        preferences.openPrefsWindow();
+    }
+    QWidget *shownWindow() { return window; }
+
+    MessageBoxSheets sheets;
+    ManualCalls calls;
+    PreferencesController preferences{sheets, calls};
+    QAbstractItemModelTester sitesTester{&preferences.sitesTable()};
+    QAbstractItemModelTester ignoredTester{&preferences.ignoredTable()};
+    QWidget mainWindow;
+    PreferencesWindow *window;
+};
+
+class PreferencesWindowTest : public ProgramTest<PreferencesProgram, DataFolderTest>
 {
 protected:
-    struct Program
-    {
-        Program()
-        {
-            window = new PreferencesWindow(preferences, &mainWindow);
-            sheets.setWidget(SheetWindow::Preferences, window);
-            preferences.awakeFromNib();
-            mainWindow.show();
-            preferences.openPrefsWindow();
-        }
-        MessageBoxSheets sheets;
-        ManualCalls calls;
-        PreferencesController preferences{sheets, calls};
-        QWidget mainWindow;
-        PreferencesWindow *window;
-    };
-
-    void SetUp() override
-    {
-        DataFolderTest::SetUp();
-        setSettingsHome(home());
-        start();
-    }
-    void TearDown() override
-    {
-        m_program.reset();
-        DataFolderTest::TearDown();
-    }
-    void start()
-    {
-        m_program.reset();
-        m_program = std::make_unique<Program>();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(m_program->window));
-    }
-    PreferencesController &preferences() { return m_program->preferences; }
-    PreferencesWindow &window() { return *m_program->window; }
+    PreferencesController &preferences() { return program().preferences; }
+    PreferencesWindow &window() { return *program().window; }
     void passDelay()
     {
         QApplication::processEvents(); // As would happen meanwhile.
-        m_program->calls.pass(resultDelay);
+        program().calls.pass(resultDelay);
+    }
+    /// What the result of a backup says, which comes after a delay.
+    QString answerResult()
+    {
+        program().calls.pass(resultDelay - std::chrono::milliseconds(1));
+        EXPECT_FALSE(openWindow<QMessageBox>());
+        passDelay();
+        return answerAlert(u"OK"_s);
     }
     /// A key that is a shortcut of the sites table, which a window has only while it is active.
     void pressInSites(Qt::Key key)
@@ -92,12 +88,6 @@ protected:
         QTest::mouseClick(table->viewport(), Qt::LeftButton, keys, placeOf(table, site));
     }
     static bool isEnabled(const QString &button) { return visible<QPushButton>(button)->isEnabled(); }
-    static void type(const QString &field, const QString &text)
-    {
-        auto *input = visible<QLineEdit>(field);
-        input->clear();
-        QTest::keyClicks(input, text);
-    }
     void save(const QString &name, const QString &url)
     {
         ASSERT_TRUE(isPanelOpen());
@@ -120,67 +110,98 @@ protected:
         EXPECT_EQ(preferences().currentPage(), PreferencesPage::Backups);
     }
 
-private:
-    std::unique_ptr<Program> m_program;
+    PostedNotifications posted{notification::mwqnLSLsc, notification::mwqnOCu432hjiudsh,
+                               notification::mwqnOvLSlst};
 };
+
+TEST_F(PreferencesWindowTest, KeepsTheCatalogueForEverybody)
+{
+    EXPECT_EQ(namesIn(sites()).size(), 212);
+    ASSERT_TRUE(site_list::write(site_list::userSites, {{u"Zeta"_s, u"u:z"_s}, {u"alpha"_s, u"u:a"_s}}));
+    ASSERT_TRUE(site_list::write(site_list::ignoredSites,
+                                 {{u"NewFreeDownloads"_s, mwqnDefaultSitesDict.at(u"NFD"_s)}}));
+    NotificationCenter::defaultCenter().post(notification::mwqnPClSiL432ds);
+    EXPECT_EQ(namesIn(sites()).first(2), QStringList({u"alpha"_s, u"Zeta"_s}));
+    EXPECT_EQ(preferences().siteURLsMArray().first(2), QStringList({u"u:a"_s, u"u:z"_s}));
+    EXPECT_EQ(namesIn(ignored()), QStringList({u"NewFreeDownloads"_s, u"NFD"_s}));
+    EXPECT_EQ(ignored()->model()->index(1, SiteListTable::Url).data(), mwqnDefaultSitesDict.at(u"NFD"_s));
+    EXPECT_EQ(preferences().siteURLDict(), mwqnSCPreallSitesDict);
+    EXPECT_EQ(mwqnSCPreallSitesDict.size(), 212U);
+}
 
 TEST_F(PreferencesWindowTest, ASiteIsAddedAfterEveryRefusal)
 {
     ASSERT_TRUE(site_list::write(site_list::userSites, {{u"<b>Mine"_s, u"http://mine/"_s}}));
     preferences().loadSitesIntoList();
-    press(u"addSiteButton"_s);
-    EXPECT_EQ(visible<QLabel>(u"addEditPanelTitle"_s)->text(), u"Add A New Submission Site"_s);
-
+    const QString name = u"siteNameField"_s;
+    const QString url = u"siteURLField"_s;
+    const QString adding = u"Add A New Submission Site"_s;
+    const QString editing = u"Editing Submission Site"_s;
     struct Refusal
     {
-        QString name;
-        QString url;
-        QString message;
-        QString focus;
-        QString selected;
+        QString title;
+        QStringList typed; ///< Name and address.
+        QString message, focus, selected;
     };
-    const QString empty = u"You must enter a name and URL to add an entry to the sites list"_s;
-    const Refusal refusals[] = {
-        {u" "_s, u"a b"_s, empty, u"siteNameField"_s, u" "_s},
-        {u"A"_s, {}, empty, u"siteURLField"_s, u"http://"_s},
-        {u"<b>Mine"_s,
-         u"a"_s,
-         u"The site name already exists\nPlease enter a unique name for this site"_s,
-         u"siteNameField"_s,
-         {}},
-        {u"A"_s,
-         u"mine/"_s,
-         u"The entered URL is already associated with the site '<b>Mine'\nPlease enter a unique URL for this site"_s,
-         u"siteURLField"_s,
-         {}},
-        {u"<b>Mine"_s,
-         u"mine/"_s,
-         u"The site name and URL you entered both exist\nPlease enter a unique name and URL"_s,
-         u"siteNameField"_s,
-         {}},
-    };
+    const QString emptyNew = u"You must enter a name and URL to add an entry to the sites list"_s;
+    const QString empty = u"The name and URL fields cannot be empty"_s;
+    const QString nameExists = u"The site name already exists\nPlease enter a unique name for this site"_s;
+    const QString urlExists = u"The entered URL is already associated with the site '<b>Mine'\n"
+                              "Please enter a unique URL for this site"_s;
+    const QString bothExist =
+        u"The site name and URL you entered both exist\nPlease enter a unique name and URL"_s;
+    const Refusal refusals[] = {{adding, {u" "_s, u"a b"_s}, emptyNew, name, u" "_s},
+                                {adding, {{}, {}}, emptyNew, name, {}},
+                                {adding, {u"A"_s, {}}, emptyNew, url, u"http://"_s},
+                                {adding, {u"<b>Mine"_s, u"a"_s}, nameExists, name, {}},
+                                {adding, {u"A"_s, u"mine/"_s}, urlExists, url, {}},
+                                {adding, {u"<b>Mine"_s, u"mine/"_s}, bothExist, name, {}},
+                                {editing, {u" "_s, u"a"_s}, empty, name, u" "_s},
+                                {editing, {u"A"_s, {}}, empty, url, u"http://"_s}};
     for (const Refusal &each : refusals) {
-        save(each.name, each.url);
-        EXPECT_FALSE(isPanelOpen()) << each.message.toStdString();
+        SCOPED_TRACE(each.message.toStdString() + " for " + each.typed.join(u'|').toStdString());
+        if (each.title == adding)
+            press(u"addSiteButton"_s);
+        else
+            preferences().doubleClick(0);
+        save(each.typed[0], each.typed[1]);
+        program().calls.pass(std::chrono::seconds(5));
+        EXPECT_FALSE(isPanelOpen()) << "the sheet is still there";
         EXPECT_EQ(answerAlert(u"OK"_s), each.message);
+        program().calls.pass(resultDelay - std::chrono::milliseconds(1));
         EXPECT_FALSE(isPanelOpen());
         passDelay();
-        ASSERT_TRUE(isPanelOpen()) << each.message.toStdString();
-        EXPECT_EQ(visible<QLineEdit>(u"siteNameField"_s)->text(), each.name);
-        EXPECT_EQ(visible<QLineEdit>(u"siteURLField"_s)->text(),
-                  u"http://"_s + QString(each.url).replace(u' ', u"%20"_s));
+        ASSERT_TRUE(isPanelOpen());
+        EXPECT_EQ(visible<QLabel>(u"addEditPanelTitle"_s)->text(), each.title);
+        EXPECT_EQ(visible<QLineEdit>(name)->text(), each.typed[0]);
+        EXPECT_EQ(visible<QLineEdit>(url)->text(),
+                  u"http://"_s + QString(each.typed[1]).replace(u' ', u"%20"_s));
         EXPECT_TRUE(eventually([&] { return visible<QLineEdit>(each.focus)->hasFocus(); }));
         EXPECT_EQ(visible<QLineEdit>(each.focus)->selectedText(), each.selected);
+        preferences().cancelAddEditAction();
     }
+    preferences().addSaveButtonAction(u"Late"_s, u"late"_s);
+    EXPECT_EQ(namesIn(sites()).size(), 213) << "a closed panel saves nothing";
+
+    posted.names.clear();
+    press(u"addSiteButton"_s);
     save(u"Another"_s, u"another/"_s);
     EXPECT_EQ(answerAlert(u"OK"_s), u"Site Added Successfully"_s);
     EXPECT_EQ(namesIn(sites()).first(2), QStringList({u"<b>Mine"_s, u"Another"_s}));
+    EXPECT_EQ(posted.names, QStringList{u"mwqnLSLsc"_s});
 
     press(u"addSiteButton"_s);
-    EXPECT_EQ(visible<QLineEdit>(u"siteNameField"_s)->text(), QString());
-    QTest::keyClick(visible<QLineEdit>(u"siteNameField"_s), Qt::Key_Escape);
+    EXPECT_EQ(visible<QLineEdit>(name)->text(), QString());
+    QTest::keyClick(visible<QLineEdit>(name), Qt::Key_Escape);
     EXPECT_FALSE(isPanelOpen());
     EXPECT_TRUE(window().isVisible());
+
+    press(u"addSiteButton"_s);
+    save({}, {});
+    preferences().closePrefs();
+    clickAlert(u"OK"_s);
+    passDelay();
+    EXPECT_FALSE(isPanelOpen()) << "not over a window that was closed meanwhile";
 }
 
 TEST_F(PreferencesWindowTest, SitesAreEditedRemovedAndRestored)
@@ -189,33 +210,37 @@ TEST_F(PreferencesWindowTest, SitesAreEditedRemovedAndRestored)
                  isEnabled(u"restoreSiteButton"_s));
     click(sites(), u"Softs"_s);
     QTest::mouseDClick(sites()->viewport(), Qt::LeftButton, {}, placeOf(sites(), u"Softs"_s));
-    EXPECT_EQ(visible<QLabel>(u"addEditPanelTitle"_s)->text(), u"Editing Submission Site"_s);
     EXPECT_EQ(visible<QLineEdit>(u"siteNameField"_s)->text(), u"Softs"_s);
+    EXPECT_EQ(visible<QLineEdit>(u"siteURLField"_s)->text(), mwqnDefaultSitesDict.at(u"Softs"_s));
     EXPECT_TRUE(eventually([] { return visible<QLineEdit>(u"siteNameField"_s)->hasFocus(); }));
     EXPECT_EQ(visible<QLineEdit>(u"siteNameField"_s)->selectedText(), QString());
     save(u"Softies"_s, u"softies/"_s);
     EXPECT_EQ(answerAlert(u"OK"_s), u"Site edited successfully"_s);
+    EXPECT_EQ(namesIn(sites()).first(), u"Softies"_s);
     EXPECT_EQ(namesIn(ignored()), QStringList{u"Softs"_s});
 
     click(sites(), u"Softies"_s);
     EXPECT_TRUE(isEnabled(u"editSiteButton"_s));
     pressInSites(Qt::Key_Return);
     EXPECT_EQ(visible<QLineEdit>(u"siteURLField"_s)->text(), u"http://softies/"_s);
-    save({}, u"softies/"_s);
-    EXPECT_EQ(answerAlert(u"OK"_s), u"The name and URL fields cannot be empty"_s);
-    passDelay();
     QTest::keyClick(visible<QLineEdit>(u"siteNameField"_s), Qt::Key_Escape);
 
     click(sites(), u"Softies"_s);
     click(sites(), u"5Awards"_s, Qt::ControlModifier);
     EXPECT_FALSE(isEnabled(u"editSiteButton"_s)) << "only one at a time";
+    const QString removal = u"Are you sure you want to remove the selected sites?|"
+                            "Only removed default sites can be restored"_s;
     press(u"removeSiteButton"_s);
-    EXPECT_EQ(answerAlert(u"Cancel"_s), u"Are you sure you want to remove the selected sites?"_s);
+    EXPECT_EQ(answerAlert(u"Cancel"_s), removal);
     EXPECT_EQ(namesIn(sites()).size(), 212);
+    posted.names.clear();
     pressInSites(Qt::Key_Delete);
     answerAlert(u"Delete"_s);
+    EXPECT_EQ(posted.names, QStringList({u"mwqnLSLsc"_s, u"mwqnOCu432hjiudsh"_s}));
     EXPECT_EQ(namesIn(sites()).size(), 210);
     EXPECT_FALSE(isEnabled(u"removeSiteButton"_s));
+    pressInSites(Qt::Key_Delete);
+    EXPECT_FALSE(openWindow<QMessageBox>()) << "nothing is selected";
 
     EXPECT_EQ(namesIn(ignored()), QStringList({u"5Awards"_s, u"Softs"_s}));
     click(ignored(), u"Softs"_s);
@@ -244,14 +269,19 @@ TEST_F(PreferencesWindowTest, WhatTheFilterHidesIsNotSelected)
 
 TEST_F(PreferencesWindowTest, BackupsAreFoldersThatAreChosenAsOneItem)
 {
-    makeTitle(u"Mine"_s);
     showBackups();
+    const QString backup = home() + u"/My list 1.0.swback"_s;
+    press(u"backupSoftwareButton"_s);
+    EXPECT_EQ(visible<QLineEdit>(u"fileNameEdit"_s)->text(), u"Quillon Software List Backup.swback"_s);
+    chooseFile(backup);
+    EXPECT_EQ(answerResult(), u"There is nothing to backup"_s);
+    EXPECT_FALSE(QFileInfo::exists(backup));
+
+    makeTitle(u"Mine"_s);
     press(u"backupSoftwareButton"_s);
     chooseFile(home() + u"/My list 1.0"_s);
-    const QString backup = home() + u"/My list 1.0.swback"_s;
     EXPECT_TRUE(QFileInfo::exists(backup + u"/Mine.qndata/general.qnxmld"_s));
-    passDelay();
-    EXPECT_EQ(answerAlert(u"OK"_s), u"The backup was successful"_s);
+    EXPECT_EQ(answerResult(), u"The backup was successful"_s);
 
     ASSERT_TRUE(put(backup + u"/older"_s, "x"));
     press(u"backupSoftwareButton"_s);
@@ -262,12 +292,12 @@ TEST_F(PreferencesWindowTest, BackupsAreFoldersThatAreChosenAsOneItem)
     answerAlert(u"Replace"_s);
     EXPECT_TRUE(eventually([] { return openWindow<QFileDialog>() == nullptr; }));
     EXPECT_FALSE(QFileInfo::exists(backup + u"/older"_s));
-    passDelay();
-    EXPECT_EQ(answerAlert(u"OK"_s), u"The backup was successful"_s);
+    EXPECT_EQ(answerResult(), u"The backup was successful"_s);
 
     ASSERT_TRUE(AddDeleteImportEdit::deleteQnDataFile(u"Mine"_s));
     ASSERT_TRUE(QDir(home()).mkdir(u"plain"_s));
     press(u"importSoftwareListButton"_s);
+    EXPECT_EQ(openWindow<QFileDialog>()->labelText(QFileDialog::Accept), u"Choose Backup"_s);
     enterPath(home() + u"/plain"_s);
     ASSERT_TRUE(openWindow<QFileDialog>()) << "any other folder is opened, not chosen";
     EXPECT_EQ(openWindow<QFileDialog>()->directory().dirName(), u"plain"_s);
@@ -275,23 +305,29 @@ TEST_F(PreferencesWindowTest, BackupsAreFoldersThatAreChosenAsOneItem)
     EXPECT_EQ(answerAlert(u"OK"_s), u"Please choose a backup, a folder whose name ends in “.swback”."_s);
     chooseFile(backup);
     EXPECT_TRUE(title_folder::exists(u"Mine"));
-    passDelay();
-    EXPECT_EQ(answerAlert(u"OK"_s), u"1 software titles were imported."_s);
+    EXPECT_EQ(posted.names, QStringList{u"mwqnOvLSlst"_s});
+    EXPECT_EQ(answerResult(), u"1 software titles were imported."_s);
 }
 
 TEST_F(PreferencesWindowTest, ABackupOfSitesComesBackIntoTheList)
 {
+    preferences().openPrefsBackupWindow();
+    press(u"backupSitesListButton"_s);
+    EXPECT_EQ(visible<QLineEdit>(u"fileNameEdit"_s)->text(), u"Quillon Site List Backup.qnback"_s);
+    chooseFile(home() + u"/sites"_s);
+    EXPECT_EQ(answerResult(), u"There is nothing to backup"_s);
+
     ASSERT_TRUE(site_list::write(site_list::userSites, {{u"Mine"_s, u"http://mine/"_s}}));
-    showBackups();
     press(u"backupSitesListButton"_s);
     chooseFile(home() + u"/sites"_s);
-    passDelay();
-    EXPECT_EQ(answerAlert(u"OK"_s), u"The backup was successful"_s);
+    EXPECT_EQ(answerResult(), u"The backup was successful"_s);
     ASSERT_TRUE(site_list::write(site_list::userSites, {}));
     press(u"importSitesButton"_s);
     chooseFile(home() + u"/sites.qnback"_s);
     EXPECT_EQ(namesIn(sites()).first(), u"Mine"_s) << "the list's page is showing";
     EXPECT_TRUE(visible<QToolButton>(u"Sites List"_s)->isChecked());
+    passDelay();
+    EXPECT_FALSE(openWindow<QMessageBox>());
 }
 
 TEST_F(PreferencesWindowTest, ARunningBackupIsSeenAndCancelled)
@@ -320,19 +356,13 @@ TEST_F(PreferencesWindowTest, ARunningBackupIsSeenAndCancelled)
 
 TEST_F(PreferencesWindowTest, EveryStopOfTheTabKeyHasAName)
 {
-    const auto expectNames = [](QWidget &where, qsizetype least) {
-        const QList<QWidget *> stops = tabStops(where);
-        EXPECT_GE(stops.size(), least);
-        for (QWidget *stop : stops)
-            EXPECT_FALSE(accessibleName(stop).isEmpty()) << stop->objectName().toStdString();
-    };
-    expectNames(window(), 7);
+    expectNamedTabStops(window(), 7);
     showBackups();
     visible<QToolButton>(u"Backups"_s)->setFocus();
-    expectNames(window(), 6);
+    expectNamedTabStops(window(), 6);
     preferences().addNewSiteAction();
     activate(panel());
-    expectNames(panel(), 4);
+    expectNamedTabStops(panel(), 4);
 }
 
 TEST_F(PreferencesWindowTest, SizesOutliveARunAndEscapeCloses)

@@ -1,4 +1,3 @@
-#include "store/add_delete_import_edit.h"
 #include "store/data_folder_lock.h"
 #include "support/temporary_home.h"
 
@@ -12,15 +11,7 @@ using namespace std::chrono_literals;
 
 using State = DataFolderLock::State;
 
-class DataFolderLockTest : public TemporaryHome
-{
-protected:
-    void SetUp() override
-    {
-        TemporaryHome::SetUp();
-        AddDeleteImportEdit::checkAppSuppExists();
-    }
-};
+using DataFolderLockTest = TemporaryDataFolder;
 
 static State tried()
 {

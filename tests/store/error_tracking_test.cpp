@@ -1,17 +1,15 @@
-#include "store/add_delete_import_edit.h"
 #include "store/error_tracking.h"
 #include "support/temporary_home.h"
 
 using namespace Qt::StringLiterals;
 using namespace quillon;
 
-class ErrorTrackingTest : public TemporaryHome
+class ErrorTrackingTest : public TemporaryDataFolder
 {
 protected:
     void SetUp() override
     {
-        TemporaryHome::SetUp();
-        AddDeleteImportEdit::checkAppSuppExists();
+        TemporaryDataFolder::SetUp();
         ASSERT_TRUE(AddDeleteImportEdit::createNewListing(u"T"_s));
         log = inData(u"T.qndata/error.log"_s);
     }

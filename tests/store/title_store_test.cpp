@@ -1,7 +1,6 @@
 #include "pad/pad_writer.h"
 #include "platform/notification_center.h"
 #include "platform/notifications.h"
-#include "store/add_delete_import_edit.h"
 #include "store/storage_status.h"
 #include "support/full_disk.h"
 #include "support/temporary_home.h"
@@ -10,15 +9,9 @@ using namespace Qt::StringLiterals;
 using namespace quillon;
 using Store = quillon::AddDeleteImportEdit;
 
-class TitleStoreTest : public TemporaryHome
+class TitleStoreTest : public TemporaryDataFolder
 {
 protected:
-    void SetUp() override
-    {
-        TemporaryHome::SetUp();
-        Store::checkAppSuppExists();
-    }
-
     /// Summary, PAD file and error log of the title @p name.
     static QList<QByteArray> files(const QString &name)
     {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "store/add_delete_import_edit.h"
 #include "store/summary_file.h"
 #include "store/title_folder.h"
 #include "submission/default_sites.h"
@@ -10,14 +9,25 @@
 
 namespace quillon {
 
+/// The site list "name=address,name=address"; the name of a default site stands for its address as well.
+inline StringDictionary siteList(QStringView text)
+{
+    StringDictionary sites;
+    for (const QString &entry : text.toString().split(u',', Qt::SkipEmptyParts)) {
+        const QString address = entry.section(u'=', -1);
+        const auto site = mwqnDefaultSitesDict.find(address);
+        sites[entry.section(u'=', 0, 0)] = site == mwqnDefaultSitesDict.end() ? address : site->second;
+    }
+    return sites;
+}
+
 /// A home folder with a data folder and its two empty site lists.
-class DataFolderTest : public TemporaryHome
+class DataFolderTest : public TemporaryDataFolder
 {
 protected:
     void SetUp() override
     {
-        TemporaryHome::SetUp();
-        AddDeleteImportEdit::checkAppSuppExists();
+        TemporaryDataFolder::SetUp();
         setDefaultSites();
     }
 

@@ -18,11 +18,7 @@ public:
     void loadHtml(const QString &html, const QString &baseUrl) override { pages.append({html, baseUrl}); }
     [[nodiscard]] double estimatedProgress() const override { return progress; }
     [[nodiscard]] QString currentUrl() const override { return url; }
-    void paste(std::function<void()> fillClipboard) override
-    {
-        fillClipboard();
-        ++pastes;
-    }
+    void paste(std::function<void()> fillClipboard) override { fillClipboard(); }
     void goBack() override {}
     void goForward() override {}
     void reload() override {}
@@ -35,7 +31,6 @@ public:
     QList<std::pair<QString, QString>> pages;
     double progress = 0;
     QString url;
-    int pastes = 0;
 };
 
 /// A desktop that notes what it is asked for.

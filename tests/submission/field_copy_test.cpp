@@ -1,8 +1,9 @@
-#include "submission/data_folder_fixture.h"
-#include "submission/fakes.h"
 #include "submission/field_copy.h"
+#include "support/printing.h"
 
 #include <QSet>
+
+#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 using namespace quillon;
@@ -48,12 +49,7 @@ TEST(FieldCopyButtons, CoverEveryFieldButTheStatusAndPartsOfDatesOnce)
 
 TEST(FieldCopyButtons, PasteTheTextAsItStandsBetweenTheFirstTags)
 {
-    struct Case
-    {
-        QString pad;
-        std::optional<QString> pasted;
-    };
-    const Case cases[] = {
+    const std::pair<QString, std::optional<QString>> cases[] = {
         {u"<Keywords>a &amp; b</Keywords>"_s, u"a &amp; b"_s},
         {u"<Keywords>a & <b>c</b>\r\n d</Keywords>"_s, u"a & <b>c</b>\r\n d"_s},
         {u"<Keywords> </Keywords>"_s, u" "_s},
@@ -66,8 +62,8 @@ TEST(FieldCopyButtons, PasteTheTextAsItStandsBetweenTheFirstTags)
         {u"</Keywords> <Keywords>a</Keywords>"_s, std::nullopt},
         {QString(), std::nullopt},
     };
-    for (const Case &each : cases)
-        EXPECT_EQ(pasted(u"keywords", each.pad), each.pasted) << each.pad.toStdString();
+    for (const auto &[pad, text] : cases)
+        EXPECT_EQ(pasted(u"keywords", pad), text) << pad.toStdString();
     EXPECT_EQ(pasted(u"sizeInKB", u"<File_Size_K>0 KB</File_Size_K>"_s), u"0 KB"_s);
     EXPECT_EQ(pasteText(*fieldCopyButtonNamed(u"keywords"), "<Keywords>caf\xe9</Keywords>"), u"café"_s);
 }
@@ -89,47 +85,4 @@ TEST(FieldCopyButtons, PasteADateInTheShortStyleOfTheAuthorsCountry)
         EXPECT_EQ(pasted(u"programReleaseDate", release(month, u"4"_s, u"2009"_s), us), std::nullopt);
     EXPECT_EQ(pasted(u"programReleaseDate", release(u"2"_s, u"29"_s, u"2009"_s), us), std::nullopt);
     EXPECT_EQ(pasted(u"programReleaseDate", release(u"2"_s, u"2"_s, u"-9"_s), us), std::nullopt);
-}
-
-class FieldCopyPanelTest : public DataFolderTest
-{
-protected:
-    static int placeOf(QStringView action)
-    {
-        return int(fieldCopyButtonNamed(action) - fieldCopyButtons.data());
-    }
-    static void storePad(const QString &pad) { writeTo(pathIn(u"Mine"_s, title_folder::padFile), pad); }
-
-    FakeBrowser m_browser;
-    FakeDesktop m_desktop;
-    FieldCopyPanel m_panel{m_browser, m_desktop};
-};
-
-TEST_F(FieldCopyPanelTest, ReadsTheFileAtThePressAndKeepsPressedButtonsOn)
-{
-    makeTitle(u"Mine"_s);
-    storePad(u"<XML_DIZ_INFO><Company_Name>Tom & Sons</Company_Name><Keywords> \n</Keywords><EULA></EULA>"
-             "<Expire_Year>x</Expire_Year></XML_DIZ_INFO>"_s);
-    m_panel.setPasteData();
-    for (int place = 0; place < fieldCopyButtonCount; ++place)
-        EXPECT_EQ(m_panel.isEnabled(place),
-                  place == placeOf(u"companyName") || place == placeOf(u"expireDate"))
-            << place;
-
-    m_panel.press(placeOf(u"companyName"));
-    EXPECT_EQ(m_desktop.clipboard, u"Tom & Sons");
-    EXPECT_EQ(m_browser.pastes, 1);
-    EXPECT_TRUE(m_panel.isOn(placeOf(u"companyName")));
-
-    m_panel.press(placeOf(u"expireDate"));
-    storePad(u"<Company_Name></Company_Name>"_s);
-    m_panel.press(placeOf(u"companyName"));
-    EXPECT_EQ(m_desktop.clipboard, u"Tom & Sons") << "nothing to paste leaves the clipboard alone";
-    EXPECT_EQ(m_browser.pastes, 1);
-    EXPECT_TRUE(m_panel.isOn(placeOf(u"expireDate")));
-
-    QFile::remove(pathIn(u"Mine"_s, title_folder::padFile));
-    m_panel.setPasteData();
-    EXPECT_FALSE(m_panel.isEnabled(placeOf(u"companyName")));
-    EXPECT_TRUE(m_panel.isOn(placeOf(u"companyName"))) << "stays on across titles";
 }

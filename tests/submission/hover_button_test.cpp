@@ -28,12 +28,7 @@ void leave(QWidget &widget)
 
 TEST(HoverButtonTest, MovesLongTitlesAsideUnderTheMouseOnceItIsOn)
 {
-    struct Case
-    {
-        QString title;
-        bool moves;
-    };
-    const QList<Case> cases = {
+    const std::pair<QString, bool> cases[] = {
         {u"Company Name"_s, false},    {u"Company Website"_s, true},   {u"Company Country"_s, true},
         {u"Supported OS 12"_s, false}, {u"Author First Name"_s, true}, // 15 and 17 letters
     };

@@ -58,54 +58,28 @@ TEST(SiteCatalogue, WithoutChangesHasTheDefaultSitesAlphabetically)
 
 TEST(SiteCatalogue, IgnoredEntriesTakeOutDefaultSitesByNameAndByAddress)
 {
-    const StringDictionary few = {{u"Alpha"_s, u"u:a"_s},
-                                  {u"beta"_s, u"u:same"_s},
-                                  {u"Gamma"_s, u"u:same"_s},
-                                  {u"Delta"_s, u"u:same"_s}};
+    const StringDictionary few = siteList(u"Alpha=u:a,beta=u:same,Gamma=u:same,Delta=u:same");
     struct Case
     {
         const char *why;
-        StringDictionary ignored;
-        QStringList sites;
-        QStringList taken;
+        QStringView ignored, sites, taken;
     };
     const Case cases[] = {
-        {"name and address of one site",
-         {{u"Alpha"_s, u"u:a"_s}},
-         {u"beta"_s, u"Delta"_s, u"Gamma"_s},
-         {u"Alpha"_s}},
-        {"the name's site, then the first other of that address",
-         {{u"Delta"_s, u"u:same"_s}},
-         {u"Alpha"_s, u"Gamma"_s},
-         {u"Delta"_s, u"beta"_s}},
-        {"two sites by one entry",
-         {{u"Alpha"_s, u"u:same"_s}},
-         {u"Delta"_s, u"Gamma"_s},
-         {u"Alpha"_s, u"beta"_s}},
-        {"a stranger's address alone",
-         {{u"Nobody"_s, u"u:a"_s}},
-         {u"beta"_s, u"Delta"_s, u"Gamma"_s},
-         {u"Alpha"_s}},
-        {"names are told apart by case",
-         {{u"BETA"_s, u"u:?"_s}},
-         {u"Alpha"_s, u"beta"_s, u"Delta"_s, u"Gamma"_s},
-         {}},
+        {"name and address of one site", u"Alpha=u:a", u"beta,Delta,Gamma", u"Alpha"},
+        {"the name's, then the first of that address", u"Delta=u:same", u"Alpha,Gamma", u"Delta,beta"},
+        {"two sites by one entry", u"Alpha=u:same", u"Delta,Gamma", u"Alpha,beta"},
+        {"a stranger's address alone", u"Nobody=u:a", u"beta,Delta,Gamma", u"Alpha"},
+        {"names are told apart by case", u"BETA=u:?", u"Alpha,beta,Delta,Gamma", u""},
         {"in the order of the names, each address once more",
-         {{u"gamma2"_s, u"u:same"_s},
-          {u"beta"_s, u"u:same"_s},
-          {u"Zed"_s, u"u:same"_s},
-          {u"Zoo"_s, u"u:same"_s}},
-         {u"Alpha"_s},
-         {u"beta"_s, u"Delta"_s, u"Gamma"_s}},
+         u"gamma2=u:same,beta=u:same,Zed=u:same,Zoo=u:same", u"Alpha", u"beta,Delta,Gamma"},
     };
     for (const Case &each : cases) {
-        const SiteCatalogue catalogue = mergedCatalogue(few, each.ignored, {});
-        EXPECT_EQ(catalogue.sites, each.sites) << each.why;
-        EXPECT_EQ(catalogue.ignored, each.taken) << each.why;
-        ASSERT_EQ(catalogue.ignoredUrls.size(), each.taken.size());
-        for (qsizetype row = 0; row < each.taken.size(); ++row) {
-            EXPECT_EQ(catalogue.ignoredUrls[row], few.at(each.taken[row])) << each.why;
-            EXPECT_FALSE(catalogue.urlByName.contains(each.taken[row])) << each.why;
+        const SiteCatalogue catalogue = mergedCatalogue(few, siteList(each.ignored), {});
+        EXPECT_EQ(catalogue.sites.join(u','), each.sites) << each.why;
+        EXPECT_EQ(catalogue.ignored.join(u','), each.taken) << each.why;
+        for (qsizetype row = 0; row < catalogue.ignored.size(); ++row) {
+            EXPECT_EQ(catalogue.ignoredUrls.value(row), few.at(catalogue.ignored[row])) << each.why;
+            EXPECT_FALSE(catalogue.urlByName.contains(catalogue.ignored[row])) << each.why;
         }
     }
     const SiteCatalogue shared =
@@ -130,8 +104,7 @@ TEST(SiteStates, CompareTheMarksVersionWithTheCurrentOne)
 {
     struct Case
     {
-        QString versions;
-        QString current;
+        QString versions, current;
         SiteState state;
     };
     const Case cases[] = {
@@ -178,9 +151,7 @@ TEST(SiteStates, TakeTheFirstMarkOfASiteAndAMissingVersionAsEmpty)
     EXPECT_EQ(siteStates({u"A"_s}, Summary()), QList({SiteState::NotValidated}));
 }
 
-class SiteListFiles : public DataFolderTest
-{
-};
+using SiteListFiles = DataFolderTest;
 
 TEST_F(SiteListFiles, AMissingOneIsMadeEmptyAndABrokenOneIsNone)
 {
@@ -211,14 +182,4 @@ TEST_F(SiteListFiles, WhatCannotBeUnderstoodIsKeptBesideBeforeItIsReplaced)
     EXPECT_EQ(contentOf(path + u".unreadable"), u"half a li");
     EXPECT_EQ(contentOf(path + u".unreadable-2"), u"another");
     EXPECT_FALSE(QFileInfo::exists(path + u".unreadable-3"));
-}
-
-TEST_F(SiteListFiles, WhatCannotBeReadStaysAndTheAuthorHearsOfIt)
-{
-    const QString path = mwqnAppSuppLoc + u"sites.qnrc";
-    QFile::remove(path);
-    ASSERT_TRUE(QDir().mkdir(path)); // Stands for whatever cannot be read, also for root.
-    EXPECT_FALSE(site_list::write(site_list::userSites, {{u"A"_s, u"u"_s}}));
-    EXPECT_TRUE(QFileInfo(path).isDir());
-    EXPECT_TRUE(mwqnFailedWrites.contains(path));
 }

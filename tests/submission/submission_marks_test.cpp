@@ -1,5 +1,8 @@
-#include "submission/data_folder_fixture.h"
+#include "store/summary_file.h"
 #include "submission/submission_marks.h"
+#include "support/printing.h"
+
+#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 using namespace quillon;
@@ -10,9 +13,7 @@ using Edit = QString (*)(const QString &, const QString &);
 
 struct Lists
 {
-    QString version;
-    QString sites;
-    QString versions;
+    QString version, sites, versions;
     bool operator==(const Lists &) const = default;
 };
 
@@ -51,8 +52,7 @@ TEST(SubmissionMarks, EditTheTwoListsAndNothingElse)
     {
         Edit edit;
         QString site;
-        Lists before;
-        Lists after;
+        Lists before, after;
     };
     const Edit mark = submission_marks::withMark;
     const Edit remove = submission_marks::withoutMark;
@@ -97,9 +97,7 @@ TEST(SubmissionMarks, MendListsThatAreNotWhole)
     struct Case
     {
         const char *why;
-        QString elements;
-        QString marked;
-        QString removed;
+        QString elements, marked, removed;
     };
     const Case cases[] = {
         {"as pruning leaves it", u"<QN_SITES>A,B</QN_SITES>\n\t\t<QN_VERSION>1,2<QN_VERSION>"_s,
@@ -151,28 +149,4 @@ TEST(SubmissionMarks, OfAnyNameLeaveTheOtherElementsAlone)
     const QString read =
         submission_marks::withMark(summaryWith(u"9"_s, closed(u"A &amp; B"_s, u"1"_s)), u"A & B"_s);
     EXPECT_EQ(listsIn(read), (Lists{u"9"_s, u"A & B"_s, u"9,"_s})) << "an escaped name is the same site";
-}
-
-class SubmissionMarksOnDisk : public DataFolderTest
-{
-};
-
-TEST_F(SubmissionMarksOnDisk, AreThoseOfTheSelectedTitle)
-{
-    makeTitle(u"Other"_s, u"A"_s, u"1"_s, u"1"_s);
-    makeTitle(u"Mine"_s, u""_s, u""_s, u"3"_s);
-    EXPECT_TRUE(submission_marks::markSubmitted(u"Softs"_s));
-    EXPECT_EQ(listsIn(contentOf(pathIn(u"Mine"_s, title_folder::summaryFile))),
-              (Lists{u"3"_s, u"Softs"_s, u"3"_s}));
-    EXPECT_EQ(listsIn(contentOf(pathIn(u"Other"_s, title_folder::summaryFile))),
-              (Lists{u"1"_s, u"A"_s, u"1"_s}));
-    EXPECT_TRUE(submission_marks::removeMark(u"Softs"_s));
-    EXPECT_EQ(listsIn(contentOf(pathIn(u"Mine"_s, title_folder::summaryFile))),
-              (Lists{u"3"_s, u""_s, u""_s}));
-
-    QFile::remove(pathIn(u"Mine"_s, title_folder::summaryFile));
-    EXPECT_FALSE(submission_marks::markSubmitted(u"Softs"_s)) << "a summary that is gone is not made up";
-    EXPECT_FALSE(QFileInfo::exists(pathIn(u"Mine"_s, title_folder::summaryFile)));
-    clearSelectedTitle();
-    EXPECT_FALSE(submission_marks::removeMark(u"Softs"_s));
 }

@@ -4,22 +4,19 @@
 #include "platform/delayed_calls.h"
 #include "platform/notification_center.h"
 #include "platform/notifications.h"
-#include "platform/settings.h"
 #include "shell/message_box_sheets.h"
 #include "shell/submission_opener.h"
 #include "shell/toolbar_control.h"
 #include "submission/data_folder_fixture.h"
 #include "submission/submit_window.h"
 #include "submission/web_engine_browser.h"
-#include "support/gui.h"
+#include "support/program_test.h"
 #include "support/web_server.h"
 
 #include <QClipboard>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QMouseEvent>
-#include <QPushButton>
 #include <QTableView>
 #include <QWebEngineLoadingInfo>
 #include <QWebEnginePage>
@@ -27,16 +24,32 @@
 
 namespace quillon {
 
+struct SubmitProgram
+{
+    SubmitProgram()
+    {
+        toolbar.awakeFromNib();
+        overview.awakeFromNib();
+        overview.tableViewSelectionDidChange(0);
+        toolbar.submitTBI();
+    }
+    QWidget *shownWindow() { return submission.window(); }
+
+    MessageBoxSheets sheets;
+    TimedCalls calls;
+    OverviewController overview{sheets};
+    ToolbarControl toolbar{overview, sheets};
+    SubmissionOpener submission{toolbar, overview, sheets, calls};
+};
+
 /// The submission window as the program opens it, on a title "Mine", with sites on a server of the test's
 /// own; what a page is given is read from what it posts there.
-class SubmitWindowTest : public DataFolderTest
+class SubmitWindowTest : public ProgramTest<SubmitProgram, DataFolderTest>
 {
 protected:
-    void SetUp() override
+    void prepare() override
     {
         using namespace Qt::StringLiterals;
-        DataFolderTest::SetUp();
-        setSettingsHome(home());
         NotificationCenter::defaultCenter().addObserver(notification::mwqnPClSiL432ds, &m_observer, [this] {
             mwqnSCPreallSitesDict = {{u"Alpha"_s, server.url(u"/form.html"_s)},
                                      {u"Beta"_s, server.url(u"/windows.html"_s)},
@@ -44,29 +57,16 @@ protected:
         });
         makeTitle(u"Mine"_s, u"Beta"_s, u"1.0"_s, u"1.0"_s);
         writeTo(pathIn(u"Mine"_s, title_folder::padFile), pad);
-        start();
     }
-    void TearDown() override
-    {
-        m_program.reset();
-        DataFolderTest::TearDown();
-    }
-
     /// The window is opened by the toolbar's item, and the first site's page is there.
-    void start()
+    void start() override
     {
-        m_program.reset();
-        m_program = std::make_unique<Program>();
-        m_program->toolbar.awakeFromNib();
-        m_program->overview.awakeFromNib();
-        m_program->overview.tableViewSelectionDidChange(0);
-        submit();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
+        ProgramTest::start();
         ASSERT_TRUE(waitForPage(u"Submit"));
     }
-    void submit() { m_program->toolbar.submitTBI(); }
+    void submit() { program().toolbar.submitTBI(); }
 
-    SubmitWindow &window() { return *m_program->submission.window(); }
+    SubmitWindow &window() { return *program().submission.window(); }
     SubmitControl &control() { return window().control(); }
     static QWebEnginePage &page(const QString &view = QStringLiteral("qnWebView"))
     {
@@ -143,37 +143,12 @@ protected:
         QTest::mouseClick(visible<QWebEngineView>(view)->focusProxy(), Qt::LeftButton, {}, point);
         ask(QStringLiteral("0"), view); // The page has had the click.
     }
-    static void pressButton(const QString &name)
-    {
-        QTest::mouseClick(visible<QPushButton>(name), Qt::LeftButton);
-    }
     /// Waits for the post of a form or a report that has @p field, and gives its value.
     QString posted(const QString &field)
     {
         EXPECT_TRUE(eventually([&] { return server.posted(field) != u"(no such field)"; }))
             << field.toStdString();
         return server.posted(field);
-    }
-    /// Clicks that button of the alert that is open; gives its texts, null when none is open.
-    static QString clickAlert(const QString &button)
-    {
-        auto *box = openWindow<QMessageBox>();
-        if (!box)
-            return {};
-        QString texts = box->text() + u'|' + box->informativeText();
-        for (QAbstractButton *each : box->buttons()) {
-            if (each->text() == button)
-                QTest::mouseClick(each, Qt::LeftButton);
-        }
-        return texts;
-    }
-    /// Waits for an alert, answers it and gives its texts.
-    static QString answerAlert(const QString &button)
-    {
-        QString texts;
-        EXPECT_TRUE(eventually([&] { return !(texts = clickAlert(button)).isNull(); }));
-        EXPECT_TRUE(eventually([] { return openWindow<QMessageBox>() == nullptr; })) << button.toStdString();
-        return texts;
     }
 
     WebServer server;
@@ -192,18 +167,9 @@ private:
         "<Program_Release_Month>07</Program_Release_Month><Program_Release_Day>04</Program_Release_Day>"
         "<Program_Release_Year>2009</Program_Release_Year><Char_Desc_80>First line\nsecond "
         "line</Char_Desc_80>"
-        "</XML_DIZ_INFO>");
+        "<Keywords> \n</Keywords><EULA></EULA><Expire_Year>x</Expire_Year></XML_DIZ_INFO>");
 
-    struct Program
-    {
-        MessageBoxSheets sheets;
-        TimedCalls calls;
-        OverviewController overview{sheets};
-        ToolbarControl toolbar{overview, sheets};
-        SubmissionOpener submission{toolbar, overview, sheets, calls};
-    };
     QObject m_observer;
-    std::unique_ptr<Program> m_program;
 };
 
 } // namespace quillon

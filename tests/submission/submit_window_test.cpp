@@ -1,4 +1,5 @@
 #include "store/error_tracking.h"
+#include "submission/field_copy.h"
 #include "submission/submission_sites_table.h"
 #include "submission/submit_window_fixture.h"
 
@@ -14,9 +15,7 @@ TEST_F(SubmitWindowTest, ThePanelFillsFieldsOfEveryKind)
 {
     struct Case
     {
-        QString field;
-        QString button;
-        QString received;
+        QString field, button, received;
     };
     const QList<Case> cases = {
         {u"text"_s, u"companyNameButton"_s, u"Tom &amp; Sons"_s},
@@ -29,7 +28,7 @@ TEST_F(SubmitWindowTest, ThePanelFillsFieldsOfEveryKind)
     };
     for (const Case &each : cases) {
         click(each.field);
-        pressButton(each.button);
+        press(each.button);
         EXPECT_TRUE(visible<QPushButton>(each.button)->isChecked());
         EXPECT_NE(QApplication::focusWidget(), visible<QWidget>(each.button));
     }
@@ -38,23 +37,42 @@ TEST_F(SubmitWindowTest, ThePanelFillsFieldsOfEveryKind)
     click(u"send"_s);
     for (const Case &each : cases)
         EXPECT_EQ(posted(each.field), each.received) << each.field.toStdString();
+}
 
-    EXPECT_FALSE(visible<QPushButton>(u"companyAddressButton"_s)->isEnabled()) << "it has no value";
-    EXPECT_EQ(visible<QPushButton>(u"companyCityTownButton"_s)->accessibleDescription(), u"Leeds"_s);
+TEST_F(SubmitWindowTest, ButtonsFollowThePadFileAndStayOnOncePressed)
+{
+    const QStringList withValue = {u"companyName"_s,        u"companyCityTown"_s, u"programVersion"_s,
+                                   u"programReleaseDate"_s, u"sizeInBytes"_s,     u"pb80CharDescription"_s,
+                                   u"expireDate"_s};
+    for (const FieldCopyButton &button : fieldCopyButtons) {
+        const QString name = button.action.toString();
+        EXPECT_EQ(window().findChild<QPushButton *>(name + u"Button")->isEnabled(), withValue.contains(name))
+            << name.toStdString();
+    }
+    const auto *company = visible<QPushButton>(u"companyNameButton"_s);
+    const auto *town = visible<QPushButton>(u"companyCityTownButton"_s);
+    EXPECT_EQ(town->accessibleDescription(), u"Leeds"_s);
+    press(u"companyNameButton"_s);
+    EXPECT_TRUE(eventually([] { return QApplication::clipboard()->text() == u"Tom &amp; Sons"; }));
+
     writeTo(pathIn(u"Mine"_s, title_folder::padFile), u"<City_Town>York</City_Town>"_s);
+    press(u"companyNameButton"_s);
+    press(u"companyCityTownButton"_s);
+    EXPECT_TRUE(eventually([] { return QApplication::clipboard()->text() != u"Tom &amp; Sons"; }));
+    EXPECT_EQ(QApplication::clipboard()->text(), u"York"_s) << "the file counts, as it is at the press";
     NotificationCenter::defaultCenter().post(notification::mwqnSClpd);
-    EXPECT_EQ(visible<QPushButton>(u"companyCityTownButton"_s)->accessibleDescription(), u"York"_s);
-    EXPECT_FALSE(visible<QPushButton>(u"companyNameButton"_s)->isEnabled());
-    EXPECT_TRUE(visible<QPushButton>(u"companyNameButton"_s)->isChecked());
+    EXPECT_EQ(town->accessibleDescription(), u"York"_s);
+    EXPECT_FALSE(company->isEnabled());
+    EXPECT_TRUE(company->isChecked());
 }
 
 TEST_F(SubmitWindowTest, QuickPressesPasteEachItsOwnValue)
 {
     ASSERT_TRUE(open(u"/form.html?busy"_s));
     click(u"text"_s);
-    pressButton(u"companyNameButton"_s);
-    pressButton(u"companyCityTownButton"_s);
-    pressButton(u"sizeInBytesButton"_s);
+    press(u"companyNameButton"_s);
+    press(u"companyCityTownButton"_s);
+    press(u"sizeInBytesButton"_s);
     const QString value = u"document.getElementById('text').value"_s;
     EXPECT_TRUE(eventually([&] { return ask(value).toString().endsWith(u"12345"); }));
     EXPECT_EQ(ask(value).toString(), u"Tom &amp; SonsLeeds12345"_s);
@@ -64,11 +82,11 @@ TEST_F(SubmitWindowTest, FramesAndPagesThatRedrawThemselvesAreFilled)
 {
     ASSERT_TRUE(open(u"/frames.html"_s)) << "a frame that fails is no failed page";
     click(u"first"_s, u"frame"_s);
-    pressButton(u"companyNameButton"_s);
+    press(u"companyNameButton"_s);
     const QString second = u"document.getElementById('frame').contentDocument.getElementById('%1').value"_s;
     EXPECT_TRUE(eventually([&] { return !ask(second.arg(u"first"_s)).toString().isEmpty(); }));
     click(u"second"_s, u"frame"_s);
-    pressButton(u"companyCityTownButton"_s);
+    press(u"companyCityTownButton"_s);
     EXPECT_TRUE(eventually([&] { return !ask(second.arg(u"second"_s)).toString().isEmpty(); }));
     click(u"save"_s, u"frame"_s);
     EXPECT_EQ(posted(u"first"_s), u"Tom &amp; Sons"_s);
@@ -77,11 +95,11 @@ TEST_F(SubmitWindowTest, FramesAndPagesThatRedrawThemselvesAreFilled)
 
 TEST_F(SubmitWindowTest, APressWithoutAFieldSaysWhatToDo)
 {
-    pressButton(u"companyNameButton"_s);
+    press(u"companyNameButton"_s);
     auto *notice = visible<QLabel>(u"notice"_s);
     EXPECT_TRUE(eventually([&] { return notice->text().contains(u"click a field"); }));
     click(u"text"_s);
-    pressButton(u"companyNameButton"_s);
+    press(u"companyNameButton"_s);
     EXPECT_TRUE(eventually([&] { return notice->text().isEmpty(); }));
 }
 
@@ -95,6 +113,7 @@ TEST_F(SubmitWindowTest, FilesGoIntoTheFormWhenTheyAreChosen)
     QObject::connect(&answers, &QTimer::timeout, &answers, [&] {
         if (!dialog())
             return;
+        EXPECT_EQ(dialog()->fileMode(), QFileDialog::ExistingFile) << "only one at a time";
         if (++asked == 1) {
             dialog()->reject();
             return;

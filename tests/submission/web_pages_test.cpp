@@ -2,8 +2,6 @@
 #include "submission/submit_window_fixture.h"
 #include "submission/web_engine_page.h"
 
-#include <QDirIterator>
-
 #include <csignal>
 
 using namespace Qt::StringLiterals;
@@ -24,16 +22,11 @@ protected:
             ->findChild<QWidget *>(u"webViewLoadProgress"_s)
             ->isVisible();
     }
-    /// All files below the home folder, but for the engine's and the settings.
+    /// Everything below the home folder, but for the engine's and the settings.
     [[nodiscard]] QStringList files() const
     {
-        QStringList found;
-        QDirIterator each(home(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
-        while (each.hasNext()) {
-            if (const QString path = each.next(); !path.contains(u"/.config/"))
-                found.append(path);
-        }
-        found.sort();
+        QStringList found = tree(home()).keys();
+        found.removeIf([](const QString &path) { return path.startsWith(u".config"); });
         return found;
     }
 };
@@ -43,12 +36,7 @@ TEST_F(WebPagesTest, WhatCannotBeLoadedShowsTheErrorPage)
     using Extent = WebServer::Extent;
     server.serve(u"/empty404"_s, {{}, "text/html", "404 Not Found"});
     server.serve(u"/half"_s, {QByteArray(4000, 'x'), "text/html", "200 OK", {}, Extent::Half});
-    struct Case
-    {
-        QString address;
-        QString reason;
-    };
-    const QList<Case> cases = {
+    const std::pair<QString, QString> cases[] = {
         {u"http://no-such-host.invalid/"_s, u"ERR_NAME_NOT_RESOLVED"_s},
         {u"http://127.0.0.1:1/"_s, u"ERR_UNSAFE_PORT"_s},
         {server.url(u"/empty404"_s), u"status 404"_s},
@@ -156,7 +144,7 @@ TEST_F(WebPagesTest, OtherWindowsAreOneWindow)
     EXPECT_EQ(visible<QLabel>(u"popUpAddress"_s)->text(), server.url(u"/form.html"_s));
 
     click(u"text"_s, {}, popUp);
-    pressButton(u"companyNameButton"_s);
+    press(u"companyNameButton"_s);
     EXPECT_TRUE(eventually([&] {
         return ask(u"document.getElementById('text').value"_s, popUp) == u"Tom &amp; Sons"_s;
     })) << "values go to the page that the author works in";
@@ -166,7 +154,7 @@ TEST_F(WebPagesTest, OtherWindowsAreOneWindow)
     ASSERT_TRUE(waitForPage(u"Windows", popUp));
     click(u"link"_s, {}, popUp);
     ASSERT_TRUE(waitForPage(u"Submit", popUp)) << "a window of the window takes its place";
-    pressButton(u"closePopUpWindowButton"_s);
+    press(u"closePopUpWindowButton"_s);
     EXPECT_EQ(openWindow<PopUpWindow>(), nullptr);
 
     click(u"open"_s);
@@ -175,7 +163,7 @@ TEST_F(WebPagesTest, OtherWindowsAreOneWindow)
     click(u"close"_s, {}, popUp);
     EXPECT_TRUE(eventually([] { return openWindow<PopUpWindow>() == nullptr; }));
     click(u"text"_s);
-    pressButton(u"companyCityTownButton"_s);
+    press(u"companyCityTownButton"_s);
     click(u"report"_s);
     EXPECT_EQ(posted(u"text"_s), u"Leeds"_s);
     // The page asks before it is left; it is not heard.
@@ -216,7 +204,7 @@ TEST_F(WebPagesTest, ADeadRendererIsAnErrorThatReloadingMends)
         ASSERT_TRUE(waitForPage(u"Submit"));
     }
     click(u"text"_s);
-    pressButton(u"companyCityTownButton"_s);
+    press(u"companyCityTownButton"_s);
     EXPECT_TRUE(eventually([] { return ask(u"document.getElementById('text').value"_s) == u"Leeds"_s; }));
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/temporary_home.h"
+
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -28,5 +30,12 @@ inline CliResult runCli(const QString &home, const QStringList &arguments)
     return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
             process.readAllStandardOutput(), process.readAllStandardError()};
 }
+
+/// A test that runs quillon-cli on its own home folder.
+class CommandLineTest : public TemporaryHome
+{
+protected:
+    CliResult cli(const QStringList &arguments) const { return runCli(home(), arguments); }
+};
 
 } // namespace quillon

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
+#include <QMap>
 #include <QString>
 #include <QStringList>
 
@@ -28,6 +30,20 @@ inline QStringList names(const QString &folder)
 {
     return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
                                   QDir::Name);
+}
+
+/// Everything below @p folder, hidden things too, by their paths from there: the bytes of files, "-" for
+/// others.
+inline QMap<QString, QByteArray> tree(const QString &folder)
+{
+    QMap<QString, QByteArray> found;
+    QDirIterator walk(folder, QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
+                      QDirIterator::Subdirectories);
+    while (walk.hasNext()) {
+        const QString path = walk.next();
+        found[QDir(folder).relativeFilePath(path)] = walk.fileInfo().isFile() ? contents(path) : "-";
+    }
+    return found;
 }
 
 /// A file that is written anew gets another number.

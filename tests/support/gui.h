@@ -68,20 +68,38 @@ inline void press(const QString &button)
     QTest::mouseClick(visible<QPushButton>(button), Qt::LeftButton);
 }
 
-/// Waits for an alert, answers it with the button of that text and gives its message.
-inline QString answerAlert(const QString &buttonText)
+/// Types @p text into the visible field of that name, in the place of what it holds.
+inline void type(const QString &field, const QString &text)
 {
-    EXPECT_TRUE(eventually([] { return openWindow<QMessageBox>() != nullptr; }));
+    auto *input = visible<QLineEdit>(field);
+    input->clear();
+    QTest::keyClicks(input, text);
+}
+
+/// Clicks the button of that text in the alert that is open. Gives what the alert says, its informative text
+/// after a bar; null when none is open.
+inline QString clickAlert(const QString &buttonText)
+{
     auto *box = openWindow<QMessageBox>();
     if (!box)
         return {};
-    QString message = box->text();
+    QString texts = box->text();
+    if (!box->informativeText().isEmpty())
+        texts += u'|' + box->informativeText();
     for (QAbstractButton *button : box->buttons()) {
         if (button->text() == buttonText)
             QTest::mouseClick(button, Qt::LeftButton);
     }
+    return texts;
+}
+
+/// Waits for an alert, answers it like clickAlert() and waits for its end.
+inline QString answerAlert(const QString &buttonText)
+{
+    QString texts;
+    EXPECT_TRUE(eventually([&] { return !(texts = clickAlert(buttonText)).isNull(); }));
     EXPECT_TRUE(eventually([] { return openWindow<QMessageBox>() == nullptr; })) << buttonText.toStdString();
-    return message;
+    return texts;
 }
 
 /// Waits for a file dialog and enters @p path in it.
@@ -120,6 +138,16 @@ inline QList<QWidget *> tabStops(QWidget &window)
         QTest::keyClick(focus, Qt::Key_Tab);
     }
     EXPECT_LT(stops.size(), most) << "Tab never comes back in " << window.objectName().toStdString();
+    return stops;
+}
+
+/// The same; expects at least that many, and that each has a name for a screen reader.
+inline QList<QWidget *> expectNamedTabStops(QWidget &window, qsizetype least)
+{
+    const QList<QWidget *> stops = tabStops(window);
+    EXPECT_GE(stops.size(), least);
+    for (QWidget *stop : stops)
+        EXPECT_FALSE(accessibleName(stop).isEmpty()) << stop->objectName().toStdString();
     return stops;
 }
 

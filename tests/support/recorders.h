@@ -2,6 +2,7 @@
 
 #include "platform/alert_sheets.h"
 #include "platform/delayed_calls.h"
+#include "platform/notification_center.h"
 
 #include <QList>
 #include <QMultiMap>
@@ -49,6 +50,23 @@ public:
 
 private:
     Answered m_answered;
+};
+
+/// Writes down which of some notifications are posted.
+class PostedNotifications
+{
+public:
+    explicit PostedNotifications(std::initializer_list<QStringView> observed)
+    {
+        for (const QStringView name : observed)
+            NotificationCenter::defaultCenter().addObserver(name, &m_observer,
+                                                            [this, name] { names.append(name.toString()); });
+    }
+
+    QStringList names;
+
+private:
+    QObject m_observer;
 };
 
 /// Delayed calls by a clock that the test moves.

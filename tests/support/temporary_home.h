@@ -1,5 +1,6 @@
 #pragma once
 
+#include "store/add_delete_import_edit.h"
 #include "store/process_state.h"
 #include "support/files.h"
 #include "support/printing.h"
@@ -41,6 +42,17 @@ private:
     }
 
     QTemporaryDir m_home;
+};
+
+/// The same with a data folder, in which there is no title yet.
+class TemporaryDataFolder : public TemporaryHome
+{
+protected:
+    void SetUp() override
+    {
+        TemporaryHome::SetUp();
+        AddDeleteImportEdit::checkAppSuppExists();
+    }
 };
 
 } // namespace quillon

@@ -1,4 +1,5 @@
 #include "support/printing.h"
+#include "support/valid_form.h"
 #include "validation/universal_converters.h"
 
 #include <gtest/gtest.h>
@@ -30,11 +31,6 @@ struct Edited : TextControl
         setEditing(true);
     }
 };
-
-QString of(qsizetype length, QChar unit = u'x')
-{
-    return QString(length, unit);
-}
 
 // clang-format off
 TEST(UniversalConverters, CountsSeveralLinesWithHintAndCaption)
@@ -166,20 +162,6 @@ TEST(UniversalConverters, MarksLoadedTexts)
     }
 }
 
-TEST(UniversalConverters, TakesTextsOfAnySize)
-{
-    static constexpr qsizetype million = 1'000'000;
-    for (const QString &text : {of(million), QString(of(million) + u"!@host.com"), of(million, u'.')}) {
-        Edited field(text);
-        EXPECT_FALSE(UniversalConverters::emailCheck(emailBounds, field));
-    }
-    Edited number(of(million, u'1'));
-    EXPECT_FALSE(UniversalConverters::phoneNumberCheck({7, 40}, number));
-    EXPECT_EQ(red(number), u"40+999960"_s);
-    Edited version(of(million));
-    UniversalConverters::atzWithSpecialChars(u"0-9", version.text(), version);
-    EXPECT_EQ(version.text().size(), million);
-}
 // clang-format on
 
 } // namespace
