@@ -1,4 +1,5 @@
 #include "overview/title_list.h"
+
 #include "platform/atomic_file.h"
 #include "platform/folder_handle.h"
 #include "platform/property_list.h"
