@@ -102,6 +102,20 @@ TEST_F(EditorTest, KeepsSubmissionMarksAndMendsASummaryWithoutFlag)
     EXPECT_TRUE(stored(title_folder::summaryFile).contains("\t<OTS_VALIDATED>0</OTS_VALIDATED>\n"));
 }
 
+TEST_F(EditorTest, AClickedRowIsStoredAtItsPlaceInTheList)
+{
+    EXPECT_EQ(editor.numberOfRows(languageTable), 139);
+    EXPECT_EQ(editor.numberOfRows(osTable), 33);
+    for (const int row : {2, 0, 1, 1, -1, 139})
+        editor.toggleRow(languageTable, row);
+    EXPECT_TRUE(editor.isRowTicked(languageTable, 0));
+    EXPECT_FALSE(editor.isRowTicked(languageTable, 1));
+    EXPECT_EQ(editor.rowTitle(languageTable, 2), u"Afrikaans"_s);
+    EXPECT_TRUE(
+        stored(title_folder::padFile).contains("<Program_Language>Abkhazian,Afrikaans</Program_Language>"));
+    EXPECT_EQ(log().count(u"languageTable"_s), 0U);
+}
+
 TEST_F(EditorTest, LoadsAndChecksWhenAsked)
 {
     editor.typed(companyStateCounty, u"Kent"_s);
@@ -151,6 +165,14 @@ TEST_F(EditorTest, TellsOfFailedWritesUntilTheyAreMended)
     editor.checkEntriesForErrors();
     EXPECT_TRUE(mwqnFailedWrites.isEmpty());
     EXPECT_TRUE(stored(title_folder::padFile).contains("<Company_Name>Ab<"));
+
+    QDir(inData(u"Title.qndata"_s)).removeRecursively();
+    editor.typed(companyName, u"Abc"_s);
+    EXPECT_EQ(mwqnFailedWrites.size(), 2);
+    QDir().mkdir(inData(u"Title.qndata"_s));
+    editor.typed(companyName, u"Abcd"_s);
+    EXPECT_TRUE(mwqnFailedWrites.isEmpty());
+    EXPECT_TRUE(stored(title_folder::padFile).contains("<Company_Name>Abcd<"));
 }
 
 TEST_F(EditorTest, AFullDiskLeavesTheOldFilesWhole)

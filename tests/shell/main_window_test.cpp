@@ -128,14 +128,16 @@ TEST_F(MainWindowTest, ATitleFromItsCreationToItsEnd)
         press(u"exportButton"_s);
         EXPECT_EQ(visible<QLineEdit>(u"fileNameEdit"_s)->text(), u"Second.xml"_s);
         chooseFile(home() + u"/Second 1.0"_s);
-        EXPECT_EQ(answerAlert(answer), u"“Second 1.0.xml” already exists. Do you want to replace it?"_s);
+        EXPECT_EQ(answerAlert(answer), u"“Second 1.0.xml” already exists. Do you want to replace it?|"
+                                       "What it holds now will be lost."_s);
         EXPECT_EQ(contents(exported) != "old", replaced);
     }
     EXPECT_EQ(answerAlert(u"OK"_s), u"PAD file export successful"_s);
     EXPECT_EQ(contents(exported), contents(inData(u"Second.qndata/data.qnxml"_s)));
 
     press(u"deleteButton"_s);
-    EXPECT_EQ(answerAlert(u"Cancel"_s), u"Do you really want to delete Second"_s);
+    EXPECT_EQ(answerAlert(u"Cancel"_s),
+              u"Do you really want to delete Second|Deleting listings cannot be undone."_s);
     EXPECT_EQ(titles().size(), 1);
     EXPECT_TRUE(title_folder::exists(u"Second"_s));
     press(u"deleteButton"_s);
@@ -151,10 +153,10 @@ TEST_F(MainWindowTest, FilesComeInByTheChooserAndByDropping)
     EXPECT_EQ(titles(), QStringList{u"A"_s});
     EXPECT_TRUE(eventually([] { return openWindow<QMessageBox>() != nullptr; }));
     EXPECT_TRUE(visible<QPlainTextEdit>(u"alertDetails"_s)->toPlainText().contains(u"Freemium"_s));
-    EXPECT_EQ(answerAlert(u"OK"_s), u"Import Successful"_s);
+    EXPECT_TRUE(answerAlert(u"OK"_s).startsWith(u"Import Successful"));
 
     drop({padFile(u"B"_s), padFile(u"C"_s)});
-    EXPECT_EQ(answerAlert(u"OK"_s), u"Import Successful"_s);
+    EXPECT_TRUE(answerAlert(u"OK"_s).startsWith(u"Import Successful"));
     EXPECT_EQ(titles(), QStringList({u"A"_s, u"B"_s, u"C"_s}));
 
     drop({padFile(u"B"_s)}); // Taken: another name is asked for.
@@ -165,7 +167,7 @@ TEST_F(MainWindowTest, FilesComeInByTheChooserAndByDropping)
         });
     }));
     typeName(u"B again"_s);
-    EXPECT_EQ(answerAlert(u"OK"_s), u"Import Successful"_s);
+    EXPECT_TRUE(answerAlert(u"OK"_s).startsWith(u"Import Successful"));
     EXPECT_TRUE(titles().contains(u"B again"_s));
 }
 

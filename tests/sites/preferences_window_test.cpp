@@ -179,6 +179,7 @@ TEST_F(PreferencesWindowTest, ASiteIsAddedAfterEveryRefusal)
         EXPECT_TRUE(eventually([&] { return visible<QLineEdit>(each.focus)->hasFocus(); }));
         EXPECT_EQ(visible<QLineEdit>(each.focus)->selectedText(), each.selected);
         preferences().cancelAddEditAction();
+        activate(window());
     }
     preferences().addSaveButtonAction(u"Late"_s, u"late"_s);
     EXPECT_EQ(namesIn(sites()).size(), 213) << "a closed panel saves nothing";
@@ -286,7 +287,9 @@ TEST_F(PreferencesWindowTest, BackupsAreFoldersThatAreChosenAsOneItem)
     ASSERT_TRUE(put(backup + u"/older"_s, "x"));
     press(u"backupSoftwareButton"_s);
     enterPath(backup);
-    EXPECT_EQ(answerAlert(u"Cancel"_s), u"“My list 1.0.swback” already exists. Do you want to replace it?"_s);
+    EXPECT_EQ(
+        answerAlert(u"Cancel"_s),
+        u"“My list 1.0.swback” already exists. Do you want to replace it?|What it holds now will be lost."_s);
     EXPECT_TRUE(QFileInfo::exists(backup + u"/older"_s));
     enterPath(backup);
     answerAlert(u"Replace"_s);

@@ -1,4 +1,7 @@
+#include "pad/pad_reader.h"
+#include "pad/pad_writer.h"
 #include "store/error_pass.h"
+#include "support/files.h"
 #include "support/printing.h"
 #include "support/valid_form.h"
 #include "validation/field_rules.h"
@@ -338,6 +341,25 @@ TEST(FieldRules, JudgingAgainChangesNothing)
     }
     EXPECT_EQ(checked(form), errors);
     EXPECT_EQ(changes, 0);
+}
+
+TEST(FieldRules, RealFilesKeepTheirErrorsWhenWrittenAnew)
+{
+    const QStringList files = names(QStringLiteral(QUILLON_REAL_PADS));
+    if (files.isEmpty())
+        GTEST_SKIP() << "no PAD files beside the checkout";
+    qsizetype valid = 0;
+    for (const QString &file : files) {
+        PadForm form;
+        loadPADData(contents(QStringLiteral(QUILLON_REAL_PADS "/") + file), form);
+        const StringDictionary errors = checked(form);
+        PadForm again;
+        loadPADData(pad_writer::document(form), again);
+        EXPECT_EQ(checked(again), errors) << file.toStdString();
+        valid += errors.empty() ? 1 : 0;
+    }
+    EXPECT_GT(valid, 0);
+    EXPECT_LT(valid, files.size());
 }
 
 } // namespace
