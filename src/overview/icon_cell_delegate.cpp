@@ -114,8 +114,9 @@ bool IconCellDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
 {
     const QStringList names = index.data(IconsRole).toStringList();
     const Places places = placesIn(option.rect, index);
-    for (qsizetype at = 0; at < places.icons.size(); ++at) {
-        if (event->type() == QEvent::ToolTip && places.icons[at].contains(event->pos())) {
+    const bool haveOwnTips = event->type() == QEvent::ToolTip && names.size() > 1;
+    for (qsizetype at = 0; haveOwnTips && at < places.icons.size(); ++at) {
+        if (places.icons[at].contains(event->pos())) {
             QToolTip::showText(event->globalPos(), plainToolTip(iconDescription(names[at])), view);
             return true;
         }

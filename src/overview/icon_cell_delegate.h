@@ -6,8 +6,8 @@
 
 namespace quillon {
 
-/// Draws cells of small pictures, each with a tool tip of its own. Names that have no picture of their own
-/// are drawn as @p fallback; pictures that do not fit into the cell are counted.
+/// Draws cells of small pictures; where a cell has several, each has a tool tip of its own. Names that have
+/// no picture of their own are drawn as @p fallback; pictures that do not fit into the cell are counted.
 class IconCellDelegate : public QStyledItemDelegate
 {
     Q_OBJECT

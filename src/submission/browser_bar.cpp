@@ -65,7 +65,7 @@ QAction *BrowserBar::newAction(const QString &name, const QString &text, const Q
     action->setObjectName(name);
     action->setShortcuts(shortcuts);
     action->setToolTip(u"%1 (%2)"_s.arg(text, shortcuts.first().toString(QKeySequence::NativeText)));
-    connect(action, &QAction::triggered, this, run);
+    connect(action, &QAction::triggered, this, std::move(run));
     addAction(action);
     return action;
 }

@@ -23,19 +23,6 @@ namespace {
 const QString headerKey = u"submitWindow/sitesTable"_s;
 constexpr int statusWidth = 64;
 
-/// Draws the state's picture; what it means is the table's to say.
-class StateDelegate final : public IconCellDelegate
-{
-public:
-    explicit StateDelegate(QObject *parent) : IconCellDelegate({}, parent) {}
-
-    bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
-                   const QModelIndex &index) override
-    {
-        return QStyledItemDelegate::helpEvent(event, view, option, index);
-    }
-};
-
 } // namespace
 
 SitesDrawer::SitesDrawer(SubmitControl &control, QWidget *parent)
@@ -104,7 +91,7 @@ void SitesDrawer::buildTable()
     table.verticalHeader()->hide();
     table.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     table.verticalHeader()->setDefaultSectionSize(qMax(table.fontMetrics().height(), iconCellSize) + 8);
-    table.setItemDelegateForColumn(SubmissionSitesTable::Status, new StateDelegate(this));
+    table.setItemDelegateForColumn(SubmissionSitesTable::Status, new IconCellDelegate({}, this));
 
     QHeaderView *header = table.horizontalHeader();
     header->setHighlightSections(false);

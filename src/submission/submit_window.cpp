@@ -66,7 +66,7 @@ QAction *SubmitWindow::newAction(const QString &name, const QString &text,
     auto *action = new QAction(text, this);
     action->setObjectName(name);
     action->setShortcuts(shortcuts);
-    connect(action, &QAction::triggered, this, run);
+    connect(action, &QAction::triggered, this, std::move(run));
     addAction(action);
     return action;
 }

@@ -8,15 +8,16 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QMenu>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <QWebEngineHistory>
 #include <QWebEngineLoadingInfo>
 #include <QWebEngineNewWindowRequest>
-#include <QWebEngineScript>
 #include <QWebEngineView>
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 
 using namespace Qt::StringLiterals;
 
@@ -24,13 +25,12 @@ namespace quillon {
 
 namespace {
 
-/// Our scripts run beside those of the page, unseen by them.
-constexpr quint32 ownWorld = QWebEngineScript::ApplicationWorld;
-
 /// Whether the focus of the page is where a paste can do something. Of frames from elsewhere nobody can tell.
 const QString focusScript = uR"((() => {
-    const element = document.activeElement;
-    return !!element && !['BODY', 'HTML', 'A', 'BUTTON', 'SELECT'].includes(element.tagName);
+    let element = document.activeElement;
+    while (element?.contentDocument)
+        element = element.contentDocument.activeElement;
+    return !!element && (element.matches(':read-write') || /FRAME|-/.test(element.tagName));
 })())"_s;
 
 const QString contentScript =
@@ -53,6 +53,10 @@ constexpr std::array menuActions = {
     QWebEnginePage::OpenLinkInThisWindow,
     QWebEnginePage::CopyLinkToClipboard,
 };
+
+/// How long a page that has answered takes at most to begin a paste that it was told of before. Commands and
+/// scripts come to it by different ways, of which either may be the faster one.
+constexpr std::chrono::milliseconds pasteGrace{500};
 
 constexpr double smallestZoom = 0.25;
 constexpr double greatestZoom = 5.0;
@@ -118,6 +122,7 @@ void WebEngineBrowser::connectPage()
             });
     connect(m_page, &QWebEnginePage::linkHovered, this, &WebEngineBrowser::notice);
     connect(m_page, &WebEnginePage::fileOffered, this, &WebEngineBrowser::showFile);
+    connect(m_page, &WebEnginePage::pasteBegun, this, &WebEngineBrowser::pasteBegun);
     connect(m_page, &WebEnginePage::navigationAccepted, this, [this](const QUrl &url) {
         // A load that takes another one's place is not told as begun.
         if (m_page->isLoading())
@@ -228,7 +233,8 @@ void WebEngineBrowser::begin(const QUrl &url, const QString &address)
     ++m_loads;
     m_isLoading = true;
     m_progress = 0;
-    m_pastes.clear();
+    forgetPastes();
+    Q_EMIT notice({});
     m_showsOwnPage = WebEnginePage::isOwnPage(url);
     if (!m_showsOwnPage) {
         m_address = address;
@@ -237,7 +243,6 @@ void WebEngineBrowser::begin(const QUrl &url, const QString &address)
     } else if (m_ownPageAddress) {
         m_address = *m_ownPageAddress;
     }
-    Q_EMIT notice({});
     if (m_delegate)
         m_delegate->didStartProvisionalLoad();
     Q_EMIT stateChanged();
@@ -250,6 +255,7 @@ void WebEngineBrowser::end()
     m_isLoading = false;
     m_page->setZoomFactor(m_zoomFactor); // The engine remembers it for each server.
     showFileText();
+    m_page->watchForPastes();
     if (m_delegate)
         m_delegate->didFinishLoad();
     m_progress = 0;
@@ -282,21 +288,19 @@ void WebEngineBrowser::failLater(const QString &description)
 void WebEngineBrowser::failUnlessPageHasContent(int httpStatus)
 {
     // Most servers send a page along that says what is wrong; that is shown as any other.
-    m_page->runJavaScript(
-        contentScript, ownWorld,
-        [self = QPointer(this), httpStatus, load = m_loads](const QVariant &hasContent) {
-            if (!self || load != self->m_loads)
-                return;
-            if (hasContent.toBool())
-                self->end();
-            else
-                self->fail(u"The server answered with status %1 and an empty page."_s.arg(httpStatus));
-        });
+    m_page->ask(contentScript, [this, httpStatus, load = m_loads](const QVariant &hasContent) {
+        if (load != m_loads)
+            return;
+        if (hasContent.toBool())
+            end();
+        else
+            fail(u"The server answered with status %1 and an empty page."_s.arg(httpStatus));
+    });
 }
 
 void WebEngineBrowser::renderProcessEnded()
 {
-    m_pastes.clear();
+    forgetPastes();
     failLater(u"The process that shows the page has ended unexpectedly. Reload the page to try again."_s);
 }
 
@@ -329,33 +333,49 @@ void WebEngineBrowser::showFileText()
 {
     if (!m_fileText)
         return;
-    m_page->runJavaScript(u"document.getElementById(%1).textContent = %2"_s.arg(
-                              scriptLiteral(shownTextId.toString()), scriptLiteral(*m_fileText)),
-                          ownWorld);
+    m_page->ask(u"document.getElementById(%1).textContent = %2"_s.arg(scriptLiteral(shownTextId.toString()),
+                                                                      scriptLiteral(*m_fileText)));
     m_fileText.reset();
 }
 
 void WebEngineBrowser::pasteNow(PasteQueue::Done done)
 {
-    m_page->triggerAction(QWebEnginePage::Paste);
-    // A script may overtake the paste on its way to the page, and the click before it; one that is sent when
-    // the first has come back cannot.
-    const QPointer self(this);
-    m_page->runJavaScript(u"0"_s, ownWorld, [self, done = std::move(done)](const QVariant &) {
-        if (self)
-            self->m_page->runJavaScript(focusScript, ownWorld, [self, done](const QVariant &canPaste) {
-                if (self)
-                    self->tellOfPaste(canPaste);
-                done();
-            });
+    const auto paste = std::make_shared<const PasteQueue::Done>(std::move(done));
+    m_openPaste = paste;
+    m_page->watchForPastes();
+    m_page->triggerAction(QWebEnginePage::Paste); // At once, so that a click after the press comes after it.
+    m_page->ask(u"0"_s, [this, paste](const QVariant &) {
+        QTimer::singleShot(pasteGrace, this, [this, paste] { missPaste(paste); });
     });
 }
 
-void WebEngineBrowser::tellOfPaste(const QVariant &canPaste)
+void WebEngineBrowser::pasteBegun()
 {
-    // A page that is gone by now answers nothing.
-    const bool isLost = canPaste.isValid() && !canPaste.toBool();
-    Q_EMIT notice(isLost ? u"Nothing was pasted: click a field of the page first."_s : QString());
+    Q_EMIT notice({});
+    m_page->ask(u"0"_s, [this, paste = m_openPaste](const QVariant &) { endPaste(paste, {}); });
+}
+
+void WebEngineBrowser::missPaste(const OpenPaste &paste)
+{
+    m_page->ask(focusScript, [this, paste](const QVariant &canPaste) {
+        endPaste(paste,
+                 canPaste.toBool() ? QString() : u"Nothing was pasted: click a field of the page first."_s);
+    });
+}
+
+void WebEngineBrowser::endPaste(const OpenPaste &paste, const QString &problem)
+{
+    if (!paste || paste != m_openPaste)
+        return;
+    m_openPaste.reset();
+    Q_EMIT notice(problem);
+    (*paste)();
+}
+
+void WebEngineBrowser::forgetPastes()
+{
+    m_openPaste.reset();
+    m_pastes.clear();
 }
 
 void WebEngineBrowser::showContextMenu(const QPoint &place)

@@ -7,6 +7,8 @@
 #include <QPointer>
 #include <QWidget>
 
+#include <functional>
+#include <memory>
 #include <optional>
 
 class QWebEngineLoadingInfo;
@@ -68,6 +70,9 @@ Q_SIGNALS:
     void notice(const QString &text);
 
 private:
+    /// A paste that the page was told of, for as long as it may be under way.
+    using OpenPaste = std::shared_ptr<const PasteQueue::Done>;
+
     void connectPage();
     void loadingChanged(const QWebEngineLoadingInfo &info);
     void begin(const QUrl &url, const QString &address);
@@ -81,13 +86,17 @@ private:
     void showFile(const OfferedFile &file);
     void showFileText();
     void pasteNow(PasteQueue::Done done);
-    void tellOfPaste(const QVariant &canPaste);
+    void pasteBegun();
+    void missPaste(const OpenPaste &paste);
+    void endPaste(const OpenPaste &paste, const QString &problem);
+    void forgetPastes();
     void showContextMenu(const QPoint &place);
 
     QWebEngineView *m_view;
     WebEnginePage *m_page;
     BrowserDelegate *m_delegate = nullptr;
     PasteQueue m_pastes;
+    OpenPaste m_openPaste;
     QPointer<WebEngineBrowser> m_pasteTarget;
     QString m_address;
     std::optional<QString> m_ownPageAddress; ///< That of the page that loadHtml() was given last.

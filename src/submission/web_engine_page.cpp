@@ -3,10 +3,12 @@
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QPointer>
+#include <QUuid>
 #include <QWebEngineFileSystemAccessRequest>
 #include <QWebEngineLoadingInfo>
 #include <QWebEngineQuotaRequest>
 #include <QWebEngineRegisterProtocolHandlerRequest>
+#include <QWebEngineScriptCollection>
 
 #include <algorithm>
 #include <array>
@@ -28,6 +30,31 @@ constexpr std::array<QStringView, 3> innerSchemes = {u"about", u"blob", u"data"}
 /// A page that asks without end gets no for an answer from then on.
 constexpr int mostQuestions = 10;
 
+/// What pasteWatch() says; no page can guess it.
+const QString &pasteToken()
+{
+    static const QString token = QUuid::createUuid().toString();
+    return token;
+}
+
+/// Has a window, and those in it that are from the same site, tell when something is pasted there, before the
+/// clipboard is read.
+const QString &pasteWatch()
+{
+    static const QString script = uR"(
+        globalThis.tellOfPaste ??= event => event.isTrusted && console.debug('%1');
+        (function watch(frame) {
+            try {
+                frame.addEventListener('paste', tellOfPaste, true);
+            } catch {
+                return;
+            }
+            for (let inner = 0; inner < frame.length; ++inner)
+                watch(frame[inner]);
+        })(window))"_s.arg(pasteToken());
+    return script;
+}
+
 template<size_t count>
 bool isOneOf(const std::array<QStringView, count> &schemes, const QUrl &url)
 {
@@ -46,7 +73,7 @@ Answer awaited(const std::function<void(std::function<void(Answer)>)> &ask, cons
     QEventLoop loop;
     const auto answer = std::make_shared<std::optional<Answer>>();
     const std::weak_ptr<void> pending = [&] {
-        const std::shared_ptr<void> ticket(nullptr, [loop = QPointer(&loop)](void *) {
+        std::shared_ptr<void> ticket(nullptr, [loop = QPointer(&loop)](void *) {
             if (loop)
                 loop->quit();
         });
@@ -67,10 +94,30 @@ Answer awaited(const std::function<void(std::function<void(Answer)>)> &ask, cons
 WebEnginePage::WebEnginePage(QWebEngineProfile *profile, QObject *parent) : QWebEnginePage(profile, parent)
 {
     refusePermissions();
+    QWebEngineScript watch;
+    watch.setInjectionPoint(QWebEngineScript::DocumentCreation);
+    watch.setWorldId(ownWorld);
+    watch.setRunsOnSubFrames(true);
+    watch.setSourceCode(pasteWatch());
+    scripts().insert(watch);
     connect(this, &QWebEnginePage::loadingChanged, this, [this](const QWebEngineLoadingInfo &info) {
         if (info.status() == QWebEngineLoadingInfo::LoadStartedStatus)
             m_questions = 0;
     });
+}
+
+void WebEnginePage::ask(const QString &script, std::function<void(const QVariant &)> answer)
+{
+    runJavaScript(script, ownWorld,
+                  [asker = QPointer(&m_asker), answer = std::move(answer)](const QVariant &value) {
+                      if (asker && answer)
+                          answer(value);
+                  });
+}
+
+void WebEnginePage::watchForPastes()
+{
+    ask(pasteWatch());
 }
 
 void WebEnginePage::refusePermissions()
@@ -149,10 +196,12 @@ bool WebEnginePage::javaScriptPrompt(const QUrl &, const QString &, const QStrin
     return false; // As if the author had cancelled it.
 }
 
-void WebEnginePage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel, const QString &, int,
+void WebEnginePage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel, const QString &message, int,
                                              const QString &)
 {
-    // What scripts write for their makers is no message of this program.
+    // What the page's own scripts write for their makers is no message of this program.
+    if (message == pasteToken())
+        Q_EMIT pasteBegun();
 }
 
 } // namespace quillon

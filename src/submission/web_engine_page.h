@@ -4,6 +4,9 @@
 #include "submission/download_page.h"
 
 #include <QWebEnginePage>
+#include <QWebEngineScript>
+
+#include <functional>
 
 namespace quillon {
 
@@ -22,12 +25,22 @@ public:
     /// The page's content came from setHtml(): no site can show an address of that kind in the main frame.
     static bool isOwnPage(const QUrl &url) { return url.scheme() == QStringLiteral("data"); }
 
+    /// Gives the result of @p script, which runs beside the page's own scripts, unseen by them; none when the
+    /// page it ran in is gone. Not answered when this object goes first.
+    void ask(const QString &script, std::function<void(const QVariant &)> answer = {});
+
+    /// Has pasteBegun() tell also of the frames that there are by now and that have no address of their own.
+    void watchForPastes();
+
 Q_SIGNALS:
     /// The main frame goes elsewhere, but for the steps of a redirection.
     void navigationAccepted(const QUrl &url);
     void navigationRefused(const QUrl &url);
     /// The page offers a file for download; this is to be shown.
     void fileOffered(const quillon::OfferedFile &file);
+    /// Something is pasted into a frame of the page. The clipboard is read before the page runs its next
+    /// script; not at all if the page will not have it.
+    void pasteBegun();
 
 protected:
     bool acceptNavigationRequest(const QUrl &url, NavigationType type, bool isMainFrame) override;
@@ -41,10 +54,13 @@ protected:
                                   const QString &source) override;
 
 private:
+    static constexpr quint32 ownWorld = QWebEngineScript::ApplicationWorld;
+
     void refusePermissions();
 
     BrowserDelegate *m_delegate = nullptr;
     int m_questions = 0; ///< Asked with confirm since the page was loaded.
+    QObject m_asker;     ///< Gone before the engine's page, which answers what is still open when it goes.
 };
 
 } // namespace quillon
