@@ -212,7 +212,7 @@ bool SubmitWindow::eventFilter(QObject *watched, QEvent *event)
     // is where the author last did something.
     if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::KeyPress) {
         WebEngineBrowser &popUp = m_popUpBrowserWindow->browser();
-        const auto *widget = qobject_cast<QWidget *>(watched);
+        const auto *widget = watched->isWidgetType() ? static_cast<const QWidget *>(watched) : nullptr;
         if (popUp.isAncestorOf(widget))
             m_qnWebView->setPasteTarget(&popUp);
         else if (m_qnWebView->isAncestorOf(widget))
