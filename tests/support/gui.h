@@ -144,9 +144,9 @@ inline QList<QWidget *> tabStops(QWidget &window)
 /// The same; expects at least that many, and that each has a name for a screen reader.
 inline QList<QWidget *> expectNamedTabStops(QWidget &window, qsizetype least)
 {
-    const QList<QWidget *> stops = tabStops(window);
+    QList<QWidget *> stops = tabStops(window);
     EXPECT_GE(stops.size(), least);
-    for (QWidget *stop : stops)
+    for (QWidget *stop : std::as_const(stops))
         EXPECT_FALSE(accessibleName(stop).isEmpty()) << stop->objectName().toStdString();
     return stops;
 }
