@@ -345,31 +345,27 @@ void WebEngineBrowser::pasteNow(PasteQueue::Done done)
     m_page->watchForPastes();
     m_page->triggerAction(QWebEnginePage::Paste); // At once, so that a click after the press comes after it.
     m_page->ask(u"0"_s, [this, paste](const QVariant &) {
-        QTimer::singleShot(pasteGrace, this, [this, paste] { missPaste(paste); });
+        QTimer::singleShot(pasteGrace, this, [this, paste] { settle(paste); });
     });
 }
 
 void WebEngineBrowser::pasteBegun()
 {
     Q_EMIT notice({});
-    m_page->ask(u"0"_s, [this, paste = m_openPaste](const QVariant &) { endPaste(paste, {}); });
+    settle(m_openPaste);
 }
 
-void WebEngineBrowser::missPaste(const OpenPaste &paste)
+void WebEngineBrowser::settle(const OpenPaste &paste)
 {
+    // A page may be told of a paste that it has no place for.
     m_page->ask(focusScript, [this, paste](const QVariant &canPaste) {
-        endPaste(paste,
-                 canPaste.toBool() ? QString() : u"Nothing was pasted: click a field of the page first."_s);
+        if (!paste || paste != m_openPaste)
+            return;
+        m_openPaste.reset();
+        Q_EMIT notice(canPaste.toBool() ? QString()
+                                        : u"Nothing was pasted: click a field of the page first."_s);
+        (*paste)();
     });
-}
-
-void WebEngineBrowser::endPaste(const OpenPaste &paste, const QString &problem)
-{
-    if (!paste || paste != m_openPaste)
-        return;
-    m_openPaste.reset();
-    Q_EMIT notice(problem);
-    (*paste)();
 }
 
 void WebEngineBrowser::forgetPastes()

@@ -87,8 +87,7 @@ private:
     void showFileText();
     void pasteNow(PasteQueue::Done done);
     void pasteBegun();
-    void missPaste(const OpenPaste &paste);
-    void endPaste(const OpenPaste &paste, const QString &problem);
+    void settle(const OpenPaste &paste);
     void forgetPastes();
     void showContextMenu(const QPoint &place);
 

@@ -103,12 +103,18 @@ TEST_F(SubmitWindowTest, FramesAndPagesThatRedrawThemselvesAreFilled)
 
 TEST_F(SubmitWindowTest, APressWithoutAFieldSaysWhatToDo)
 {
-    press(u"companyNameButton"_s);
     auto *notice = visible<QLabel>(u"notice"_s);
-    EXPECT_TRUE(eventually([&] { return notice->text().contains(u"click a field"); }));
-    click(u"text"_s);
+    const auto pressAfterClick = [&](const QString &id) {
+        click(id);
+        press(u"companyNameButton"_s);
+    };
+    const auto tells = [&] { return notice->text().contains(u"click a field"); };
     press(u"companyNameButton"_s);
+    EXPECT_TRUE(eventually(tells)) << "nothing has the focus";
+    pressAfterClick(u"text"_s);
     EXPECT_TRUE(eventually([&] { return notice->text().isEmpty(); }));
+    pressAfterClick(u"heading"_s);
+    EXPECT_TRUE(eventually(tells)) << "there is a place in a text, but none to write";
 }
 
 TEST_F(SubmitWindowTest, FilesGoIntoTheFormWhenTheyAreChosen)
