@@ -345,27 +345,27 @@ void WebEngineBrowser::pasteNow(PasteQueue::Done done)
     m_page->watchForPastes();
     m_page->triggerAction(QWebEnginePage::Paste); // At once, so that a click after the press comes after it.
     m_page->ask(u"0"_s, [this, paste](const QVariant &) {
-        QTimer::singleShot(pasteGrace, this, [this, paste] { settle(paste); });
+        QTimer::singleShot(pasteGrace, this, [this, paste] {
+            m_page->ask(focusScript,
+                        [this, paste](const QVariant &canPaste) { endPaste(paste, canPaste.toBool()); });
+        });
     });
 }
 
-void WebEngineBrowser::pasteBegun()
+void WebEngineBrowser::pasteBegun(bool isIntoText)
 {
     Q_EMIT notice({});
-    settle(m_openPaste);
+    m_page->ask(u"0"_s,
+                [this, isIntoText, paste = m_openPaste](const QVariant &) { endPaste(paste, isIntoText); });
 }
 
-void WebEngineBrowser::settle(const OpenPaste &paste)
+void WebEngineBrowser::endPaste(const OpenPaste &paste, bool isIntoText)
 {
-    // A page may be told of a paste that it has no place for.
-    m_page->ask(focusScript, [this, paste](const QVariant &canPaste) {
-        if (!paste || paste != m_openPaste)
-            return;
-        m_openPaste.reset();
-        Q_EMIT notice(canPaste.toBool() ? QString()
-                                        : u"Nothing was pasted: click a field of the page first."_s);
-        (*paste)();
-    });
+    if (!paste || paste != m_openPaste)
+        return;
+    m_openPaste.reset();
+    Q_EMIT notice(isIntoText ? QString() : u"Nothing was pasted: click a field of the page first."_s);
+    (*paste)();
 }
 
 void WebEngineBrowser::forgetPastes()

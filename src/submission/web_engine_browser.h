@@ -86,8 +86,8 @@ private:
     void showFile(const OfferedFile &file);
     void showFileText();
     void pasteNow(PasteQueue::Done done);
-    void pasteBegun();
-    void settle(const OpenPaste &paste);
+    void pasteBegun(bool isIntoText);
+    void endPaste(const OpenPaste &paste, bool isIntoText);
     void forgetPastes();
     void showContextMenu(const QPoint &place);
 

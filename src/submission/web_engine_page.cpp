@@ -30,7 +30,7 @@ constexpr std::array<QStringView, 3> innerSchemes = {u"about", u"blob", u"data"}
 /// A page that asks without end gets no for an answer from then on.
 constexpr int mostQuestions = 10;
 
-/// What pasteWatch() says; no page can guess it.
+/// What pasteWatch() says first; no page can guess it.
 const QString &pasteToken()
 {
     static const QString token = QUuid::createUuid().toString();
@@ -42,7 +42,12 @@ const QString &pasteToken()
 const QString &pasteWatch()
 {
     static const QString script = uR"(
-        globalThis.tellOfPaste ??= event => event.isTrusted && console.debug('%1');
+        globalThis.tellOfPaste ??= event => {
+            const place = event.composedPath()[0];
+            const isIntoText = place.matches(':read-write') || place.localName.includes('-');
+            if (event.isTrusted)
+                console.debug('%1' + isIntoText);
+        };
         (function watch(frame) {
             try {
                 frame.addEventListener('paste', tellOfPaste, true);
@@ -200,8 +205,8 @@ void WebEnginePage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel, cons
                                              const QString &)
 {
     // What the page's own scripts write for their makers is no message of this program.
-    if (message == pasteToken())
-        Q_EMIT pasteBegun();
+    if (message.startsWith(pasteToken()))
+        Q_EMIT pasteBegun(message.endsWith(u"true"));
 }
 
 } // namespace quillon

@@ -38,9 +38,10 @@ Q_SIGNALS:
     void navigationRefused(const QUrl &url);
     /// The page offers a file for download; this is to be shown.
     void fileOffered(const quillon::OfferedFile &file);
-    /// Something is pasted into a frame of the page. The clipboard is read before the page runs its next
-    /// script; not at all if the page will not have it.
-    void pasteBegun();
+    /// The author pastes into a frame of the page, @p isIntoText where text can be written or nobody can
+    /// tell. The clipboard is read before the page runs its next script; not at all if the page will not have
+    /// it.
+    void pasteBegun(bool isIntoText);
 
 protected:
     bool acceptNavigationRequest(const QUrl &url, NavigationType type, bool isMainFrame) override;
