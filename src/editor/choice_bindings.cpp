@@ -4,6 +4,7 @@
 #include "editor/check_list_model.h"
 #include "editor/editor.h"
 #include "editor/editor_layout.h"
+#include "platform/plain_text.h"
 
 #include <QAbstractItemView>
 #include <QBoxLayout>
@@ -49,7 +50,7 @@ void FieldComboBox::showControl()
     setCurrentIndex(m_control.index());
     setEditText(m_control.title());
     lineEdit()->setCursorPosition(0);
-    setToolTip(m_control.title()); // Long categories do not fit.
+    lineEdit()->setToolTip(plainToolTip(m_control.title())); // Long categories do not fit.
 }
 
 void FieldComboBox::choose(int index)

@@ -134,6 +134,12 @@ void Editor::check(ErrorPass &errors)
     Q_EMIT checked();
 }
 
+QString Editor::errorMessage(FieldId field) const
+{
+    const auto error = m_errors.find(padField(field).control.toString());
+    return error == m_errors.end() ? QString() : error->second;
+}
+
 void Editor::createPADFileData() const
 {
     if (mwqnSelSW)

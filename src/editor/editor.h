@@ -65,6 +65,8 @@ public:
 
     /// Message by field key, as of the last full check; a missing error log hides none of them.
     [[nodiscard]] const StringDictionary &errors() const { return m_errors; }
+    /// What the last full check found wrong with @p field; empty when nothing.
+    [[nodiscard]] QString errorMessage(FieldId field) const;
     /// How many fields on @p page had an error at the last full check.
     [[nodiscard]] int errorCount(const EditorPage &page) const { return quillon::errorCount(m_errors, page); }
 

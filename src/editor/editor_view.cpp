@@ -5,6 +5,7 @@
 #include "editor/editor.h"
 #include "editor/editor_layout.h"
 #include "editor/text_bindings.h"
+#include "platform/plain_text.h"
 
 #include <QBoxLayout>
 #include <QGroupBox>
@@ -76,6 +77,7 @@ EditorView::EditorView(Editor &editor, QWidget *parent)
     layout->addWidget(m_editorTabs);
     connect(m_editorTabs, &QTabWidget::currentChanged, this, &EditorView::tabPicked);
     connect(&editor, &Editor::checked, this, &EditorView::showErrorCounts);
+    connect(&editor, &Editor::checked, this, &EditorView::showErrors);
 }
 
 QWidget *EditorView::newPage(const EditorPage &page)
@@ -237,6 +239,19 @@ void EditorView::showErrorCounts()
         m_editorTabs->setTabToolTip(int(page), count == 0   ? QString()
                                                : count == 1 ? u"1 error on this page"_s
                                                             : u"%1 errors on this page"_s.arg(count));
+    }
+}
+
+void EditorView::showErrors()
+{
+    for (auto each = m_widgets.cbegin(); each != m_widgets.cend(); ++each) {
+        QWidget *widget = each.value();
+        QWidget *reader = widget->focusProxy() ? widget->focusProxy() : widget; // What a screen reader reads.
+        const QString message = m_editor.errorMessage(each.key());
+        if (reader->accessibleDescription() == message)
+            continue;
+        reader->setAccessibleDescription(message);
+        widget->setToolTip(plainToolTip(message));
     }
 }
 

@@ -17,7 +17,8 @@ struct FieldGroup;
 struct FieldLine;
 
 /// The main window's second view: the editor's five pages, each field with its caption, its control and its
-/// hint with the live counter. The tab of a page that holds errors carries their number.
+/// hint with the live counter. The tab of a page that holds errors carries their number; the field's tool
+/// tip, which a screen reader reads too, says what is wrong with it.
 class EditorView : public QWidget
 {
     Q_OBJECT
@@ -47,6 +48,7 @@ private:
     QLabel *newHint(const Control &control);
     void tabPicked(int index);
     void showErrorCounts();
+    void showErrors();
 
     Editor &m_editor;
     QTabWidget *m_editorTabs;

@@ -2,7 +2,7 @@
 
 #include "overview/icon_cell.h"
 #include "overview/software_table.h"
-#include "platform/plain_tool_tip.h"
+#include "platform/plain_text.h"
 #include "store/process_state.h"
 
 #include <QAbstractItemView>

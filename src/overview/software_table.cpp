@@ -1,7 +1,7 @@
 #include "overview/software_table.h"
 
 #include "platform/dates.h"
-#include "platform/plain_tool_tip.h"
+#include "platform/plain_text.h"
 
 #include <array>
 

@@ -1,7 +1,7 @@
 #include "overview/submitted_to_table.h"
 
 #include "overview/software_table.h"
-#include "platform/plain_tool_tip.h"
+#include "platform/plain_text.h"
 #include "platform/string_dictionary.h"
 
 #include <algorithm>

@@ -8,9 +8,11 @@
 #include "platform/application_info.h"
 #include "platform/notification_center.h"
 #include "platform/notifications.h"
+#include "platform/plain_text.h"
 #include "platform/settings.h"
 #include "shell/customise_toolbar_dialog.h"
 #include "shell/toolbar_layout.h"
+#include "store/process_state.h"
 #include "store/storage_status.h"
 
 #include <QCloseEvent>
@@ -238,6 +240,8 @@ void MainWindow::showContent(ContentView view)
 {
     m_content->setCurrentWidget(view == ContentView::Overview ? static_cast<QWidget *>(m_overviewView)
                                                               : m_editView);
+    const bool isTitleShown = view == ContentView::Editor && mwqnSelSW;
+    setWindowTitle(isTitleShown ? plainWindowTitle(*mwqnSelSW) : u"Quillon"_s);
 }
 
 void MainWindow::editField(const QString &key)

@@ -1,6 +1,7 @@
 #include "shell/submission_opener.h"
 
 #include "overview/overview_controller.h"
+#include "platform/plain_text.h"
 #include "shell/message_box_sheets.h"
 #include "shell/toolbar_control.h"
 #include "submission/submit_window.h"
@@ -25,7 +26,7 @@ void SubmissionOpener::open()
     if (!m_window) {
         m_profile = newWebEngineProfile(webEngineFolder());
         m_window = std::make_unique<SubmitWindow>(*m_profile, m_alerts, m_desktop, m_delayedCalls);
-        m_window->setWindowTitle(m_title);
+        m_window->setWindowTitle(plainWindowTitle(m_title));
         m_alerts.setWidget(SheetWindow::Submission, m_window.get());
         // What was posted before there was a window to observe it.
         SubmitControl &control = m_window->control();
@@ -40,7 +41,7 @@ void SubmissionOpener::setTitle(const QString &title)
 {
     m_title = title;
     if (m_window)
-        m_window->setWindowTitle(title);
+        m_window->setWindowTitle(plainWindowTitle(title));
 }
 
 void SubmissionOpener::close()

@@ -1,6 +1,6 @@
 #include "sites/site_list_table.h"
 
-#include "platform/plain_tool_tip.h"
+#include "platform/plain_text.h"
 
 using namespace Qt::StringLiterals;
 

@@ -2,7 +2,7 @@
 
 #include "platform/notification_center.h"
 #include "platform/notifications.h"
-#include "platform/plain_tool_tip.h"
+#include "platform/plain_text.h"
 #include "store/add_delete_import_edit.h"
 #include "submission/hover_button.h"
 

@@ -1,7 +1,7 @@
 #include "submission/submission_sites_table.h"
 
 #include "overview/software_table.h"
-#include "platform/plain_tool_tip.h"
+#include "platform/plain_text.h"
 
 #include <array>
 

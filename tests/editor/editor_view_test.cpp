@@ -86,11 +86,13 @@ TEST_F(EditorViewTest, EachKeyIsCountedColouredAndStored)
     QTest::keyClicks(name, u"cme"_s);
     EXPECT_EQ(labelText(u"companyNameMessage"_s), u"Text string 2-40 characters        4 / 40"_s);
     EXPECT_FALSE(showsRed(name));
+    EXPECT_EQ(name->toolTip(), QString());
     QTest::keyClicks(name, QString(37, u'x'));
     EXPECT_TRUE(showsRed(name));
     EXPECT_NE(labelColour(u"companyNameLabel"_s), view->palette().color(QPalette::WindowText));
     EXPECT_EQ(ErrorTracking::returnErrorDictionary()->at(u"companyName"_s),
               u"The company name is too long."_s);
+    EXPECT_EQ(name->accessibleDescription(), u"The company name is too long."_s);
 
     QTest::keyClick(name, Qt::Key_Z,
                     Qt::ControlModifier); // Undo is the widget's own, and stored like all else.

@@ -110,6 +110,10 @@ TEST_F(MainWindowTest, ATitleFromItsCreationToItsEnd)
 
     clickTitle(0);
     EXPECT_EQ(mwqnSelSW, u"First <b>title"_s);
+    window().findChild<QAction *>(u"Edit"_s)->trigger();
+    EXPECT_EQ(window().windowTitle(), u"First <b>title"_s) << "the editor says whose PAD file it shows";
+    window().findChild<QAction *>(u"Overview"_s)->trigger();
+    EXPECT_EQ(window().windowTitle(), u"Quillon"_s);
     for (const bool enabled : {false, true}) {
         enabled ? program().overview.fileMenu().enableAll() : program().overview.fileMenu().disableAll();
         for (const QString &button : {u"importButton"_s, u"renameButton"_s, u"deleteButton"_s})
