@@ -2,10 +2,9 @@
 
 #include "platform/atomic_file.h"
 #include "platform/folder_handle.h"
-#include "platform/property_list.h"
 #include "platform/string_dictionary.h"
+#include "store/add_delete_import_edit.h"
 #include "store/process_state.h"
-#include "store/storage_status.h"
 #include "store/title_folder.h"
 
 #include <QDir>
@@ -77,23 +76,20 @@ Found walkDataFolder()
 void convertOldFolder(const QString &folder)
 {
     const QString oldPath = mwqnAppSuppLoc + folder;
-    const QString newPath = oldPath + title_folder::extension;
-    const QString base = oldPath + u'/' + QFileInfo(folder).fileName();
-    const auto summary = atomic_file::read(base + oldSummaryExtension);
-    const auto pad = atomic_file::read(base + oldPadExtension);
-    if (!summary || QFileInfo::exists(newPath))
+    const QString base = oldPath + u'/' + folder;
+    const QFileInfo padFile(base + oldPadExtension);
+    const QFileInfo summaryFile(base + oldSummaryExtension);
+    if (!summaryFile.exists()) // Some other file of that kind, in a folder that is no title's.
         return;
-    if (const auto error = atomic_file::makeFolder(newPath)) {
-        reportFailure(error->path, error->reason);
-        return;
-    }
-    const bool stored = storeFile(newPath + u'/' + title_folder::summaryFile, *summary) &&
-                        storeFile(newPath + u'/' + title_folder::padFile, pad.value_or(QByteArray())) &&
-                        storeFile(newPath + u'/' + title_folder::errorLog, property_list::emptyText());
-    if (!stored) {
-        QDir(newPath).removeRecursively();
+    const auto summary = atomic_file::read(summaryFile.filePath());
+    const auto pad = atomic_file::read(padFile.filePath());
+    const bool isPadLost = !pad && (padFile.exists() || padFile.isSymLink());
+    if (title_folder::exists(folder) || !summary || isPadLost) {
+        qCWarning(log).noquote() << oldPath << "is left as it is: a title has its name, or it cannot be read";
         return;
     }
+    if (!AddDeleteImportEdit::storeTitle(folder, *summary, pad.value_or(QByteArray())))
+        return;
     QFile::remove(base + oldSummaryExtension);
     QFile::remove(base + oldPadExtension);
     QDir().rmdir(oldPath);

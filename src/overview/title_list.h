@@ -19,15 +19,16 @@ struct Title
 /// What is done with folders of the older layout.
 enum class OldLayout
 {
-    Convert, ///< Made into title folders; one whose new name is taken or not usable, or that could not be
-             ///< stored anew, stays as it is.
+    Convert, ///< Made into title folders; one whose new name is taken or not usable, whose PAD file cannot be
+             ///< read, or that could not be stored anew, stays as it is.
     Leave    ///< Not listed.
 };
 
-/// All titles in the data folder, in case-insensitive order of their names. Links are not followed. A folder
-/// that no title can be opened by, since it lies in another one, is left out and logged.
+/// All titles in the data folder, at every depth, in case-insensitive order of their names. A link to a title
+/// folder is a title; links to other folders are not followed.
 ///
-/// A title folder without a readable summary is there with empty values.
+/// A title folder without a readable summary is there with empty values. One that lies in another folder has
+/// that one's name and a "/" before its own, and can be looked at only.
 QList<Title> loadTitles(OldLayout oldLayout = OldLayout::Convert);
 
 /// Why the data folder cannot be listed, one line; none when it can be, or is not there yet.

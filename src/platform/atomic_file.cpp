@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRandomGenerator>
 
 #include <cerrno>
 #include <cstring>
@@ -65,8 +66,9 @@ std::optional<WriteError> write(const QString &path, const QByteArray &bytes)
 
     const QByteArray folder = QFile::encodeName(QFileInfo(path).path());
     // The name leaves room for the longest that a file system takes, whatever the length of the file's own.
-    const QByteArray temporary = folder + "/.quillon-" + QByteArray::number(::getpid()) + ".tmp";
-    ::unlink(temporary.constData()); // Left behind by a crash of a process with the same number.
+    // It is nobody else's: in containers and on shared disks several processes have the same number.
+    const QByteArray number = QByteArray::number(QRandomGenerator::system()->generate64(), 36);
+    const QByteArray temporary = folder + "/.quillon-" + number + ".tmp";
 
     std::optional<WriteError> error = fill(path, temporary, bytes);
     if (!error && ::rename(temporary.constData(), QFile::encodeName(path).constData()) != 0)

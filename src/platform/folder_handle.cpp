@@ -158,6 +158,19 @@ FolderHandle::Failure FolderHandle::sync() const
     return ::fsync(m_descriptor.get()) == 0 || errno == EINVAL ? std::nullopt : failure(u"syncing failed"_s);
 }
 
+FolderHandle::Failure FolderHandle::syncFiles() const
+{
+    for (const Entry &entry : entries()) {
+        if (entry.kind != Kind::File)
+            continue;
+        const Descriptor file(
+            ::openat(m_descriptor.get(), entry.name.constData(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC));
+        if (!file.isOpen() || ::fsync(file.get()) != 0)
+            return failure(u"syncing failed"_s);
+    }
+    return sync();
+}
+
 FolderHandle::Failure FolderHandle::syncFileSystem() const
 {
     return ::syncfs(m_descriptor.get()) == 0 ? std::nullopt : failure(u"syncing failed"_s);

@@ -63,6 +63,8 @@ public:
 
     /// Syncs the folder's list of names.
     [[nodiscard]] Failure sync() const;
+    /// Syncs the files in the folder, and the list of their names.
+    [[nodiscard]] Failure syncFiles() const;
     /// Syncs everything on the folder's file system: one step for any number of files.
     [[nodiscard]] Failure syncFileSystem() const;
 

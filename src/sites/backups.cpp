@@ -1,7 +1,7 @@
 #include "sites/backups.h"
 
 #include "platform/property_list.h"
-#include "sites/staged_folder.h"
+#include "platform/staged_folder.h"
 #include "store/process_state.h"
 #include "store/site_list.h"
 
@@ -70,7 +70,8 @@ QString makeSitesBackup(const QString &to, Existing existing)
     auto &folder = std::get<StagedFolder>(staged);
     if (QString reason = copySiteLists(folder.folder()); !reason.isEmpty())
         return reason;
-    return folder.putInPlace(place.fileName(), existing == Existing::Replace).value_or(QString());
+    return folder.putInPlace(place.fileName(), StagedFolder::Content::Files, existing == Existing::Replace)
+        .value_or(QString());
 }
 
 /// The entries of one list in a backup; a line to @p details when the file is there but no list.

@@ -1,5 +1,5 @@
+#include "platform/staged_folder.h"
 #include "sites/backups.h"
-#include "sites/staged_folder.h"
 #include "store/process_state.h"
 #include "store/title_folder.h"
 
@@ -158,7 +158,9 @@ public:
         if (m_failure.isEmpty() && m_copied.isEmpty())
             m_failure = u"no title could be read"_s;
         if (m_failure.isEmpty())
-            m_failure = m_staged->putInPlace(QFileInfo(m_place).fileName(), m_replace).value_or(QString());
+            m_failure =
+                m_staged->putInPlace(QFileInfo(m_place).fileName(), StagedFolder::Content::Folders, m_replace)
+                    .value_or(QString());
         if (m_failure.isEmpty())
             return {BackupResult::Done, int(m_copied.size()), 0, backups::backupSucceeded, {}, details()};
         qCWarning(log).noquote() << m_failure;

@@ -2,6 +2,7 @@
 
 #include "pad/pad_writer.h"
 #include "platform/property_list.h"
+#include "platform/staged_folder.h"
 #include "store/process_state.h"
 #include "store/site_list.h"
 #include "store/storage_status.h"
@@ -50,31 +51,42 @@ QString dataFolder()
     return QDir::cleanPath(mwqnAppSuppLoc);
 }
 
-/// Makes the title's folder unless it is there, and its three files. Of a new title that could not be made
-/// whole nothing stays; that is then the data folder's failure, which the next title that is made mends.
-bool storeTitle(const QString &folder, const QByteArray &summary, const QByteArray &pad)
+/// The folder of a title that is listed. Where it lies in another one no title can be opened, and what was to
+/// be done to it is told as not done.
+std::optional<QString> listedFolder(const QString &name)
 {
-    const QFileInfo there(folder);
-    const bool isNew = !there.exists() && !there.isSymLink();
-    std::optional<atomic_file::WriteError> error;
-    if (!there.isDir())
-        error = atomic_file::makeFolder(folder);
-    const std::pair<QStringView, QByteArray> files[] = {{title_folder::summaryFile, summary},
-                                                        {title_folder::padFile, pad},
-                                                        {title_folder::errorLog, property_list::emptyText()}};
+    std::optional<QString> folder = title_folder::path(name);
+    if (!folder)
+        reportFailure(mwqnAppSuppLoc + name, u"titles inside other folders cannot be changed"_s);
+    return folder;
+}
+
+/// The files of a title, by their names.
+using Files = std::array<std::pair<QStringView, QByteArray>, 3>;
+
+/// Makes the title's folder with its files. It comes into being whole or, whatever happens, not at all; else
+/// the reason.
+FolderHandle::Failure makeTitle(const QString &folderName, const Files &files)
+{
+    auto made = StagedFolder::in(dataFolder());
+    if (const auto *const reason = std::get_if<QString>(&made))
+        return *reason;
+    auto &staged = std::get<StagedFolder>(made);
     for (const auto &[fileName, bytes] : files) {
-        if (!error)
-            error = atomic_file::write(inFolder(folder, fileName), bytes);
+        if (auto failure = staged.folder().write(fileName.toUtf8(), bytes))
+            return failure;
     }
-    if (!error) {
-        forgetFailures(folder);
-        forgetFailure(dataFolder());
-        return true;
+    return staged.putInPlace(folderName, StagedFolder::Content::Files);
+}
+
+/// Replaces the files in a folder that is there already; the reason when that fails.
+FolderHandle::Failure replaceFiles(const QString &folder, const Files &files)
+{
+    for (const auto &[fileName, bytes] : files) {
+        if (const auto error = atomic_file::write(inFolder(folder, fileName), bytes))
+            return error->reason;
     }
-    if (isNew)
-        removeAll(folder);
-    reportFailure(dataFolder(), u"%1: %2"_s.arg(there.fileName(), error->reason));
-    return false;
+    return std::nullopt;
 }
 
 } // namespace
@@ -95,20 +107,32 @@ void AddDeleteImportEdit::checkAppSuppExists()
 
 bool AddDeleteImportEdit::createNewListing(const QString &name)
 {
-    const std::optional<QString> folder = title_folder::path(name);
-    if (!folder)
-        return false;
-    if (title_folder::exists(name))
-        return true;
-    return storeTitle(*folder, summary_file::emptyText().toUtf8(), pad_writer::skeleton());
+    return title_folder::exists(name) ||
+           storeTitle(name, summary_file::emptyText().toUtf8(), pad_writer::skeleton());
 }
 
 bool AddDeleteImportEdit::importExistingFile(const QString &name, const QByteArray &content)
 {
+    return storeTitle(name, summary_file::textForImport(content).toUtf8(), content);
+}
+
+bool AddDeleteImportEdit::storeTitle(const QString &name, const QByteArray &summary, const QByteArray &pad)
+{
     const std::optional<QString> folder = title_folder::path(name);
     if (!folder)
         return false;
-    return storeTitle(*folder, summary_file::textForImport(content).toUtf8(), content);
+    const Files files = {{{title_folder::summaryFile, summary},
+                          {title_folder::padFile, pad},
+                          {title_folder::errorLog, property_list::emptyText()}}};
+    const QFileInfo there(*folder);
+    if (const auto failure =
+            there.isDir() ? replaceFiles(*folder, files) : makeTitle(there.fileName(), files)) {
+        reportFailure(dataFolder(), u"%1: %2"_s.arg(there.fileName(), *failure));
+        return false;
+    }
+    forgetFailures(*folder);
+    forgetFailure(dataFolder());
+    return true;
 }
 
 std::optional<QByteArray> AddDeleteImportEdit::returnDataObjectFor(QStringView key)
@@ -125,7 +149,7 @@ std::optional<QByteArray> AddDeleteImportEdit::returnDataObjectFor(QStringView k
 
 bool AddDeleteImportEdit::writeToFile(QStringView key, const QByteArray &data)
 {
-    const std::optional<QString> folder = mwqnSelSW ? title_folder::path(*mwqnSelSW) : std::nullopt;
+    const std::optional<QString> folder = mwqnSelSW ? listedFolder(*mwqnSelSW) : std::nullopt;
     if (!folder)
         return false;
     for (const TitleFile &file : titleFiles) {
@@ -142,7 +166,7 @@ bool AddDeleteImportEdit::writeErrors(const StringDictionary &errors)
 
 bool AddDeleteImportEdit::renameExistingQnDataFile(const QString &oldName, const QString &newName)
 {
-    const std::optional<QString> from = title_folder::path(oldName);
+    const std::optional<QString> from = listedFolder(oldName);
     const std::optional<QString> to = title_folder::path(newName);
     if (!from || !to || !title_folder::exists(oldName))
         return false;
@@ -156,7 +180,7 @@ bool AddDeleteImportEdit::renameExistingQnDataFile(const QString &oldName, const
 
 bool AddDeleteImportEdit::deleteQnDataFile(const QString &name)
 {
-    const std::optional<QString> folder = title_folder::path(name);
+    const std::optional<QString> folder = listedFolder(name);
     if (!folder || !title_folder::exists(name))
         return false;
     if (!removeAll(*folder)) {

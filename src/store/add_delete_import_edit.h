@@ -33,6 +33,10 @@ public:
     /// (a disk that is full, or a name that cannot be a folder's, gives false).
     static bool importExistingFile(const QString &name, const QByteArray &content);
 
+    /// Makes a title of a summary and a PAD file, with an empty error log. A new one comes into being whole
+    /// or, even in a crash, not at all; files of an existing one are overwritten. True when all is stored.
+    static bool storeTitle(const QString &name, const QByteArray &summary, const QByteArray &pad);
+
     /// One file of the selected title: "general", "data", anything else the error log. None when unreadable.
     static std::optional<QByteArray> returnDataObjectFor(QStringView key);
 

@@ -31,9 +31,16 @@ public:
     [[nodiscard]] const FolderHandle &folder() const { return m_folder; }
     [[nodiscard]] const FolderHandle &parent() const { return m_parent; }
 
-    /// Syncs everything in it and gives it the name @p name in its parent. Something of that name is a
-    /// failure, unless @p replace says that it is to go; it goes only when the new folder stands there.
-    [[nodiscard]] Failure putInPlace(const QString &name, bool replace);
+    /// What may be in it, and so how it is synced.
+    enum class Content
+    {
+        Files,  ///< Some files and no folders; each is synced.
+        Folders ///< Any number of both: everything on the file system is synced, in one step.
+    };
+
+    /// Syncs what is in it and gives it the name @p name in its parent. Something of that name is a failure,
+    /// unless @p replace says that it is to go; it goes only when the new folder stands there.
+    [[nodiscard]] Failure putInPlace(const QString &name, Content content, bool replace = false);
 
 private:
     StagedFolder(const QString &parentPath, QByteArray name, FolderHandle parent, FolderHandle folder)

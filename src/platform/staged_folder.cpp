@@ -1,4 +1,4 @@
-#include "sites/staged_folder.h"
+#include "platform/staged_folder.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -51,10 +51,10 @@ StagedFolder::~StagedFolder()
         removeAll(m_parentPath + u'/' + QFile::decodeName(m_name));
 }
 
-StagedFolder::Failure StagedFolder::putInPlace(const QString &name, bool replace)
+StagedFolder::Failure StagedFolder::putInPlace(const QString &name, Content content, bool replace)
 {
     const QByteArray place = QFile::encodeName(name);
-    if (auto failure = m_folder.syncFileSystem())
+    if (auto failure = content == Content::Files ? m_folder.syncFiles() : m_folder.syncFileSystem())
         return failure;
     if (m_parent.exists(place) && replace) {
         if (auto failure = this->replace(place))
