@@ -8,14 +8,12 @@ namespace quillon {
 
 namespace {
 
-/// Whether @p file names no owner, as a crash leaves a lock that was just being made; if so it is gone now.
+/// Whether nobody lives who holds @p file; if so it is gone now. What the file says of its owner is not
+/// asked: the number may be another process's by now, or from another machine or container. A living owner is
+/// known by the system's own lock on the file.
 bool isOrphaned(QLockFile &file)
 {
-    qint64 process = 0;
-    QString host;
-    QString application;
-    return file.error() == QLockFile::LockFailedError && !file.getLockInfo(&process, &host, &application) &&
-           file.removeStaleLockFile();
+    return file.error() == QLockFile::LockFailedError && file.removeStaleLockFile();
 }
 
 } // namespace
