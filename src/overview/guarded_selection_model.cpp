@@ -5,9 +5,12 @@ namespace quillon {
 void GuardedSelectionModel::select(const QItemSelection &selection, SelectionFlags command)
 {
     const QModelIndex index = selection.indexes().value(0);
-    if (index.isValid() && command.testFlag(Select) && !isRowSelected(index.row()) &&
-        !m_guard(index, Telling::Aloud))
+    if (command.testFlag(Select) && index.isValid()) {
+        if (!isRowSelected(index.row()) && !m_guard(index, Telling::Aloud))
+            return;
+    } else if (command != NoUpdate && hasSelection() && !m_guard({}, Telling::Silent)) {
         return;
+    }
     QItemSelectionModel::select(selection, command);
 }
 

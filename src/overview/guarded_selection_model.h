@@ -6,12 +6,13 @@
 
 namespace quillon {
 
-/// A selection that asks before it moves to another row; a refusal leaves all as it was.
+/// A selection that asks before it moves to another row, or to none; a refusal leaves all as it was.
 class GuardedSelectionModel : public QItemSelectionModel
 {
     Q_OBJECT
 public:
-    /// Whether the row of the index may be selected; a refusal is told to the user where that is asked for.
+    /// Whether the row of the index, or with an invalid one no row, may be selected; a refusal is told to the
+    /// user where that is asked for.
     enum class Telling
     {
         Silent,

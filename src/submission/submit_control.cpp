@@ -141,9 +141,10 @@ void SubmitControl::markSubmitted()
     if (selectedRow() < 0)
         return;
     m_reloadWebView = false;
-    submission_marks::markSubmitted(m_selectedSite);
+    const bool isStored = submission_marks::markSubmitted(m_selectedSite);
     loadSitesList();
-    setMarkSubmittedButtonTitle(true);
+    if (isStored)
+        setMarkSubmittedButtonTitle(true);
     NotificationCenter::defaultCenter().post(notification::mwqnOvLSlst);
 }
 
@@ -152,9 +153,10 @@ void SubmitControl::removeMark()
     if (selectedRow() < 0)
         return;
     m_reloadWebView = false;
-    submission_marks::removeMark(m_selectedSite);
+    const bool isStored = submission_marks::removeMark(m_selectedSite);
     loadSitesList();
-    setMarkSubmittedButtonTitle(false);
+    if (isStored)
+        setMarkSubmittedButtonTitle(false);
     NotificationCenter::defaultCenter().post(notification::mwqnOvLSlst);
 }
 
