@@ -7,18 +7,22 @@
 #include "platform/tolerant_xml.h"
 #include "store/add_delete_import_edit.h"
 #include "store/process_state.h"
+#include "store/site_list.h"
 #include "store/storage_status.h"
 #include "store/summary_file.h"
 #include "store/title_folder.h"
 
 #include <QDir>
 #include <QFileInfo>
+#include <QLoggingCategory>
 
 using namespace Qt::StringLiterals;
 
 namespace quillon::title_operations {
 
 namespace {
+
+Q_LOGGING_CATEGORY(log, "quillon.overview")
 
 QString nameConflict(const QString &name)
 {
@@ -122,6 +126,11 @@ bool pruneMarks()
         if (at < versions.size())
             versions.removeAt(at);
         changed = true;
+    }
+    if (changed && !site_list::isUnderstood(site_list::userSites)) {
+        // Nobody can tell now which sites are gone; the marks of the author's own are not to go for that.
+        qCWarning(log).noquote() << "marks stay as they are:" << site_list::userSites << "cannot be read";
+        return false;
     }
     if (changed) {
         const QString pruned = summary_file::withSubmissions(decodedXmlText(*bytes), sites, versions);

@@ -60,7 +60,8 @@ Import importPadFile(const QString &path, const std::optional<QString> &name = s
 std::optional<QByteArray> exportedPad(const QString &title);
 
 /// Takes the selected title's marks of sites that are gone from the catalogue out of its summary file. True
-/// when there were any. Before the catalogue has been built there is nothing to tell by, and nothing is done.
+/// when there were any. Before the catalogue has been built, or while the author's own sites cannot be read,
+/// there is nothing to tell by, and nothing is done.
 bool pruneMarks();
 
 inline const QString importSucceeded = QStringLiteral("Import Successful");

@@ -41,6 +41,11 @@ std::optional<StringDictionary> read(QStringView fileName)
     return stored(fileName);
 }
 
+bool isUnderstood(QStringView fileName)
+{
+    return !QFileInfo::exists(mwqnAppSuppLoc + fileName) || stored(fileName);
+}
+
 bool write(QStringView fileName, const StringDictionary &sites)
 {
     const QString path = mwqnAppSuppLoc + fileName;

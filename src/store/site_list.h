@@ -23,6 +23,10 @@ std::optional<StringDictionary> stored(QStringView fileName);
 /// the file is no dictionary or cannot be read.
 std::optional<StringDictionary> read(QStringView fileName);
 
+/// Whether what the file @p fileName of the data folder holds is known: it is missing, or it can be read and
+/// is a list of sites.
+bool isUnderstood(QStringView fileName);
+
 /// Replaces the file @p fileName of the data folder. What is there but cannot be understood is kept beside it
 /// first, under the name with ".unreadable" added; false, and nothing written, when that cannot be done.
 bool write(QStringView fileName, const StringDictionary &sites);
