@@ -24,6 +24,14 @@ QByteArray storedFile(QStringView key)
     return AddDeleteImportEdit::returnDataObjectFor(key).value_or(QByteArray());
 }
 
+/// Makes sure that @p bytes, which nobody could make sense of, lie beside the selected title's @p fileName.
+/// Blanks alone need not be kept.
+bool isKept(QStringView fileName, const QByteArray &bytes)
+{
+    return bytes.trimmed().isEmpty() || !mwqnCurrentSWBundle ||
+           keepUnreadable(*mwqnCurrentSWBundle + u'/' + fileName, bytes);
+}
+
 /// Year, month and day as entered; empty unless all three are.
 QString releaseDate(const PadForm &form)
 {
@@ -49,12 +57,12 @@ void Editor::awakeFromNib()
 void Editor::loadPADData()
 {
     const QByteArray stored = storedFile(u"data");
+    m_unreadable.clear();
     if (!quillon::loadPADData(stored, m_form)) {
         // Nothing of a PAD file is there. The form must not go on to store another title's values as this
         // one's, nor the next check replace what may be worth mending.
         quillon::loadPADData(pad_writer::skeleton(), m_form);
-        if (!stored.trimmed().isEmpty() && mwqnCurrentSWBundle)
-            keepUnreadable(*mwqnCurrentSWBundle + u'/' + title_folder::padFile, stored);
+        m_unreadable = stored;
     }
     field_rules::forgetTypedHints(m_form);
 }
@@ -140,10 +148,12 @@ QString Editor::errorMessage(FieldId field) const
     return error == m_errors.end() ? QString() : error->second;
 }
 
-void Editor::createPADFileData() const
+void Editor::createPADFileData()
 {
-    if (mwqnSelSW)
-        AddDeleteImportEdit::writeToFile(u"data", pad_writer::document(m_form));
+    if (!mwqnSelSW || !isKept(title_folder::padFile, m_unreadable))
+        return;
+    m_unreadable.clear();
+    AddDeleteImportEdit::writeToFile(u"data", pad_writer::document(m_form));
 }
 
 void Editor::createGeneralFileData() const
@@ -155,7 +165,10 @@ void Editor::storeSummary(bool isValid) const
 {
     if (!mwqnSelSW)
         return;
-    const Summary current = summary_file::parse(storedFile(u"general"));
+    const QByteArray stored = storedFile(u"general");
+    const Summary current = summary_file::parse(stored);
+    if (!current.sites && !isKept(title_folder::summaryFile, stored)) // The marks may be worth mending.
+        return;
     const QString flag = isValid ? u"1"_s : u"0"_s;
     Summary summary;
     summary.version = m_form.value(FieldId::programVersion);

@@ -32,7 +32,7 @@ public:
     void awakeFromNib();
 
     /// Fills the form from the stored PAD file, without checking it. A file that is missing or no PAD file at
-    /// all empties the form; what it held is kept beside it.
+    /// all empties the form; what it held is kept beside it before the file is replaced.
     void loadPADData();
 
     /// The author makes @p text the text of the single-line or multi-line field @p field: it is set,
@@ -71,7 +71,7 @@ public:
     [[nodiscard]] int errorCount(const EditorPage &page) const { return quillon::errorCount(m_errors, page); }
 
     /// Stores the PAD file of what the form holds.
-    void createPADFileData() const;
+    void createPADFileData();
     /// Stores the summary of what the form holds, the submission marks kept as they are.
     void createGeneralFileData() const;
 
@@ -86,6 +86,7 @@ private:
     PadForm m_form;
     AlertSheets &m_sheets;
     StringDictionary m_errors;
+    QByteArray m_unreadable; ///< What the stored PAD file held, when that is to be kept beside it first.
 };
 
 } // namespace quillon

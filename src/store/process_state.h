@@ -44,8 +44,8 @@ struct ProgressBarState
 };
 inline ProgressBarState progressBarState;
 
-/// Reason by path of each write that failed and was not mended since. Set by reportWrite() in
-/// storage_status.h.
+/// Reason by path of each write that failed and was not mended since. Set by reportFailure()
+/// and the functions beside it in storage_status.h.
 inline QMap<QString, QString> mwqnFailedWrites;
 
 /// Makes the data folder below @p homeFolder the one that everything is stored in.
