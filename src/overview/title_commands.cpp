@@ -29,7 +29,7 @@ void TitleCommands::renameSWListItem()
 {
     if (mwqnSelSW)
         openNamePanel({u"rename"_s, u"Please Enter The New Name For "_s + *mwqnSelSW, false, u"New Name: "_s,
-                       *mwqnSelSW, u"Rename"_s});
+                       *mwqnSelSW, u"Rename"_s, *mwqnSelSW});
 }
 
 void TitleCommands::importError2(const QString &message)
@@ -69,18 +69,17 @@ void TitleCommands::addSWNPIAction(const QString &name)
     }
     const bool changed = panel.nameSheetCalledFrom == u"new"
                              ? AddDeleteImportEdit::createNewListing(name)
-                             : mwqnSelSW && AddDeleteImportEdit::renameExistingQnDataFile(*mwqnSelSW, name);
+                             : AddDeleteImportEdit::renameExistingQnDataFile(panel.title, name);
     if (changed)
         reload();
+    askForNextName();
 }
 
 void TitleCommands::cancelSWNPIAction()
 {
-    const bool wasImport = m_namePanel && m_namePanel->nameSheetCalledFrom == u"import";
+    if (m_namePanel && m_namePanel->nameSheetCalledFrom == u"import")
+        mwqnIpFloc43.clear();
     closeNamePanel();
-    if (!wasImport)
-        return;
-    mwqnIpFloc43.clear();
     askForNextName();
 }
 
@@ -150,7 +149,7 @@ void TitleCommands::finishImport()
     const auto total = m_batch.paths.size();
     const bool allWell = m_batch.imported + m_batch.unnamed == total;
     if (m_batch.imported > 0)
-        reload();
+        reloadAfterImport();
     if (!allWell && total > 1)
         tellLater({u"%1 of %2 files were imported"_s.arg(m_batch.imported).arg(total),
                    {},
@@ -169,9 +168,14 @@ void TitleCommands::askForNextName()
 {
     if (m_needNames.isEmpty() || !mwqnIpFloc43.isEmpty())
         return;
-    const auto [path, reason] = m_needNames.takeFirst();
-    mwqnIpFloc43 = path;
-    later([this, reason = reason] { importError2(reason); });
+    later([this] {
+        // The panel may be open for something else by now; then its end asks again.
+        if (m_needNames.isEmpty() || m_namePanel)
+            return;
+        const auto [path, reason] = m_needNames.takeFirst();
+        mwqnIpFloc43 = path;
+        importError2(reason);
+    });
 }
 
 void TitleCommands::confirmImport(const QString &name)
@@ -179,7 +183,7 @@ void TitleCommands::confirmImport(const QString &name)
     const Import import = title_operations::importPadFile(mwqnIpFloc43, name);
     mwqnIpFloc43.clear();
     if (import.outcome == Import::Imported) {
-        reload();
+        reloadAfterImport();
         tellImported(import.findings);
     } else {
         tellLater({import.message});
@@ -222,6 +226,14 @@ void TitleCommands::bugReportAction()
 void TitleCommands::reload()
 {
     m_overview.deselectAll();
+    m_overview.loadSoftwareList();
+}
+
+/// While the files came in the author may have gone on to edit or to submit a title; that one stays selected.
+void TitleCommands::reloadAfterImport()
+{
+    if (m_overview.fileMenu().isEnabled(FileMenu::Import))
+        m_overview.deselectAll();
     m_overview.loadSoftwareList();
 }
 

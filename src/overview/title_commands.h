@@ -15,6 +15,7 @@ struct NamePanel
     QString swNamePanelInputMessage;
     QString swNamePanelInput;
     QString swNamePanelOKButton;
+    QString title = {}; ///< The one to be renamed.
 };
 
 /**
@@ -65,6 +66,7 @@ private:
     void confirmImport(const QString &name);
     void tellImported(const QStringList &findings);
     void reload();
+    void reloadAfterImport();
     void tellLater(const Alert &alert);
     void later(std::function<void()> call) { m_delayedCalls.after(resultDelay, this, std::move(call)); }
 

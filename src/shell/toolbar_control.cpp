@@ -56,6 +56,17 @@ void ToolbarControl::awakeFromNib()
     NotificationCenter &center = NotificationCenter::defaultCenter();
     center.addObserver(notification::mwqnTCRstVw, this, [this] { resetView(); });
     center.addObserver(notification::mwqnRS87968tJHKgfds, this, [this] { resetFileMenuItems(); });
+    connect(&m_overview, &OverviewController::selectedRowChanged, this, [this](int row) {
+        if (row < 0)
+            showOverview();
+    });
+    resetView();
+}
+
+/// Without a title the editor would store nothing of what is typed into it.
+void ToolbarControl::showOverview()
+{
+    m_currentView = ContentView::Overview;
     resetView();
 }
 
@@ -63,8 +74,7 @@ void ToolbarControl::overviewTBI()
 {
     resetFileMenuItems();
     post(notification::mwqnOvLSlst);
-    m_currentView = ContentView::Overview;
-    resetView();
+    showOverview();
 }
 
 void ToolbarControl::editTBI()

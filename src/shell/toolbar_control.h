@@ -49,6 +49,7 @@ Q_SIGNALS:
     void openSubmitWindow();
 
 private:
+    void showOverview();
     void resetView() { Q_EMIT showView(m_currentView); }
     void resetFileMenuItems();
     void alertDidEndSubmitWithErrors(AlertAnswer answer);
