@@ -35,6 +35,19 @@ void print(const QJsonDocument &document)
     write(document.toJson(), stdout);
 }
 
+void print(const QByteArray &bytes)
+{
+    write(bytes, stdout);
+}
+
+bool isPrinted()
+{
+    if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0)
+        return true;
+    complain(u"The output could not be written."_s);
+    return false;
+}
+
 bool titleExists(const QString &name)
 {
     if (title_folder::exists(name))

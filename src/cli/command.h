@@ -51,6 +51,12 @@ void complain(const QString &line);
 /// Writes @p document, indented, to standard output.
 void print(const QJsonDocument &document);
 
+/// Writes @p bytes as they are to standard output.
+void print(const QByteArray &bytes);
+
+/// Whether all that was printed has been written; complains when it has not.
+bool isPrinted();
+
 /// Whether there is a title @p name; complains when there is none.
 bool titleExists(const QString &name);
 

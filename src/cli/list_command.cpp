@@ -45,6 +45,14 @@ QJsonObject json(const Title &title)
             {u"submissions"_s, submissions(summary)}};
 }
 
+/// @p name with blanks for what would end its column or its line.
+QString inOneLine(QString name)
+{
+    for (const char16_t separator : {u'\t', u'\n', u'\r'})
+        name.replace(separator, u' ');
+    return name;
+}
+
 /// One line for readers and for line-based tools: columns between tabs.
 QString line(const Title &title)
 {
@@ -52,7 +60,7 @@ QString line(const Title &title)
     const QString state = !summary.validated           ? u"-"_s
                           : *summary.validated == u"1" ? u"validated"_s
                                                        : u"not validated"_s;
-    return QStringList{title.name.simplified(), summary.version.value_or(QString()).simplified(),
+    return QStringList{inOneLine(title.name), summary.version.value_or(QString()).simplified(),
                        summary.releaseDate.value_or(QString()).simplified(),
                        namesIn(summary.operatingSystems).join(u", ").simplified(), state}
         .join(u'\t');

@@ -86,8 +86,10 @@ int main(int argc, char *argv[])
     }
     setDataFolder(QDir(cli::text(home)).absolutePath());
     for (const auto &[subcommand, command] : commands) {
-        if (subcommand->parsed())
-            return run(*command);
+        if (subcommand->parsed()) {
+            const cli::ExitStatus status = run(*command);
+            return cli::isPrinted() ? status : cli::FileFailed;
+        }
     }
     cli::complain(u"A command is needed."_s);
     cli::complain(cli::text(program.help()));

@@ -1,8 +1,6 @@
 #include "cli/commands.h"
 #include "overview/title_operations.h"
 
-#include <cstdio>
-
 using namespace Qt::StringLiterals;
 
 namespace quillon::cli {
@@ -78,11 +76,10 @@ public:
 private:
     [[nodiscard]] ExitStatus toStandardOutput() const
     {
-        const auto content = title_operations::exportedPad(text(m_title));
-        const bool written = content && std::fwrite(content->constData(), 1, size_t(content->size()),
-                                                    stdout) == size_t(content->size());
-        if (written && std::fflush(stdout) == 0)
+        if (const auto content = title_operations::exportedPad(text(m_title))) {
+            print(*content);
             return Done;
+        }
         complain(title_operations::exportFailed);
         return FileFailed;
     }

@@ -5,8 +5,6 @@
 #include "submission/field_copy.h"
 #include "submission/submission_marks.h"
 
-#include <cstdio>
-
 using namespace Qt::StringLiterals;
 
 namespace quillon::cli {
@@ -88,8 +86,7 @@ public:
             complain(u"This field has no value to be pasted."_s);
             return AnswerIsNo;
         }
-        const QByteArray bytes = value->toUtf8();
-        std::fwrite(bytes.constData(), 1, size_t(bytes.size()), stdout);
+        print(value->toUtf8());
         return TitleSession::stored();
     }
 

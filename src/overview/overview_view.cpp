@@ -111,7 +111,7 @@ QWidget *OverviewView::newTitlesPanel()
                                                   new IconCellDelegate(u":/icons/site.svg"_s, this));
 
     m_titlesOrHint = new QStackedWidget;
-    m_titlesOrHint->addWidget(m_softwareTableView);
+    m_titlesOrHint->addWidget(captioned(new QLabel(u"Software &titles"_s), m_softwareTableView));
     m_titlesOrHint->addWidget(newEmptyPage());
 
     auto *panel = new QWidget;

@@ -3,7 +3,9 @@
 #include "store/process_state.h"
 
 #include <QCryptographicHash>
+#include <QDir>
 #include <QLocalSocket>
+#include <QStandardPaths>
 
 using namespace Qt::StringLiterals;
 
@@ -11,12 +13,13 @@ namespace quillon {
 
 namespace {
 
-/// Short enough for a socket's path, and another for every data folder.
+/// The socket's path: short enough for one, and another for every data folder.
 QString serverName()
 {
     const QByteArray folder = QCryptographicHash::hash(mwqnAppSuppLoc.toUtf8(), QCryptographicHash::Sha256);
     static constexpr qsizetype length = 16;
-    return u"quillon-"_s + QString::fromLatin1(folder.toHex().first(length));
+    const QDir runtime(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation));
+    return runtime.absoluteFilePath(u"quillon-"_s + QString::fromLatin1(folder.toHex().first(length)));
 }
 
 } // namespace
