@@ -1,5 +1,6 @@
 #include "submission/browser_bar.h"
 
+#include "store/process_state.h"
 #include "submission/submit_control.h"
 #include "submission/web_engine_browser.h"
 
@@ -47,11 +48,18 @@ BrowserBar::BrowserBar(SubmitControl &control, WebEngineBrowser &browser, QActio
 
 void BrowserBar::buildActions()
 {
-    m_back = newAction(u"back"_s, u"Back"_s, u"back"_s, {u"Alt+Left"_s}, [this] { m_browser.goBack(); });
+    const auto unlessClosed = [this](void (WebEngineBrowser::*go)()) {
+        return [this, go] {
+            if (!mwqnWOSi78tgsda)
+                (m_browser.*go)();
+        };
+    };
+    m_back =
+        newAction(u"back"_s, u"Back"_s, u"back"_s, {u"Alt+Left"_s}, unlessClosed(&WebEngineBrowser::goBack));
     m_forward = newAction(u"forward"_s, u"Forward"_s, u"forward"_s, {u"Alt+Right"_s},
-                          [this] { m_browser.goForward(); });
+                          unlessClosed(&WebEngineBrowser::goForward));
     m_reload = newAction(u"reload"_s, u"Reload"_s, u"reload"_s, {u"F5"_s, u"Ctrl+R"_s},
-                         [this] { m_browser.reload(); });
+                         unlessClosed(&WebEngineBrowser::reload));
     m_stop = newAction(u"stop"_s, u"Stop"_s, u"stop"_s, {u"Esc"_s}, [this] { m_browser.stop(); });
     m_openInDefaultBrowser =
         newAction(u"openInDefaultBrowser"_s, u"Open in your own browser"_s, u"open-external"_s, {u"Ctrl+O"_s},

@@ -79,7 +79,7 @@ void PopUpWindow::showAddress()
 void PopUpWindow::closeEvent(QCloseEvent *event)
 {
     settings().setValue(geometryKey, saveGeometry());
-    m_browser->loadUrl(u"about:blank"_s); // What nobody sees shall not go on.
+    m_browser->renew(); // What nobody sees shall not go on.
     m_control->closePopUpWindowAction();
     event->accept();
 }

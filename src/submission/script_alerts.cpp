@@ -12,11 +12,19 @@ ScriptAlerts::ScriptAlerts(AlertSheets &alerts, QObject *parent) : QObject(paren
 
 void ScriptAlerts::show(const QString &message)
 {
-    if (m_waiting.size() == mostWaiting)
+    if (!mayAsk())
         return;
     m_waiting.append(message.left(longestMessage));
     if (!m_showing)
         showNext();
+}
+
+bool ScriptAlerts::mayAsk()
+{
+    if (m_inARow == mostInARow)
+        return false;
+    ++m_inARow;
+    return true;
 }
 
 void ScriptAlerts::showNext()

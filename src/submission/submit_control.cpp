@@ -183,6 +183,7 @@ void SubmitControl::openInDefaultBrowserAction()
 void SubmitControl::windowWillClose()
 {
     mwqnWOSi78tgsda = true;
+    m_scriptAlerts.clear();
     NotificationCenter::defaultCenter().post(notification::mwqnRS87968tJHKgfds);
 }
 
@@ -267,6 +268,10 @@ void SubmitControl::runJavaScriptAlertPanel(const QString &message)
 
 void SubmitControl::runJavaScriptConfirmPanel(const QString &message, Confirmed confirmed)
 {
+    if (!m_scriptAlerts.mayAsk()) {
+        confirmed(false);
+        return;
+    }
     const Alert question{u"JavaScript Confirm"_s, message.left(ScriptAlerts::longestMessage), u"OK"_s,
                          u"Cancel"_s};
     m_parts.alerts.show(SheetWindow::Submission, question,

@@ -74,6 +74,8 @@ public:
     /// The window, and with it the progress bar, has another size.
     void windowDidResize() { showProgress(); }
     void windowWillClose();
+    /// The author has pressed a key or a mouse button in the window or in the pop-up window.
+    void authorActed() { m_scriptAlerts.authorActed(); }
 
     [[nodiscard]] const QStringList &allSitesArray() const { return m_allSitesArray; }
     [[nodiscard]] const QList<SiteState> &submittedToArray() const { return m_submittedToArray; }

@@ -217,6 +217,8 @@ bool SubmitWindow::eventFilter(QObject *watched, QEvent *event)
             m_qnWebView->setPasteTarget(&popUp);
         else if (m_qnWebView->isAncestorOf(widget))
             m_qnWebView->setPasteTarget(nullptr);
+        if (widget && (widget->window() == this || widget->window() == m_popUpBrowserWindow.get()))
+            m_control->authorActed();
     }
     return QMainWindow::eventFilter(watched, event);
 }
@@ -266,11 +268,12 @@ void SubmitWindow::bringToFront()
 void SubmitWindow::closeEvent(QCloseEvent *event)
 {
     saveLayout();
+    m_control->windowWillClose(); // Before the sheets go, or the next of them would come.
     for (QDialog *sheet : findChildren<QDialog *>())
         sheet->reject();
     m_qnWebView->stop();
+    m_qnWebView->restWhileHidden();
     m_popUpBrowserWindow->close();
-    m_control->windowWillClose();
     QMainWindow::closeEvent(event);
     Q_EMIT closed();
 }

@@ -81,8 +81,9 @@ QString scriptLiteral(const QString &text)
 
 WebEngineBrowser::WebEngineBrowser(QWebEngineProfile &profile, const QString &name, QWidget *parent)
     : QWidget(parent)
+    , m_profile(profile)
     , m_view(new QWebEngineView(this))
-    , m_page(new WebEnginePage(&profile, m_view))
+    , m_page(new WebEnginePage(&profile, this))
     , m_pastes([this](PasteQueue::Done done) { pasteNow(std::move(done)); })
 {
     setObjectName(name + u"Browser"_s);
@@ -122,6 +123,9 @@ void WebEngineBrowser::connectPage()
             });
     connect(m_page, &QWebEnginePage::linkHovered, this, &WebEngineBrowser::notice);
     connect(m_page, &WebEnginePage::fileOffered, this, &WebEngineBrowser::showFile);
+    connect(m_page, &WebEnginePage::fileRefused, this, [this](const QString &name) {
+        Q_EMIT notice(u"The page offers the file “%1”; files are not stored here."_s.arg(name));
+    });
     connect(m_page, &WebEnginePage::pasteBegun, this, &WebEngineBrowser::pasteBegun);
     connect(m_page, &WebEnginePage::navigationAccepted, this, [this](const QUrl &url) {
         // A load that takes another one's place is not told as begun.
@@ -131,6 +135,39 @@ void WebEngineBrowser::connectPage()
     connect(m_page, &WebEnginePage::navigationRefused, this, [this](const QUrl &url) {
         Q_EMIT notice(u"Addresses of the kind “%1:” are not opened here."_s.arg(url.scheme()));
     });
+}
+
+void WebEngineBrowser::renew()
+{
+    WebEnginePage *const old = m_page;
+    old->disconnect(this);
+    old->setDelegate(nullptr);
+    m_page = new WebEnginePage(&m_profile, this);
+    m_page->setDelegate(m_delegate);
+    connectPage();
+    m_view->setPage(m_page);
+    old->deleteLater(); // It may be the one that asks for this.
+    forgetPastes();
+    ++m_loads;
+    m_isLoading = false;
+    m_showsOwnPage = false;
+    m_ownPageAddress.reset();
+    m_fileText.reset();
+    m_address.clear();
+    m_progress = 0;
+    Q_EMIT stateChanged();
+}
+
+void WebEngineBrowser::restWhileHidden()
+{
+    // The engine lets no page rest that can be seen; when it is shown again, it wakes by itself.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (!m_page->isVisible())
+                m_page->setLifecycleState(QWebEnginePage::LifecycleState::Frozen);
+        },
+        Qt::QueuedConnection);
 }
 
 void WebEngineBrowser::setDelegate(BrowserDelegate *delegate)
@@ -317,10 +354,8 @@ void WebEngineBrowser::openWindow(QWebEngineNewWindowRequest &request)
         return;
     // The delegate has no other browsers than those of this engine.
     auto &target = static_cast<WebEngineBrowser &>(m_delegate->createWebView());
-    if (&target == this)
-        m_page->load(request.requestedUrl()); // A page cannot take its own place while it asks.
-    else
-        request.openIn(target.m_page);
+    target.renew(); // A page cannot take its own place, and keeps the name that another page gave it.
+    request.openIn(target.m_page);
 }
 
 void WebEngineBrowser::showFile(const OfferedFile &file)

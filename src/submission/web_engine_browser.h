@@ -54,6 +54,11 @@ public:
     /// for the own page.
     void setPasteTarget(WebEngineBrowser *browser) { m_pasteTarget = browser; }
 
+    /// Begins anew with an empty page; what the old one would still do does not happen.
+    void renew();
+    /// Has the page do nothing from the moment that it is hidden until it is shown again.
+    void restWhileHidden();
+
     [[nodiscard]] bool canGoBack() const;
     [[nodiscard]] bool canGoForward() const;
     [[nodiscard]] bool isLoading() const { return m_isLoading; }
@@ -91,6 +96,7 @@ private:
     void forgetPastes();
     void showContextMenu(const QPoint &place);
 
+    QWebEngineProfile &m_profile;
     QWebEngineView *m_view;
     WebEnginePage *m_page;
     BrowserDelegate *m_delegate = nullptr;

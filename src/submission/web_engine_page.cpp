@@ -1,11 +1,11 @@
 #include "submission/web_engine_page.h"
 
+#include <QAuthenticator>
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QPointer>
 #include <QUuid>
 #include <QWebEngineFileSystemAccessRequest>
-#include <QWebEngineLoadingInfo>
 #include <QWebEngineQuotaRequest>
 #include <QWebEngineRegisterProtocolHandlerRequest>
 #include <QWebEngineScriptCollection>
@@ -26,9 +26,6 @@ constexpr std::array<QStringView, 3> webSchemes = {u"http", u"https", u"ftp"};
 /// What frames inside a page, and windows that it opens, may show beside pages of the web: what the page
 /// itself made.
 constexpr std::array<QStringView, 3> innerSchemes = {u"about", u"blob", u"data"};
-
-/// A page that asks without end gets no for an answer from then on.
-constexpr int mostQuestions = 10;
 
 /// What pasteWatch() says first; no page can guess it.
 const QString &pasteToken()
@@ -99,16 +96,13 @@ Answer awaited(const std::function<void(std::function<void(Answer)>)> &ask, cons
 WebEnginePage::WebEnginePage(QWebEngineProfile *profile, QObject *parent) : QWebEnginePage(profile, parent)
 {
     refusePermissions();
+    refuseToLogIn();
     QWebEngineScript watch;
     watch.setInjectionPoint(QWebEngineScript::DocumentCreation);
     watch.setWorldId(ownWorld);
     watch.setRunsOnSubFrames(true);
     watch.setSourceCode(pasteWatch());
     scripts().insert(watch);
-    connect(this, &QWebEnginePage::loadingChanged, this, [this](const QWebEngineLoadingInfo &info) {
-        if (info.status() == QWebEngineLoadingInfo::LoadStartedStatus)
-            m_questions = 0;
-    });
 }
 
 void WebEnginePage::ask(const QString &script, std::function<void(const QVariant &)> answer)
@@ -139,6 +133,24 @@ void WebEnginePage::refusePermissions()
             [](QWebEngineFileSystemAccessRequest request) { request.reject(); });
 }
 
+/// What the server sends along is shown then. An authenticator that is left as it is would be tried again and
+/// again.
+void WebEnginePage::refuseToLogIn()
+{
+    connect(this, &QWebEnginePage::authenticationRequired, this,
+            [](const QUrl &, QAuthenticator *authenticator) { *authenticator = QAuthenticator(); });
+    connect(this, &QWebEnginePage::proxyAuthenticationRequired, this,
+            [](const QUrl &, QAuthenticator *authenticator, const QString &) {
+                *authenticator = QAuthenticator();
+            });
+}
+
+std::optional<int> WebEnginePage::navigationTo(const QUrl &url) const
+{
+    const auto isSame = url.matches(m_navigationUrl, QUrl::RemoveFragment);
+    return isSame ? std::optional(m_navigation) : std::nullopt;
+}
+
 bool WebEnginePage::isWebPage(const QUrl &url)
 {
     return url.isValid() &&
@@ -155,14 +167,21 @@ bool WebEnginePage::acceptNavigationRequest(const QUrl &url, NavigationType type
             Q_EMIT navigationRefused(url);
         return false;
     }
-    if (isMainFrame && type != NavigationTypeRedirect)
-        Q_EMIT navigationAccepted(url);
+    if (isMainFrame) {
+        m_navigationUrl = url;
+        if (type != NavigationTypeRedirect) {
+            ++m_navigation;
+            Q_EMIT navigationAccepted(url);
+        }
+    }
     return true;
 }
 
-QStringList WebEnginePage::chooseFiles(FileSelectionMode, const QStringList &, const QStringList &)
+QStringList WebEnginePage::chooseFiles(FileSelectionMode mode, const QStringList &, const QStringList &)
 {
-    if (!m_delegate)
+    // A script that wants to write a file asks here too, and the engine would empty the file that it gets.
+    const bool isForm = mode == FileSelectOpen || mode == FileSelectOpenMultiple;
+    if (!m_delegate || !isForm)
         return {};
     const QString path = awaited<QString>(
         [delegate = m_delegate](std::function<void(QString)> chosen) {
@@ -187,7 +206,7 @@ bool WebEnginePage::javaScriptConfirm(const QUrl &, const QString &message)
                                     "Are you sure you want to leave this page? Changes that you made may "
                                     "not be saved."))
         return true;
-    if (!m_delegate || ++m_questions > mostQuestions)
+    if (!m_delegate)
         return false;
     return awaited<bool>(
         [delegate = m_delegate, &message](std::function<void(bool)> confirmed) {

@@ -7,6 +7,7 @@
 #include <QWebEngineScript>
 
 #include <functional>
+#include <optional>
 
 namespace quillon {
 
@@ -32,12 +33,20 @@ public:
     /// Has pasteBegun() tell also of the frames that there are by now and that have no address of their own.
     void watchForPastes();
 
+    /// The number of the main frame's navigation that asks for @p url; none when it is something else that
+    /// does, such as a frame inside or a link that is meant for storing.
+    [[nodiscard]] std::optional<int> navigationTo(const QUrl &url) const;
+    /// Whether the main frame has gone nowhere else since the navigation @p number.
+    [[nodiscard]] bool isCurrent(int number) const { return number == m_navigation; }
+
 Q_SIGNALS:
     /// The main frame goes elsewhere, but for the steps of a redirection.
     void navigationAccepted(const QUrl &url);
     void navigationRefused(const QUrl &url);
     /// The page offers a file for download; this is to be shown.
     void fileOffered(const quillon::OfferedFile &file);
+    /// Something in the page offers a file without the page being left for it; nothing is fetched.
+    void fileRefused(const QString &name);
     /// The author pastes into a frame of the page, @p isIntoText where text can be written or nobody can
     /// tell. The clipboard is read before the page runs its next script; not at all if the page will not have
     /// it.
@@ -58,10 +67,12 @@ private:
     static constexpr quint32 ownWorld = QWebEngineScript::ApplicationWorld;
 
     void refusePermissions();
+    void refuseToLogIn();
 
     BrowserDelegate *m_delegate = nullptr;
-    int m_questions = 0; ///< Asked with confirm since the page was loaded.
-    QObject m_asker;     ///< Gone before the engine's page, which answers what is still open when it goes.
+    int m_navigation = 0; ///< Number of the main frame's last one.
+    QUrl m_navigationUrl; ///< Where it goes, after the redirections so far.
+    QObject m_asker;      ///< Gone before the engine's page, which answers what is still open when it goes.
 };
 
 } // namespace quillon

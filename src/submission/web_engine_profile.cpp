@@ -47,6 +47,15 @@ QString beginningOf(const QString &path)
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.read(longestShownText)) : QString();
 }
 
+/// Leaves nothing of the file on disk.
+void discard(QWebEngineDownloadRequest *request)
+{
+    if (request->isFinished())
+        QFile::remove(request->downloadDirectory() + u'/' + request->downloadFileName());
+    else
+        request->cancel();
+}
+
 /// The engine's sandbox does not work for root; only then it is switched off, and not in silence.
 void switchSandboxOffForRoot()
 {
@@ -93,22 +102,31 @@ Downloads::Downloads(QWebEngineProfile &profile) : QObject(&profile)
 
 void Downloads::fetch(QWebEngineDownloadRequest *request)
 {
-    const auto *page = qobject_cast<WebEnginePage *>(request->page());
-    if (!page || request->isSavePageDownload() || !m_folder.isValid()) {
+    auto *page = qobject_cast<WebEnginePage *>(request->page());
+    const auto navigation = page ? page->navigationTo(request->url()) : std::nullopt;
+    if (!navigation || request->isSavePageDownload() || !m_folder.isValid()) {
         request->cancel();
+        if (page)
+            Q_EMIT page->fileRefused(request->suggestedFileName());
         return;
     }
     request->setDownloadDirectory(m_folder.path());
     request->setDownloadFileName(QString::number(++m_count));
-    const auto look = [this, request] { this->look(request); };
+    const auto look = [this, request, navigation] { this->look(request, *navigation); };
     connect(request, &QWebEngineDownloadRequest::receivedBytesChanged, this, look);
     connect(request, &QWebEngineDownloadRequest::totalBytesChanged, this, look);
     connect(request, &QWebEngineDownloadRequest::isFinishedChanged, this, look);
     request->accept();
 }
 
-void Downloads::look(QWebEngineDownloadRequest *request)
+void Downloads::look(QWebEngineDownloadRequest *request, int navigation)
 {
+    const auto *const page = qobject_cast<WebEnginePage *>(request->page());
+    if (!page || !page->isCurrent(navigation)) {
+        disconnect(request, nullptr, this, nullptr);
+        discard(request);
+        return;
+    }
     const QString path = request->downloadDirectory() + u'/' + request->downloadFileName();
     if (!isTextType(request->mimeType())) {
         // Its size is all that is waited for, and servers need not tell it.
@@ -133,10 +151,7 @@ void Downloads::finish(QWebEngineDownloadRequest *request, std::optional<QString
         file.size = request->receivedBytes();
     else if (request->totalBytes() > 0)
         file.size = request->totalBytes();
-    if (request->isFinished())
-        QFile::remove(request->downloadDirectory() + u'/' + request->downloadFileName());
-    else
-        request->cancel();
+    discard(request);
     if (auto *page = qobject_cast<WebEnginePage *>(request->page()))
         Q_EMIT page->fileOffered(file);
 }

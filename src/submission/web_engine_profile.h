@@ -26,7 +26,8 @@ std::unique_ptr<QWebEngineProfile> newWebEngineProfile(const QString &folder);
 QString webEngineFolder();
 
 /// Fetches what pages of a profile offer for download as far as it can be shown, and nothing into a folder of
-/// the author's.
+/// the author's. Only what stands in place of a page is fetched, and only until the author goes elsewhere; a
+/// frame, or a script, does not take the place of a form.
 class Downloads : public QObject
 {
     Q_OBJECT
@@ -35,7 +36,7 @@ public:
 
 private:
     void fetch(QWebEngineDownloadRequest *request);
-    void look(QWebEngineDownloadRequest *request);
+    void look(QWebEngineDownloadRequest *request, int navigation);
     void finish(QWebEngineDownloadRequest *request, std::optional<QString> text);
 
     QTemporaryDir m_folder;

@@ -222,11 +222,17 @@ TEST_F(SubmitControlTest, PagesMayAlertButNotForEver)
     EXPECT_EQ(m_alerts.windows[0], SheetWindow::Submission);
     EXPECT_EQ(m_alerts.lastMessage(), u"JavaScript Alert");
     EXPECT_EQ(m_alerts.alerts[0].informativeText.size(), 2000);
-    for (int answers = 0; answers < 30; ++answers)
+    for (int answers = 0; answers < 30; ++answers) {
         m_alerts.answer(AlertAnswer::Default);
-    EXPECT_EQ(m_alerts.alerts.size(), 11) << "a page cannot keep the author busy for ever";
+        engine().runJavaScriptAlertPanel(u"and another"_s);
+    }
+    EXPECT_EQ(m_alerts.alerts.size(), 10) << "a page cannot keep the author busy for ever";
+    std::optional<bool> confirmed;
+    engine().runJavaScriptConfirmPanel(u"Sure?"_s, [&](bool agreed) { confirmed = agreed; });
+    EXPECT_EQ(confirmed, false) << "nor by asking";
+    m_control.authorActed();
     m_popUp.delegate->runJavaScriptAlertPanel(u"again"_s);
-    EXPECT_EQ(m_alerts.alerts.size(), 12);
+    EXPECT_EQ(m_alerts.alerts.size(), 11);
 
     m_popUp.delegate->didStartProvisionalLoad();
     m_popUp.delegate->didFailLoad(u"no"_s);

@@ -201,6 +201,18 @@ TEST_F(SubmitWindowTest, ClosingStopsAndReopeningBringsItBack)
     EXPECT_EQ(server.count(u"/windows.html"_s), 0);
 
     start();
+    ask(u"setInterval(() => fetch('/tick'), 10)"_s);
+    EXPECT_TRUE(eventually([this] { return server.count(u"/tick"_s) > 0; }));
+    window().close();
+    EXPECT_TRUE(eventually([] {
+        const auto views = QApplication::allWidgets();
+        return std::any_of(views.begin(), views.end(), [](QWidget *each) {
+            auto *view = qobject_cast<QWebEngineView *>(each);
+            return view && view->page()->lifecycleState() == QWebEnginePage::LifecycleState::Frozen;
+        });
+    }));
+    submit();
+    EXPECT_EQ(page().lifecycleState(), QWebEnginePage::LifecycleState::Active);
     EXPECT_EQ(window().size(), QSize(1111, 666));
     EXPECT_TRUE(visible<QWidget>(u"sitesDrawer"_s)) << "opening the window opens the drawer";
 

@@ -2,6 +2,9 @@
 #include "submission/submit_window_fixture.h"
 #include "submission/web_engine_page.h"
 
+#include <QSignalSpy>
+#include <QWebEngineProfile>
+
 #include <csignal>
 
 using namespace Qt::StringLiterals;
@@ -120,6 +123,37 @@ TEST_F(WebPagesTest, OfferedFilesAreShownAndNotStored)
     QTest::keyClick(&window(), Qt::Key_F5);
     EXPECT_TRUE(eventually([this] { return server.count(u"/long"_s) == 2; }))
         << "reloading asks the server again";
+    server.serve(u"/moved"_s, {{}, "text/html", "302 Found", "Location: /text\r\n"});
+    visit(server.url(u"/moved"_s));
+    EXPECT_TRUE(eventually([] { return pageText().contains(u"<b>1</b>,"); }));
+}
+
+TEST_F(WebPagesTest, OfferedFilesTakeThePlaceOfNoForm)
+{
+    server.serve(u"/program"_s, {QByteArray(2048, '\1'), "application/octet-stream"});
+    server.serve(u"/advert"_s, {"<title>Advert</title><iframe src='/program'></iframe>"});
+    server.serve(u"/late.csv"_s,
+                 {QByteArray(4000, 'x'), "text/csv", "200 OK", {}, WebServer::Extent::HalfHeld});
+    ASSERT_TRUE(open(u"/advert"_s));
+    EXPECT_TRUE(eventually([] { return visible<QLabel>(u"notice"_s)->text().contains(u"“program”"); }));
+    EXPECT_EQ(page().title(), u"Advert"_s) << "a frame's file";
+
+    QSignalSpy offered(page().profile(), &QWebEngineProfile::downloadRequested);
+    visit(server.url(u"/late.csv"_s));
+    EXPECT_TRUE(eventually([&] { return offered.count() == 1; }));
+    ASSERT_TRUE(open(u"/frames.html"_s));
+    server.release();
+    ASSERT_TRUE(open(u"/form.html"_s)) << "a file that the author has left meanwhile";
+    EXPECT_EQ(page().title(), u"Submit"_s);
+}
+
+TEST_F(WebPagesTest, ASiteThatWantsALogInIsAskedOnce)
+{
+    server.serve(u"/private"_s,
+                 {"<p>Members only</p>", "text/html", "401 No", "WWW-Authenticate: Basic realm=\"x\"\r\n"});
+    visit(server.url(u"/private"_s));
+    EXPECT_TRUE(eventually([] { return pageText().contains(u"Members only"); }));
+    EXPECT_EQ(server.count(u"/private"_s), 1);
 }
 
 TEST_F(WebPagesTest, PagesGetNothingFromTheDesktop)
@@ -127,7 +161,7 @@ TEST_F(WebPagesTest, PagesGetNothingFromTheDesktop)
     QApplication::clipboard()->setText(u"secret"_s);
     ASSERT_TRUE(open(u"/curious.html"_s));
     click(u"ask"_s);
-    for (const QString &what : {u"clipboard"_s, u"execPaste"_s, u"file"_s, u"place"_s, u"camera"_s,
+    for (const QString &what : {u"save"_s, u"clipboard"_s, u"execPaste"_s, u"file"_s, u"place"_s, u"camera"_s,
                                 u"notification"_s, u"fullscreen"_s})
         EXPECT_EQ(posted(what), u"refused"_s) << what.toStdString();
     EXPECT_EQ(page().title(), u"Curious"_s);
@@ -154,8 +188,19 @@ TEST_F(WebPagesTest, OtherWindowsAreOneWindow)
     ASSERT_TRUE(waitForPage(u"Windows", popUp));
     click(u"link"_s, {}, popUp);
     ASSERT_TRUE(waitForPage(u"Submit", popUp)) << "a window of the window takes its place";
+    for (int time = 0; time < 2; ++time) {
+        press(u"closePopUpWindowButton"_s);
+        EXPECT_EQ(openWindow<PopUpWindow>(), nullptr);
+        click(u"named"_s);
+        ASSERT_TRUE(eventually([] { return openWindow<PopUpWindow>() != nullptr; })) << time;
+        ASSERT_TRUE(waitForPage(u"Submit", popUp));
+    }
+    ASSERT_TRUE(open(u"/windows.html"_s));
+    click(u"open"_s);
+    ASSERT_TRUE(waitForPage(u"Windows", popUp));
+    click(u"post"_s, {}, popUp);
+    EXPECT_EQ(posted(u"kept"_s), u"all"_s) << "a form of the window's";
     press(u"closePopUpWindowButton"_s);
-    EXPECT_EQ(openWindow<PopUpWindow>(), nullptr);
 
     click(u"open"_s);
     ASSERT_TRUE(eventually([] { return openWindow<PopUpWindow>() != nullptr; }));

@@ -58,25 +58,26 @@ void WebServer::answer(QTcpSocket *connection, const QString &path)
 
 void WebServer::send(QTcpSocket *connection, const Answer &answer)
 {
-    if (answer.extent == Extent::Held) {
-        m_held.append({connection, answer});
-        return;
-    }
-    const bool isHalf = answer.extent == Extent::Half;
-    connection->write("HTTP/1.1 " + answer.status + "\r\nContent-Type: " + answer.type +
-                      "\r\nContent-Length: " + QByteArray::number(answer.body.size()) + "\r\n" +
-                      answer.header + "\r\n" +
-                      (isHalf ? answer.body.first(answer.body.size() / 2) : answer.body));
-    if (isHalf)
+    const QByteArray head = "HTTP/1.1 " + answer.status + "\r\nContent-Type: " + answer.type +
+                            "\r\nContent-Length: " + QByteArray::number(answer.body.size()) + "\r\n" +
+                            answer.header + "\r\n";
+    const QByteArray whole = head + answer.body;
+    const qsizetype half = head.size() + answer.body.size() / 2;
+    const qsizetype sent = answer.extent == Extent::Whole  ? whole.size()
+                           : answer.extent == Extent::Held ? 0
+                                                           : half;
+    connection->write(whole.first(sent));
+    if (answer.extent == Extent::Half)
         connection->disconnectFromHost();
+    else if (sent < whole.size())
+        m_held.append({connection, whole.sliced(sent)});
 }
 
 void WebServer::release()
 {
-    for (auto [connection, answer] : std::exchange(m_held, {})) {
-        answer.extent = Extent::Whole;
+    for (const auto &[connection, rest] : std::exchange(m_held, {})) {
         if (connection)
-            send(connection, answer);
+            connection->write(rest);
     }
 }
 

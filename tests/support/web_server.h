@@ -18,8 +18,9 @@ public:
     enum class Extent
     {
         Whole,
-        Half, ///< The connection ends in the middle of the body.
-        Held  ///< Nothing is sent before release().
+        Half,    ///< The connection ends in the middle of the body.
+        Held,    ///< Nothing is sent before release().
+        HalfHeld ///< The second half of the body is not sent before release().
     };
     struct Answer
     {
@@ -54,7 +55,7 @@ private:
     void send(QTcpSocket *connection, const Answer &answer);
 
     QHash<QString, Answer> m_answers;
-    QList<std::pair<QPointer<QTcpSocket>, Answer>> m_held;
+    QList<std::pair<QPointer<QTcpSocket>, QByteArray>> m_held;
     QByteArray m_posted;
 };
 
