@@ -46,6 +46,7 @@ TEST_F(TitlesCli, EachOutcomeHasItsStatusAndItsSentence)
         {{u"export"_s, u"Ä Ö"_s, home()}, 4, "what has that name is no file"},
         {{u"show"_s, u"Ä Ö"_s, u"noSuchField"_s}, 2, "There is no field named noSuchField."},
         {{u"show"_s, u"missing"_s}, 3, "There is no title named missing."},
+        {{u"sites"_s, u"--for"_s, {}}, 3, "There is no title named ."},
         {{u"delete"_s, u"../Quillon"_s}, 3, "There is no title named"},
         {{u"delete"_s, u"Ä Ö"_s}, 0, {}},
     };
