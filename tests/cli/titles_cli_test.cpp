@@ -98,6 +98,18 @@ TEST_F(TitlesCli, ListsWhatAnImportFound)
         "  Keywords: a\nb\n      Text string 0-250 characters, comma delimited        3 / 250\n");
 }
 
+TEST_F(TitlesCli, ListsNamesAsTheyAreAndSaysWhenItCannot)
+{
+    for (const QString &name : {u"  a  b "_s, u"c\td"_s})
+        ASSERT_EQ(cli({u"new"_s, name}).status, 0);
+    const QByteArrayList lines = cli({u"list"_s}).output.split('\n');
+    EXPECT_TRUE(lines[0].startsWith("  a  b \t")) << lines[0].constData();
+    EXPECT_TRUE(lines[1].startsWith("c d\t")) << lines[1].constData();
+    const CliResult full = runCli(home(), {u"list"_s}, u"/dev/full"_s);
+    EXPECT_EQ(full.status, 4);
+    EXPECT_TRUE(full.messages.contains("could not be written")) << full.messages.constData();
+}
+
 TEST_F(TitlesCli, WritersWaitForTheOneThatHoldsTheFolder)
 {
     ASSERT_EQ(cli({u"new"_s, u"A"_s}).status, 0);
