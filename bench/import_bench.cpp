@@ -22,24 +22,32 @@ struct File
     QByteArray bytes;
 };
 
-bool syncFolder(const QByteArray &path)
+bool syncPlainly(const QByteArray &path)
 {
-    const int descriptor = ::open(path.constData(), O_RDONLY | O_DIRECTORY);
+    const int descriptor = ::open(path.constData(), O_RDONLY);
     const bool isSynced = ::fsync(descriptor) == 0;
     return ::close(descriptor) == 0 && isSynced;
 }
 
-/// Replaces one file as safely as can be, by nothing but system calls.
-bool writePlainly(const QByteArray &folder, const File &file)
+bool writePlainly(const QByteArray &path, const QByteArray &bytes)
 {
-    const QByteArray path = folder + '/' + file.name;
-    const QByteArray temporary = path + ".tmp";
-    const int descriptor = ::open(temporary.constData(), O_WRONLY | O_CREAT | O_EXCL, 0666);
-    const bool isWritten =
-        ::write(descriptor, file.bytes.constData(), size_t(file.bytes.size())) == file.bytes.size() &&
-        ::fsync(descriptor) == 0;
-    return ::close(descriptor) == 0 && isWritten && ::rename(temporary.constData(), path.constData()) == 0 &&
-           syncFolder(folder);
+    const int descriptor = ::open(path.constData(), O_WRONLY | O_CREAT | O_EXCL, 0666);
+    const bool isWritten = ::write(descriptor, bytes.constData(), size_t(bytes.size())) == bytes.size();
+    return ::close(descriptor) == 0 && isWritten;
+}
+
+/// Makes the folder @p name of @p files, in @p parent with its "/", by nothing but system calls, so that it
+/// comes into being whole: filled and synced under a hidden name, then renamed.
+bool makePlainly(const QByteArray &parent, const QByteArray &name, const QList<File> &files)
+{
+    const QByteArray hidden = parent + ".floor/";
+    bool isDone = ::mkdir(hidden.constData(), 0777) == 0;
+    for (const File &file : files)
+        isDone &= writePlainly(hidden + file.name, file.bytes);
+    for (const File &file : files)
+        isDone &= syncPlainly(hidden + file.name);
+    return isDone && syncPlainly(hidden) &&
+           ::rename(hidden.constData(), QByteArray(parent + name).constData()) == 0 && syncPlainly(parent);
 }
 
 /// A PAD file of the usual size: everything filled in, and a licence of a page.
@@ -51,8 +59,9 @@ QByteArray typicalPad()
     return pad;
 }
 
-/// Importing into a new title, in turn with plainly writing the same folder and files with the same syncs. In
-/// the current folder, so that one chooses the disk.
+/// Importing into a new title, in turn with plainly making the same folder of the same files, in the same
+/// steps with the same syncs: each file, the folder, and after the renaming the data folder. In the current
+/// folder, so that one chooses the disk.
 void importPad(benchmark::State &state)
 {
     const QTemporaryDir home(QDir::current().filePath(u"import_bench-XXXXXX"_s));
@@ -60,7 +69,6 @@ void importPad(benchmark::State &state)
     AddDeleteImportEdit::checkAppSuppExists();
     const QByteArray pad = typicalPad();
     const QByteArray parent = QFile::encodeName(mwqnAppSuppLoc);
-    const QByteArray folder = parent + "floor.qndata";
     bool isDone = AddDeleteImportEdit::importExistingFile(u"import"_s, pad);
     QList<File> files;
     const QDir imported(mwqnAppSuppLoc + u"import.qndata");
@@ -68,11 +76,7 @@ void importPad(benchmark::State &state)
         files.append({QFile::encodeName(name), atomic_file::read(imported.filePath(name)).value()});
 
     const auto importIt = [&] { isDone &= AddDeleteImportEdit::importExistingFile(u"import"_s, pad); };
-    const auto writeIt = [&] {
-        isDone &= ::mkdir(folder.constData(), 0777) == 0 && syncFolder(parent);
-        for (const File &file : files)
-            isDone &= writePlainly(folder, file);
-    };
+    const auto writeIt = [&] { isDone &= makePlainly(parent, "floor.qndata", files); };
     std::vector<double> imports;
     std::vector<double> floors;
     for ([[maybe_unused]] const auto iteration : state) {

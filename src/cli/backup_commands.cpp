@@ -45,7 +45,7 @@ public:
         }
         switch (result.outcome) {
         case BackupResult::Done:
-            return Done;
+            return result.fileFailed ? FileFailed : Done;
         case BackupResult::Nothing:
         case BackupResult::Refused:
             return Refused;

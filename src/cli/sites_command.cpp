@@ -49,8 +49,8 @@ public:
     CLI::App *addTo(CLI::App &application) override
     {
         CLI::App *command = application.add_subcommand("sites", "The sites that titles can be submitted to");
-        command->add_option("--for", m_title,
-                            "In the submission window's order, with this title's state for each");
+        m_for = command->add_option("--for", m_title,
+                                    "In the submission window's order, with this title's state for each");
         command->add_flag("--json", m_json, "As JSON");
 
         m_add = command->add_subcommand("add", "Add a site of your own");
@@ -69,7 +69,7 @@ public:
         return command;
     }
 
-    [[nodiscard]] bool writes() const override { return !m_title.empty() || changes(); }
+    [[nodiscard]] bool writes() const override { return *m_for || changes(); }
 
     ExitStatus run() override
     {
@@ -79,7 +79,7 @@ public:
             return edit();
         if (m_remove->parsed() || m_restore->parsed())
             return removeOrRestore();
-        return m_title.empty() ? list() : listForTitle();
+        return *m_for ? listForTitle() : list();
     }
 
 private:
@@ -195,6 +195,7 @@ private:
     std::string m_url;
     std::vector<std::string> m_names;
     bool m_json = false;
+    CLI::Option *m_for = nullptr;
     CLI::App *m_add = nullptr;
     CLI::App *m_edit = nullptr;
     CLI::App *m_remove = nullptr;

@@ -74,8 +74,8 @@ QString makeSitesBackup(const QString &to, Existing existing)
         .value_or(QString());
 }
 
-/// The entries of one list in a backup; a line to @p details when the file is there but no list.
-StringDictionary listIn(const FolderHandle &backup, QStringView list, QStringList &details)
+/// The entries of one list in a backup; @p result tells when the file is there but no list.
+StringDictionary listIn(const FolderHandle &backup, QStringView list, BackupResult &result)
 {
     const QByteArray name = list.toUtf8();
     if (!backup.exists(name))
@@ -83,8 +83,9 @@ StringDictionary listIn(const FolderHandle &backup, QStringView list, QStringLis
     const auto bytes = backup.read(name);
     const auto entries = bytes ? property_list::read(*bytes) : std::nullopt;
     if (!entries) {
-        details.append(u"%1 was passed over: it cannot be read"_s.arg(list));
-        qCWarning(log).noquote() << details.last();
+        result.details.append(u"%1 was passed over: it cannot be read"_s.arg(list));
+        result.fileFailed = true;
+        qCWarning(log).noquote() << result.details.last();
     }
     return entries.value_or(StringDictionary());
 }
@@ -123,9 +124,12 @@ BackupResult restoreTitles(const QString &from, const Progress &progress)
 BackupResult backupSites(const QString &to, Existing existing)
 {
     int entries = 0;
-    for (const QStringView list : siteLists)
+    bool isKnown = true;
+    for (const QStringView list : siteLists) {
         entries += int(site_list::read(list).value_or(StringDictionary()).size());
-    if (entries == 0)
+        isKnown = isKnown && site_list::isUnderstood(list);
+    }
+    if (entries == 0 && isKnown)
         return {BackupResult::Nothing, 0, 0, nothingToBackup};
     if (const QString reason = refusal(to, sitesExtension, existing); !reason.isEmpty()) {
         BackupResult refused = failed(backupFailed, reason);
@@ -147,7 +151,7 @@ BackupResult restoreSites(const QString &from)
     for (const QStringView list : siteLists) {
         const StringDictionary present = site_list::read(list).value_or(StringDictionary());
         StringDictionary merged = present;
-        for (const auto &[name, url] : listIn(*backup, list, result.details))
+        for (const auto &[name, url] : listIn(*backup, list, result))
             merged.emplace(name, url);
         result.copied += int(merged.size() - present.size());
         if (merged != present && !site_list::write(list, merged))

@@ -25,6 +25,7 @@ struct BackupResult
     QString sentence = {};
     QString informativeText = {};
     QStringList details = {}; ///< One line for each thing that was passed over or failed.
+    bool fileFailed = false;  ///< Something was passed over since it could not be read or written.
 };
 
 /// Copies of all titles, or of the author's changes to the site list, in a folder of the author's choice, and
@@ -60,7 +61,7 @@ BackupResult backupTitles(const QString &to, Existing existing, const Progress &
 /// is.
 BackupResult restoreTitles(const QString &from, const Progress &progress = {});
 
-/// Makes the folder @p to of the two site lists, byte for byte.
+/// Makes the folder @p to of the two site lists, byte for byte; also of one that is no list.
 BackupResult backupSites(const QString &to, Existing existing);
 
 /// Adds the entries of the backup @p from to the two site lists; where both have a name, the present one

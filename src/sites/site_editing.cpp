@@ -45,9 +45,21 @@ bool isDefaultUrl(const QString &url)
     return std::ranges::any_of(mwqnDefaultSitesDict, [&url](const auto &site) { return site.second == url; });
 }
 
-bool isDefault(const Site &site)
+/// Whether the catalogue's @p site is the default one, and not an own one with the name and address of one
+/// that is among the @p hidden.
+bool isListedDefault(const Site &site, const QStringList &hidden)
 {
-    return isDefaultName(site.name) && isDefaultUrl(site.url);
+    const auto found = mwqnDefaultSitesDict.find(site.name);
+    return found != mwqnDefaultSitesDict.end() && found->second == site.url && !hidden.contains(site.name);
+}
+
+/// Whether a site that gets the name and address of @p edited becomes the default one. It cannot while an
+/// ignored site of another name hides that one by its address.
+bool becomesDefault(const Site &edited, StringDictionary ignored)
+{
+    ignored.erase(edited.name);
+    return isDefaultName(edited.name) && isDefaultUrl(edited.url) &&
+           !mergedCatalogue(mwqnDefaultSitesDict, ignored, {}).ignored.contains(edited.name);
 }
 
 /// The length of the scheme that @p url begins with; 0 without one.
@@ -80,15 +92,15 @@ bool isEmpty(const Site &site)
 }
 
 /// What an edited site makes of the lists. @p old and @p edited may be one and the same.
-SiteLists withEdit(SiteLists lists, const Site &old, const Site &edited)
+SiteLists withEdit(SiteLists lists, const Site &old, bool wasDefault, const Site &edited, bool isDefault)
 {
-    if (isDefault(old) && isDefault(edited)) {
+    if (wasDefault && isDefault) {
         lists.user.erase(edited.name);
         lists.ignored.erase(edited.name);
-    } else if (isDefault(old)) {
+    } else if (wasDefault) {
         lists.user[edited.name] = edited.url;
         lists.ignored[old.name] = old.url;
-    } else if (isDefault(edited)) {
+    } else if (isDefault) {
         lists.user.erase(old.name);
         lists.ignored.erase(edited.name);
     } else {
@@ -144,10 +156,11 @@ SiteEdit editSite(const Site &old, const QString &name, const QString &url)
     const Site edited = typedSite(name, url);
     if (isEmpty(edited))
         return {SiteEdit::Empty, u"The name and URL fields cannot be empty"_s};
-    setDefaultSites();
+    const bool wasDefault = isListedDefault(old, currentCatalogue().ignored);
     const SiteLists before;
-    const QStringView holdsTheSite = isDefault(edited) ? site_list::ignoredSites : site_list::userSites;
-    if (!store(before, withEdit(before, old, edited), holdsTheSite))
+    const bool isDefault = becomesDefault(edited, before.ignored);
+    const QStringView holdsTheSite = isDefault ? site_list::ignoredSites : site_list::userSites;
+    if (!store(before, withEdit(before, old, wasDefault, edited, isDefault), holdsTheSite))
         return {SiteEdit::NotStored};
     renameSite(old.name, edited.name);
     return {SiteEdit::Done, u"Site edited successfully"_s};
@@ -162,9 +175,7 @@ bool removeSites(const QStringList &names)
         const auto listed = catalogue.urlByName.find(name);
         if (listed == catalogue.urlByName.end())
             continue;
-        // An own site that is the same as a default one comes out of hiding when that one is left out.
-        const bool isLeftOut = before.ignored.contains(name);
-        if (isDefault({name, listed->second}) && !isLeftOut)
+        if (isListedDefault({name, listed->second}, catalogue.ignored))
             after.ignored[name] = mwqnDefaultSitesDict.at(name);
         else
             after.user.erase(name);

@@ -46,7 +46,8 @@ SiteEdit addSite(const QString &name, const QString &url);
 
 /// Gives the catalogue's site @p old another name and address, and its marks in all titles the new name. A
 /// default site is left out and takes on the life of an own one; given back its name and address, it is the
-/// default one again. Whether others have the new name or address is not looked at.
+/// default one again, unless another that is left out hides that by its address. Whether others have the new
+/// name or address is not looked at.
 SiteEdit editSite(const Site &old, const QString &name, const QString &url);
 
 /// Removes sites of the catalogue by name: default ones are left out from now on, own ones are gone. False

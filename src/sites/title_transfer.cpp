@@ -85,6 +85,13 @@ protected:
         m_notes.append(line);
     }
 
+    /// Notes what could not be read or written.
+    void noteFailure(const QByteArray &entry, const QString &reason)
+    {
+        m_fileFailed = true;
+        note(entry, reason);
+    }
+
     [[nodiscard]] QStringList details() const
     {
         return m_failure.isEmpty() ? m_notes : QStringList{m_failure} + m_notes;
@@ -95,13 +102,14 @@ protected:
     QList<QByteArray> m_titles;
     QList<qsizetype> m_copied; ///< Places in m_titles.
     QString m_failure;         ///< Why it makes no sense to go on; empty as long as it does.
+    bool m_fileFailed = false; ///< Something could not be read or written, and the others went on.
 
 private:
     void copyTitle(const QByteArray &name, const QByteArray &stagedName)
     {
         const auto from = m_source->openFolder(name);
         if (!from)
-            return note(name, u"it cannot be opened"_s);
+            return noteFailure(name, u"it cannot be opened"_s);
         noteTitlesInside(name);
         const auto to = m_staged->folder().makeFolder(stagedName);
         if (!to) {
@@ -111,8 +119,10 @@ private:
         for (const QStringView titleFile : titleFiles) {
             const QByteArray file = titleFile.toUtf8();
             const auto bytes = from->read(file);
-            if (!bytes) {
-                note(name + '/' + file, u"it cannot be read"_s);
+            if (!bytes && !from->exists(file)) {
+                note(name + '/' + file, u"it is missing"_s);
+            } else if (!bytes) {
+                noteFailure(name + '/' + file, u"it cannot be read"_s);
             } else if (const auto failure = to->write(file, *bytes)) {
                 m_failure = u"%1/%2: %3"_s.arg(QFile::decodeName(name), titleFile, *failure);
                 return;
@@ -162,7 +172,8 @@ public:
                 m_staged->putInPlace(QFileInfo(m_place).fileName(), StagedFolder::Content::Folders, m_replace)
                     .value_or(QString());
         if (m_failure.isEmpty())
-            return {BackupResult::Done, int(m_copied.size()), 0, backups::backupSucceeded, {}, details()};
+            return {BackupResult::Done, int(m_copied.size()), 0, backups::backupSucceeded, {},
+                    details(),          m_fileFailed};
         qCWarning(log).noquote() << m_failure;
         return {m_isRefused ? BackupResult::Refused : BackupResult::Failed,
                 0,
@@ -199,7 +210,8 @@ public:
         for (const QByteArray &title : std::as_const(m_ignored))
             logImported(title);
         const BackupResult::Outcome outcome = m_failure.isEmpty() ? BackupResult::Done : BackupResult::Failed;
-        return {outcome, m_imported, int(m_ignored.size()), sentence(), explanation(), details()};
+        return {outcome,       m_imported, int(m_ignored.size()), sentence(),
+                explanation(), details(),  m_fileFailed};
     }
 
 private:
@@ -215,7 +227,7 @@ private:
         for (const qsizetype place : std::as_const(m_copied)) {
             const QByteArray &title = m_titles[place];
             if (const auto failure = m_staged->folder().move(stagedName(place), m_staged->parent(), title)) {
-                note(title, *failure);
+                noteFailure(title, *failure);
                 continue;
             }
             ++m_imported;

@@ -156,5 +156,23 @@ TEST_F(EditingCli, BackupsBringEverythingBack)
                     .messages.contains("No software titles were imported."));
 }
 
+TEST_F(EditingCli, ATransferThatCouldNotReadEverythingHasFailed)
+{
+    const auto status = [this](const QString &command, const QString &what, const QString &folder) {
+        return cli({command, what, home() + u'/' + folder}).status;
+    };
+    put(inData(u"File.qndata"_s), "no folder");
+    put(inData(u"sites.qnrc"_s), "garbled");
+    EXPECT_EQ(status(u"backup"_s, u"titles"_s, u"a.swback"_s), 0) << "a file is no title";
+    EXPECT_EQ(status(u"backup"_s, u"sites"_s, u"a.qnback"_s), 0) << "it can be copied";
+    EXPECT_EQ(status(u"restore"_s, u"sites"_s, u"a.qnback"_s), 4) << "but not be merged";
+    for (const QString &name : {u"T.qndata/error.log"_s, u"sites.qnrc"_s})
+        ASSERT_TRUE(QFile::remove(inData(name)) && QDir().mkdir(inData(name)));
+    EXPECT_EQ(status(u"backup"_s, u"titles"_s, u"b.swback"_s), 4);
+    EXPECT_EQ(names(home() + u"/b.swback/T.qndata"_s), QStringList({u"data.qnxml"_s, u"general.qnxmld"_s}));
+    EXPECT_EQ(status(u"backup"_s, u"sites"_s, u"b.qnback"_s), 4);
+    EXPECT_EQ(status(u"restore"_s, u"titles"_s, u"b.swback"_s), 0) << "a title is there already";
+}
+
 } // namespace
 } // namespace quillon

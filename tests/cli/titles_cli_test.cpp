@@ -46,6 +46,7 @@ TEST_F(TitlesCli, EachOutcomeHasItsStatusAndItsSentence)
         {{u"export"_s, u"Ä Ö"_s, home()}, 4, "what has that name is no file"},
         {{u"show"_s, u"Ä Ö"_s, u"noSuchField"_s}, 2, "There is no field named noSuchField."},
         {{u"show"_s, u"missing"_s}, 3, "There is no title named missing."},
+        {{u"sites"_s, u"--for"_s, {}}, 3, "There is no title named ."},
         {{u"delete"_s, u"../Quillon"_s}, 3, "There is no title named"},
         {{u"delete"_s, u"Ä Ö"_s}, 0, {}},
     };
@@ -95,6 +96,18 @@ TEST_F(TitlesCli, ListsWhatAnImportFound)
         cli({u"show"_s, u"Other"_s, u"Program_Name"_s, u"keywordsView"_s}).output,
         "  Program_Name: Tom & Jerry\n      Text string 1-40 characters - NO Version Numbers        11 / 40\n"
         "  Keywords: a\nb\n      Text string 0-250 characters, comma delimited        3 / 250\n");
+}
+
+TEST_F(TitlesCli, ListsNamesAsTheyAreAndSaysWhenItCannot)
+{
+    for (const QString &name : {u"  a  b "_s, u"c\td"_s})
+        ASSERT_EQ(cli({u"new"_s, name}).status, 0);
+    const QByteArrayList lines = cli({u"list"_s}).output.split('\n');
+    EXPECT_TRUE(lines[0].startsWith("  a  b \t")) << lines[0].constData();
+    EXPECT_TRUE(lines[1].startsWith("c d\t")) << lines[1].constData();
+    const CliResult full = runCli(home(), {u"list"_s}, u"/dev/full"_s);
+    EXPECT_EQ(full.status, 4);
+    EXPECT_TRUE(full.messages.contains("could not be written")) << full.messages.constData();
 }
 
 TEST_F(TitlesCli, WritersWaitForTheOneThatHoldsTheFolder)

@@ -321,5 +321,26 @@ TEST_F(EditorTest, ADamagedPadFileNeitherTakesAnotherTitlesValuesNorIsLost)
     }
 }
 
+TEST_F(EditorTest, ReplacesWhatItCannotReadOnlyOnceThatIsKept)
+{
+    const QByteArray damage(50'000, '?');
+    const QByteArray summaryDamage = "<QN_SITES A,B</QN_SITES>";
+    put(path(title_folder::padFile), damage);
+    put(path(title_folder::summaryFile), summaryDamage);
+    load();
+    {
+        const FullDisk full(20'000); // There is room for a new PAD file, but not for the copy.
+        editor.checkEntriesForErrors();
+    }
+    EXPECT_EQ(stored(title_folder::padFile), damage);
+    EXPECT_FALSE(mwqnFailedWrites.isEmpty());
+    editor.checkEntriesForErrors();
+    EXPECT_EQ(stored(title_folder::padFile), pad_writer::document(editor.form()));
+    EXPECT_EQ(stored(u"data.qnxml.unreadable"), damage);
+    EXPECT_EQ(stored(u"general.qnxmld.unreadable"), summaryDamage);
+    EXPECT_EQ(summary().version, QString());
+    EXPECT_TRUE(mwqnFailedWrites.isEmpty());
+}
+
 } // namespace
 } // namespace quillon

@@ -2,6 +2,7 @@
 #include "overview/title_commands.h"
 #include "platform/notifications.h"
 #include "store/title_folder.h"
+#include "support/full_disk.h"
 #include "support/recorders.h"
 #include "support/temporary_home.h"
 
@@ -138,19 +139,39 @@ TEST_F(OverviewTest, OlderLayoutIsConvertedOnceAndNothingElseOfItIsLost)
 {
     QDir().mkpath(inData(u"Old"_s));
     put(inData(u"Old/Old.qnxmld"_s), summaryText(u"3.0"_s, {}, {}));
-    put(inData(u"Old/Old.qnxml"_s), "<pad/>");
+    const QByteArray oldPad(5000, 'p');
+    put(inData(u"Old/Old.qnxml"_s), oldPad);
     put(inData(u"Old/notes.txt"_s), "keep me");
     QDir().mkpath(inData(u"Stray"_s));
     put(inData(u"Stray/other.qnxmld"_s), "not a title of this folder's name");
     QDir().mkpath(inData(u"deep/Old"_s));
     put(inData(u"deep/Old/Old.qnxmld"_s), summaryText(u"3.0"_s, {}, {}));
     QDir().mkpath(inData(u"deep/Title.qndata"_s));
+    for (const QString &name : {u"Big"_s, u"Taken"_s}) {
+        QDir().mkpath(inData(name));
+        put(inData(name + u'/' + name + u".qnxmld"_s), "kept");
+        put(inData(name + u'/' + name + u".qnxml"_s), "kept");
+    }
+    ASSERT_TRUE(QFile::resize(inData(u"Big/Big.qnxml"_s), 64LL * 1024 * 1024 + 1)); // More than is read.
+    QDir().mkpath(inData(u"Taken.qndata"_s));
+    const QStringList before = names(mwqnAppSuppLoc);
+    const auto loadOnFullDisk = [this](void (*handler)(int)) {
+        const FullDisk full(1000, handler); // The summary could be stored, the PAD file cannot.
+        overview.loadSoftwareList();
+    };
+    loadOnFullDisk(SIG_IGN);
+    EXPECT_EQ(names(mwqnAppSuppLoc), before) << "nothing half made stays";
+    EXPECT_EXIT(loadOnFullDisk(SIG_DFL), testing::KilledBySignal(SIGXFSZ), "");
+    EXPECT_FALSE(QFile::exists(inData(u"Old.qndata"_s))) << "nor after a crash";
     overview.loadSoftwareList();
 
-    EXPECT_EQ(overview.softwareTable().swNameArray(), QStringList({u"deep/Title"_s, u"Old"_s}));
+    EXPECT_EQ(overview.softwareTable().swNameArray(), QStringList({u"deep/Title"_s, u"Old"_s, u"Taken"_s}));
+    for (const QString &name : {u"Big"_s, u"Taken"_s})
+        EXPECT_EQ(names(inData(name)).size(), 2) << name.toStdString();
+    EXPECT_EQ(names(inData(u"Taken.qndata"_s)), QStringList());
     EXPECT_TRUE(QFile::exists(inData(u"deep/Old/Old.qnxmld"_s))) << "no title could be opened there";
     EXPECT_EQ(cell(1, SoftwareTable::Version), u"3.0"_s);
-    EXPECT_EQ(contents(inData(u"Old.qndata/data.qnxml"_s)), "<pad/>");
+    EXPECT_EQ(contents(inData(u"Old.qndata/data.qnxml"_s)), oldPad);
     EXPECT_FALSE(QFile::exists(inData(u"Old/Old.qnxmld"_s)));
     EXPECT_TRUE(QFile::exists(inData(u"Old/notes.txt"_s)));
     EXPECT_TRUE(QFile::exists(inData(u"Stray/other.qnxmld"_s)));
@@ -195,6 +216,11 @@ TEST_F(OverviewTest, MarksOfSitesThatAreGoneArePruned)
     EXPECT_EQ(contents(file), before) << "without a catalogue nothing can be told to be gone";
 
     mwqnSCPreallSitesDict[u"Here"_s] = u"http://here"_s;
+    const QByteArray ownSites = contents(inData(u"sites.qnrc"_s));
+    put(inData(u"sites.qnrc"_s), "<plist><dict><key>Lo");
+    overview.updateOverviewDisplay();
+    EXPECT_EQ(contents(file), before) << "nor without the author's own sites";
+    put(inData(u"sites.qnrc"_s), ownSites);
     overview.updateOverviewDisplay();
     EXPECT_TRUE(contents(file).contains("<QN_SITES>Here</QN_SITES>"));
     EXPECT_TRUE(contents(file).contains("<QN_VERSION>2<QN_VERSION>"));

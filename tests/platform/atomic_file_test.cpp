@@ -5,6 +5,7 @@
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 using namespace quillon;
@@ -47,6 +48,9 @@ TEST_F(AtomicFileTest, KeepsTheModeAndMindsTheUsersMask)
 TEST_F(AtomicFileTest, AFailedWriteKeepsTheOldFileAndLeavesNothingBehind)
 {
     ASSERT_TRUE(put(at(u"f"_s), "old") && QDir(folder.path()).mkpath(u"d/inside"_s));
+    // In a container another process that writes here may have this one's number.
+    const QString others = u".quillon-%1.tmp"_s.arg(::getpid());
+    ASSERT_TRUE(put(at(others), "other"));
     {
         const FullDisk full(100);
         const auto error = atomic_file::write(at(u"f"_s), QByteArray(5000, 'n'));
@@ -57,7 +61,8 @@ TEST_F(AtomicFileTest, AFailedWriteKeepsTheOldFileAndLeavesNothingBehind)
     for (const QString &path : {u"d"_s, u"missing/f"_s, u"f/below"_s, QString(256, u'n')})
         EXPECT_TRUE(atomic_file::write(at(path), "new")) << path.toStdString();
     EXPECT_EQ(contents(at(u"f"_s)), "old");
-    EXPECT_EQ(names(folder.path()), (QStringList{u"d"_s, u"f"_s}));
+    EXPECT_EQ(contents(at(others)), "other");
+    EXPECT_EQ(names(folder.path()), (QStringList{others, u"d"_s, u"f"_s}));
 }
 
 TEST_F(AtomicFileTest, ReadsRegularFilesWithinTheBound)

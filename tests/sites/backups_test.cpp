@@ -117,6 +117,13 @@ TEST_F(Backups, PassOverWhatIsNoTitleAndSayWhat)
           u"Odd.qndata/Inner.qndata"_s, u"Other/Nested.qndata"_s})
         EXPECT_TRUE(details.contains(passedOver + u" was passed over")) << passedOver.toStdString();
     EXPECT_EQ(result.details.size(), 6);
+    EXPECT_TRUE(result.fileFailed);
+
+    for (const QStringView file : {title_folder::padFile, title_folder::summaryFile})
+        QFile::remove(pathIn(u"Odd"_s, file));
+    const BackupResult readable = backups::backupTitles(place(), Existing::Replace);
+    EXPECT_EQ(readable.details.size(), 6);
+    EXPECT_FALSE(readable.fileFailed) << "what is missing, linked or in another folder is no failure";
 }
 
 TEST_F(Backups, OfAnyOriginCannotLeadOutOfTheDataFolder)
@@ -140,6 +147,7 @@ TEST_F(Backups, OfAnyOriginCannotLeadOutOfTheDataFolder)
               QStringList({u"Good.qndata"_s}));
     EXPECT_EQ(QDir(mwqnAppSuppLoc + u"Good.qndata").entryList(QDir::Files), QStringList({u"data.qnxml"_s}));
     EXPECT_EQ(result.details.size(), 5) << result.details.join(u'\n').toStdString();
+    EXPECT_TRUE(result.fileFailed) << "the link in place of a file";
 
     for (const QString &missing : QStringList{home() + u"/none"_s, {}, secret + u"/data.qnxml"_s}) {
         const BackupResult nothing = backups::restoreTitles(missing);
@@ -258,6 +266,19 @@ TEST_F(Backups, OfSitesAreCopiesAndComeBackUnderThePresentEntries)
     EXPECT_EQ(AddDeleteImportEdit::returnIgnoredSitesDict(), (StringDictionary{{u"Softs"_s, u"s"_s}}));
 }
 
+TEST_F(Backups, OfSitesThatNobodyUnderstandsAreCopiesAllTheSame)
+{
+    const QString list = mwqnAppSuppLoc + u"sites.qnrc";
+    writeTo(list, u"<plist><dict><key>B"_s);
+    EXPECT_EQ(backups::backupSites(place(u"a.qnback"_s), Existing::Refuse).outcome, BackupResult::Done);
+    EXPECT_EQ(tree(place(u"a.qnback"_s)), tree(mwqnAppSuppLoc));
+
+    ASSERT_TRUE(QFile::remove(list) && QDir().mkdir(list));
+    const BackupResult failed = backups::backupSites(place(u"b.qnback"_s), Existing::Refuse);
+    EXPECT_EQ(failed.outcome, BackupResult::Failed);
+    EXPECT_EQ(failed.details, QStringList{u"sites.qnrc cannot be read"_s});
+}
+
 TEST_F(Backups, OfSitesThatAreDamagedTakeNothingAway)
 {
     const QString from = place(u"sites.qnback"_s);
@@ -268,7 +289,9 @@ TEST_F(Backups, OfSitesThatAreDamagedTakeNothingAway)
 
     writeTo(from + u"/sites.qnrc"_s, u"<plist><dict><key>B"_s);
     makeLink(mwqnAppSuppLoc + u"sites.qnrc", from + u"/ignore.qnrc"_s);
-    EXPECT_EQ(backups::restoreSites(from).details.size(), 2);
+    const BackupResult damaged = backups::restoreSites(from);
+    EXPECT_EQ(damaged.details.size(), 2);
+    EXPECT_TRUE(damaged.fileFailed);
     EXPECT_EQ(backups::restoreSites(home() + u"/none"_s).outcome, BackupResult::Failed);
     EXPECT_EQ(tree(mwqnAppSuppLoc), before);
 

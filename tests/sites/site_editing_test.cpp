@@ -90,6 +90,14 @@ TEST_F(SiteEditing, AnEditMovesASiteBetweenTheDefaultOnesAndTheAuthorsOwn)
         {"an edited copy goes back", u"Softs=u:x", u"Softs", u"Softs=u:x", u"Softs", u"", u""},
         {"a renamed copy goes back", u"B=Softs", u"Softs", u"B=Softs", u"Softs", u"", u""},
         {"a copy is edited again", u"Softs=u:x", u"Softs", u"Softs=u:x", u"B=u:y", u"B=u:y", u"Softs"},
+        {"an own site like a removed default one", u"Softs", u"Softs", u"Softs", u"B=u:b", u"B=u:b",
+         u"Softs"},
+        {"the same while another hides the default one", u"NFD", u"NewFreeDownloads", u"NFD", u"B=u:b",
+         u"B=u:b", u"NewFreeDownloads"},
+        {"a default site on show beside an own one like it", u"Softs", u"", u"Softs", u"B=u:b",
+         u"B=u:b,Softs", u"Softs"},
+        {"the default one stays hidden, so the own one stays", u"B=u:b", u"NewFreeDownloads", u"B=u:b",
+         u"NFD", u"NFD", u"NewFreeDownloads"},
         {"a default name alone makes the default", u"A=u:a", u"", u"A=u:a", u"Softs=Simtel", u"", u""},
     };
     for (const Case &each : cases) {
@@ -129,6 +137,14 @@ TEST_F(SiteEditing, RemovedDefaultSitesCanBeRestoredAndOwnOnesAreGone)
     for (int time = 0; time < 2; ++time)
         EXPECT_TRUE(site_editing::removeSites({u"Softs"_s}));
     EXPECT_FALSE(site_editing::currentCatalogue().sites.contains(u"Softs"_s));
+
+    // So does one that is like a default site, whether that is hidden by its name or by its address.
+    for (const QStringView hiding : {u"NFD", u"NewFreeDownloads"}) {
+        storeLists(siteList(u"NFD"), siteList(hiding));
+        EXPECT_TRUE(site_editing::removeSites({u"NFD"_s}));
+        EXPECT_EQ(user(), StringDictionary()) << hiding.toString().toStdString();
+        EXPECT_EQ(ignored(), siteList(hiding));
+    }
 }
 
 TEST_F(SiteEditing, AListThatCannotBeStoredIsNoSuccess)

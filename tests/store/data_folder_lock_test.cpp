@@ -52,8 +52,16 @@ TEST_F(DataFolderLockTest, IsHeldByOneProcessAndOutlivesNone)
 
 TEST_F(DataFolderLockTest, ALockFileWithoutAnOwnerIsTakenOver)
 {
-    // What a power cut leaves of a lock file that was just made.
-    for (const QByteArray rest : {"", "12", "garbage\n\n"}) {
+    QByteArray ours;
+    {
+        const DataFolderLock lock;
+        ours = contents(inData(u"quillon.lock"_s));
+    }
+    ASSERT_TRUE(ours.startsWith(QByteArray::number(::getpid())));
+    // What a power cut leaves of a lock file that was just made, and what a crash leaves of one whose process
+    // number belongs to a living process by now, or of one from another machine.
+    for (const QByteArray &rest : {QByteArray(), QByteArray("12"), QByteArray("garbage\n\n"), ours,
+                                   QByteArray("1\ninit\nelsewhere\na\nb\n")}) {
         ASSERT_TRUE(put(inData(u"quillon.lock"_s), rest));
         EXPECT_EQ(tried(), State::Held) << rest.toStdString();
     }

@@ -171,7 +171,7 @@ TEST_F(TitleStoreTest, AFailedWriteIsToldUntilALaterOneSucceeds)
                      Store::importExistingFile(u"Imported"_s, big));
     }
     EXPECT_EQ(told, 3);
-    EXPECT_EQ(titles(), QStringList{title + u".qndata"});
+    EXPECT_EQ(names(mwqnAppSuppLoc), (QStringList{title + u".qndata", u"ignore.qnrc"_s, u"sites.qnrc"_s}));
     EXPECT_EQ(files(title), newFiles);
     const QString path = inData(title + u".qndata/data.qnxml");
     const QString folder = QDir::cleanPath(mwqnAppSuppLoc);
@@ -183,6 +183,19 @@ TEST_F(TitleStoreTest, AFailedWriteIsToldUntilALaterOneSucceeds)
     EXPECT_FALSE(mwqnFailedWrites.contains(path));
     EXPECT_TRUE(Store::createNewListing(u"Another"_s));
     EXPECT_EQ(failedWritesLine(), QString());
+}
+
+TEST_F(TitleStoreTest, ACrashLeavesNoHalfATitle)
+{
+    const auto storeAndCrash = [](auto store) {
+        const FullDisk full(1000, SIG_DFL); // The summary can be written, the PAD file cannot.
+        store();
+    };
+    EXPECT_EXIT(storeAndCrash([] { Store::createNewListing(u"New"_s); }), testing::KilledBySignal(SIGXFSZ),
+                "");
+    EXPECT_EXIT(storeAndCrash([] { Store::importExistingFile(u"T"_s, QByteArray(10'000, 'x')); }),
+                testing::KilledBySignal(SIGXFSZ), "");
+    EXPECT_EQ(titles(), QStringList());
 }
 
 TEST_F(TitleStoreTest, FailuresGoWithTheirTitleOnly)

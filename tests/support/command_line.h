@@ -19,11 +19,14 @@ struct CliResult
     [[nodiscard]] QJsonDocument json() const { return QJsonDocument::fromJson(output); }
 };
 
-/// Runs the real quillon-cli on the home folder @p home, without anything of this machine's environment.
-inline CliResult runCli(const QString &home, const QStringList &arguments)
+/// Runs the real quillon-cli on the home folder @p home, without anything of this machine's environment. With
+/// @p outputFile its standard output goes there.
+inline CliResult runCli(const QString &home, const QStringList &arguments, const QString &outputFile = {})
 {
     QProcess process;
     process.setProcessEnvironment(QProcessEnvironment());
+    if (!outputFile.isEmpty())
+        process.setStandardOutputFile(outputFile);
     process.start(QStringLiteral(QUILLON_CLI), QStringList{QStringLiteral("--home"), home} + arguments);
     process.closeWriteChannel();
     process.waitForFinished(-1);
