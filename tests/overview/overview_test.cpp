@@ -321,6 +321,30 @@ TEST_F(OverviewTest, SeveralImportsAskForNamesAfterwards)
               QStringList({u"Late"_s, u"Name 0"_s, u"Name 2"_s, u"One"_s}));
 }
 
+TEST_F(OverviewTest, WorkGoesOnWhileFilesComeIn)
+{
+    addTitle(u"Mine"_s, summaryText({}, {}, {}));
+    select(u"Mine"_s);
+    commands.processImportedFile({fileAt(u"1.xml"_s, pad(u"One"_s)), fileAt(u"2.xml"_s, pad({}))});
+    overview.fileMenu().disableAll(); // As when the author goes on to the editor.
+    calls.pass(std::chrono::milliseconds(0));
+    EXPECT_EQ(mwqnSelSW, u"Mine"_s);
+    EXPECT_EQ(rowOf(u"One"_s), overview.selectedRow() + 1);
+
+    overview.fileMenu().enableAll();
+    calls.pass(resultDelay);
+    sheets.answer(AlertAnswer::Default);
+    commands.renameSWListItem(); // Before the nameless file asks for a name.
+    calls.pass(resultDelay);
+    EXPECT_EQ(commands.namePanel()->nameSheetCalledFrom, u"rename"_s);
+    overview.deselectAll();
+    commands.addSWNPIAction(u"Ours"_s);
+    EXPECT_GE(rowOf(u"Ours"_s), 0) << "the title that was asked about";
+    calls.pass(resultDelay);
+    ASSERT_TRUE(commands.namePanel());
+    EXPECT_EQ(commands.namePanel()->nameSheetCalledFrom, u"import"_s);
+}
+
 TEST_F(OverviewTest, ExportEscapesOnlyTheFreeStandingAmpersand)
 {
     addTitle(u" T "_s, summaryText({}, {}, {}));

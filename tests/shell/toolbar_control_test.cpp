@@ -74,6 +74,11 @@ TEST_F(ToolbarControlTest, EditingFocusesByTabAndShutsTheMenu)
     EXPECT_TRUE(allMenuItemsAre(true));
     EXPECT_EQ(shown.last(), ContentView::Overview);
     EXPECT_EQ(mwqnSelSW, u"T"_s);
+
+    toolbar.editTBI();
+    AddDeleteImportEdit::deleteQnDataFile(u"T"_s);
+    overview.loadSoftwareList();
+    EXPECT_EQ(shown.last(), ContentView::Overview) << "nothing would be stored of what is typed";
 }
 
 TEST_F(ToolbarControlTest, SubmittingAsksOnlyAboutErrors)
