@@ -3,20 +3,17 @@
 #include "submission/load_error_page.h"
 #include "submission/load_errors.h"
 #include "submission/web_engine_page.h"
+#include "submission/web_engine_view.h"
 
-#include <QApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QMenu>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <QWebEngineHistory>
 #include <QWebEngineLoadingInfo>
 #include <QWebEngineNewWindowRequest>
-#include <QWebEngineView>
 
 #include <algorithm>
-#include <array>
 #include <chrono>
 
 using namespace Qt::StringLiterals;
@@ -35,24 +32,6 @@ const QString focusScript = uR"((() => {
 
 const QString contentScript =
     u"!!document.body && (document.body.childNodes.length > 0 || document.body.tagName == 'FRAMESET')"_s;
-
-/// What stays in the engine's context menu: nothing that saves files, opens other windows or shows sources.
-constexpr std::array menuActions = {
-    QWebEnginePage::Back,
-    QWebEnginePage::Forward,
-    QWebEnginePage::Reload,
-    QWebEnginePage::Stop,
-    QWebEnginePage::Cut,
-    QWebEnginePage::Copy,
-    QWebEnginePage::Paste,
-    QWebEnginePage::PasteAndMatchStyle,
-    QWebEnginePage::Undo,
-    QWebEnginePage::Redo,
-    QWebEnginePage::SelectAll,
-    QWebEnginePage::Unselect,
-    QWebEnginePage::OpenLinkInThisWindow,
-    QWebEnginePage::CopyLinkToClipboard,
-};
 
 /// How long a page that has answered takes at most to begin a paste that it was told of before. Commands and
 /// scripts come to it by different ways, of which either may be the faster one.
@@ -82,25 +61,18 @@ QString scriptLiteral(const QString &text)
 WebEngineBrowser::WebEngineBrowser(QWebEngineProfile &profile, const QString &name, QWidget *parent)
     : QWidget(parent)
     , m_profile(profile)
-    , m_view(new QWebEngineView(this))
+    , m_view(new WebEngineView(this))
     , m_page(new WebEnginePage(&profile, this))
     , m_pastes([this](PasteQueue::Done done) { pasteNow(std::move(done)); })
 {
     setObjectName(name + u"Browser"_s);
     m_view->setObjectName(name);
     m_view->setPage(m_page);
-    m_view->setContextMenuPolicy(Qt::CustomContextMenu);
-    connect(m_view, &QWidget::customContextMenuRequested, this, &WebEngineBrowser::showContextMenu);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_view);
     setFocusProxy(m_view);
     connectPage();
-    // Each renderer brings a widget of its own, which screen readers meet when the focus comes to it.
-    connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) {
-        if (now && m_view->isAncestorOf(now))
-            now->setAccessibleName(u"Page"_s);
-    });
 }
 
 WebEngineBrowser::~WebEngineBrowser() = default;
@@ -407,21 +379,6 @@ void WebEngineBrowser::forgetPastes()
 {
     m_openPaste.reset();
     m_pastes.clear();
-}
-
-void WebEngineBrowser::showContextMenu(const QPoint &place)
-{
-    QMenu *menu = m_view->createStandardContextMenu();
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    const QList<QAction *> offered = menu->actions();
-    for (QAction *action : offered) {
-        const bool stays = action->isSeparator() || std::ranges::any_of(menuActions, [&](auto each) {
-                               return m_page->action(each) == action;
-                           });
-        if (!stays)
-            menu->removeAction(action);
-    }
-    menu->popup(m_view->mapToGlobal(place));
 }
 
 } // namespace quillon

@@ -14,11 +14,11 @@
 class QWebEngineLoadingInfo;
 class QWebEngineNewWindowRequest;
 class QWebEngineProfile;
-class QWebEngineView;
 
 namespace quillon {
 
 class WebEnginePage;
+class WebEngineView;
 
 /**
  * The browser on Qt's web engine.
@@ -94,10 +94,9 @@ private:
     void pasteBegun(bool isIntoText);
     void endPaste(const OpenPaste &paste, bool isIntoText);
     void forgetPastes();
-    void showContextMenu(const QPoint &place);
 
     QWebEngineProfile &m_profile;
-    QWebEngineView *m_view;
+    WebEngineView *m_view;
     WebEnginePage *m_page;
     BrowserDelegate *m_delegate = nullptr;
     PasteQueue m_pastes;
