@@ -118,11 +118,6 @@ QString TolerantXml::serialised() const
     return serialisedNode(*m_document);
 }
 
-QString TolerantXml::serialised(QStringView tag) const
-{
-    return serialisedNode(m_index.value(tag.toUtf8()).node);
-}
-
 QString TolerantXml::stringValue(const pugi::xml_node &node)
 {
     QByteArray utf8;

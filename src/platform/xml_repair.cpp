@@ -294,7 +294,37 @@ qsizetype endOfUnclosed(const QList<Token> &tokens, qsizetype first)
     return last;
 }
 
+/// The outermost start tag that was never closed, is named as the one at @p first, and is still open there.
+qsizetype outermostOpen(const QList<Token> &tokens, qsizetype first)
+{
+    qsizetype outermost = first;
+    int depth = 0;
+    for (qsizetype at = first - 1; at >= 0; --at) {
+        const Token &token = tokens[at];
+        if (token.kind == Token::End)
+            ++depth;
+        else if (token.kind == Token::Start && !token.unclosed && depth > 0)
+            --depth;
+        else if (token.kind == Token::Start && token.unclosed && depth == 0 &&
+                 token.name == tokens[first].name)
+            outermost = at;
+    }
+    return outermost;
+}
+
 } // namespace
+
+QByteArrayView firstElementText(QByteArrayView utf8, QByteArrayView tag)
+{
+    const QList<Token> tokens = Tokenizer(utf8).tokens();
+    const qsizetype first = firstElement(tokens, tag);
+    if (first < 0)
+        return {};
+    const QByteArrayView start = tokens[outermostOpen(tokens, first)].source;
+    const qsizetype at = start.end() - utf8.begin();
+    const qsizetype end = utf8.indexOf(QByteArray("</" + tag.toByteArray() + '>'), at);
+    return start.size() == tag.size() + 2 && end >= 0 ? utf8.sliced(at, end - at) : QByteArrayView();
+}
 
 QByteArrayView firstElementSource(QByteArrayView utf8, QByteArrayView tag)
 {
