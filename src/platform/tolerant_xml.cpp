@@ -1,7 +1,7 @@
 #include "platform/tolerant_xml.h"
 
-#include "platform/regex.h"
-
+#include <charconv>
+#include <cstdint>
 #include <cstring>
 #include <pugixml.hpp>
 
@@ -30,6 +30,37 @@ pugi::xml_node nextNode(pugi::xml_node node, const pugi::xml_node &top)
 bool isElement(const pugi::xml_node &node)
 {
     return node.type() == pugi::node_element;
+}
+
+/// Whether "&#" or "&#x", a number and ";" stand at @p reference, and the number is no character's.
+bool isReferenceToNoCharacter(QByteArrayView reference)
+{
+    constexpr char32_t firstSurrogate = 0xD800;
+    constexpr char32_t lastSurrogate = 0xDFFF;
+    constexpr char32_t last = 0x10FFFF;
+    const bool isHexadecimal = reference.startsWith("&#x");
+    const QByteArrayView number = reference.sliced(isHexadecimal ? 3 : 2);
+    std::uint32_t value = 0;
+    const auto [end, error] = std::from_chars(number.begin(), number.end(), value, isHexadecimal ? 16 : 10);
+    if (end == number.begin() || end == number.end() || *end != ';')
+        return false;
+    return error != std::errc() || value == 0 || value > last ||
+           (value >= firstSurrogate && value <= lastSurrogate);
+}
+
+/// @p utf8 in which a reference to no character is text: the parser would end a text at number 0, reckons
+/// modulo 2^32 and makes bytes that are no UTF-8.
+QByteArray withReferencesToCharactersOnly(const QByteArray &utf8)
+{
+    QByteArray result;
+    qsizetype done = 0;
+    for (qsizetype at = utf8.indexOf("&#"); at >= 0; at = utf8.indexOf("&#", at + 2)) {
+        if (!isReferenceToNoCharacter(QByteArrayView(utf8).sliced(at)))
+            continue;
+        result.append(utf8.constData() + done, at - done).append("&amp;");
+        done = at + 1;
+    }
+    return done == 0 ? utf8 : result.append(utf8.constData() + done, utf8.size() - done);
 }
 
 QString serialisedNode(const pugi::xml_node &node)
@@ -65,9 +96,7 @@ struct TolerantXml::Entry
 
 TolerantXml::TolerantXml(const QString &text) : m_document(std::make_unique<pugi::xml_document>())
 {
-    // A reference to no character is text: the parser reckons modulo 2^32 and would end a text at number 0.
-    static const Regex badReference(u"&(?=#(?:0++|x0++|[0-9]{8,}+|x[0-9A-Fa-f]{7,}+);)");
-    QByteArray utf8 = (text.contains(u'&') ? badReference.replaceAll(text, u"&amp;") : text).toUtf8();
+    QByteArray utf8 = withReferencesToCharactersOnly(text.toUtf8());
     if (utf8.contains('\0')) // The parser would end at a NUL; U+FFFD stands for it.
         utf8.replace('\0', "\xEF\xBF\xBD");
     const auto load = [this](const QByteArray &xml) {

@@ -25,7 +25,7 @@ TEST(TolerantXmlTest, WhatIsNoMarkupIsText)
 {
     const QString contents =
         u"| kept \r\n\t blanks  |Smith & Sons|&nbsp; &copy & &unknown; &;|x&#0;y &#x00; "
-        u"&#4294967296;|page\fbreak|"
+        u"&#4294967296; &#18446744073709551681; &#xD800;&#57343;&#x110000; &#; &#x; &#65 &#-65;|page\fbreak|"
         "1 < 2 > 0|x<y|<|<<>>|see <https://example.org/licence/>.|<someone@example.org>|never opened</i>.|"
         "<i a=1>unquoted|<i a='x|</a b>|x <!-- y|x <![CDATA[ y|x <? y|x <!DOCTYPE y|x --> ]]> ?> y"_s;
     for (const QString &content : contents.split(u'|'))
@@ -36,7 +36,8 @@ TEST(TolerantXmlTest, MarkupIsMendedWithinItsElement)
 {
     const std::pair<QString, QString> cases[] = {
         {u" \r\n\t "_s, u""_s},
-        {u"a &amp; b &lt;i&gt; &quot; &apos; &#252; &#x41;"_s, u"a & b <i> \" ' ü A"_s},
+        {u"a &amp; b &lt;i&gt; &quot; &apos; &#252; &#x41; &#00000065; &#x1F600;&#x10FFFF;"_s,
+         u"a & b <i> \" ' ü A A 😀\U0010FFFF"_s},
         {u"x"_s + QChar(0) + u"y"_s, u"x\xFFFDy"_s},
         {u"<<<i>>>"_s, u"<<>>"_s},
         {u"<i a='1' b = \"/>\">x</i> y"_s, u"x y"_s},
