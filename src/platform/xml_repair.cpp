@@ -67,13 +67,14 @@ private:
     {
         QByteArrayView open;
         QByteArrayView close;
+        QByteArrayView barrier; ///< What a section that was ever closed does not hold.
         bool kept;
     };
     static constexpr std::array<Section, 4> sections{{
-        {"<!--", "-->", false},
-        {"<![CDATA[", "]]>", true},
-        {"<?", "?>", false},
-        {"<!DOCTYPE", ">", false},
+        {"<!--", "-->", "<!--", false},
+        {"<![CDATA[", "]]>", "<![CDATA[", true},
+        {"<?", "?>", "<?", false},
+        {"<!DOCTYPE", ">", "<", false},
     }};
 
     [[nodiscard]] char peek() const { return m_scan < m_input.size() ? m_input[m_scan] : '\0'; }
@@ -110,8 +111,8 @@ private:
         return takeTag();
     }
 
-    /// A section that holds another of its kind, or the end of an element that is open, was itself never
-    /// closed: the end that was found belongs to something else.
+    /// A section that holds its barrier, or the end of an element that is open, was itself never closed: the
+    /// end that was found belongs to something else.
     bool takeSection(size_t kind)
     {
         const Section &section = sections[kind];
@@ -125,7 +126,7 @@ private:
         if (close == m_input.size())
             return false;
         const QByteArrayView inside = m_input.sliced(start, close - start);
-        if (inside.contains(section.open) || holdsEndOfOpen(inside))
+        if (inside.contains(section.barrier) || holdsEndOfOpen(inside))
             return false;
         const qsizetype end = close + section.close.size();
         if (section.kept)

@@ -62,6 +62,8 @@ TEST(TolerantXmlTest, FindsTheFirstElementOfANameAtAnyDepth)
     EXPECT_EQ(xml.first(u"A"), u"&e;&f;"_s);
     EXPECT_EQ(xml.first(u"ä"), u"ü"_s);
     EXPECT_EQ(xml.count(u"b"), 0);
+    EXPECT_EQ(TolerantXml(u"<r><i>x <!DOCTYPE\n<a>1</a></r>"_s).first(u"a"), u"1"_s);
+    EXPECT_EQ(TolerantXml(u"<!DOCTYPE r [<!ENTITY e 'boom'>]><r><a>1 < 2</a></r>"_s).first(u"a"), u"1 < 2"_s);
     for (const QString &text : {u""_s, u"no markup"_s, u"<"_s, u"<!-- -->"_s, u"</r>"_s}) {
         EXPECT_EQ(TolerantXml(text).first(u"r"), std::nullopt) << text.toStdString();
         EXPECT_EQ(TolerantXml(text).serialised(), QString()) << text.toStdString();
