@@ -3,6 +3,8 @@
 #include "pad/layout.h"
 #include "pad/pad_form.h"
 #include "platform/application_info.h"
+#include "platform/regex.h"
+#include "platform/text_decoding.h"
 
 using namespace Qt::StringLiterals;
 
@@ -65,6 +67,15 @@ QByteArray written(const ValueOf &valueOf)
     return (text + layoutClosing()).toUtf8();
 }
 
+/// The text of @p stored; one in another encoding than UTF-8, as other tools leave, then names that one.
+QString storedText(const QByteArray &stored)
+{
+    if (stored.isValidUtf8())
+        return QString::fromUtf8(stored);
+    static const Regex encoding(uR"(^(<\?xml[^<>]*?encoding\s*=\s*["'])[A-Za-z0-9._:-]+)");
+    return encoding.replaceAll(decodedXmlText(stored), u"$1UTF-8");
+}
+
 } // namespace
 
 QByteArray skeleton()
@@ -79,7 +90,7 @@ QByteArray document(const PadForm &form)
 
 QByteArray exported(const QByteArray &stored)
 {
-    return QString::fromUtf8(stored).replace(u" & "_s, u" &amp; "_s).toUtf8();
+    return storedText(stored).replace(u" & "_s, u" &amp; "_s).toUtf8();
 }
 
 } // namespace quillon::pad_writer
