@@ -70,9 +70,12 @@ TolerantXml parsedContent(QStringView content)
     return TolerantXml(QString(startTag(wrapper) + content + endTag(wrapper)));
 }
 
-/// @p content with an end tag to every element, and markup for what is not to be read as such.
+/// @p content with an end tag to every element, and markup for what is not to be read as such. Nothing but
+/// whitespace, with which other tools lay empty elements out, is nothing.
 QString serialisedContent(QStringView content)
 {
+    if (content.trimmed().isEmpty())
+        return {};
     const QString element = parsedContent(content).serialised();
     return element.sliced(startTag(wrapper).size()).chopped(endTag(wrapper).size());
 }

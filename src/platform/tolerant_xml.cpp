@@ -1,5 +1,6 @@
 #include "platform/tolerant_xml.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstdint>
 #include <cstring>
@@ -9,8 +10,8 @@ namespace quillon {
 
 namespace {
 
-// Line ends stay as they stand; text of nothing but whitespace is left out by default.
-constexpr unsigned parseFlags = pugi::parse_cdata | pugi::parse_escapes;
+// Blanks and line ends stay as they stand.
+constexpr unsigned parseFlags = pugi::parse_cdata | pugi::parse_escapes | pugi::parse_ws_pcdata;
 
 // How the repair tells of a start tag that its author never closed: its first attribute.
 constexpr const char *unclosedMark = "quillon.unclosed";
@@ -154,7 +155,9 @@ QString TolerantXml::stringValue(const pugi::xml_node &node)
         if (each.type() == pugi::node_pcdata || each.type() == pugi::node_cdata)
             utf8.append(each.value());
     }
-    return QString::fromUtf8(utf8);
+    static constexpr QByteArrayView blanks = " \t\r\n";
+    const bool isBlank = std::all_of(utf8.cbegin(), utf8.cend(), [](char c) { return blanks.contains(c); });
+    return isBlank ? QString() : QString::fromUtf8(utf8);
 }
 
 } // namespace quillon

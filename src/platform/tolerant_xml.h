@@ -44,7 +44,8 @@ public:
     /// The tree itself, for callers that walk all of it.
     [[nodiscard]] const pugi::xml_document &document() const { return *m_document; }
 
-    /// The text of @p node and all below it, as XPath's string value.
+    /// The text of @p node and all below it, as XPath's string value; empty where that is nothing but
+    /// whitespace.
     static QString stringValue(const pugi::xml_node &node);
 
 private:

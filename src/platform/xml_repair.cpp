@@ -2,6 +2,7 @@
 
 #include <QList>
 
+#include <algorithm>
 #include <array>
 
 namespace quillon {
@@ -351,22 +352,26 @@ QByteArray repairedXml(const QByteArray &utf8)
 
     QByteArray xml;
     xml.reserve(utf8.size() + utf8.size() / 8);
-    QList<QByteArrayView> open;
+    QList<const Token *> open;
     for (const Token &token : tokens) {
         switch (token.kind) {
         case Token::Text:
+            // The blanks that follow a start tag that was never closed lay the document out.
+            if (!open.isEmpty() && open.last()->unclosed &&
+                std::all_of(token.source.begin(), token.source.end(), isBlank))
+                break;
             xml.append(token.source.startsWith('<') ? "&lt;" : "");
             xml.append(token.source.sliced(token.source.startsWith('<') ? 1 : 0));
             break;
         case Token::Start:
             xml.append('<').append(token.name).append(token.unclosed ? " quillon.unclosed=''" : "");
             xml.append(token.source.sliced(1 + token.name.size()));
-            open.append(token.name);
+            open.append(&token);
             break;
         case Token::End:
-            for (; open.last() != token.name; open.removeLast())
-                appendEndTag(xml, open.last());
-            appendEndTag(xml, open.takeLast());
+            for (; open.last()->name != token.name; open.removeLast())
+                appendEndTag(xml, open.last()->name);
+            appendEndTag(xml, open.takeLast()->name);
             break;
         case Token::Empty:
         case Token::Verbatim:
@@ -375,7 +380,7 @@ QByteArray repairedXml(const QByteArray &utf8)
         }
     }
     while (!open.isEmpty())
-        appendEndTag(xml, open.takeLast());
+        appendEndTag(xml, open.takeLast()->name);
     return xml;
 }
 

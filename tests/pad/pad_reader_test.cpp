@@ -91,6 +91,8 @@ TEST(PadReaderTest, ALongTextIsCutOutBetweenItsOwnTags)
         {"<EULA>a </b> <EULA> b</EULA >c</EULA>", u"a </b> <EULA> b</EULA >c"_s},
         {"<Address_2/><EULA>a </r> b</EULA >c</EULA>", u"a &lt;/r&gt; b&lt;/EULA &gt;c"_s},
         {"<Keywords>a<br/>b</Keywords><EULA>Tom & Jerry, 1 > 0</EULA>", u"Tom & Jerry, 1 > 0"_s},
+        {"<Address_2/><EULA>\n\t<b>1</b> <i>2</i></EULA>", u"\n\t<b>1</b> <i>2</i>"_s},
+        {"<Address_2/><EULA>\n\t</EULA>", u""_s},
         {"<Address_2 /><EULA>Tom & Jerry, 1 > 0</EULA>", u"Tom &amp; Jerry, 1 &gt; 0"_s}};
     for (const auto &[elements, expected] : cases) {
         PadForm form;

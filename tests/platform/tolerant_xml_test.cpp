@@ -39,6 +39,9 @@ TEST(TolerantXmlTest, MarkupIsMendedWithinItsElement)
         {u"a &amp; b &lt;i&gt; &quot; &apos; &#252; &#x41; &#00000065; &#x1F600;&#x10FFFF;"_s,
          u"a & b <i> \" ' ü A A 😀\U0010FFFF"_s},
         {u"x"_s + QChar(0) + u"y"_s, u"x\xFFFDy"_s},
+        {u"<i>x</i> <u>y</u>\n\t"_s, u"x y\n\t"_s},
+        {u" <i>\r\n</i>\t<u/>"_s, u""_s},
+        {u"never <i>\n\t"_s, u"never "_s},
         {u"<<<i>>>"_s, u"<<>>"_s},
         {u"<i a='1' b = \"/>\">x</i> y"_s, u"x y"_s},
         {u"never <i>closed"_s, u"never closed"_s},
@@ -72,8 +75,9 @@ TEST(TolerantXmlTest, FindsTheFirstElementOfANameAtAnyDepth)
 
 TEST(TolerantXmlTest, SerialisesEmptyElementsWithAnEndTag)
 {
-    const TolerantXml xml(u"<r><a x='1'/>S &amp; S & T<b>1 &gt; 0\r\n\f &#252;</b><i>open</r>"_s);
-    const QString text = u"<r><a x=\"1\"></a>S &amp; S &amp; T<b>1 &gt; 0\r\n\f ü</b><i>open</i></r>"_s;
+    const TolerantXml xml(u"<r><a x='1'/> <i>S</i> &amp; S & T<b>1 &gt; 0\r\n\f &#252;</b><i>open</r>"_s);
+    const QString text =
+        u"<r><a x=\"1\"></a> <i>S</i> &amp; S &amp; T<b>1 &gt; 0\r\n\f ü</b><i>open</i></r>"_s;
     EXPECT_EQ(xml.serialised(), text);
     EXPECT_EQ(TolerantXml(text).serialised(), text);
 }
