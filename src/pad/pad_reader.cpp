@@ -70,14 +70,16 @@ TolerantXml parsedContent(QStringView content)
     return TolerantXml(QString(startTag(wrapper) + content + endTag(wrapper)));
 }
 
-/// @p content with an end tag to every element, and markup for what is not to be read as such. Nothing but
-/// whitespace, with which other tools lay empty elements out, is nothing.
+/// @p content with an end tag to every element, and markup for what is not to be read as such; as it stands
+/// where that leaves nothing of it. Only whitespace, with which other tools lay empty elements out, is
+/// nothing.
 QString serialisedContent(QStringView content)
 {
     if (content.trimmed().isEmpty())
         return {};
     const QString element = parsedContent(content).serialised();
-    return element.sliced(startTag(wrapper).size()).chopped(endTag(wrapper).size());
+    const QString inside = element.sliced(startTag(wrapper).size()).chopped(endTag(wrapper).size());
+    return inside.isEmpty() ? content.toString() : inside;
 }
 
 /// A document in its two views: parsed, and as it stands, its elements then with an end tag each.

@@ -93,6 +93,7 @@ TEST(PadReaderTest, ALongTextIsCutOutBetweenItsOwnTags)
         {"<Keywords>a<br/>b</Keywords><EULA>Tom & Jerry, 1 > 0</EULA>", u"Tom & Jerry, 1 > 0"_s},
         {"<Address_2/><EULA>\n\t<b>1</b> <i>2</i></EULA>", u"\n\t<b>1</b> <i>2</i>"_s},
         {"<Address_2/><EULA>\n\t</EULA>", u""_s},
+        {"<Address_2/><EULA><!-- none yet --></EULA>", u"<!-- none yet -->"_s},
         {"<Address_2 /><EULA>Tom & Jerry, 1 > 0</EULA>", u"Tom &amp; Jerry, 1 &gt; 0"_s}};
     for (const auto &[elements, expected] : cases) {
         PadForm form;
