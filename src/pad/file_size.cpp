@@ -4,6 +4,7 @@
 #include "platform/regex.h"
 
 #include <boost/multiprecision/cpp_int.hpp>
+#include <cstdlib>
 
 using namespace Qt::StringLiterals;
 
@@ -15,11 +16,12 @@ namespace {
 using Integer =
     boost::multiprecision::number<boost::multiprecision::cpp_int_backend<>, boost::multiprecision::et_off>;
 
-/// An exact decimal number: digits / 10^scale.
+/// An exact decimal number: digits / 10^scale, or that with a minus sign.
 struct Decimal
 {
     Integer digits;
     qsizetype scale = 0;
+    bool isNegative = false;
 };
 
 Integer powerOfTen(qsizetype exponent)
@@ -30,16 +32,24 @@ Integer powerOfTen(qsizetype exponent)
 Decimal decimalAtStart(QStringView text)
 {
     // More digits after the point than this cannot change what is shown.
-    static const Regex number(uR"(^\s*([0-9]{0,101})(?:\.([0-9]{0,100}))?)");
+    static const Regex number(
+        uR"(^\s*([+-]?)([0-9]{0,101})(?:\.([0-9]{0,200})[0-9]*+)?(?:[eE]([+-]?[0-9]++))?)");
     static constexpr qsizetype maxWholeDigits = 100;
     const auto match = number.firstMatch(text);
-    if (!match || match->captured(1).size() > maxWholeDigits)
+    if (!match)
         return {};
-    QString digits = match->captured(1).toString();
-    digits += match->captured(2);
+    bool isReadable = match->captured(4).isEmpty();
+    const qsizetype exponent = isReadable ? 0 : match->captured(4).toInt(&isReadable);
+    const qsizetype wholeDigits = match->captured(2).size();
+    if (!isReadable || wholeDigits > maxWholeDigits || std::abs(exponent) > maxWholeDigits - wholeDigits)
+        return {};
+    QString digits = match->captured(2).toString();
+    digits += match->captured(3);
+    digits += QString(qMax<qsizetype>(exponent - match->captured(3).size(), 0), u'0');
     while (digits.startsWith(u'0')) // A zero in front would make the number octal.
         digits.remove(0, 1);
-    return {digits.isEmpty() ? Integer(0) : Integer(digits.toStdString()), match->captured(2).size()};
+    return {digits.isEmpty() ? Integer(0) : Integer(digits.toStdString()),
+            qMax<qsizetype>(match->captured(3).size() - exponent, 0), match->captured(1) == u"-"};
 }
 
 /// @p bytes divided by 1024 @p steps times, with @p decimals digits after the point.
@@ -54,12 +64,13 @@ QString scaled(QStringView bytes, unsigned steps, int decimals)
     const Integer twice = remainder * 2;
     if (twice > denominator || (twice == denominator && quotient % 2 != 0))
         ++quotient;
+    const bool isNegative = value.isNegative && quotient != 0;
     QString text = QString::fromStdString(quotient.str());
     if (decimals > 0) {
         text = text.rightJustified(decimals + 1, u'0');
         text.insert(text.size() - decimals, u'.');
     }
-    return text;
+    return isNegative ? u'-' + text : text;
 }
 
 } // namespace

@@ -1,5 +1,9 @@
 #include "pad/layout.h"
 
+#include "pad/field_catalogue.h"
+
+using namespace Qt::StringLiterals;
+
 namespace quillon {
 
 // The order inside the groups is not the editor's: month before day, e-mail before telephone, systems before
@@ -101,5 +105,31 @@ const std::array<LayoutLine, layoutLineCount> padLayout = {{
     {1, LayoutLine::Close, u"Permissions"},
 }};
 // clang-format on
+
+QString startTag(QStringView tag)
+{
+    return u'<' + tag + u'>';
+}
+
+QString endTag(QStringView tag)
+{
+    return u"</" + tag + u'>';
+}
+
+QString layoutOpening()
+{
+    return u"<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"_s + startTag(padRootElement) + u'\n';
+}
+
+QString layoutClosing()
+{
+    return endTag(padRootElement);
+}
+
+QString lineStart(const LayoutLine &line)
+{
+    return QString(line.depth, u'\t') +
+           (line.kind == LayoutLine::Close ? endTag(line.tag) : startTag(line.tag));
+}
 
 } // namespace quillon

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QStringView>
+#include <QString>
 
 #include <array>
 
@@ -25,5 +25,16 @@ inline constexpr int layoutLineCount = 93;
 
 /// Lines 3 to 95 of the document, between the root's tags.
 extern const std::array<LayoutLine, layoutLineCount> padLayout;
+
+/// "<TAG>" and "</TAG>".
+QString startTag(QStringView tag);
+QString endTag(QStringView tag);
+
+/// What stands before the lines, to the line feed, and after the last one's line feed.
+QString layoutOpening();
+QString layoutClosing();
+
+/// @p line without the value and the end tag that an element's goes on with.
+QString lineStart(const LayoutLine &line);
 
 } // namespace quillon

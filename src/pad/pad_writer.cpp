@@ -3,6 +3,8 @@
 #include "pad/layout.h"
 #include "pad/pad_form.h"
 #include "platform/application_info.h"
+#include "platform/regex.h"
+#include "platform/text_decoding.h"
 
 using namespace Qt::StringLiterals;
 
@@ -49,33 +51,29 @@ QString fixedValue(const FixedValues &values, QStringView element)
     return {};
 }
 
-QString line(const LayoutLine &layout, const QString &value)
-{
-    switch (layout.kind) {
-    case LayoutLine::Open:
-        return u'<' + layout.tag + u'>';
-    case LayoutLine::Close:
-        return u"</" + layout.tag + u'>';
-    case LayoutLine::Element:
-        break;
-    }
-    return u'<' + layout.tag + u'>' + value + u"</" + layout.tag + u'>';
-}
-
 /// Walks the layout; @p valueOf gives the value of an element outside the header.
 template<typename ValueOf>
 QByteArray written(const ValueOf &valueOf)
 {
-    QString text = u"<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<"_s + padRootElement + u">\n";
-    for (const LayoutLine &layout : padLayout) {
-        QString value;
-        if (layout.kind == LayoutLine::Element) {
-            const auto field = fieldOfElement(layout.tag);
-            value = field ? valueOf(*field) : fixedValue(headerValues(), layout.tag);
+    QString text = layoutOpening();
+    for (const LayoutLine &line : padLayout) {
+        text += lineStart(line);
+        if (line.kind == LayoutLine::Element) {
+            const auto field = fieldOfElement(line.tag);
+            text += (field ? valueOf(*field) : fixedValue(headerValues(), line.tag)) + endTag(line.tag);
         }
-        text += QString(layout.depth, u'\t') + line(layout, value) + u'\n';
+        text += u'\n';
     }
-    return (text + u"</" + padRootElement + u'>').toUtf8();
+    return (text + layoutClosing()).toUtf8();
+}
+
+/// The text of @p stored; one in another encoding than UTF-8, as other tools leave, then names that one.
+QString storedText(const QByteArray &stored)
+{
+    if (stored.isValidUtf8())
+        return QString::fromUtf8(stored);
+    static const Regex encoding(uR"(^(<\?xml[^<>]*?encoding\s*=\s*["'])[A-Za-z0-9._:-]+)");
+    return encoding.replaceAll(decodedXmlText(stored), u"$1UTF-8");
 }
 
 } // namespace
@@ -92,7 +90,7 @@ QByteArray document(const PadForm &form)
 
 QByteArray exported(const QByteArray &stored)
 {
-    return QString::fromUtf8(stored).replace(u" & "_s, u" &amp; "_s).toUtf8();
+    return storedText(stored).replace(u" & "_s, u" &amp; "_s).toUtf8();
 }
 
 } // namespace quillon::pad_writer

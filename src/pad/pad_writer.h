@@ -19,7 +19,8 @@ QByteArray skeleton();
 /// The document of what @p form holds.
 QByteArray document(const PadForm &form);
 
-/// A stored document as it is exported: each "&" between two blanks becomes "&amp;", all else stays.
+/// A stored document as it is exported: each "&" between two blanks becomes "&amp;", all else stays. What is
+/// not UTF-8 is turned into it, as it is read in the editor.
 QByteArray exported(const QByteArray &stored);
 
 } // namespace pad_writer

@@ -1,7 +1,8 @@
 #include "platform/tolerant_xml.h"
 
-#include "platform/regex.h"
-
+#include <algorithm>
+#include <charconv>
+#include <cstdint>
 #include <cstring>
 #include <pugixml.hpp>
 
@@ -9,8 +10,8 @@ namespace quillon {
 
 namespace {
 
-// Line ends stay as they stand; text of nothing but whitespace is left out by default.
-constexpr unsigned parseFlags = pugi::parse_cdata | pugi::parse_escapes;
+// Blanks and line ends stay as they stand.
+constexpr unsigned parseFlags = pugi::parse_cdata | pugi::parse_escapes | pugi::parse_ws_pcdata;
 
 // How the repair tells of a start tag that its author never closed: its first attribute.
 constexpr const char *unclosedMark = "quillon.unclosed";
@@ -30,6 +31,37 @@ pugi::xml_node nextNode(pugi::xml_node node, const pugi::xml_node &top)
 bool isElement(const pugi::xml_node &node)
 {
     return node.type() == pugi::node_element;
+}
+
+/// Whether "&#" or "&#x", a number and ";" stand at @p reference, and the number is no character's.
+bool isReferenceToNoCharacter(QByteArrayView reference)
+{
+    constexpr char32_t firstSurrogate = 0xD800;
+    constexpr char32_t lastSurrogate = 0xDFFF;
+    constexpr char32_t last = 0x10FFFF;
+    const bool isHexadecimal = reference.startsWith("&#x");
+    const QByteArrayView number = reference.sliced(isHexadecimal ? 3 : 2);
+    std::uint32_t value = 0;
+    const auto [end, error] = std::from_chars(number.begin(), number.end(), value, isHexadecimal ? 16 : 10);
+    if (end == number.begin() || end == number.end() || *end != ';')
+        return false;
+    return error != std::errc() || value == 0 || value > last ||
+           (value >= firstSurrogate && value <= lastSurrogate);
+}
+
+/// @p utf8 in which a reference to no character is text: the parser would end a text at number 0, reckons
+/// modulo 2^32 and makes bytes that are no UTF-8.
+QByteArray withReferencesToCharactersOnly(const QByteArray &utf8)
+{
+    QByteArray result;
+    qsizetype done = 0;
+    for (qsizetype at = utf8.indexOf("&#"); at >= 0; at = utf8.indexOf("&#", at + 2)) {
+        if (!isReferenceToNoCharacter(QByteArrayView(utf8).sliced(at)))
+            continue;
+        result.append(utf8.constData() + done, at - done).append("&amp;");
+        done = at + 1;
+    }
+    return done == 0 ? utf8 : result.append(utf8.constData() + done, utf8.size() - done);
 }
 
 QString serialisedNode(const pugi::xml_node &node)
@@ -65,9 +97,7 @@ struct TolerantXml::Entry
 
 TolerantXml::TolerantXml(const QString &text) : m_document(std::make_unique<pugi::xml_document>())
 {
-    // A reference to no character is text: the parser reckons modulo 2^32 and would end a text at number 0.
-    static const Regex badReference(u"&(?=#(?:0++|x0++|[0-9]{8,}+|x[0-9A-Fa-f]{7,}+);)");
-    QByteArray utf8 = (text.contains(u'&') ? badReference.replaceAll(text, u"&amp;") : text).toUtf8();
+    QByteArray utf8 = withReferencesToCharactersOnly(text.toUtf8());
     if (utf8.contains('\0')) // The parser would end at a NUL; U+FFFD stands for it.
         utf8.replace('\0', "\xEF\xBF\xBD");
     const auto load = [this](const QByteArray &xml) {
@@ -118,11 +148,6 @@ QString TolerantXml::serialised() const
     return serialisedNode(*m_document);
 }
 
-QString TolerantXml::serialised(QStringView tag) const
-{
-    return serialisedNode(m_index.value(tag.toUtf8()).node);
-}
-
 QString TolerantXml::stringValue(const pugi::xml_node &node)
 {
     QByteArray utf8;
@@ -130,7 +155,9 @@ QString TolerantXml::stringValue(const pugi::xml_node &node)
         if (each.type() == pugi::node_pcdata || each.type() == pugi::node_cdata)
             utf8.append(each.value());
     }
-    return QString::fromUtf8(utf8);
+    static constexpr QByteArrayView blanks = " \t\r\n";
+    const bool isBlank = std::all_of(utf8.cbegin(), utf8.cend(), [](char c) { return blanks.contains(c); });
+    return isBlank ? QString() : QString::fromUtf8(utf8);
 }
 
 } // namespace quillon

@@ -41,13 +41,11 @@ public:
     /// The elements as text, every empty one as a start and an end tag; empty without elements.
     [[nodiscard]] QString serialised() const;
 
-    /// The element whose value first() gives, as such text; empty without one.
-    [[nodiscard]] QString serialised(QStringView tag) const;
-
     /// The tree itself, for callers that walk all of it.
     [[nodiscard]] const pugi::xml_document &document() const { return *m_document; }
 
-    /// The text of @p node and all below it, as XPath's string value.
+    /// The text of @p node and all below it, as XPath's string value; empty where that is nothing but
+    /// whitespace.
     static QString stringValue(const pugi::xml_node &node);
 
 private:
@@ -68,5 +66,10 @@ QByteArray repairedXml(const QByteArray &utf8);
 /// A start tag that was never closed reaches to the next such tag of its name in the same parent, else over
 /// the text that follows it, without the blanks at that text's end.
 QByteArrayView firstElementSource(QByteArrayView utf8, QByteArrayView tag);
+
+/// What stands in @p utf8 between "<TAG>" of that element and the first "</TAG>" after it, markup or not: a
+/// text in which other end tags, or more start tags of its name, are what its author typed. Null where the
+/// element's tags are not written in this very way.
+QByteArrayView firstElementText(QByteArrayView utf8, QByteArrayView tag);
 
 } // namespace quillon

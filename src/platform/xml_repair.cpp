@@ -2,6 +2,7 @@
 
 #include <QList>
 
+#include <algorithm>
 #include <array>
 
 namespace quillon {
@@ -67,13 +68,14 @@ private:
     {
         QByteArrayView open;
         QByteArrayView close;
+        QByteArrayView barrier; ///< What a section that was ever closed does not hold.
         bool kept;
     };
     static constexpr std::array<Section, 4> sections{{
-        {"<!--", "-->", false},
-        {"<![CDATA[", "]]>", true},
-        {"<?", "?>", false},
-        {"<!DOCTYPE", ">", false},
+        {"<!--", "-->", "<!--", false},
+        {"<![CDATA[", "]]>", "<![CDATA[", true},
+        {"<?", "?>", "<?", false},
+        {"<!DOCTYPE", ">", "<", false},
     }};
 
     [[nodiscard]] char peek() const { return m_scan < m_input.size() ? m_input[m_scan] : '\0'; }
@@ -110,8 +112,8 @@ private:
         return takeTag();
     }
 
-    /// A section that holds another of its kind, or the end of an element that is open, was itself never
-    /// closed: the end that was found belongs to something else.
+    /// A section that holds its barrier, or the end of an element that is open, was itself never closed: the
+    /// end that was found belongs to something else.
     bool takeSection(size_t kind)
     {
         const Section &section = sections[kind];
@@ -125,7 +127,7 @@ private:
         if (close == m_input.size())
             return false;
         const QByteArrayView inside = m_input.sliced(start, close - start);
-        if (inside.contains(section.open) || holdsEndOfOpen(inside))
+        if (inside.contains(section.barrier) || holdsEndOfOpen(inside))
             return false;
         const qsizetype end = close + section.close.size();
         if (section.kept)
@@ -294,7 +296,37 @@ qsizetype endOfUnclosed(const QList<Token> &tokens, qsizetype first)
     return last;
 }
 
+/// The outermost start tag that was never closed, is named as the one at @p first, and is still open there.
+qsizetype outermostOpen(const QList<Token> &tokens, qsizetype first)
+{
+    qsizetype outermost = first;
+    int depth = 0;
+    for (qsizetype at = first - 1; at >= 0; --at) {
+        const Token &token = tokens[at];
+        if (token.kind == Token::End)
+            ++depth;
+        else if (token.kind == Token::Start && !token.unclosed && depth > 0)
+            --depth;
+        else if (token.kind == Token::Start && token.unclosed && depth == 0 &&
+                 token.name == tokens[first].name)
+            outermost = at;
+    }
+    return outermost;
+}
+
 } // namespace
+
+QByteArrayView firstElementText(QByteArrayView utf8, QByteArrayView tag)
+{
+    const QList<Token> tokens = Tokenizer(utf8).tokens();
+    const qsizetype first = firstElement(tokens, tag);
+    if (first < 0)
+        return {};
+    const QByteArrayView start = tokens[outermostOpen(tokens, first)].source;
+    const qsizetype at = start.end() - utf8.begin();
+    const qsizetype end = utf8.indexOf(QByteArray("</" + tag.toByteArray() + '>'), at);
+    return start.size() == tag.size() + 2 && end >= 0 ? utf8.sliced(at, end - at) : QByteArrayView();
+}
 
 QByteArrayView firstElementSource(QByteArrayView utf8, QByteArrayView tag)
 {
@@ -320,22 +352,26 @@ QByteArray repairedXml(const QByteArray &utf8)
 
     QByteArray xml;
     xml.reserve(utf8.size() + utf8.size() / 8);
-    QList<QByteArrayView> open;
+    QList<const Token *> open;
     for (const Token &token : tokens) {
         switch (token.kind) {
         case Token::Text:
+            // The blanks that follow a start tag that was never closed lay the document out.
+            if (!open.isEmpty() && open.last()->unclosed &&
+                std::all_of(token.source.begin(), token.source.end(), isBlank))
+                break;
             xml.append(token.source.startsWith('<') ? "&lt;" : "");
             xml.append(token.source.sliced(token.source.startsWith('<') ? 1 : 0));
             break;
         case Token::Start:
             xml.append('<').append(token.name).append(token.unclosed ? " quillon.unclosed=''" : "");
             xml.append(token.source.sliced(1 + token.name.size()));
-            open.append(token.name);
+            open.append(&token);
             break;
         case Token::End:
-            for (; open.last() != token.name; open.removeLast())
-                appendEndTag(xml, open.last());
-            appendEndTag(xml, open.takeLast());
+            for (; open.last()->name != token.name; open.removeLast())
+                appendEndTag(xml, open.last()->name);
+            appendEndTag(xml, open.takeLast()->name);
             break;
         case Token::Empty:
         case Token::Verbatim:
@@ -344,7 +380,7 @@ QByteArray repairedXml(const QByteArray &utf8)
         }
     }
     while (!open.isEmpty())
-        appendEndTag(xml, open.takeLast());
+        appendEndTag(xml, open.takeLast()->name);
     return xml;
 }
 

@@ -87,7 +87,13 @@ TEST(PadReaderTest, ALongTextIsCutOutBetweenItsOwnTags)
         {"<Keywords></EULA> a</Keywords><EULA>text</EULA>", u"text"_s},
         {"<Keywords>a <EULA> b</Keywords><Address_2/><EULA>1 &lt; 2</EULA>", u"1 &lt; 2"_s},
         {"<Keywords>a <EULA> b</Keywords><EULA>c <EULA> d <EULA> e</EULA>", u"c <EULA> d <EULA> e"_s},
+        {"<EULA>a </r> b</EULA>", u"a </r> b"_s},
+        {"<EULA>a </b> <EULA> b</EULA >c</EULA>", u"a </b> <EULA> b</EULA >c"_s},
+        {"<Address_2/><EULA>a </r> b</EULA >c</EULA>", u"a &lt;/r&gt; b&lt;/EULA &gt;c"_s},
         {"<Keywords>a<br/>b</Keywords><EULA>Tom & Jerry, 1 > 0</EULA>", u"Tom & Jerry, 1 > 0"_s},
+        {"<Address_2/><EULA>\n\t<b>1</b> <i>2</i></EULA>", u"\n\t<b>1</b> <i>2</i>"_s},
+        {"<Address_2/><EULA>\n\t</EULA>", u""_s},
+        {"<Address_2/><EULA><!-- none yet --></EULA>", u"<!-- none yet -->"_s},
         {"<Address_2 /><EULA>Tom & Jerry, 1 > 0</EULA>", u"Tom &amp; Jerry, 1 &gt; 0"_s}};
     for (const auto &[elements, expected] : cases) {
         PadForm form;
@@ -95,6 +101,35 @@ TEST(PadReaderTest, ALongTextIsCutOutBetweenItsOwnTags)
         loadPADData("<r>" + elements + "</r>", form);
         EXPECT_EQ(form.value(FieldId::eula), expected) << elements.toStdString();
     }
+}
+
+TEST(PadReaderTest, WhatWasWrittenComesBackAsTyped)
+{
+    const QStringList texts = {u"the export ends with </XML_DIZ_INFO>\n</Program_Info> </English> again"_s,
+                               u"</b> <Keywords></Keywords > <EULA></EULA > tags"_s,
+                               u"<Address_2/> & <Primary_Download_URL></Primary_Download_URL>"_s,
+                               u"<Company_Name>x</Company_Name>\n\t\t<Address_1>"_s,
+                               u"<!-- <![CDATA[ <? <!DOCTYPE <a x='"_s};
+    for (const FieldId field : {FieldId::changeInformationView, FieldId::keywordsView, FieldId::eula}) {
+        for (const QString &text : texts) {
+            PadForm form;
+            loadPADData(sample(u"filled_form.xml"_s), form);
+            form.text(FieldId::companyName).setText(u"Reeve & Sons </r>"_s);
+            form.text(field).setText(text);
+            const QByteArray written = pad_writer::document(form);
+            PadForm again;
+            loadPADData(written, again);
+            EXPECT_EQ(again.value(field), text);
+            EXPECT_EQ(pad_writer::document(again), written);
+        }
+    }
+    // A value's own end tag ends it, and nothing else.
+    QByteArray written = pad_writer::skeleton();
+    written.replace("<Keywords>", "<Keywords>a</Keywords> b").replace("<EULA>", "<EULA>text");
+    PadForm form;
+    loadPADData(written, form);
+    EXPECT_EQ(form.value(FieldId::keywordsView), u"a"_s);
+    EXPECT_EQ(form.value(FieldId::eula), u"text"_s);
 }
 
 TEST(PadReaderTest, ReadingTwiceOrWhatWasWrittenChangesNothing)

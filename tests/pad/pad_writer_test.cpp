@@ -78,6 +78,9 @@ TEST(PadWriterTest, ExportEscapesAmpersandsBetweenBlanksOnly)
         {"a & & b", "a &amp; & b"},
         {"a &amp; b < c", "a &amp; b < c"},
         {"Zoë & 潮", "Zoë &amp; 潮"},
+        {"<?xml encoding='ISO-8859-1'?><r>Zoë & co</r>", "<?xml encoding='ISO-8859-1'?><r>Zoë &amp; co</r>"},
+        {"<?xml encoding='ISO-8859-1'?><r>Zo\xEB & co</r>", "<?xml encoding='UTF-8'?><r>Zoë &amp; co</r>"},
+        {"<r>Zo\xEB & encoding='x'</r>", "<r>Zoë &amp; encoding='x'</r>"},
     };
     for (const auto &[stored, exported] : cases)
         EXPECT_EQ(pad_writer::exported(stored), exported);

@@ -25,7 +25,7 @@ TEST(TolerantXmlTest, WhatIsNoMarkupIsText)
 {
     const QString contents =
         u"| kept \r\n\t blanks  |Smith & Sons|&nbsp; &copy & &unknown; &;|x&#0;y &#x00; "
-        u"&#4294967296;|page\fbreak|"
+        u"&#4294967296; &#18446744073709551681; &#xD800;&#57343;&#x110000; &#; &#x; &#65 &#-65;|page\fbreak|"
         "1 < 2 > 0|x<y|<|<<>>|see <https://example.org/licence/>.|<someone@example.org>|never opened</i>.|"
         "<i a=1>unquoted|<i a='x|</a b>|x <!-- y|x <![CDATA[ y|x <? y|x <!DOCTYPE y|x --> ]]> ?> y"_s;
     for (const QString &content : contents.split(u'|'))
@@ -36,8 +36,12 @@ TEST(TolerantXmlTest, MarkupIsMendedWithinItsElement)
 {
     const std::pair<QString, QString> cases[] = {
         {u" \r\n\t "_s, u""_s},
-        {u"a &amp; b &lt;i&gt; &quot; &apos; &#252; &#x41;"_s, u"a & b <i> \" ' ü A"_s},
+        {u"a &amp; b &lt;i&gt; &quot; &apos; &#252; &#x41; &#00000065; &#x1F600;&#x10FFFF;"_s,
+         u"a & b <i> \" ' ü A A 😀\U0010FFFF"_s},
         {u"x"_s + QChar(0) + u"y"_s, u"x\xFFFDy"_s},
+        {u"<i>x</i> <u>y</u>\n\t"_s, u"x y\n\t"_s},
+        {u" <i>\r\n</i>\t<u/>"_s, u""_s},
+        {u"never <i>\n\t"_s, u"never "_s},
         {u"<<<i>>>"_s, u"<<>>"_s},
         {u"<i a='1' b = \"/>\">x</i> y"_s, u"x y"_s},
         {u"never <i>closed"_s, u"never closed"_s},
@@ -61,6 +65,8 @@ TEST(TolerantXmlTest, FindsTheFirstElementOfANameAtAnyDepth)
     EXPECT_EQ(xml.first(u"A"), u"&e;&f;"_s);
     EXPECT_EQ(xml.first(u"ä"), u"ü"_s);
     EXPECT_EQ(xml.count(u"b"), 0);
+    EXPECT_EQ(TolerantXml(u"<r><i>x <!DOCTYPE\n<a>1</a></r>"_s).first(u"a"), u"1"_s);
+    EXPECT_EQ(TolerantXml(u"<!DOCTYPE r [<!ENTITY e 'boom'>]><r><a>1 < 2</a></r>"_s).first(u"a"), u"1 < 2"_s);
     for (const QString &text : {u""_s, u"no markup"_s, u"<"_s, u"<!-- -->"_s, u"</r>"_s}) {
         EXPECT_EQ(TolerantXml(text).first(u"r"), std::nullopt) << text.toStdString();
         EXPECT_EQ(TolerantXml(text).serialised(), QString()) << text.toStdString();
@@ -69,8 +75,9 @@ TEST(TolerantXmlTest, FindsTheFirstElementOfANameAtAnyDepth)
 
 TEST(TolerantXmlTest, SerialisesEmptyElementsWithAnEndTag)
 {
-    const TolerantXml xml(u"<r><a x='1'/>S &amp; S & T<b>1 &gt; 0\r\n\f &#252;</b><i>open</r>"_s);
-    const QString text = u"<r><a x=\"1\"></a>S &amp; S &amp; T<b>1 &gt; 0\r\n\f ü</b><i>open</i></r>"_s;
+    const TolerantXml xml(u"<r><a x='1'/> <i>S</i> &amp; S & T<b>1 &gt; 0\r\n\f &#252;</b><i>open</r>"_s);
+    const QString text =
+        u"<r><a x=\"1\"></a> <i>S</i> &amp; S &amp; T<b>1 &gt; 0\r\n\f ü</b><i>open</i></r>"_s;
     EXPECT_EQ(xml.serialised(), text);
     EXPECT_EQ(TolerantXml(text).serialised(), text);
 }
