@@ -138,25 +138,23 @@ void SubmitControl::showSite(const QString &site)
 
 void SubmitControl::markSubmitted()
 {
-    if (selectedRow() < 0)
-        return;
-    m_reloadWebView = false;
-    const bool isStored = submission_marks::markSubmitted(m_selectedSite);
-    loadSitesList();
-    if (isStored)
-        setMarkSubmittedButtonTitle(true);
-    NotificationCenter::defaultCenter().post(notification::mwqnOvLSlst);
+    changeMark(submission_marks::markSubmitted, true);
 }
 
 void SubmitControl::removeMark()
 {
+    changeMark(submission_marks::removeMark, false);
+}
+
+void SubmitControl::changeMark(bool (*change)(const QString &site), bool isMarkedThen)
+{
     if (selectedRow() < 0)
         return;
     m_reloadWebView = false;
-    const bool isStored = submission_marks::removeMark(m_selectedSite);
+    const bool isStored = change(m_selectedSite);
     loadSitesList();
     if (isStored)
-        setMarkSubmittedButtonTitle(false);
+        setMarkSubmittedButtonTitle(isMarkedThen);
     NotificationCenter::defaultCenter().post(notification::mwqnOvLSlst);
 }
 

@@ -126,6 +126,7 @@ private:
 
     void showSite(const QString &site);
     void readStates(const QByteArray &summary);
+    void changeMark(bool (*change)(const QString &site), bool isMarkedThen);
     void setMarkSubmittedButtonTitle(bool isMarked);
     void endLoad();
     void showProgress();
