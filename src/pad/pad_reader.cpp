@@ -6,6 +6,8 @@
 #include "platform/text_decoding.h"
 #include "platform/tolerant_xml.h"
 
+#include <QUuid>
+
 #include <algorithm>
 #include <array>
 #include <optional>
@@ -62,12 +64,16 @@ bool hasShortForms(const QString &text)
            });
 }
 
-/// An element around a content, named so that no author's end tag closes it.
-constexpr QStringView wrapper = u"quillon.content";
+/// An element around a content, named so that no end tag in it closes it.
+const QString &wrapper()
+{
+    static const QString name = u"content-"_s + QUuid::createUuid().toString(QUuid::WithoutBraces);
+    return name;
+}
 
 TolerantXml parsedContent(QStringView content)
 {
-    return TolerantXml(QString(startTag(wrapper) + content + endTag(wrapper)));
+    return TolerantXml(QString(startTag(wrapper()) + content + endTag(wrapper())));
 }
 
 /// @p content with an end tag to every element, and markup for what is not to be read as such; as it stands
@@ -78,7 +84,7 @@ QString serialisedContent(QStringView content)
     if (content.trimmed().isEmpty())
         return {};
     const QString element = parsedContent(content).serialised();
-    const QString inside = element.sliced(startTag(wrapper).size()).chopped(endTag(wrapper).size());
+    const QString inside = element.sliced(startTag(wrapper()).size()).chopped(endTag(wrapper()).size());
     return inside.isEmpty() ? content.toString() : inside;
 }
 
@@ -104,7 +110,7 @@ public:
     {
         if (!m_written)
             return m_xml->first(field.element);
-        return parsedContent((*m_written)[size_t(field.id)]).first(wrapper);
+        return parsedContent((*m_written)[size_t(field.id)]).first(wrapper());
     }
 
     /// The text between the tags of the field's element, if there is one: the same element that value()

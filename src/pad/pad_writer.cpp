@@ -6,6 +6,8 @@
 #include "platform/regex.h"
 #include "platform/text_decoding.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace quillon::pad_writer {
@@ -67,13 +69,15 @@ QByteArray written(const ValueOf &valueOf)
     return (text + layoutClosing()).toUtf8();
 }
 
-/// The text of @p stored; one in another encoding than UTF-8, as other tools leave, then names that one.
+/// The text of @p stored. Where letters depend on it, it says that it is UTF-8: files of other tools may name
+/// the encoding that they came in.
 QString storedText(const QByteArray &stored)
 {
-    if (stored.isValidUtf8())
-        return QString::fromUtf8(stored);
-    static const Regex encoding(uR"(^(<\?xml[^<>]*?encoding\s*=\s*["'])[A-Za-z0-9._:-]+)");
-    return encoding.replaceAll(decodedXmlText(stored), u"$1UTF-8");
+    static const Regex encoding(
+        uR"(^(\s*<\?xml[^<>]*?encoding\s*=\s*["'])(?!(?i:utf-8)["'])[A-Za-z0-9._:-]+)");
+    const QString text = stored.isValidUtf8() ? QString::fromUtf8(stored) : decodedXmlText(stored);
+    const bool isAscii = std::ranges::all_of(text, [](QChar each) { return each.unicode() < 0x80; });
+    return isAscii ? text : encoding.replaceAll(text, u"$1UTF-8");
 }
 
 } // namespace

@@ -20,7 +20,8 @@ QByteArray skeleton();
 QByteArray document(const PadForm &form);
 
 /// A stored document as it is exported: each "&" between two blanks becomes "&amp;", all else stays. What is
-/// not UTF-8 is turned into it, as it is read in the editor.
+/// not UTF-8 is turned into it, as it is read in the editor, and a declaration that names another encoding is
+/// put right where the text has letters that depend on it.
 QByteArray exported(const QByteArray &stored);
 
 } // namespace pad_writer

@@ -68,7 +68,7 @@ std::optional<WriteError> write(const QString &path, const QByteArray &bytes)
     // The name leaves room for the longest that a file system takes, whatever the length of the file's own.
     // It is nobody else's: in containers and on shared disks several processes have the same number.
     const QByteArray number = QByteArray::number(QRandomGenerator::system()->generate64(), 36);
-    const QByteArray temporary = folder + "/.quillon-" + number + ".tmp";
+    const QByteArray temporary = folder + '/' + unfinishedPrefix.toUtf8() + number + ".tmp";
 
     std::optional<WriteError> error = fill(path, temporary, bytes);
     if (!error && ::rename(temporary.constData(), QFile::encodeName(path).constData()) != 0)
@@ -106,11 +106,10 @@ std::optional<QByteArray> read(const QString &path, qint64 maxSize)
     return bytes;
 }
 
-std::optional<WriteError> makeFolder(const QString &path)
+bool removeAll(const QString &path)
 {
-    if (::mkdir(QFile::encodeName(path).constData(), 0777) != 0)
-        return failure(path, u"the folder could not be made"_s);
-    return syncParent(path);
+    const QFileInfo info(path);
+    return info.isDir() && !info.isSymLink() ? QDir(path).removeRecursively() : QFile::remove(path);
 }
 
 std::optional<WriteError> moveFolder(const QString &from, const QString &to)

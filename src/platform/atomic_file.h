@@ -8,6 +8,9 @@
 /// Files that are read whole and replaced whole.
 namespace quillon::atomic_file {
 
+/// Begins the name of what is not complete yet; only a crash leaves such a thing behind.
+inline constexpr QStringView unfinishedPrefix = u".quillon-";
+
 /// Why a file could not be written: the step that failed and the system's reason, one readable sentence.
 struct WriteError
 {
@@ -26,8 +29,9 @@ struct WriteError
 /// The whole of a regular file of at most @p maxSize bytes; none when it is anything else or cannot be read.
 std::optional<QByteArray> read(const QString &path, qint64 maxSize = qint64{64} * 1024 * 1024);
 
-/// Makes the folder @p path inside a folder that exists, and syncs that one.
-[[nodiscard]] std::optional<WriteError> makeFolder(const QString &path);
+/// Removes what is at @p path, a folder with everything in it. Links are removed, never followed. False when
+/// something of it stays.
+bool removeAll(const QString &path);
 
 /// Gives the folder @p from the path @p to, on the same file system, in one step that no crash can halve.
 /// Fails when anything is at @p to.

@@ -1,9 +1,9 @@
 #include "platform/staged_folder.h"
 
+#include "platform/atomic_file.h"
+
 #include <QCoreApplication>
-#include <QDir>
 #include <QFile>
-#include <QFileInfo>
 
 using namespace Qt::StringLiterals;
 
@@ -11,20 +11,11 @@ namespace quillon {
 
 namespace {
 
-/// Removes what is at @p path, a folder with everything in it. Links are removed, never followed.
-void removeAll(const QString &path)
-{
-    const QFileInfo info(path);
-    if (info.isDir() && !info.isSymLink())
-        QDir(path).removeRecursively();
-    else
-        QFile::remove(path);
-}
-
 /// A name that nothing in @p folder has.
 QByteArray freeName(const FolderHandle &folder)
 {
-    const QByteArray base = ".quillon-" + QByteArray::number(QCoreApplication::applicationPid());
+    const QByteArray base =
+        atomic_file::unfinishedPrefix.toUtf8() + QByteArray::number(QCoreApplication::applicationPid());
     QByteArray name = base;
     for (int number = 2; folder.exists(name); ++number)
         name = base + '-' + QByteArray::number(number);
@@ -48,7 +39,7 @@ std::variant<StagedFolder, QString> StagedFolder::in(const QString &parent)
 StagedFolder::~StagedFolder()
 {
     if (!m_name.isEmpty())
-        removeAll(m_parentPath + u'/' + QFile::decodeName(m_name));
+        atomic_file::removeAll(m_parentPath + u'/' + QFile::decodeName(m_name));
 }
 
 StagedFolder::Failure StagedFolder::putInPlace(const QString &name, Content content, bool replace)

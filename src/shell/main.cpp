@@ -75,6 +75,9 @@ int main(int argc, char *argv[])
         return shown ? EXIT_SUCCESS : EXIT_FAILURE;
     }
 
+    if (lock.state() == DataFolderLock::State::Held)
+        AddDeleteImportEdit::removeUnfinished();
+
     MessageBoxSheets alerts;
     TimedCalls delayedCalls;
     OverviewController overview(alerts);

@@ -39,13 +39,6 @@ QString inFolder(const QString &folder, QStringView fileName)
     return folder + u'/' + fileName;
 }
 
-/// Removes whatever is at @p path, without following a link.
-bool removeAll(const QString &path)
-{
-    const QFileInfo info(path);
-    return info.isDir() && !info.isSymLink() ? QDir(path).removeRecursively() : QFile::remove(path);
-}
-
 QString dataFolder()
 {
     return QDir::cleanPath(mwqnAppSuppLoc);
@@ -103,6 +96,27 @@ void AddDeleteImportEdit::checkAppSuppExists()
         return;
     for (const QStringView siteList : {site_list::userSites, site_list::ignoredSites})
         storeFile(mwqnAppSuppLoc + siteList, property_list::emptyText());
+}
+
+void AddDeleteImportEdit::removeUnfinished()
+{
+    const auto removeIn = [](const FolderHandle &folder, const QString &path) {
+        for (const FolderHandle::Entry &entry : folder.entries()) {
+            const QString name = QFile::decodeName(entry.name);
+            if (name.startsWith(atomic_file::unfinishedPrefix) && !name.endsWith(title_folder::extension))
+                atomic_file::removeAll(path + name);
+        }
+    };
+    const auto data = FolderHandle::open(mwqnAppSuppLoc);
+    if (!data)
+        return;
+    removeIn(*data, mwqnAppSuppLoc);
+    for (const FolderHandle::Entry &entry : data->entries()) {
+        const QString path = mwqnAppSuppLoc + QFile::decodeName(entry.name);
+        if (const auto title =
+                path.endsWith(title_folder::extension) ? data->openFolder(entry.name) : std::nullopt)
+            removeIn(*title, path + u'/');
+    }
 }
 
 bool AddDeleteImportEdit::createNewListing(const QString &name)
@@ -183,7 +197,7 @@ bool AddDeleteImportEdit::deleteQnDataFile(const QString &name)
     const std::optional<QString> folder = listedFolder(name);
     if (!folder || !title_folder::exists(name))
         return false;
-    if (!removeAll(*folder)) {
+    if (!atomic_file::removeAll(*folder)) {
         reportFailure(*folder, u"the title could not be deleted"_s);
         return false;
     }

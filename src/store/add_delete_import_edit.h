@@ -25,6 +25,10 @@ public:
     /// is.
     static void checkAppSuppExists();
 
+    /// Removes what crashes left half made in the data folder and in the titles. Only for the one that holds
+    /// the data folder's lock.
+    static void removeUnfinished();
+
     /// Makes the folder and the first files of a new title. An existing title is left untouched. Whether
     /// something of that name exists now.
     static bool createNewListing(const QString &name);

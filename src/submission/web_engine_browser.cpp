@@ -113,12 +113,11 @@ void WebEngineBrowser::renew()
 {
     WebEnginePage *const old = m_page;
     old->disconnect(this);
-    old->setDelegate(nullptr);
     m_page = new WebEnginePage(&m_profile, this);
     m_page->setDelegate(m_delegate);
     connectPage();
     m_view->setPage(m_page);
-    old->deleteLater(); // It may be the one that asks for this.
+    old->giveUp(); // It may be the one that asks for this.
     forgetPastes();
     ++m_loads;
     m_isLoading = false;

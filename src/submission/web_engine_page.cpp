@@ -63,16 +63,29 @@ bool isOneOf(const std::array<QStringView, count> &schemes, const QUrl &url)
     return std::ranges::find(schemes, QStringView(url.scheme())) != schemes.end();
 }
 
-/// What @p ask is answered, or @p none when it can no longer be answered.
-///
+} // namespace
+
+WebEnginePage::WebEnginePage(QWebEngineProfile *profile, QObject *parent) : QWebEnginePage(profile, parent)
+{
+    refusePermissions();
+    refuseToLogIn();
+    QWebEngineScript watch;
+    watch.setInjectionPoint(QWebEngineScript::DocumentCreation);
+    watch.setWorldId(ownWorld);
+    watch.setRunsOnSubFrames(true);
+    watch.setSourceCode(pasteWatch());
+    scripts().insert(watch);
+}
+
 /// The engine takes a page's question as a call and the answer as its result: its page waits for it, and
 /// there is no way to give the answer later. Sheets answer later. So here, and nowhere else, one event loop
 /// runs inside another; it ends with the answer, or when the sheet has let go of the call that would bring
-/// it.
+/// it, or when the page is given up.
 template<typename Answer>
-Answer awaited(const std::function<void(std::function<void(Answer)>)> &ask, const Answer &none)
+Answer WebEnginePage::awaited(const std::function<void(std::function<void(Answer)>)> &ask, const Answer &none)
 {
     QEventLoop loop;
+    connect(this, &WebEnginePage::givenUp, &loop, &QEventLoop::quit);
     const auto answer = std::make_shared<std::optional<Answer>>();
     const std::weak_ptr<void> pending = [&] {
         std::shared_ptr<void> ticket(nullptr, [loop = QPointer(&loop)](void *) {
@@ -86,23 +99,24 @@ Answer awaited(const std::function<void(std::function<void(Answer)>)> &ask, cons
         });
         return ticket;
     }();
-    if (!answer->has_value() && !pending.expired())
-        loop.exec();
+    if (answer->has_value() || pending.expired())
+        return answer->value_or(none);
+    const QPointer page(this);
+    ++m_openQuestions;
+    loop.exec();
+    if (page && --m_openQuestions == 0 && m_isGivenUp)
+        deleteLater(); // Once the engine, which called this, has come to its end.
     return answer->value_or(none);
 }
 
-} // namespace
-
-WebEnginePage::WebEnginePage(QWebEngineProfile *profile, QObject *parent) : QWebEnginePage(profile, parent)
+void WebEnginePage::giveUp()
 {
-    refusePermissions();
-    refuseToLogIn();
-    QWebEngineScript watch;
-    watch.setInjectionPoint(QWebEngineScript::DocumentCreation);
-    watch.setWorldId(ownWorld);
-    watch.setRunsOnSubFrames(true);
-    watch.setSourceCode(pasteWatch());
-    scripts().insert(watch);
+    m_delegate = nullptr;
+    m_isGivenUp = true;
+    if (m_openQuestions == 0)
+        deleteLater();
+    else
+        Q_EMIT givenUp();
 }
 
 void WebEnginePage::ask(const QString &script, std::function<void(const QVariant &)> answer)

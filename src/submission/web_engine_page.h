@@ -20,6 +20,10 @@ public:
 
     void setDelegate(BrowserDelegate *delegate) { m_delegate = delegate; }
 
+    /// Nobody shows the page any more: what it is asking gets no answer, and it is deleted as soon as it is
+    /// not at work.
+    void giveUp();
+
     /// Whether pages with this address can be shown: those of the web, and the empty one.
     static bool isWebPage(const QUrl &url);
 
@@ -51,6 +55,8 @@ Q_SIGNALS:
     /// tell. The clipboard is read before the page runs its next script; not at all if the page will not have
     /// it.
     void pasteBegun(bool isIntoText);
+    /// giveUp() was called.
+    void givenUp();
 
 protected:
     bool acceptNavigationRequest(const QUrl &url, NavigationType type, bool isMainFrame) override;
@@ -66,10 +72,16 @@ protected:
 private:
     static constexpr quint32 ownWorld = QWebEngineScript::ApplicationWorld;
 
+    /// What @p ask is answered, or @p none when it can no longer be answered.
+    template<typename Answer>
+    Answer awaited(const std::function<void(std::function<void(Answer)>)> &ask, const Answer &none);
+
     void refusePermissions();
     void refuseToLogIn();
 
     BrowserDelegate *m_delegate = nullptr;
+    int m_openQuestions = 0; ///< awaited() is at work for so many.
+    bool m_isGivenUp = false;
     int m_navigation = 0; ///< Number of the main frame's last one.
     QUrl m_navigationUrl; ///< Where it goes, after the redirections so far.
     QObject m_asker;      ///< Gone before the engine's page, which answers what is still open when it goes.

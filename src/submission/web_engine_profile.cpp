@@ -112,17 +112,16 @@ void Downloads::fetch(QWebEngineDownloadRequest *request)
     }
     request->setDownloadDirectory(m_folder.path());
     request->setDownloadFileName(QString::number(++m_count));
-    const auto look = [this, request, navigation] { this->look(request, *navigation); };
+    const auto look = [this, request, asker = Asker{page, *navigation}] { this->look(request, asker); };
     connect(request, &QWebEngineDownloadRequest::receivedBytesChanged, this, look);
     connect(request, &QWebEngineDownloadRequest::totalBytesChanged, this, look);
     connect(request, &QWebEngineDownloadRequest::isFinishedChanged, this, look);
     request->accept();
 }
 
-void Downloads::look(QWebEngineDownloadRequest *request, int navigation)
+void Downloads::look(QWebEngineDownloadRequest *request, const Asker &asker)
 {
-    const auto *const page = qobject_cast<WebEnginePage *>(request->page());
-    if (!page || !page->isCurrent(navigation)) {
+    if (!asker.page || !asker.page->isCurrent(asker.navigation)) {
         disconnect(request, nullptr, this, nullptr);
         discard(request);
         return;
@@ -132,18 +131,19 @@ void Downloads::look(QWebEngineDownloadRequest *request, int navigation)
         // Its size is all that is waited for, and servers need not tell it.
         if (request->totalBytes() > 0 || request->receivedBytes() >= longestShownText ||
             request->isFinished())
-            finish(request, {});
+            finish(request, asker, {});
     } else if (request->isFinished()) {
-        finish(request, beginningOf(path));
+        finish(request, asker, beginningOf(path));
     } else if (request->receivedBytes() >= longestShownText) {
         // This is what the engine calls the file until it is complete.
         if (const QString text = beginningOf(path + u".download"_s); !text.isEmpty())
-            finish(request, text);
+            finish(request, asker, text);
     }
 }
 
-void Downloads::finish(QWebEngineDownloadRequest *request, std::optional<QString> text)
+void Downloads::finish(QWebEngineDownloadRequest *request, const Asker &asker, std::optional<QString> text)
 {
+    const QPointer page = asker.page; // The connection that holds the asker goes first.
     disconnect(request, nullptr, this, nullptr);
     OfferedFile file{
         request->suggestedFileName(), request->mimeType(), request->url().toString(), {}, std::move(text)};
@@ -152,7 +152,7 @@ void Downloads::finish(QWebEngineDownloadRequest *request, std::optional<QString
     else if (request->totalBytes() > 0)
         file.size = request->totalBytes();
     discard(request);
-    if (auto *page = qobject_cast<WebEnginePage *>(request->page()))
+    if (page)
         Q_EMIT page->fileOffered(file);
 }
 

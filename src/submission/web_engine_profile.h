@@ -3,6 +3,7 @@
 #include "submission/download_page.h"
 
 #include <QObject>
+#include <QPointer>
 #include <QTemporaryDir>
 
 #include <memory>
@@ -11,6 +12,8 @@ class QWebEngineDownloadRequest;
 class QWebEngineProfile;
 
 namespace quillon {
+
+class WebEnginePage;
 
 /// Readies the process for the web engine. Before the application object is made.
 ///
@@ -36,8 +39,14 @@ public:
 
 private:
     void fetch(QWebEngineDownloadRequest *request);
-    void look(QWebEngineDownloadRequest *request, int navigation);
-    void finish(QWebEngineDownloadRequest *request, std::optional<QString> text);
+    /// A page's navigation that ended in a file; the page may be gone before the file has come.
+    struct Asker
+    {
+        QPointer<WebEnginePage> page;
+        int navigation;
+    };
+    void look(QWebEngineDownloadRequest *request, const Asker &asker);
+    void finish(QWebEngineDownloadRequest *request, const Asker &asker, std::optional<QString> text);
 
     QTemporaryDir m_folder;
     int m_count = 0;

@@ -78,8 +78,11 @@ TEST(PadWriterTest, ExportEscapesAmpersandsBetweenBlanksOnly)
         {"a & & b", "a &amp; & b"},
         {"a &amp; b < c", "a &amp; b < c"},
         {"Zoë & 潮", "Zoë &amp; 潮"},
-        {"<?xml encoding='ISO-8859-1'?><r>Zoë & co</r>", "<?xml encoding='ISO-8859-1'?><r>Zoë &amp; co</r>"},
-        {"<?xml encoding='ISO-8859-1'?><r>Zo\xEB & co</r>", "<?xml encoding='UTF-8'?><r>Zoë &amp; co</r>"},
+        {"<?xml encoding='ISO-8859-1'?><r>Zoe & co</r>", "<?xml encoding='ISO-8859-1'?><r>Zoe &amp; co</r>"},
+        {"<?xml encoding='ISO-8859-1'?><r>Zoë & co</r>", "<?xml encoding='UTF-8'?><r>Zoë &amp; co</r>"},
+        {"\n<?xml encoding='ISO-8859-1'?><r>Zo\xEB & co</r>",
+         "\n<?xml encoding='UTF-8'?><r>Zoë &amp; co</r>"},
+        {"<?xml encoding='utf-8'?><r>Zoë</r>", "<?xml encoding='utf-8'?><r>Zoë</r>"},
         {"<r>Zo\xEB & encoding='x'</r>", "<r>Zoë &amp; encoding='x'</r>"},
     };
     for (const auto &[stored, exported] : cases)

@@ -40,6 +40,19 @@ TEST_F(TitleStoreTest, MakesTheDataFolderOnceWithItsSiteLists)
     EXPECT_EQ(contents(inData(u"sites.qnrc"_s)), "mine");
 }
 
+TEST_F(TitleStoreTest, WhatACrashLeftHalfMadeGoesAndNothingElse)
+{
+    ASSERT_TRUE(Store::createNewListing(u".quillon-mine"_s) && Store::createNewListing(u"T"_s));
+    const QStringList before = names(mwqnAppSuppLoc);
+    ASSERT_TRUE(QDir(mwqnAppSuppLoc).mkpath(u".quillon-12/0"_s) &&
+                put(inData(u".quillon-12/0/data.qnxml"_s), "x"));
+    ASSERT_TRUE(put(inData(u".quillon-ab.tmp"_s), "x") && put(inData(u"T.qndata/.quillon-cd.tmp"_s), "x"));
+    Store::removeUnfinished();
+    EXPECT_EQ(names(mwqnAppSuppLoc), before);
+    EXPECT_EQ(files(u"T"_s), newFiles);
+    EXPECT_EQ(names(inData(u"T.qndata"_s)).size(), 3);
+}
+
 TEST_F(TitleStoreTest, ADataFolderThatCannotBeIsToldUntilItIsMended)
 {
     ASSERT_TRUE(QDir(maker).removeRecursively() && put(maker, "a file in its place"));

@@ -145,6 +145,12 @@ TEST_F(WebPagesTest, OfferedFilesTakeThePlaceOfNoForm)
     server.release();
     ASSERT_TRUE(open(u"/form.html"_s)) << "a file that the author has left meanwhile";
     EXPECT_EQ(page().title(), u"Submit"_s);
+
+    page().runJavaScript(u"window.open('/late.csv')"_s);
+    EXPECT_TRUE(eventually([&] { return offered.count() == 2 && openWindow<PopUpWindow>(); }));
+    press(u"closePopUpWindowButton"_s);
+    server.release();
+    EXPECT_TRUE(open(u"/frames.html"_s)) << "nor one whose window is gone";
 }
 
 TEST_F(WebPagesTest, ASiteThatWantsALogInIsAskedOnce)
@@ -235,6 +241,21 @@ TEST_F(WebPagesTest, ScriptsMayTellAndAsk)
         click(u"confirm"_s);
         EXPECT_EQ(posted(u"confirm"_s), answer);
     }
+
+    click(u"open"_s);
+    ASSERT_TRUE(eventually([] { return openWindow<PopUpWindow>() != nullptr; }));
+    ASSERT_TRUE(waitForPage(u"Windows", u"popUpWebView"_s));
+    QTimer closer; // The window is closed first, and then the sheet.
+    QObject::connect(&closer, &QTimer::timeout, &closer, [] {
+        if (openWindow<QMessageBox>() && openWindow<PopUpWindow>())
+            press(u"closePopUpWindowButton"_s);
+        else
+            clickAlert(u"OK"_s);
+    });
+    closer.start(10);
+    page(u"popUpWebView"_s).runJavaScript(u"confirm('Sure?')"_s);
+    EXPECT_TRUE(eventually([] { return !openWindow<PopUpWindow>() && !openWindow<QMessageBox>(); }));
+    EXPECT_TRUE(open(u"/frames.html"_s));
 }
 
 TEST_F(WebPagesTest, ADeadRendererIsAnErrorThatReloadingMends)
