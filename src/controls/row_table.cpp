@@ -2,14 +2,51 @@
 
 #include <QBoxLayout>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QTableView>
 
 namespace quillon {
 
+namespace {
+
+/// A table in which keys go from row to row.
+class RowTable final : public QTableView
+{
+public:
+    using QTableView::QTableView;
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override
+    {
+        // A row that has the focus alone, as when the list has been loaded anew, is what the key selects
+        // first.
+        const bool moves = event->key() == Qt::Key_Up || event->key() == Qt::Key_Down;
+        const bool opens = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+        const QModelIndex place = currentIndex();
+        const bool hasFocusAlone = place.isValid() && !selectionModel()->isRowSelected(place.row());
+        if ((moves || opens) && hasFocusAlone && !event->modifiers().testFlag(Qt::ControlModifier)) {
+            selectionModel()->select(place, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+            if (moves)
+                return;
+        }
+        QTableView::keyPressEvent(event);
+    }
+
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override
+    {
+        if (action != MoveHome && action != MoveEnd)
+            return QTableView::moveCursor(action, modifiers);
+        return model()->index(action == MoveHome ? 0 : model()->rowCount() - 1,
+                              qMax(currentIndex().column(), 0));
+    }
+};
+
+} // namespace
+
 QTableView *newRowTable(const QString &name, const QString &accessibleName, QWidget *parent)
 {
-    auto *table = new QTableView(parent);
+    auto *table = new RowTable(parent);
     table->setObjectName(name);
     table->setAccessibleName(accessibleName);
     table->setSelectionBehavior(QAbstractItemView::SelectRows);

@@ -10,10 +10,13 @@
 #include <QBoxLayout>
 #include <QCompleter>
 #include <QFocusEvent>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QListView>
+#include <QScrollBar>
 #include <QSignalBlocker>
 #include <QSortFilterProxyModel>
+#include <QTimer>
 #include <QWheelEvent>
 
 using namespace Qt::StringLiterals;
@@ -37,6 +40,10 @@ FieldComboBox::FieldComboBox(Editor &editor, FieldId field, QWidget *parent)
     completer()->setCaseSensitivity(Qt::CaseInsensitive);
     lineEdit()->setAccessibleName(accessibleName());
     view()->installEventFilter(this);
+    // The lists are as wide as their longest item, not as the field.
+    const int wide = view()->sizeHintForColumn(0) + view()->verticalScrollBar()->sizeHint().width();
+    view()->setMinimumWidth(wide);
+    completer()->popup()->setMinimumWidth(wide);
 
     connect(this, &QComboBox::activated, this, &FieldComboBox::choose);
     connect(lineEdit(), &QLineEdit::returnPressed, this, &FieldComboBox::takeTypedText);
@@ -62,11 +69,31 @@ void FieldComboBox::choose(int index)
 
 void FieldComboBox::takeTypedText()
 {
-    const int index = findText(currentText(), Qt::MatchFixedString);
+    const int index = indexOfTyped();
     if (index >= 0 && index != m_control.index())
         choose(index);
     else
         showControl();
+}
+
+/// The item that the text names, or else the only one that holds it; -1 for none.
+int FieldComboBox::indexOfTyped() const
+{
+    const QString typed = currentText();
+    const int named = findText(typed, Qt::MatchFixedString);
+    if (named >= 0 || typed.isEmpty())
+        return named;
+    const QStringList items = m_control.items();
+    const QStringList holding = items.filter(typed, Qt::CaseInsensitive);
+    return holding.size() == 1 ? int(items.indexOf(holding.first())) : -1;
+}
+
+void FieldComboBox::focusInEvent(QFocusEvent *event)
+{
+    QComboBox::focusInEvent(event);
+    // What is typed replaces the text; the click that brought the focus places its cursor a little later.
+    if (event->reason() == Qt::MouseFocusReason)
+        QTimer::singleShot(0, lineEdit(), &QLineEdit::selectAll);
 }
 
 void FieldComboBox::wheelEvent(QWheelEvent *event)
@@ -131,6 +158,24 @@ FieldCheckList::FieldCheckList(Editor &editor, FieldId field, QWidget *parent)
     layout->addWidget(m_filter);
     layout->addWidget(m_list, 1);
     setFocusProxy(m_list);
+    m_filter->installEventFilter(this);
+}
+
+void FieldCheckList::showAll()
+{
+    m_filter->clear();
+    m_list->scrollToTop();
+    m_list->setCurrentIndex({});
+}
+
+bool FieldCheckList::eventFilter(QObject *watched, QEvent *event)
+{
+    const bool goesDown =
+        event->type() == QEvent::KeyPress && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Down;
+    if (watched != m_filter || !goesDown)
+        return QWidget::eventFilter(watched, event);
+    m_list->setFocus(Qt::TabFocusReason);
+    return true;
 }
 
 } // namespace quillon

@@ -14,8 +14,8 @@ namespace quillon {
 
 class Editor;
 
-/// A pop-up of the editor. Typing searches it for items that hold the text; what is no item changes nothing.
-/// The mouse wheel scrolls the page.
+/// A pop-up of the editor. Typing searches it for items that hold the text; the only one that does is taken,
+/// else nothing changes. The mouse wheel scrolls the page.
 class FieldComboBox : public QComboBox
 {
     Q_OBJECT
@@ -24,6 +24,7 @@ public:
 
 protected:
     void wheelEvent(QWheelEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -31,6 +32,7 @@ private:
     void showControl();
     void choose(int index);
     void takeTypedText();
+    [[nodiscard]] int indexOfTyped() const;
 
     Editor &m_editor;
     FieldId m_field;
@@ -54,6 +56,12 @@ public:
 
     /// The list itself, for a caption to point at.
     [[nodiscard]] QListView *list() const { return m_list; }
+
+    /// Shows the whole list from its top, as for another title.
+    void showAll();
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     QLineEdit *m_filter;

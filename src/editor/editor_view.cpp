@@ -13,6 +13,8 @@
 #include <QPainter>
 #include <QScopedValueRollback>
 #include <QScrollArea>
+#include <QScrollBar>
+#include <QShowEvent>
 #include <QTabBar>
 #include <QTabWidget>
 
@@ -138,7 +140,7 @@ void EditorView::addLine(QBoxLayout *layout, const FieldLine &line)
         if (each)
             layout->addWidget(newHint(m_editor.form().control(*each)));
     }
-    layout->addSpacing(4);
+    layout->addSpacing(2);
 }
 
 QWidget *EditorView::newControl(FieldId field, int lines)
@@ -193,7 +195,8 @@ QLabel *EditorView::newHint(const Control &control)
     label->setFont(small);
     label->setWordWrap(true);
     const auto show = [label, &control] {
-        label->setText(control.hint());
+        // A count is not broken where the line is.
+        label->setText(QString(control.hint()).replace(u" / "_s, u"\u00a0/\u00a0"_s));
         label->setVisible(!control.hint().isEmpty());
         setValidationColour(*label, control.hintColour());
     };
@@ -253,6 +256,18 @@ void EditorView::showErrors()
         reader->setAccessibleDescription(message);
         widget->setToolTip(plainToolTip(message));
     }
+}
+
+void EditorView::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    if (event->spontaneous())
+        return;
+    // Perhaps another title's: nothing of what was looked for in the last one stays.
+    for (FieldCheckList *list : findChildren<FieldCheckList *>())
+        list->showAll();
+    for (int page = 0; page < m_editorTabs->count(); ++page)
+        qobject_cast<QScrollArea *>(m_editorTabs->widget(page))->verticalScrollBar()->setValue(0);
 }
 
 void EditorView::changeEvent(QEvent *event)

@@ -2,6 +2,7 @@
 
 #include "controls/validation_palette.h"
 #include "overview/title_commands.h"
+#include "platform/plain_text.h"
 
 #include <QDialogButtonBox>
 #include <QGridLayout>
@@ -22,7 +23,6 @@ NamePanelView::NamePanelView(TitleCommands &commands, QWidget *parent)
 {
     setObjectName(u"swNamePanel"_s);
     setWindowModality(Qt::WindowModal);
-    setWindowTitle(u"Quillon"_s);
     m_message->setObjectName(u"swNamePanelMessage"_s);
     m_message->setTextFormat(Qt::PlainText);
     m_message->setWordWrap(true);
@@ -61,6 +61,7 @@ void NamePanelView::showPanel()
         hide();
         return;
     }
+    setWindowTitle(panel->file.isEmpty() ? u"Quillon"_s : plainWindowTitle(panel->file));
     m_message->setText(panel->swNamePanelMessage);
     setValidationColour(*m_message, panel->messageIsError ? Colour::Red : Colour::Black);
     setAccessibleName(panel->swNamePanelMessage);

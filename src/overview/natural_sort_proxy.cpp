@@ -25,7 +25,13 @@ bool NaturalSortProxy::lessThan(const QModelIndex &left, const QModelIndex &righ
     const QVariant second = right.data(sortRole());
     if (first.typeId() != QMetaType::QString)
         return QSortFilterProxyModel::lessThan(left, right);
-    return m_collator.compare(first.toString(), second.toString()) < 0;
+    const int order = m_collator.compare(first.toString(), second.toString());
+    if (order != 0 || left.column() == 0)
+        return order < 0;
+    const auto inFirstColumn = [this](const QModelIndex &index) {
+        return index.siblingAtColumn(0).data(sortRole()).toString();
+    };
+    return m_collator.compare(inFirstColumn(left), inFirstColumn(right)) < 0;
 }
 
 } // namespace quillon

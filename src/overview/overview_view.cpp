@@ -74,6 +74,9 @@ OverviewView::OverviewView(OverviewController &overview, TitleCommands &commands
     connect(&overview.fileMenu(), &FileMenu::changed, this, &OverviewView::updateButtons);
     connect(&overview.softwareTable(), &QAbstractItemModel::modelReset, this, &OverviewView::updateButtons);
     restoreLayout();
+    connect(m_sorted, &QAbstractItemModel::modelReset, this, &OverviewView::keepPlace);
+    connect(m_softwareTableView->horizontalHeader(), &QHeaderView::sortIndicatorChanged, this,
+            [this] { showSelectedRow(m_overview.selectedRow()); });
     updateButtons();
     showErrors();
 }
@@ -219,13 +222,24 @@ void OverviewView::showSelectedRow(int row)
 {
     if (row < 0) {
         m_softwareTableView->clearSelection();
-        m_softwareTableView->setCurrentIndex({});
         m_submittedToTableView->clearSelection();
+        keepPlace();
         return;
     }
     const QModelIndex index = m_sorted->mapFromSource(m_overview.softwareTable().index(row, 0));
+    m_place = index.row();
     if (!m_softwareTableView->selectionModel()->isRowSelected(index.row()))
         m_softwareTableView->selectRow(index.row());
+    m_softwareTableView->scrollTo(index);
+}
+
+/// With no title selected, keys go on where the last one was.
+void OverviewView::keepPlace()
+{
+    if (m_overview.selectedRow() >= 0)
+        return;
+    const QModelIndex index = m_sorted->index(qMin(m_place, m_sorted->rowCount() - 1), 0);
+    m_softwareTableView->selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
     m_softwareTableView->scrollTo(index);
 }
 

@@ -46,6 +46,7 @@ private:
     QWidget *newButtonRow();
     QWidget *newDetailsPanel();
     void showSelectedRow(int row);
+    void keepPlace();
     void showErrors();
     void updateButtons();
     void saveLayout() const;
@@ -60,6 +61,7 @@ private:
     QListWidget *m_validationErrorsView = nullptr;
     QLabel *m_errorsCaption = nullptr;
     QSplitter *m_splitter = nullptr;
+    int m_place = 0; ///< The row in the view that was selected last.
     QList<std::pair<QPushButton *, FileMenu::Item>> m_buttons; ///< Each with what enables it.
 };
 

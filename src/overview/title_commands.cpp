@@ -34,7 +34,8 @@ void TitleCommands::renameSWListItem()
 
 void TitleCommands::importError2(const QString &message)
 {
-    openNamePanel({u"import"_s, message, false, u"Name: "_s, {}, u"Add"_s});
+    openNamePanel(
+        {u"import"_s, message, false, u"Name: "_s, {}, u"Add"_s, {}, QFileInfo(mwqnIpFloc43).fileName()});
 }
 
 void TitleCommands::openNamePanel(const NamePanel &panel)
@@ -113,7 +114,7 @@ void TitleCommands::processImportedFile(const QStringList &paths)
         m_batch.paths += paths; // Dropped while others are still on their way.
         return;
     }
-    m_batch = {paths, 0, 0, 0, {}};
+    m_batch = {paths, 0, 0, 0, {}, {}};
     importNextFile();
 }
 
@@ -126,7 +127,7 @@ void TitleCommands::importNextFile()
     case Import::Imported:
         ++m_batch.imported;
         for (const QString &finding : import.findings)
-            m_batch.details.append(prefix + finding);
+            m_batch.findings.append(prefix + finding);
         break;
     case Import::NeedsName:
         ++m_batch.unnamed;
@@ -134,7 +135,7 @@ void TitleCommands::importNextFile()
         break;
     case Import::NotPad:
     case Import::NotStored:
-        m_batch.details.append(prefix + import.message);
+        m_batch.failures.append(prefix + import.message);
         break;
     }
     Q_EMIT importProgress(int(m_batch.next), int(m_batch.paths.size()));
@@ -155,11 +156,11 @@ void TitleCommands::finishImport()
                    {},
                    u"OK"_s,
                    {},
-                   m_batch.details});
+                   m_batch.failures + m_batch.findings});
     else if (!allWell)
-        tellLater({m_batch.details.first()});
+        tellLater({m_batch.failures.first()});
     else if (m_batch.imported > 0)
-        tellImported(m_batch.details);
+        tellImported(m_batch.findings);
     else
         askForNextName();
 }

@@ -16,6 +16,7 @@ struct NamePanel
     QString swNamePanelInput;
     QString swNamePanelOKButton;
     QString title = {}; ///< The one to be renamed.
+    QString file = {};  ///< The one to be imported, without its folder.
 };
 
 /**
@@ -82,7 +83,8 @@ private:
         qsizetype next = 0;
         int imported = 0;
         int unnamed = 0;
-        QStringList details; ///< One line for each finding or failure.
+        QStringList failures; ///< One line for each file that did not come in.
+        QStringList findings; ///< One line for each value that will not be kept.
     };
     Batch m_batch;
     QList<std::pair<QString, QString>> m_needNames; ///< Path and reason, of all runs.

@@ -44,6 +44,7 @@ void FolderItemDialog::setSaves()
 {
     setAcceptMode(AcceptSave);
     setFileMode(AnyFile);
+    setLabelText(Accept, u"Save"_s);
 }
 
 bool FolderItemDialog::isItem(const QString &path) const

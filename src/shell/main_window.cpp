@@ -21,6 +21,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QProgressBar>
+#include <QScreen>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QToolBar>
@@ -79,7 +80,7 @@ MainWindow::MainWindow(ToolbarControl &toolbar, OverviewController &overview, Ti
             [](const QString &address) { QDesktopServices::openUrl(QUrl(address)); });
     updateFileMenu();
 
-    resize(1100, 700);
+    resize(QSize(1100, 700).boundedTo(screen()->availableSize()));
     restoreGeometry(settings().value(geometryKey).toByteArray());
     restoreState(settings().value(stateKey).toByteArray());
 }
@@ -118,10 +119,10 @@ void MainWindow::buildActions()
     newAction(u"bugReport"_s, u"Report a &Bug"_s, u"bug-report"_s, {},
               [this] { m_commands.bugReportAction(); });
     newAction(u"about"_s, u"&About Quillon"_s, {}, {}, [this] { openAboutPanelAction(); });
-    newAction(u"Overview"_s, u"Overview"_s, u"OverviewTBI"_s, u"Ctrl+1"_s,
+    newAction(u"Overview"_s, u"&Overview"_s, u"OverviewTBI"_s, u"Ctrl+1"_s,
               [this] { m_toolbarControl.overviewTBI(); });
-    newAction(u"Edit"_s, u"Edit"_s, u"EditTBI"_s, u"Ctrl+2"_s, [this] { m_toolbarControl.editTBI(); });
-    newAction(u"Submit"_s, u"Submit"_s, u"Submit"_s, u"Ctrl+3"_s, [this] { m_toolbarControl.submitTBI(); });
+    newAction(u"Edit"_s, u"&Edit"_s, u"EditTBI"_s, u"Ctrl+2"_s, [this] { m_toolbarControl.editTBI(); });
+    newAction(u"Submit"_s, u"&Submit"_s, u"Submit"_s, u"Ctrl+3"_s, [this] { m_toolbarControl.submitTBI(); });
     m_actions[u"preferences"_s]->setMenuRole(QAction::PreferencesRole);
     m_actions[u"quit"_s]->setMenuRole(QAction::QuitRole);
     m_actions[u"about"_s]->setMenuRole(QAction::AboutRole);

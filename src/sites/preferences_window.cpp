@@ -10,6 +10,7 @@
 #include <QActionGroup>
 #include <QBoxLayout>
 #include <QPushButton>
+#include <QScreen>
 #include <QStackedWidget>
 #include <QToolBar>
 
@@ -43,7 +44,7 @@ PreferencesWindow::PreferencesWindow(PreferencesController &preferences, QWidget
     connect(&preferences, &PreferencesController::hidePreferences, this, &PreferencesWindow::hide);
     connect(&preferences, &PreferencesController::pageChanged, this, &PreferencesWindow::showPage);
     showPage();
-    resize(firstSize);
+    resize(firstSize.boundedTo(screen()->availableSize()));
     restoreGeometry(settings().value(geometryKey).toByteArray());
 }
 
@@ -56,6 +57,7 @@ QToolBar *PreferencesWindow::newToolbar()
 {
     auto *toolbar = new QToolBar;
     toolbar->setObjectName(u"prefsToolbar"_s);
+    toolbar->setAccessibleName(u"Pages"_s);
     toolbar->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
     toolbar->setIconSize({iconSize, iconSize});
     auto *group = new QActionGroup(this);

@@ -9,6 +9,7 @@
 #include <QCloseEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -54,7 +55,7 @@ PopUpWindow::PopUpWindow(QWebEngineProfile &profile)
     connect(m_browser, &WebEngineBrowser::loadFailed, this, [this](const QString &description) {
         m_browser->loadHtml(loadErrorPage(description), m_browser->currentUrl());
     });
-    resize(usualSize);
+    resize(usualSize.boundedTo(screen()->availableSize()));
     restoreGeometry(settings().value(geometryKey).toByteArray());
 }
 

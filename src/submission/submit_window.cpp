@@ -17,6 +17,7 @@
 #include <QIcon>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QVBoxLayout>
@@ -287,7 +288,7 @@ void SubmitWindow::saveLayout() const
 
 void SubmitWindow::restoreLayout()
 {
-    resize(usualSize);
+    resize(usualSize.boundedTo(screen()->availableSize()));
     restoreGeometry(settings().value(geometryKey).toByteArray());
     if (!m_splitter->restoreState(settings().value(splitterKey).toByteArray()))
         m_splitter->setSizes({230, 780, 240});

@@ -53,7 +53,10 @@ protected:
         const qsizetype start = file.indexOf(u'<' + tag + u'>') + tag.size() + 2;
         return file.sliced(start, file.indexOf(u"</" + tag + u'>') - start);
     }
-    QString labelText(const QString &name) { return view->findChild<QLabel *>(name)->text(); }
+    QString labelText(const QString &name)
+    {
+        return view->findChild<QLabel *>(name)->text().replace(QChar::Nbsp, u' ');
+    }
     QColor labelColour(const QString &name)
     {
         return view->findChild<QLabel *>(name)->palette().color(QPalette::WindowText);
