@@ -129,6 +129,7 @@ void EditorView::addLine(QBoxLayout *layout, const FieldLine &line)
         layout->addWidget(caption);
     }
     auto *row = new QHBoxLayout;
+    row->setSpacing(6);
     row->addWidget(first);
     for (const std::optional<FieldId> &beside : {line.second, line.third}) {
         if (beside)

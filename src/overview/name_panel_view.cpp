@@ -36,6 +36,11 @@ NamePanelView::NamePanelView(TitleCommands &commands, QWidget *parent)
     m_okButton = buttons->addButton(QString(), QDialogButtonBox::AcceptRole);
     m_okButton->setObjectName(u"swNamePanelOKButton"_s);
 
+    m_skipAllButton = buttons->addButton(u"&Skip All"_s, QDialogButtonBox::ResetRole);
+    m_skipAllButton->setObjectName(u"skipAllButton"_s);
+    m_skipAllButton->setToolTip(u"Import none of the files that still need a name"_s);
+    connect(m_skipAllButton, &QPushButton::clicked, &commands, &TitleCommands::skipImports);
+
     auto *layout = new QGridLayout(this);
     layout->addWidget(m_message, 0, 0, 1, 2);
     layout->addWidget(m_inputMessage, 1, 0);
@@ -71,6 +76,7 @@ void NamePanelView::showPanel()
     m_input->selectAll();
     m_input->setFocus();
     m_okButton->setText(panel->swNamePanelOKButton);
+    m_skipAllButton->setVisible(panel->hasMore);
     open();
 }
 

@@ -26,6 +26,7 @@ private:
     QLabel *m_message;
     QLabel *m_inputMessage;
     QLineEdit *m_input;
+    QPushButton *m_skipAllButton = nullptr;
     QPushButton *m_okButton;
 };
 

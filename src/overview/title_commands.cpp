@@ -34,8 +34,15 @@ void TitleCommands::renameSWListItem()
 
 void TitleCommands::importError2(const QString &message)
 {
-    openNamePanel(
-        {u"import"_s, message, false, u"Name: "_s, {}, u"Add"_s, {}, QFileInfo(mwqnIpFloc43).fileName()});
+    openNamePanel({u"import"_s,
+                   message,
+                   false,
+                   u"Name: "_s,
+                   {},
+                   u"Add"_s,
+                   {},
+                   QFileInfo(mwqnIpFloc43).fileName(),
+                   !m_needNames.isEmpty()});
 }
 
 void TitleCommands::openNamePanel(const NamePanel &panel)
@@ -82,6 +89,12 @@ void TitleCommands::cancelSWNPIAction()
         mwqnIpFloc43.clear();
     closeNamePanel();
     askForNextName();
+}
+
+void TitleCommands::skipImports()
+{
+    m_needNames.clear();
+    cancelSWNPIAction();
 }
 
 void TitleCommands::deleteButtonAction()

@@ -15,8 +15,9 @@ struct NamePanel
     QString swNamePanelInputMessage;
     QString swNamePanelInput;
     QString swNamePanelOKButton;
-    QString title = {}; ///< The one to be renamed.
-    QString file = {};  ///< The one to be imported, without its folder.
+    QString title = {};   ///< The one to be renamed.
+    QString file = {};    ///< The one to be imported, without its folder.
+    bool hasMore = false; ///< Other files wait for a name after this one.
 };
 
 /**
@@ -39,6 +40,8 @@ public:
     void addSWNPIAction(const QString &name);
     /// Closes the name panel; an import that waited for a name is given up.
     void cancelSWNPIAction();
+    /// Does so, and gives up all other imports that wait for a name.
+    void skipImports();
     void deleteButtonAction();
     void importPADFile();
     /// Imports one file, or several at once.

@@ -15,6 +15,7 @@
 #include "store/process_state.h"
 #include "store/storage_status.h"
 
+#include <QActionGroup>
 #include <QCloseEvent>
 #include <QDesktopServices>
 #include <QLabel>
@@ -119,10 +120,20 @@ void MainWindow::buildActions()
     newAction(u"bugReport"_s, u"Report a &Bug"_s, u"bug-report"_s, {},
               [this] { m_commands.bugReportAction(); });
     newAction(u"about"_s, u"&About Quillon"_s, {}, {}, [this] { openAboutPanelAction(); });
-    newAction(u"Overview"_s, u"&Overview"_s, u"OverviewTBI"_s, u"Ctrl+1"_s,
-              [this] { m_toolbarControl.overviewTBI(); });
-    newAction(u"Edit"_s, u"&Edit"_s, u"EditTBI"_s, u"Ctrl+2"_s, [this] { m_toolbarControl.editTBI(); });
+    newAction(u"Overview"_s, u"&Overview"_s, u"OverviewTBI"_s, u"Ctrl+1"_s, [this] {
+        m_toolbarControl.overviewTBI();
+        checkShownView();
+    });
+    newAction(u"Edit"_s, u"&Edit"_s, u"EditTBI"_s, u"Ctrl+2"_s, [this] {
+        m_toolbarControl.editTBI();
+        checkShownView();
+    });
     newAction(u"Submit"_s, u"&Submit"_s, u"Submit"_s, u"Ctrl+3"_s, [this] { m_toolbarControl.submitTBI(); });
+    auto *views = new QActionGroup(this);
+    for (const QString &view : {u"Overview"_s, u"Edit"_s}) {
+        m_actions[view]->setCheckable(true);
+        views->addAction(m_actions[view]);
+    }
     m_actions[u"preferences"_s]->setMenuRole(QAction::PreferencesRole);
     m_actions[u"quit"_s]->setMenuRole(QAction::QuitRole);
     m_actions[u"about"_s]->setMenuRole(QAction::AboutRole);
@@ -241,8 +252,15 @@ void MainWindow::showContent(ContentView view)
 {
     m_content->setCurrentWidget(view == ContentView::Overview ? static_cast<QWidget *>(m_overviewView)
                                                               : m_editView);
+    checkShownView();
     const bool isTitleShown = view == ContentView::Editor && mwqnSelSW;
     setWindowTitle(isTitleShown ? plainWindowTitle(*mwqnSelSW) : u"Quillon"_s);
+}
+
+/// Also after a command that was refused, which leaves the view as it is but checks its action.
+void MainWindow::checkShownView()
+{
+    m_actions[m_content->currentWidget() == m_editView ? u"Edit"_s : u"Overview"_s]->setChecked(true);
 }
 
 void MainWindow::editField(const QString &key)

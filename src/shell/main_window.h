@@ -45,6 +45,7 @@ private:
     void fillToolbar();
     void customiseToolbar();
     void updateFileMenu();
+    void checkShownView();
     void showContent(ContentView view);
     void showFailedWrites();
     void showImportProgress(int done, int total);

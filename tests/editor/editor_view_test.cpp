@@ -175,6 +175,12 @@ TEST_F(EditorViewTest, ChoicesAreSearchedByTyping)
                       Qt::NoScrollPhase, false);
     QApplication::sendEvent(category, &wheel);
     EXPECT_EQ(stored(FieldId::categoryPopUp), u"Security & Privacy::Encryption Tools"_s);
+    for (const QString &part : {u"ASTROL"_s, u"astr"_s}) { // One item holds the first, two the second.
+        category->lineEdit()->selectAll();
+        QTest::keyClicks(category->lineEdit(), part);
+        QTest::keyClick(category->lineEdit(), Qt::Key_Return);
+        EXPECT_EQ(stored(FieldId::categoryPopUp), u"Home & Hobby::Astrology/Biorhythms/Mystic"_s);
+    }
 
     auto *languages = widget<QListView>(FieldId::languageTable);
     view->findChild<QLineEdit *>(u"languageTableFilter"_s)->setText(u"chinese"_s);

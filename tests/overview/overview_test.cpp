@@ -343,6 +343,16 @@ TEST_F(OverviewTest, WorkGoesOnWhileFilesComeIn)
     calls.pass(resultDelay);
     ASSERT_TRUE(commands.namePanel());
     EXPECT_EQ(commands.namePanel()->nameSheetCalledFrom, u"import"_s);
+    EXPECT_EQ(commands.namePanel()->file, u"2.xml"_s);
+
+    commands.processImportedFile({fileAt(u"3.xml"_s, pad({})), fileAt(u"4.xml"_s, pad({}))});
+    calls.pass(std::chrono::milliseconds(0));
+    commands.cancelSWNPIAction();
+    calls.pass(resultDelay);
+    ASSERT_TRUE(commands.namePanel() && commands.namePanel()->hasMore);
+    commands.skipImports();
+    calls.pass(resultDelay);
+    EXPECT_FALSE(commands.namePanel());
 }
 
 TEST_F(OverviewTest, ExportEscapesOnlyTheFreeStandingAmpersand)

@@ -114,6 +114,12 @@ TEST_F(MainWindowTest, ATitleFromItsCreationToItsEnd)
     EXPECT_EQ(window().windowTitle(), u"First <b>title"_s) << "the editor says whose PAD file it shows";
     window().findChild<QAction *>(u"Overview"_s)->trigger();
     EXPECT_EQ(window().windowTitle(), u"Quillon"_s);
+    program().overview.deselectAll();
+    window().findChild<QAction *>(u"Edit"_s)->trigger();
+    answerAlert(u"OK"_s);
+    EXPECT_TRUE(window().findChild<QAction *>(u"Overview"_s)->isChecked());
+    QTest::keyClick(visible<QTableView>(u"softwareTableView"_s), Qt::Key_Down);
+    EXPECT_EQ(mwqnSelSW, u"First <b>title"_s) << "the place is kept, and a key selects it";
     for (const bool enabled : {false, true}) {
         enabled ? program().overview.fileMenu().enableAll() : program().overview.fileMenu().disableAll();
         for (const QString &button : {u"importButton"_s, u"renameButton"_s, u"deleteButton"_s})
