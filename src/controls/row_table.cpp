@@ -19,13 +19,13 @@ public:
 protected:
     void keyPressEvent(QKeyEvent *event) override
     {
-        // A row that has the focus alone, as when the list has been loaded anew, is what the key selects
-        // first.
-        const bool moves = event->key() == Qt::Key_Up || event->key() == Qt::Key_Down;
-        const bool opens = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+        // Where no row is selected, as when the list has been loaded anew, the one that has the focus is what
+        // the key selects first.
         const QModelIndex place = currentIndex();
-        const bool hasFocusAlone = place.isValid() && !selectionModel()->isRowSelected(place.row());
-        if ((moves || opens) && hasFocusAlone && !event->modifiers().testFlag(Qt::ControlModifier)) {
+        const bool moves = (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down) &&
+                           !(event->modifiers() & (Qt::ControlModifier | Qt::ShiftModifier));
+        const bool opens = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+        if ((moves || opens) && place.isValid() && !selectionModel()->hasSelection()) {
             selectionModel()->select(place, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
             if (moves)
                 return;

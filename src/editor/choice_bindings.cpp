@@ -46,7 +46,8 @@ FieldComboBox::FieldComboBox(Editor &editor, FieldId field, QWidget *parent)
     completer()->popup()->setMinimumWidth(wide);
 
     connect(this, &QComboBox::activated, this, &FieldComboBox::choose);
-    connect(lineEdit(), &QLineEdit::returnPressed, this, &FieldComboBox::takeTypedText);
+    connect(lineEdit(), &QLineEdit::returnPressed, this, [this] { takeTypedText(true); });
+    lineEdit()->installEventFilter(this);
     connect(&m_control, &Control::changed, this, &FieldComboBox::showControl);
     showControl();
 }
@@ -67,21 +68,20 @@ void FieldComboBox::choose(int index)
     showControl();
 }
 
-void FieldComboBox::takeTypedText()
+void FieldComboBox::takeTypedText(bool orPart)
 {
-    const int index = indexOfTyped();
+    const int index = indexOfTyped(orPart);
     if (index >= 0 && index != m_control.index())
         choose(index);
     else
         showControl();
 }
 
-/// The item that the text names, or else the only one that holds it; -1 for none.
-int FieldComboBox::indexOfTyped() const
+int FieldComboBox::indexOfTyped(bool orPart) const
 {
     const QString typed = currentText();
     const int named = findText(typed, Qt::MatchFixedString);
-    if (named >= 0 || typed.isEmpty())
+    if (named >= 0 || typed.isEmpty() || !orPart)
         return named;
     const QStringList items = m_control.items();
     const QStringList holding = items.filter(typed, Qt::CaseInsensitive);
@@ -91,9 +91,7 @@ int FieldComboBox::indexOfTyped() const
 void FieldComboBox::focusInEvent(QFocusEvent *event)
 {
     QComboBox::focusInEvent(event);
-    // What is typed replaces the text; the click that brought the focus places its cursor a little later.
-    if (event->reason() == Qt::MouseFocusReason)
-        QTimer::singleShot(0, lineEdit(), &QLineEdit::selectAll);
+    m_isClickedInto = event->reason() == Qt::MouseFocusReason;
 }
 
 void FieldComboBox::wheelEvent(QWheelEvent *event)
@@ -105,11 +103,15 @@ void FieldComboBox::focusOutEvent(QFocusEvent *event)
 {
     QComboBox::focusOutEvent(event);
     if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason)
-        takeTypedText();
+        takeTypedText(false);
 }
 
 bool FieldComboBox::eventFilter(QObject *watched, QEvent *event)
 {
+    // What is typed after a click into the field replaces its text, unless the mouse has selected a part.
+    if (watched == lineEdit() && event->type() == QEvent::MouseButtonRelease &&
+        std::exchange(m_isClickedInto, false) && !lineEdit()->hasSelectedText())
+        QTimer::singleShot(0, lineEdit(), &QLineEdit::selectAll);
     // The open list ends with its window; what was typed before is not to stand beside it.
     if (watched == view() && event->type() == QEvent::Hide)
         showControl();

@@ -14,8 +14,8 @@ namespace quillon {
 
 class Editor;
 
-/// A pop-up of the editor. Typing searches it for items that hold the text; the only one that does is taken,
-/// else nothing changes. The mouse wheel scrolls the page.
+/// A pop-up of the editor. Typing searches it for items that hold the text; Return takes the only one that
+/// does, else nothing changes. The mouse wheel scrolls the page.
 class FieldComboBox : public QComboBox
 {
     Q_OBJECT
@@ -31,12 +31,14 @@ protected:
 private:
     void showControl();
     void choose(int index);
-    void takeTypedText();
-    [[nodiscard]] int indexOfTyped() const;
+    /// Chooses the item that the text names; with @p orPart also the only one that holds it.
+    void takeTypedText(bool orPart);
+    [[nodiscard]] int indexOfTyped(bool orPart) const;
 
     Editor &m_editor;
     FieldId m_field;
     PopUpControl &m_control;
+    bool m_isClickedInto = false; ///< The click that brings the focus is under way.
 };
 
 /// The check box of the editor; its title turns red when the expiry is not in order.

@@ -239,8 +239,10 @@ void OverviewView::keepPlace()
     if (m_overview.selectedRow() >= 0)
         return;
     const QModelIndex index = m_sorted->index(qMin(m_place, m_sorted->rowCount() - 1), 0);
+    // What is in sight stays there; a new current row would be scrolled to.
+    m_softwareTableView->setAutoScroll(false);
     m_softwareTableView->selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
-    m_softwareTableView->scrollTo(index);
+    m_softwareTableView->setAutoScroll(true);
 }
 
 void OverviewView::showErrors()

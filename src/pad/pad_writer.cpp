@@ -70,14 +70,15 @@ QByteArray written(const ValueOf &valueOf)
 }
 
 /// The text of @p stored. Where letters depend on it, it says that it is UTF-8: files of other tools may name
-/// the encoding that they came in.
+/// the encoding that they came in. ASCII is read alike in every encoding of single bytes, so there it stays.
 QString storedText(const QByteArray &stored)
 {
-    static const Regex encoding(
+    static const Regex declared(
         uR"(^(\s*<\?xml[^<>]*?encoding\s*=\s*["'])(?!(?i:utf-8)["'])[A-Za-z0-9._:-]+)");
+    static const Regex wide(uR"(^\s*<\?xml[^<>]*?encoding\s*=\s*["'](?i:utf-?(?:16|32)|ucs|iso-10646))");
     const QString text = stored.isValidUtf8() ? QString::fromUtf8(stored) : decodedXmlText(stored);
     const bool isAscii = std::ranges::all_of(text, [](QChar each) { return each.unicode() < 0x80; });
-    return isAscii ? text : encoding.replaceAll(text, u"$1UTF-8");
+    return isAscii && !wide.firstMatch(text) ? text : declared.replaceAll(text, u"$1UTF-8");
 }
 
 } // namespace

@@ -80,7 +80,7 @@ WebEnginePage::WebEnginePage(QWebEngineProfile *profile, QObject *parent) : QWeb
 /// The engine takes a page's question as a call and the answer as its result: its page waits for it, and
 /// there is no way to give the answer later. Sheets answer later. So here, and nowhere else, one event loop
 /// runs inside another; it ends with the answer, or when the sheet has let go of the call that would bring
-/// it, or when the page is given up.
+/// it, or when the page is given up, and those that were begun after it have ended.
 template<typename Answer>
 Answer WebEnginePage::awaited(const std::function<void(std::function<void(Answer)>)> &ask, const Answer &none)
 {

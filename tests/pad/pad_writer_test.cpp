@@ -82,6 +82,7 @@ TEST(PadWriterTest, ExportEscapesAmpersandsBetweenBlanksOnly)
         {"<?xml encoding='ISO-8859-1'?><r>Zoë & co</r>", "<?xml encoding='UTF-8'?><r>Zoë &amp; co</r>"},
         {"\n<?xml encoding='ISO-8859-1'?><r>Zo\xEB & co</r>",
          "\n<?xml encoding='UTF-8'?><r>Zoë &amp; co</r>"},
+        {"<?xml encoding='UTF-16LE'?><r>Zoe</r>", "<?xml encoding='UTF-8'?><r>Zoe</r>"},
         {"<?xml encoding='utf-8'?><r>Zoë</r>", "<?xml encoding='utf-8'?><r>Zoë</r>"},
         {"<r>Zo\xEB & encoding='x'</r>", "<r>Zoë &amp; encoding='x'</r>"},
     };
