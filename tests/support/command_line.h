@@ -1,5 +1,6 @@
 #pragma once
 
+#include "support/faults.h"
 #include "support/temporary_home.h"
 
 #include <QJsonArray>
@@ -20,11 +21,13 @@ struct CliResult
 };
 
 /// Runs the real quillon-cli on the home folder @p home, without anything of this machine's environment. With
-/// @p outputFile its standard output goes there.
-inline CliResult runCli(const QString &home, const QStringList &arguments, const QString &outputFile = {})
+/// @p outputFile its standard output goes there; @p faults are rules of faults.h for what lies in that
+/// folder.
+inline CliResult runCli(const QString &home, const QStringList &arguments, const QString &outputFile = {},
+                        const QString &faults = {})
 {
     QProcess process;
-    process.setProcessEnvironment(QProcessEnvironment());
+    process.setProcessEnvironment(faults.isEmpty() ? QProcessEnvironment() : faultEnvironment(home, faults));
     if (!outputFile.isEmpty())
         process.setStandardOutputFile(outputFile);
     process.start(QStringLiteral(QUILLON_CLI), QStringList{QStringLiteral("--home"), home} + arguments);
@@ -38,7 +41,10 @@ inline CliResult runCli(const QString &home, const QStringList &arguments, const
 class CommandLineTest : public TemporaryHome
 {
 protected:
-    CliResult cli(const QStringList &arguments) const { return runCli(home(), arguments); }
+    CliResult cli(const QStringList &arguments, const QString &faults = {}) const
+    {
+        return runCli(home(), arguments, {}, faults);
+    }
 };
 
 } // namespace quillon

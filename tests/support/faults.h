@@ -1,0 +1,81 @@
+#pragma once
+
+#include <QFile>
+#include <QFileInfo>
+#include <QProcessEnvironment>
+
+/// The fault library (faults.cpp) stands between a program and the C library, and lets chosen calls fail, or
+/// end the process there, as a bad disk or a loss of power would.
+///
+/// Test programs are linked to it. For the process of the test itself:
+///
+///     const FaultPlan plan(home(), "read@2=EIO");
+///     EXPECT_FALSE(readAll());
+///     EXPECT_TRUE(plan.met());
+///
+/// For a child process, faultEnvironment() gives the environment, which scripts set by themselves; cli() of
+/// CommandLineTest takes rules as its second argument:
+///
+///     LD_PRELOAD           libquillon_faults.so; beside the sanitizers also
+///     ASAN_OPTIONS=verify_asan_link_order=0 QUILLON_FAULTS       the rules QUILLON_FAULTS_BELOW the folder,
+///     its path without links; calls on anything else are left alone QUILLON_FAULTS_TRACE a file that gets a
+///     line for each call on something in that folder: the call, what a rule
+///                          made of it ("-": nothing) and the path
+///
+/// Rules stand with one blank between them. Each is CALL[,CALL...][@N][+]=ACTION: what becomes of the N-th of
+/// these calls in the process (without @N: the first) or, with +, of each from there on. The calls:
+///
+///     open (for reading)   create (open that makes, empties or may write)   read   getdents64 (also readdir)
+///     lseek stat (also access)   write   fsync (also fdatasync, syncfs)   rename   mkdir   unlink (also
+///     rmdir)   fchmod ftruncate   close   flock (also locks of fcntl)   link (also symlink) reading and
+///     writing: all that read, all that do not
+///
+/// The actions:
+///
+///     EIO or the name of any other error: the call is not made, and fails so
+///     kill     the call is not made, and the process is killed
+///     torn     a write gets half of its bytes, and the process is killed
+///     short    a read or write gets half of its bytes
+///     full:N   writes get N bytes in all, then ENOSPC
+///
+/// Rules that make no sense end the process: a plan that injects nothing would prove nothing.
+extern "C" {
+void quillonFaultsBegin(const char *below, const char *rules);
+void quillonFaultsEnd();
+long quillonFaultsMet();
+long quillonFaultsCount();
+}
+
+namespace quillon {
+
+/// Faults in this process for as long as this lives; one at a time.
+class FaultPlan
+{
+public:
+    /// @p below must be there.
+    FaultPlan(const QString &below, const char *rules)
+    {
+        quillonFaultsBegin(QFile::encodeName(QFileInfo(below).canonicalFilePath()).constData(), rules);
+    }
+    FaultPlan(const FaultPlan &) = delete;
+    FaultPlan &operator=(const FaultPlan &) = delete;
+    ~FaultPlan() { quillonFaultsEnd(); }
+
+    /// Whether a rule was applied at least once.
+    [[nodiscard]] bool met() const { return quillonFaultsMet() > 0; }
+    /// How many of the calls that the rules name were made, whatever became of them.
+    [[nodiscard]] long count() const { return quillonFaultsCount(); }
+};
+
+/// The variables that inject @p rules into a child process that uses @p below.
+inline QProcessEnvironment faultEnvironment(const QString &below, const QString &rules)
+{
+    QProcessEnvironment environment;
+    environment.insert(QStringLiteral("LD_PRELOAD"), QStringLiteral(QUILLON_FAULTS_LIBRARY));
+    environment.insert(QStringLiteral("ASAN_OPTIONS"), QStringLiteral("verify_asan_link_order=0"));
+    environment.insert(QStringLiteral("QUILLON_FAULTS_BELOW"), QFileInfo(below).canonicalFilePath());
+    environment.insert(QStringLiteral("QUILLON_FAULTS"), rules);
+    return environment;
+}
+
+} // namespace quillon
