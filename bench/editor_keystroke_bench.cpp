@@ -57,8 +57,8 @@ void keystrokeAgainstFloor(benchmark::State &state, FieldId field, const QString
 {
     const QTemporaryDir home;
     setDataFolder(home.path());
-    AddDeleteImportEdit::checkAppSuppExists();
-    AddDeleteImportEdit::createNewListing(u"Title"_s);
+    (void)AddDeleteImportEdit::checkAppSuppExists();
+    (void)AddDeleteImportEdit::createNewListing(u"Title"_s);
     selectTitle(u"Title"_s);
     RecordingSheets sheets;
     Editor editor(sheets);

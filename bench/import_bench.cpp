@@ -53,8 +53,7 @@ bool makePlainly(const QByteArray &parent, const QByteArray &name, const QList<F
 /// A PAD file of the usual size: everything filled in, and a licence of a page.
 QByteArray typicalPad()
 {
-    QByteArray pad =
-        atomic_file::read(QStringLiteral(QUILLON_SAMPLES "/filled_form.xml")).value_or(QByteArray());
+    QByteArray pad = atomic_file::read(QStringLiteral(QUILLON_SAMPLES "/filled_form.xml")).valueOr({});
     pad.insert(pad.indexOf("</EULA>"), QByteArray("The program is given as it is.\n").repeated(100));
     return pad;
 }
@@ -66,22 +65,22 @@ void importPad(benchmark::State &state)
 {
     const QTemporaryDir home(QDir::current().filePath(u"import_bench-XXXXXX"_s));
     setDataFolder(home.path());
-    AddDeleteImportEdit::checkAppSuppExists();
+    (void)AddDeleteImportEdit::checkAppSuppExists();
     const QByteArray pad = typicalPad();
     const QByteArray parent = QFile::encodeName(mwqnAppSuppLoc);
-    bool isDone = AddDeleteImportEdit::importExistingFile(u"import"_s, pad);
+    auto isDone = bool(AddDeleteImportEdit::importExistingFile(u"import"_s, pad));
     QList<File> files;
     const QDir imported(mwqnAppSuppLoc + u"import.qndata");
     for (const QString &name : imported.entryList(QDir::Files))
-        files.append({QFile::encodeName(name), atomic_file::read(imported.filePath(name)).value()});
+        files.append({QFile::encodeName(name), *atomic_file::read(imported.filePath(name))});
 
-    const auto importIt = [&] { isDone &= AddDeleteImportEdit::importExistingFile(u"import"_s, pad); };
+    const auto importIt = [&] { isDone &= bool(AddDeleteImportEdit::importExistingFile(u"import"_s, pad)); };
     const auto writeIt = [&] { isDone &= makePlainly(parent, "floor.qndata", files); };
     std::vector<double> imports;
     std::vector<double> floors;
     for ([[maybe_unused]] const auto iteration : state) {
-        AddDeleteImportEdit::deleteQnDataFile(u"import"_s);
-        AddDeleteImportEdit::deleteQnDataFile(u"floor"_s);
+        (void)AddDeleteImportEdit::deleteQnDataFile(u"import"_s);
+        (void)AddDeleteImportEdit::deleteQnDataFile(u"floor"_s);
         ::sync(); // Or the first to sync would pay for the deletion.
         const bool isEven = imports.size() % 2 == 0;
         if (isEven)

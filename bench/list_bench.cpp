@@ -21,7 +21,7 @@ using namespace quillon;
 QStringList fillDataFolder(const QString &home, int count)
 {
     setDataFolder(home);
-    AddDeleteImportEdit::checkAppSuppExists();
+    (void)AddDeleteImportEdit::checkAppSuppExists();
     QStringList summaries;
     for (int number = 0; number < count; ++number) {
         const QString folder = *title_folder::path(u"Title %1"_s.arg(number));

@@ -100,8 +100,8 @@ void fromDisk(benchmark::State &state)
     const QTemporaryDir home;
     setDataFolder(home.path());
     QDir().mkpath(mwqnAppSuppLoc);
-    site_list::write(site_list::userSites, ownDictionary());
-    site_list::write(site_list::ignoredSites, ignoredDictionary());
+    (void)site_list::write(site_list::userSites, ownDictionary());
+    (void)site_list::write(site_list::ignoredSites, ignoredDictionary());
     const Summary summary = markedSummary(site_editing::currentCatalogue().sites);
     for ([[maybe_unused]] const auto iteration : state) {
         QStringList sites;

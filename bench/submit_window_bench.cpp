@@ -46,8 +46,8 @@ bool makeTitle()
     summary.versions = versions.join(u',');
     const QString title = u"Title"_s;
     return AddDeleteImportEdit::createNewListing(title) &&
-           !atomic_file::write(*title_folder::path(title) + u'/' + title_folder::summaryFile,
-                               summary_file::text(summary).toUtf8());
+           atomic_file::write(*title_folder::path(title) + u'/' + title_folder::summaryFile,
+                              summary_file::text(summary).toUtf8());
 }
 
 /// Sees when the widget of a name, or something in it, is drawn.
@@ -104,7 +104,7 @@ void openSubmitWindow(benchmark::State &state)
     const QTemporaryDir home;
     setSettingsHome(home.path());
     setDataFolder(home.path());
-    AddDeleteImportEdit::checkAppSuppExists();
+    (void)AddDeleteImportEdit::checkAppSuppExists();
     setDefaultSites();
     if (!makeTitle())
         state.SkipWithError("the title could not be made");

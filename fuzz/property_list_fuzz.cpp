@@ -8,7 +8,7 @@ using namespace quillon;
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     const auto first = property_list::read(QByteArray(reinterpret_cast<const char *>(data), qsizetype(size)));
-    if (first && property_list::read(property_list::write(*first)) != first)
+    if (first && property_list::read(property_list::write(*first)) != *first)
         std::abort();
     return 0;
 }

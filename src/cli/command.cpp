@@ -62,10 +62,11 @@ bool isReadableFile(const QString &path)
     return file.isFile() && file.isReadable();
 }
 
-ExitStatus fileFailed()
+ExitStatus outcome(const Result<> &result)
 {
-    if (const QString line = failedWritesLine(); !line.isEmpty())
-        complain(line);
+    if (result)
+        return Done;
+    complain(failureLine(result.error()));
     return FileFailed;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/alert_sheets.h"
+#include "platform/result.h"
 
 #include <QJsonDocument>
 #include <QString>
@@ -63,7 +64,7 @@ bool titleExists(const QString &name);
 /// Whether there is a file at @p path that can be read; a folder is none.
 bool isReadableFile(const QString &path);
 
-/// Complains of the writes that failed during the command, if any did.
-ExitStatus fileFailed();
+/// Done, or the complaint about the file or folder that could not be read or written.
+ExitStatus outcome(const Result<> &result);
 
 } // namespace quillon::cli

@@ -81,15 +81,14 @@ public:
 
     ExitStatus run() override
     {
-        if (const auto failure = dataFolderFailure()) {
-            complain(*failure);
-            return FileFailed;
-        }
         // Only who holds the folder may change it; nobody waits for it here.
         const DataFolderLock lock(std::chrono::milliseconds(0));
         const bool mayWrite = lock.state() == DataFolderLock::State::Held;
+        const auto list = loadTitles(mayWrite ? OldLayout::Convert : OldLayout::Leave);
+        if (!list)
+            return outcome(list.error());
         QJsonArray array;
-        for (const Title &title : loadTitles(mayWrite ? OldLayout::Convert : OldLayout::Leave)) {
+        for (const Title &title : list->titles) {
             if (m_json)
                 array.append(json(title));
             else
@@ -97,7 +96,10 @@ public:
         }
         if (m_json)
             print(QJsonDocument(array));
-        return Done;
+        ExitStatus status = Done;
+        for (const Error &failure : list->failures)
+            status = outcome(failure);
+        return status;
     }
 
 private:

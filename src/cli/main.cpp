@@ -42,7 +42,7 @@ cli::ExitStatus run(cli::Command &command)
 {
     if (!command.writes())
         return command.run();
-    AddDeleteImportEdit::checkAppSuppExists();
+    (void)AddDeleteImportEdit::checkAppSuppExists(); // What cannot be stored there is told by the command.
     const DataFolderLock lock;
     if (lock.state() == DataFolderLock::State::HeldByAnother) {
         cli::complain(u"Quillon is running. Please quit it first, or use its window."_s);

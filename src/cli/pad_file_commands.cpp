@@ -30,10 +30,8 @@ public:
             title_operations::importPadFile(file, *m_as ? std::optional(text(m_name)) : std::nullopt);
         for (const QString &finding : import.findings)
             complain(file + u": " + finding);
-        if (import.outcome == Import::Imported)
-            return Done;
-        if (import.outcome == Import::NotStored)
-            return fileFailed();
+        if (import.outcome == Import::Imported || import.outcome == Import::NotStored)
+            return outcome(import.stored);
         complain(file + u": " + import.message);
         const bool unreadable = import.outcome == Import::NotPad && !isReadableFile(file);
         return unreadable ? FileFailed : Refused;
@@ -65,23 +63,22 @@ public:
             return Refused;
         if (m_file == "-")
             return toStandardOutput();
-        const auto error = title_operations::exportPadFile(text(m_title), text(m_file));
-        if (!error)
-            return Done;
-        complain(title_operations::exportFailed);
-        complain(error->path + u": " + error->reason);
-        return FileFailed;
+        const Result<> exported = title_operations::exportPadFile(text(m_title), text(m_file));
+        if (!exported)
+            complain(title_operations::exportFailed);
+        return outcome(exported);
     }
 
 private:
     [[nodiscard]] ExitStatus toStandardOutput() const
     {
-        if (const auto content = title_operations::exportedPad(text(m_title))) {
+        const auto content = title_operations::exportedPad(text(m_title));
+        if (content) {
             print(*content);
             return Done;
         }
         complain(title_operations::exportFailed);
-        return FileFailed;
+        return outcome(content.error());
     }
 
     std::string m_title;

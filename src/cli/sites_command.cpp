@@ -21,7 +21,7 @@ namespace {
 /// One of the two site lists as it is; a missing one stays missing.
 StringDictionary stored(QStringView siteList)
 {
-    return site_list::stored(siteList).value_or(StringDictionary());
+    return site_list::stored(siteList).valueOr({});
 }
 
 /// False, with a complaint, when one of @p names would stay hidden: another ignored site has its address.
@@ -90,11 +90,9 @@ private:
 
     static ExitStatus told(const SiteEdit &edit)
     {
-        if (edit.outcome == SiteEdit::NotStored)
-            return fileFailed();
         if (edit.outcome != SiteEdit::Done) {
             complain(edit.sentence);
-            return Refused;
+            return edit.outcome == SiteEdit::NotStored ? FileFailed : Refused;
         }
         return TitleSession::stored(); // A mark in a title may not have followed.
     }
@@ -130,10 +128,10 @@ private:
         if (!allExist(names, m_remove->parsed() ? catalogue.sites : catalogue.ignored))
             return Refused;
         if (m_remove->parsed())
-            return site_editing::removeSites(names) ? Done : fileFailed();
+            return outcome(site_editing::removeSites(names));
         if (!comeBack(names))
             return Refused;
-        return site_editing::restoreSites(names) ? Done : fileFailed();
+        return outcome(site_editing::restoreSites(names));
     }
 
     [[nodiscard]] ExitStatus list() const
@@ -174,7 +172,7 @@ private:
         QStringList names;
         for (const auto &[name, url] : mwqnSCPreallSitesDict)
             names.append(name);
-        const QList<SiteState> states = siteStates(names, summary_file::parse(bytes.value_or(QByteArray())));
+        const QList<SiteState> states = siteStates(names, summary_file::parse(bytes.valueOr({})));
         QJsonArray sites;
         for (qsizetype row = 0; row < names.size(); ++row) {
             const QString url = mwqnSCPreallSitesDict.at(names[row]);

@@ -15,7 +15,7 @@ namespace {
 class Mark final : public Command
 {
 public:
-    using Change = bool (*)(const QString &site);
+    using Change = Result<> (*)(const QString &site);
 
     Mark(const char *name, const char *help, Change change)
         : m_commandName(name), m_help(help), m_change(change)
@@ -45,7 +45,8 @@ public:
             complain(u"A mark for %1 cannot be kept: the name holds a comma or markup."_s.arg(text(m_site)));
             return Refused;
         }
-        return m_change(text(m_site)) ? TitleSession::stored() : fileFailed();
+        const ExitStatus changed = outcome(m_change(text(m_site)));
+        return changed == Done ? TitleSession::stored() : changed;
     }
 
 private:
@@ -81,7 +82,9 @@ public:
         if (!session.open(text(m_title)))
             return Refused;
         const auto pad = AddDeleteImportEdit::returnDataObjectFor(u"data");
-        const auto value = pad ? pasteText(*button, *pad) : std::nullopt;
+        if (pad.isError(Error::Kind::Unreadable))
+            return outcome(pad.error());
+        const auto value = pasteText(*button, pad.valueOr({}));
         if (!value) {
             complain(u"This field has no value to be pasted."_s);
             return AnswerIsNo;

@@ -36,7 +36,7 @@ public:
         const QString name = text(m_name);
         if (!isFree(name))
             return Refused;
-        return AddDeleteImportEdit::createNewListing(name) ? Done : fileFailed();
+        return outcome(AddDeleteImportEdit::createNewListing(name));
     }
 
 private:
@@ -60,7 +60,7 @@ public:
     {
         if (!titleExists(text(m_old)) || !isFree(text(m_new)))
             return Refused;
-        return AddDeleteImportEdit::renameExistingQnDataFile(text(m_old), text(m_new)) ? Done : fileFailed();
+        return outcome(AddDeleteImportEdit::renameExistingQnDataFile(text(m_old), text(m_new)));
     }
 
 private:
@@ -85,7 +85,7 @@ public:
     {
         if (!titleExists(text(m_title)))
             return Refused;
-        return AddDeleteImportEdit::deleteQnDataFile(text(m_title)) ? Done : fileFailed();
+        return outcome(AddDeleteImportEdit::deleteQnDataFile(text(m_title)));
     }
 
 private:

@@ -3,6 +3,7 @@
 #include "overview/title_operations.h"
 #include "sites/site_editing.h"
 #include "store/process_state.h"
+#include "store/storage_status.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
@@ -93,7 +94,10 @@ bool TitleSession::open(const QString &name)
 
 ExitStatus TitleSession::stored()
 {
-    return mwqnFailedWrites.isEmpty() ? Done : fileFailed();
+    if (mwqnFailedWrites.isEmpty())
+        return Done;
+    complain(failedWritesLine());
+    return FileFailed;
 }
 
 QList<FieldId> allFields()

@@ -19,17 +19,12 @@ namespace quillon {
 
 namespace {
 
-QByteArray storedFile(QStringView key)
-{
-    return AddDeleteImportEdit::returnDataObjectFor(key).value_or(QByteArray());
-}
-
 /// Makes sure that @p bytes, which nobody could make sense of, lie beside the selected title's @p fileName.
 /// Blanks alone need not be kept.
 bool isKept(QStringView fileName, const QByteArray &bytes)
 {
     return bytes.trimmed().isEmpty() || !mwqnCurrentSWBundle ||
-           keepUnreadable(*mwqnCurrentSWBundle + u'/' + fileName, bytes);
+           bool(keepUnreadable(*mwqnCurrentSWBundle + u'/' + fileName, bytes));
 }
 
 /// Year, month and day as entered; empty unless all three are.
@@ -56,7 +51,7 @@ void Editor::awakeFromNib()
 
 void Editor::loadPADData()
 {
-    const QByteArray stored = storedFile(u"data");
+    const QByteArray stored = AddDeleteImportEdit::returnDataObjectFor(u"data").valueOr({});
     m_unreadable.clear();
     if (!quillon::loadPADData(stored, m_form)) {
         // Nothing of a PAD file is there. The form must not go on to store another title's values as this
@@ -153,7 +148,7 @@ void Editor::createPADFileData()
     if (!mwqnSelSW || !isKept(title_folder::padFile, m_unreadable))
         return;
     m_unreadable.clear();
-    AddDeleteImportEdit::writeToFile(u"data", pad_writer::document(m_form));
+    (void)AddDeleteImportEdit::writeToFile(u"data", pad_writer::document(m_form));
 }
 
 void Editor::createGeneralFileData() const
@@ -165,9 +160,11 @@ void Editor::storeSummary(bool isValid) const
 {
     if (!mwqnSelSW)
         return;
-    const QByteArray stored = storedFile(u"general");
-    const Summary current = summary_file::parse(stored);
-    if (!current.sites && !isKept(title_folder::summaryFile, stored)) // The marks may be worth mending.
+    const auto stored = AddDeleteImportEdit::returnDataObjectFor(u"general");
+    if (stored.isError(Error::Kind::Unreadable))
+        return reportFailure(stored.error());
+    const Summary current = summary_file::parse(stored.valueOr({}));
+    if (!current.sites && !isKept(title_folder::summaryFile, stored.valueOr({}))) // Worth mending, perhaps.
         return;
     const QString flag = isValid ? u"1"_s : u"0"_s;
     Summary summary;
@@ -178,7 +175,7 @@ void Editor::storeSummary(bool isValid) const
     summary.validated = current.validated ? flag : u"<OTS_VALIDATED>"_s + flag + u"</OTS_VALIDATED>"_s;
     summary.sites = current.sites;
     summary.versions = current.versions;
-    AddDeleteImportEdit::writeToFile(u"general", summary_file::text(summary).toUtf8());
+    (void)AddDeleteImportEdit::writeToFile(u"general", summary_file::text(summary).toUtf8(), stored);
 }
 
 } // namespace quillon

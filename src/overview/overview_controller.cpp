@@ -5,6 +5,7 @@
 #include "platform/notifications.h"
 #include "store/error_tracking.h"
 #include "store/process_state.h"
+#include "store/storage_status.h"
 
 using namespace Qt::StringLiterals;
 
@@ -27,7 +28,10 @@ void OverviewController::awakeFromNib()
 
 void OverviewController::loadSoftwareList()
 {
-    m_softwareTable.setTitles(loadTitles());
+    const Result<TitleList> loaded = loadTitles();
+    if (!reported(mwqnAppSuppLoc, loaded ? Result<>() : loaded.error()))
+        return; // What is shown is at least what there was.
+    m_softwareTable.setTitles(loaded->titles);
     if (!mwqnSelSW)
         return;
     const int row = int(m_softwareTable.swNameArray().indexOf(*mwqnSelSW));
@@ -35,7 +39,7 @@ void OverviewController::loadSoftwareList()
         deselectAll();
     } else {
         m_selectedRow = row;
-        showDetails(loadSummary(*mwqnSelSW));
+        showDetails(loadSummary(*mwqnSelSW).valueOr({}));
         Q_EMIT selectedRowChanged(row);
     }
 }
@@ -44,7 +48,7 @@ void OverviewController::showDetails(const Summary &summary)
 {
     m_submittedToTable.setMarks(summary.siteList(), summary.versionList(),
                                 summary.version.value_or(QString()));
-    showErrors(ErrorTracking::returnErrorDictionary().value_or(StringDictionary()));
+    showErrors(ErrorTracking::returnErrorDictionary().valueOr({}));
 }
 
 void OverviewController::updateOverviewDisplay()
@@ -66,7 +70,7 @@ void OverviewController::updateOverviewDisplay()
     // The check may have found the title valid, or have rewritten what an import left.
     if (m_selectedRow < 0)
         return;
-    const Summary checked = loadSummary(*mwqnSelSW);
+    const Summary checked = loadSummary(*mwqnSelSW).valueOr({});
     m_softwareTable.updateRow(m_selectedRow, checked);
     showDetails(checked);
 }

@@ -20,7 +20,7 @@ TitleCommands::TitleCommands(OverviewController &overview, AlertSheets &alerts, 
 
 void TitleCommands::newSoftwareButtonAction()
 {
-    AddDeleteImportEdit::checkAppSuppExists();
+    (void)AddDeleteImportEdit::checkAppSuppExists(); // The status bar tells.
     m_overview.deselectAll();
     openNamePanel({u"new"_s, u"Add A New Software Title"_s, false, u"Name: "_s, {}, u"Add"_s});
 }
@@ -75,10 +75,10 @@ void TitleCommands::addSWNPIAction(const QString &name)
         confirmImport(name);
         return;
     }
-    const bool changed = panel.nameSheetCalledFrom == u"new"
-                             ? AddDeleteImportEdit::createNewListing(name)
-                             : AddDeleteImportEdit::renameExistingQnDataFile(panel.title, name);
-    if (changed)
+    const Result<> changed = panel.nameSheetCalledFrom == u"new"
+                                 ? AddDeleteImportEdit::createNewListing(name)
+                                 : AddDeleteImportEdit::renameExistingQnDataFile(panel.title, name);
+    if (changed.isDone())
         reload();
     askForNextName();
 }
@@ -106,7 +106,7 @@ void TitleCommands::deleteButtonAction()
     m_alerts.show(SheetWindow::Main, alert, [this, name = *mwqnSelSW](AlertAnswer answer) {
         if (answer != AlertAnswer::Default)
             return;
-        AddDeleteImportEdit::deleteQnDataFile(name);
+        (void)AddDeleteImportEdit::deleteQnDataFile(name); // The list and the status bar tell.
         reload();
     });
 }
@@ -221,9 +221,9 @@ void TitleCommands::exportButtonAction()
         return;
     const FileRequest request{u"Export PAD File"_s, u"xml"_s, mwqnSelSW->trimmed(), false};
     m_alerts.chooseSaveFile(SheetWindow::Main, request, [this, title = *mwqnSelSW](const QString &path) {
-        const auto error = title_operations::exportPadFile(title, path);
-        tellLater(error ? Alert{title_operations::exportFailed, error->reason}
-                        : Alert{title_operations::exportSucceeded});
+        const Result<> exported = title_operations::exportPadFile(title, path);
+        tellLater(exported ? Alert{title_operations::exportSucceeded}
+                           : Alert{title_operations::exportFailed, exported.error().reason});
     });
 }
 

@@ -3,8 +3,10 @@
 #include "platform/atomic_file.h"
 #include "platform/folder_handle.h"
 #include "platform/string_dictionary.h"
+#include "platform/unfinished_name.h"
 #include "store/add_delete_import_edit.h"
 #include "store/process_state.h"
+#include "store/storage_status.h"
 #include "store/title_folder.h"
 
 #include <QDir>
@@ -14,7 +16,6 @@
 
 #include <algorithm>
 #include <climits>
-#include <filesystem>
 
 using namespace Qt::StringLiterals;
 
@@ -30,103 +31,184 @@ constexpr QStringView oldPadExtension = u".qnxml";
 /// What a walk through the data folder finds.
 struct Found
 {
-    QList<Title> titles;
+    TitleList list;
     QStringList oldFolders; ///< Of the older layout, each with its name's files in it, as relative paths.
 };
 
-Summary summaryIn(const std::optional<FolderHandle> &folder, const QString &name)
+Result<QByteArray> storedSummary(const QString &name)
+{
+    return atomic_file::read(mwqnAppSuppLoc + name + title_folder::extension + u'/' +
+                             title_folder::summaryFile);
+}
+
+/// The summary of the title @p name, whose folder is @p folder; what cannot be read is among the @p failures.
+Summary summaryIn(const std::optional<FolderHandle> &folder, const QString &name, QList<Error> &failures)
 {
     static const QByteArray file = title_folder::summaryFile.toUtf8();
-    const auto bytes = folder ? folder->read(file) : std::nullopt;
-    // Where a link stands for the folder or the file, the path leads over it as for every other reader.
-    return bytes ? summary_file::parse(*bytes) : loadSummary(name);
+    Result<QByteArray> bytes = folder ? folder->read(file) : storedSummary(name);
+    // Where a link stands for the file, the path leads over it as for every other reader.
+    if (folder && bytes.isError(Error::Kind::Unreadable))
+        bytes = storedSummary(name);
+    if (bytes.isError(Error::Kind::Unreadable))
+        failures.append(bytes.error());
+    return summary_file::parse(bytes.valueOr({}));
+}
+
+/// The folder that @p entry of @p folder is; none for anything else, and one that cannot be opened is among
+/// the
+/// @p failures.
+std::optional<FolderHandle> folderIn(const FolderHandle &folder, const FolderHandle::Entry &entry,
+                                     QList<Error> &failures)
+{
+    // What is half made or half removed holds no titles.
+    if (entry.kind != FolderHandle::Kind::Folder ||
+        unfinished_name::is(entry.name, unfinished_name::folder) ||
+        unfinished_name::is(entry.name, unfinished_name::deleted))
+        return std::nullopt;
+    auto inside = folder.openFolder(entry.name);
+    if (inside)
+        return *std::move(inside);
+    if (!inside.isError(Error::Kind::Missing))
+        failures.append(inside.error());
+    return std::nullopt;
 }
 
 /// Adds to @p found what lies in @p folder at every depth; @p path leads to it from the data folder, with "/"
 /// at its end, or is empty.
-void walk(const FolderHandle &folder, const QString &path, Found &found)
+Result<> walk(const FolderHandle &folder, const QString &path, Found &found)
 {
+    const auto entries = folder.entries();
+    if (!entries)
+        return entries.error();
     const QStringView parent = QStringView(path).chopped(path.isEmpty() ? 0 : 1);
-    for (const FolderHandle::Entry &entry : folder.entries()) {
+    for (const FolderHandle::Entry &entry : *entries) {
         const QString place = path + QFile::decodeName(entry.name);
-        const auto inside =
-            entry.kind == FolderHandle::Kind::Folder ? folder.openFolder(entry.name) : std::nullopt;
+        const auto inside = folderIn(folder, entry, found.list.failures);
         if (place.endsWith(title_folder::extension) && place.size() > title_folder::extension.size()) {
             const QString name = place.chopped(title_folder::extension.size());
-            found.titles.append({name, summaryIn(inside, name)});
+            found.list.titles.append({name, summaryIn(inside, name, found.list.failures)});
         } else if (place.endsWith(oldSummaryExtension) && !parent.isEmpty() &&
                    !parent.endsWith(title_folder::extension)) {
             found.oldFolders.append(parent.toString());
         }
         // No path leads deeper than this, so nothing there can be a title that is opened.
-        if (inside && place.size() < PATH_MAX)
-            walk(*inside, place + u'/', found);
+        if (!inside || place.size() >= PATH_MAX)
+            continue;
+        if (const Result<> walked = walk(*inside, place + u'/', found); !walked)
+            found.list.failures.append(walked.error());
     }
+    return {};
 }
 
-Found walkDataFolder()
+Result<Found> walkDataFolder()
 {
+    const auto dataFolder = FolderHandle::open(mwqnAppSuppLoc);
+    if (dataFolder.isError(Error::Kind::Missing))
+        return Found();
+    if (!dataFolder)
+        return dataFolder.error();
     Found found;
-    if (const auto dataFolder = FolderHandle::open(mwqnAppSuppLoc))
-        walk(*dataFolder, {}, found);
-    return found;
+    const Result<> walked = walk(*dataFolder, {}, found);
+    return walked ? found : Result<Found>(walked.error());
 }
 
-/// Makes a title folder of @p folder. What else lies in the old folder stays there.
-void convertOldFolder(const QString &folder)
+/// The two files of a title in a folder of the older layout.
+struct OldTitle
 {
-    const QString oldPath = mwqnAppSuppLoc + folder;
-    const QString base = oldPath + u'/' + folder;
-    const QFileInfo padFile(base + oldPadExtension);
-    const QFileInfo summaryFile(base + oldSummaryExtension);
-    if (!summaryFile.exists()) // Some other file of that kind, in a folder that is no title's.
-        return;
-    const auto summary = atomic_file::read(summaryFile.filePath());
-    const auto pad = atomic_file::read(padFile.filePath());
-    const bool isPadLost = !pad && (padFile.exists() || padFile.isSymLink());
-    if (title_folder::exists(folder) || !summary || isPadLost) {
-        qCWarning(log).noquote() << oldPath << "is left as it is: a title has its name, or it cannot be read";
-        return;
+    QString folder;
+    QString summaryPath;
+    QString padPath;
+    Result<QByteArray> summary;
+    Result<QByteArray> pad;
+};
+
+OldTitle oldTitle(const QString &name)
+{
+    const QString folder = mwqnAppSuppLoc + name;
+    const QString base = folder + u'/' + name;
+    const QString summary = base + oldSummaryExtension;
+    const QString pad = base + oldPadExtension;
+    return {folder, summary, pad, atomic_file::read(summary), atomic_file::read(pad)};
+}
+
+/// Whether a title folder holds just what @p old has: then it was made of it, and what was left to do is to
+/// remove the old one.
+bool isConverted(const OldTitle &old, const QString &titleFolder)
+{
+    const auto holds = [&titleFolder](QStringView file, const Result<QByteArray> &bytes) {
+        return atomic_file::read(titleFolder + u'/' + file) == bytes.valueOr({});
+    };
+    return holds(title_folder::summaryFile, old.summary) &&
+           (old.pad.isError(Error::Kind::Missing) || holds(title_folder::padFile, old.pad));
+}
+
+/// Removes the files of @p old, the summary last, for by that it is known. What else lies in its folder stays
+/// there.
+Result<> removeOld(const OldTitle &old)
+{
+    for (const QString &path : {old.padPath, old.summaryPath}) {
+        if (Result<> removed = atomic_file::removeAll(path); !removed && QFileInfo::exists(path))
+            return removed;
     }
-    if (!AddDeleteImportEdit::storeTitle(folder, *summary, pad.value_or(QByteArray())))
-        return;
-    QFile::remove(base + oldSummaryExtension);
-    QFile::remove(base + oldPadExtension);
-    QDir().rmdir(oldPath);
+    QDir().rmdir(old.folder);
+    return {};
+}
+
+/// Makes a title folder of the folder @p name.
+Result<> convertOldFolder(const QString &name)
+{
+    const OldTitle old = oldTitle(name);
+    if (old.summary.isError(
+            Error::Kind::Missing)) // Some other file of that kind, in a folder that is no title's.
+        return {};
+    if (!old.summary)
+        return old.summary.error();
+    if (!old.pad && (!old.pad.isError(Error::Kind::Missing) || QFileInfo(old.padPath).isSymLink()))
+        return old.pad.error();
+    if (!title_folder::exists(name)) {
+        if (Result<> stored = AddDeleteImportEdit::storeTitle(name, *old.summary, old.pad.valueOr({}));
+            !stored)
+            return stored;
+    } else if (!isConverted(old, *title_folder::path(name))) {
+        return Error{Error::Kind::Refused, old.folder, u"it is left as it is: a title has its name"_s};
+    }
+    return removeOld(old);
+}
+
+/// Makes title folders of @p oldFolders; what could not be done is among the @p failures.
+void convert(const QStringList &oldFolders, QList<Error> &failures)
+{
+    for (const QString &folder : oldFolders) {
+        if (!title_folder::isUsableName(folder)) // Elsewhere no title could be opened.
+            continue;
+        if (const Result<> converted = convertOldFolder(folder); !converted)
+            failures.append(converted.error());
+    }
 }
 
 } // namespace
 
-QList<Title> loadTitles(OldLayout oldLayout)
+Result<TitleList> loadTitles(OldLayout oldLayout)
 {
-    if (const auto failure = dataFolderFailure())
-        qCWarning(log).noquote() << *failure;
-    Found found = walkDataFolder();
-    if (oldLayout == OldLayout::Convert && !found.oldFolders.isEmpty()) {
-        for (const QString &folder : std::as_const(found.oldFolders)) {
-            if (title_folder::isUsableName(folder)) // Elsewhere no title could be opened.
-                convertOldFolder(folder);
-        }
+    Result<Found> found = walkDataFolder();
+    QList<Error> failures;
+    if (found && oldLayout == OldLayout::Convert && !found->oldFolders.isEmpty()) {
+        convert(found->oldFolders, failures);
         found = walkDataFolder();
     }
-    std::ranges::sort(found.titles, CaseInsensitiveOrder(), &Title::name);
-    return found.titles;
+    if (!found)
+        return found.error();
+    found->list.failures += failures;
+    for (const Error &failure : std::as_const(found->list.failures))
+        qCWarning(log).noquote() << failureLine(failure);
+    std::ranges::sort(found->list.titles, CaseInsensitiveOrder(), &Title::name);
+    return found->list;
 }
 
-std::optional<QString> dataFolderFailure()
+Result<Summary> loadSummary(const QString &name)
 {
-    std::error_code error;
-    const std::filesystem::directory_iterator look(QFile::encodeName(mwqnAppSuppLoc).toStdString(), error);
-    if (!error || error == std::errc::no_such_file_or_directory)
-        return std::nullopt;
-    return u"%1 cannot be listed: %2"_s.arg(mwqnAppSuppLoc, QString::fromStdString(error.message()));
-}
-
-Summary loadSummary(const QString &name)
-{
-    const auto bytes =
-        atomic_file::read(mwqnAppSuppLoc + name + title_folder::extension + u'/' + title_folder::summaryFile);
-    return bytes ? summary_file::parse(*bytes) : Summary();
+    const auto bytes = storedSummary(name);
+    return bytes ? summary_file::parse(*bytes) : Result<Summary>(bytes.error());
 }
 
 } // namespace quillon

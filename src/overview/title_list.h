@@ -1,11 +1,10 @@
 #pragma once
 
+#include "platform/result.h"
 #include "store/summary_file.h"
 
 #include <QList>
 #include <QString>
-
-#include <optional>
 
 namespace quillon {
 
@@ -16,10 +15,17 @@ struct Title
     Summary summary;
 };
 
+/// What the data folder holds, as far as it could be read.
+struct TitleList
+{
+    QList<Title> titles;
+    QList<Error> failures = {}; ///< What could not be listed, read or moved to today's layout.
+};
+
 /// What is done with folders of the older layout.
 enum class OldLayout
 {
-    Convert, ///< Made into title folders; one whose new name is taken or not usable, whose PAD file cannot be
+    Convert, ///< Made into title folders; one whose new name is taken or not usable, whose files cannot be
              ///< read, or that could not be stored anew, stays as it is.
     Leave    ///< Not listed.
 };
@@ -29,12 +35,11 @@ enum class OldLayout
 ///
 /// A title folder without a readable summary is there with empty values. One that lies in another folder has
 /// that one's name and a "/" before its own, and can be looked at only.
-QList<Title> loadTitles(OldLayout oldLayout = OldLayout::Convert);
-
-/// Why the data folder cannot be listed, one line; none when it can be, or is not there yet.
-std::optional<QString> dataFolderFailure();
+///
+/// An error when the data folder cannot be listed; one that is not there yet has no titles.
+Result<TitleList> loadTitles(OldLayout oldLayout = OldLayout::Convert);
 
 /// The summary of the title @p name as it is on disk now.
-Summary loadSummary(const QString &name);
+Result<Summary> loadSummary(const QString &name);
 
 } // namespace quillon

@@ -3,6 +3,7 @@
 #include "pad/field_catalogue.h"
 #include "pad/import_findings.h"
 #include "pad/pad_writer.h"
+#include "platform/atomic_file.h"
 #include "platform/text_decoding.h"
 #include "platform/tolerant_xml.h"
 #include "store/add_delete_import_edit.h"
@@ -12,7 +13,6 @@
 #include "store/summary_file.h"
 #include "store/title_folder.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QLoggingCategory>
 
@@ -60,18 +60,20 @@ QString sentence(NameVerdict verdict)
     return {};
 }
 
-std::optional<QString> padText(const QString &path)
+Result<QString> padText(const QString &path)
 {
     const auto bytes = atomic_file::read(path, maxPadFileSize);
     if (!bytes)
-        return std::nullopt;
+        return bytes.error();
     QString text = decodedXmlText(*bytes);
-    return text.contains(padMarker, Qt::CaseInsensitive) ? std::optional(std::move(text)) : std::nullopt;
+    if (!text.contains(padMarker, Qt::CaseInsensitive))
+        return Error{Error::Kind::Unintelligible, path, u"it is no PAD file"_s};
+    return text;
 }
 
 Import importPadFile(const QString &path, const std::optional<QString> &name)
 {
-    const std::optional<QString> text = padText(path);
+    const Result<QString> text = padText(path);
     if (!text)
         return {Import::NotPad,
                 {},
@@ -83,28 +85,32 @@ Import importPadFile(const QString &path, const std::optional<QString> &name)
         return {Import::NeedsName, chosen, name ? sentence(verdict) : nameConflict(chosen), {}};
 
     const QByteArray content = text->toUtf8();
-    if (!AddDeleteImportEdit::importExistingFile(chosen, content))
-        return {Import::NotStored, chosen, failedWriteLine(QDir::cleanPath(mwqnAppSuppLoc)), {}};
-    return {Import::Imported, chosen, importSucceeded, importFindings(content)};
+    const Result<> stored = AddDeleteImportEdit::importExistingFile(chosen, content);
+    if (!stored.isDone())
+        return {Import::NotStored, chosen, failureLine(stored.error()), {}, stored};
+    return {Import::Imported, chosen, importSucceeded, importFindings(content), stored};
 }
 
-std::optional<QByteArray> exportedPad(const QString &title)
+Result<QByteArray> exportedPad(const QString &title)
 {
     const auto folder = title_folder::path(title);
-    const auto stored = folder ? atomic_file::read(*folder + u'/' + title_folder::padFile) : std::nullopt;
-    return stored ? std::optional(pad_writer::exported(*stored)) : std::nullopt;
+    if (!folder)
+        return Error{Error::Kind::Missing, title, u"there is no such title"_s};
+    const auto stored = atomic_file::read(*folder + u'/' + title_folder::padFile);
+    return stored ? pad_writer::exported(*stored) : stored;
 }
 
-std::optional<atomic_file::WriteError> exportPadFile(const QString &title, const QString &path)
+Result<> exportPadFile(const QString &title, const QString &path)
 {
     const auto content = exportedPad(title);
     if (!content)
-        return atomic_file::WriteError{path, u"the title's own PAD file cannot be read"_s};
+        return Error{content.error().kind, path,
+                     u"the title's own PAD file cannot be read: %1"_s.arg(content.error().reason)};
     const QFileInfo there(path);
     if (!there.exists() && !there.isSymLink())
         return atomic_file::write(path, *content);
     if (!there.isFile())
-        return atomic_file::WriteError{path, u"what has that name is no file"_s};
+        return Error{Error::Kind::Refused, path, u"what has that name is no file"_s};
     return atomic_file::write(there.canonicalFilePath(), *content); // A link stays one.
 }
 
@@ -127,16 +133,17 @@ bool pruneMarks()
             versions.removeAt(at);
         changed = true;
     }
-    if (changed && !site_list::isUnderstood(site_list::userSites)) {
+    if (!changed)
+        return false;
+    const auto ownSites = site_list::stored(site_list::userSites);
+    if (!ownSites && !ownSites.isError(Error::Kind::Missing)) {
         // Nobody can tell now which sites are gone; the marks of the author's own are not to go for that.
-        qCWarning(log).noquote() << "marks stay as they are:" << site_list::userSites << "cannot be read";
+        qCWarning(log).noquote() << "marks stay as they are:" << failureLine(ownSites.error());
         return false;
     }
-    if (changed) {
-        const QString pruned = summary_file::withSubmissions(decodedXmlText(*bytes), sites, versions);
-        AddDeleteImportEdit::writeToFile(u"general", pruned.toUtf8());
-    }
-    return changed;
+    const QString pruned = summary_file::withSubmissions(decodedXmlText(*bytes), sites, versions);
+    (void)AddDeleteImportEdit::writeToFile(u"general", pruned.toUtf8(), bytes);
+    return true;
 }
 
 } // namespace quillon::title_operations

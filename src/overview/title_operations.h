@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/atomic_file.h"
+#include "platform/result.h"
 
 #include <QByteArray>
 #include <QString>
@@ -40,13 +40,15 @@ struct Import
     QString name;         ///< The title's name, or the one that could not be used.
     QString message;      ///< The sentence for the author.
     QStringList findings; ///< After an import: what Quillon will not keep, one sentence each.
+    Result<> stored = {}; ///< What came of storing the title; after an import it may not yet be safe.
 };
 
 /// Files larger than this (bytes) are not taken for PAD files; real ones have some 10 to 100 kB.
 inline constexpr qint64 maxPadFileSize = 16LL * 1024 * 1024;
 
-/// The text of the PAD file at @p path; none when it is unreadable, too large, or without the PAD marker.
-std::optional<QString> padText(const QString &path);
+/// The text of the PAD file at @p path; one that is too large is unreadable, one without the PAD marker
+/// unintelligible.
+Result<QString> padText(const QString &path);
 
 /// Makes a title of the PAD file at @p path, under the file's own program name or under @p name.
 Import importPadFile(const QString &path, const std::optional<QString> &name = std::nullopt);
@@ -54,10 +56,10 @@ Import importPadFile(const QString &path, const std::optional<QString> &name = s
 /// Writes the stored PAD file of @p title to @p path, taken as it is. An existing file is replaced, where
 /// @p path is a link the one that it points to; anything else that has the name stays. The error is for the
 /// caller to tell; it is none of the stored files'.
-[[nodiscard]] std::optional<atomic_file::WriteError> exportPadFile(const QString &title, const QString &path);
+Result<> exportPadFile(const QString &title, const QString &path);
 
-/// The exported form of the stored PAD file of @p title; none when it cannot be read.
-std::optional<QByteArray> exportedPad(const QString &title);
+/// The exported form of the stored PAD file of @p title.
+Result<QByteArray> exportedPad(const QString &title);
 
 /// Takes the selected title's marks of sites that are gone from the catalogue out of its summary file. True
 /// when there were any. Before the catalogue has been built, or while the author's own sites cannot be read,

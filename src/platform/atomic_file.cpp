@@ -1,14 +1,13 @@
 #include "platform/atomic_file.h"
 
-#include "platform/descriptor.h"
+#include "platform/folder_handle.h"
+#include "platform/unfinished_name.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QRandomGenerator>
 
-#include <cerrno>
-#include <cstring>
+#include <cstdio>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -19,24 +18,13 @@ namespace quillon::atomic_file {
 
 namespace {
 
-std::optional<WriteError> failure(const QString &path, const QString &step)
+Error failure(const QString &path, const QString &step)
 {
-    return WriteError{path, u"%1: %2"_s.arg(step, QString::fromLocal8Bit(std::strerror(errno)))};
-}
-
-/// Syncs the folder that @p path lies in, so that its entry there outlives a crash.
-std::optional<WriteError> syncParent(const QString &path)
-{
-    const QByteArray folder = QFile::encodeName(QFileInfo(path).path());
-    const Descriptor descriptor(::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    // Some file systems cannot sync a folder and say EINVAL; there is nothing more to be done there.
-    if (!descriptor.isOpen() || (::fsync(descriptor.get()) != 0 && errno != EINVAL))
-        return failure(path, u"syncing the folder failed"_s);
-    return std::nullopt;
+    return systemError(Error::Kind::NotDone, path, step);
 }
 
 /// Steps up to and with the sync of the temporary file.
-std::optional<WriteError> fill(const QString &path, const QByteArray &temporary, const QByteArray &bytes)
+Result<> fill(const QString &path, const QByteArray &temporary, const QByteArray &bytes)
 {
     struct stat old = {};
     const bool replaces = ::lstat(QFile::encodeName(path).constData(), &old) == 0 && S_ISREG(old.st_mode);
@@ -51,75 +39,67 @@ std::optional<WriteError> fill(const QString &path, const QByteArray &temporary,
         return failure(path, u"syncing failed"_s);
     if (!file.close())
         return failure(path, u"closing failed"_s);
-    return std::nullopt;
+    return {};
+}
+
+/// Fills a temporary file and renames it over the one at @p path.
+Result<> fillAndRename(const QString &path, const QByteArray &bytes)
+{
+    const QByteArray folder = QFile::encodeName(QFileInfo(path).path());
+    const QByteArray temporary = folder + '/' + unfinished_name::make(unfinished_name::file);
+    Result<> done = fill(path, temporary, bytes);
+    if (done && ::rename(temporary.constData(), QFile::encodeName(path).constData()) != 0)
+        done = failure(path, u"the old file could not be replaced"_s);
+    if (!done)
+        ::unlink(temporary.constData());
+    return done;
+}
+
+/// Syncs @p folder after a change of the entry at @p path.
+Result<> synced(const FolderHandle &folder, const QString &path)
+{
+    Result<> done = folder.sync();
+    return done ? done : Error{done.error().kind, path, done.error().reason};
 }
 
 } // namespace
 
-std::optional<WriteError> write(const QString &path, const QByteArray &bytes)
+Result<QByteArray> read(const QString &path, qint64 maxSize)
 {
-    const std::optional<QByteArray> old = read(path);
+    return Descriptor::readFile(AT_FDCWD, QFile::encodeName(path), 0, maxSize, path);
+}
+
+Result<> replace(const QString &path, const QByteArray &bytes, const Result<QByteArray> &old)
+{
     if (old == bytes)
-        return std::nullopt;
-    if (!old && QFileInfo(path).isFile())
-        return WriteError{path, u"the file there cannot be read, so it is left as it is"_s};
-
-    const QByteArray folder = QFile::encodeName(QFileInfo(path).path());
-    // The name leaves room for the longest that a file system takes, whatever the length of the file's own.
-    // It is nobody else's: in containers and on shared disks several processes have the same number.
-    const QByteArray number = QByteArray::number(QRandomGenerator::system()->generate64(), 36);
-    const QByteArray temporary = folder + '/' + unfinishedPrefix.toUtf8() + number + ".tmp";
-
-    std::optional<WriteError> error = fill(path, temporary, bytes);
-    if (!error && ::rename(temporary.constData(), QFile::encodeName(path).constData()) != 0)
-        error = failure(path, u"the old file could not be replaced"_s);
-    if (error) {
-        ::unlink(temporary.constData());
-        return error;
-    }
-    return syncParent(path);
+        return {};
+    if (!old && !old.isError(Error::Kind::Missing))
+        return Error{old.error().kind, path, u"%1; it is left as it is"_s.arg(old.error().reason)};
+    // Opened first: a folder that cannot be opened could not be synced in the end.
+    const auto folder = FolderHandle::open(QFileInfo(path).path());
+    if (!folder)
+        return Error{.path = path, .reason = folder.error().reason};
+    const Result<> renamed = fillAndRename(path, bytes);
+    return renamed ? synced(*folder, path) : renamed;
 }
 
-std::optional<QByteArray> read(const QString &path, qint64 maxSize)
+Result<> write(const QString &path, const QByteArray &bytes)
 {
-    // Not a pipe nor a device: opening one could wait for ever.
-    const Descriptor descriptor(
-        ::open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
-    struct stat status = {};
-    if (!descriptor.isOpen() || ::fstat(descriptor.get(), &status) != 0 || !S_ISREG(status.st_mode) ||
-        status.st_size > maxSize)
-        return std::nullopt;
-    // What grows meanwhile is taken as it was; what shrinks is what is left of it.
-    QByteArray bytes(status.st_size, Qt::Uninitialized);
-    qsizetype length = 0;
-    while (length < bytes.size()) {
-        const ssize_t count = ::read(descriptor.get(), bytes.data() + length, size_t(bytes.size() - length));
-        if (count < 0 && errno == EINTR)
-            continue;
-        if (count < 0)
-            return std::nullopt;
-        if (count == 0)
-            break;
-        length += count;
-    }
-    bytes.truncate(length);
-    return bytes;
+    return replace(path, bytes, read(path));
 }
 
-bool removeAll(const QString &path)
+Result<> syncEntry(const QString &path)
+{
+    const auto folder = FolderHandle::open(QFileInfo(path).path());
+    return folder ? synced(*folder, path) : Error{Error::Kind::NotYetSafe, path, folder.error().reason};
+}
+
+Result<> removeAll(const QString &path)
 {
     const QFileInfo info(path);
-    return info.isDir() && !info.isSymLink() ? QDir(path).removeRecursively() : QFile::remove(path);
-}
-
-std::optional<WriteError> moveFolder(const QString &from, const QString &to)
-{
-    struct stat existing = {};
-    if (::lstat(QFile::encodeName(to).constData(), &existing) == 0)
-        return WriteError{to, u"something has that name already"_s};
-    if (::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) != 0)
-        return failure(from, u"the folder could not be renamed"_s);
-    return syncParent(to);
+    if (info.isDir() && !info.isSymLink() ? QDir(path).removeRecursively() : QFile::remove(path))
+        return {};
+    return Error{.path = path, .reason = u"something of it could not be removed"_s};
 }
 
 } // namespace quillon::atomic_file

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "platform/result.h"
+
 #include <QByteArray>
 
-#include <cerrno>
-#include <unistd.h>
-#include <utility>
+#include <optional>
 
 namespace quillon {
 
@@ -23,30 +23,27 @@ public:
 
     [[nodiscard]] int get() const { return m_descriptor; }
     [[nodiscard]] bool isOpen() const { return m_descriptor >= 0; }
-    bool close()
-    {
-        const int closing = std::exchange(m_descriptor, -1);
-        return closing < 0 || ::close(closing) == 0;
-    }
+    bool close();
 
     /// Writes all of @p bytes; false, with the reason in errno, when not all could be written.
-    [[nodiscard]] bool writeAll(const QByteArray &bytes) const
-    {
-        qsizetype written = 0;
-        while (written < bytes.size()) {
-            const ssize_t count =
-                ::write(m_descriptor, bytes.constData() + written, size_t(bytes.size() - written));
-            if (count < 0 && errno == EINTR)
-                continue;
-            if (count <= 0)
-                return false;
-            written += count;
-        }
-        return true;
-    }
+    [[nodiscard]] bool writeAll(const QByteArray &bytes) const;
+
+    /// Reads up to @p size bytes, to the end of the file if there are fewer; none, with the reason in errno,
+    /// on an error.
+    [[nodiscard]] std::optional<QByteArray> readUpTo(qint64 size) const;
+
+    /// The whole of the regular file at @p name in the open folder @p folder (or AT_FDCWD), opened with
+    /// @p flags besides; told of as @p path. A file of more than @p maxSize bytes, and anything that is no
+    /// regular file, is unreadable.
+    static Result<QByteArray> readFile(int folder, const QByteArray &name, int flags, qint64 maxSize,
+                                       const QString &path);
 
 private:
     int m_descriptor;
 };
+
+/// The error of the system call that has just failed: @p step and the system's reason, from errno. Where
+/// nothing is there its kind is Missing instead of @p kind, if that is Unreadable.
+Error systemError(Error::Kind kind, const QString &path, const QString &step);
 
 } // namespace quillon

@@ -4,10 +4,11 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <cstdio>
-#include <cstring>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -17,49 +18,42 @@ namespace {
 
 constexpr int folderFlags = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
 
-FolderHandle::Failure failure(const QString &step)
+/// What came of a system call that gives 0 when all is well.
+Result<> result(int status, const QString &path, const QString &step)
 {
-    return u"%1: %2"_s.arg(step, QString::fromLocal8Bit(std::strerror(errno)));
-}
-
-/// Reads up to @p size bytes, to the end of the file if there are fewer; none on an error.
-std::optional<QByteArray> readAll(const Descriptor &file, qint64 size)
-{
-    QByteArray bytes(size, Qt::Uninitialized);
-    qsizetype count = 0;
-    while (count < bytes.size()) {
-        const ssize_t read = ::read(file.get(), bytes.data() + count, size_t(bytes.size() - count));
-        if (read < 0 && errno == EINTR)
-            continue;
-        if (read < 0)
-            return std::nullopt;
-        if (read == 0)
-            break;
-        count += read;
-    }
-    bytes.truncate(count);
-    return bytes;
+    return status == 0 ? Result<>() : systemError(Error::Kind::NotDone, path, step);
 }
 
 } // namespace
 
-std::optional<FolderHandle> FolderHandle::adopted(int descriptor)
+Result<FolderHandle> FolderHandle::adopted(int descriptor, const QString &path)
 {
-    return descriptor < 0 ? std::nullopt : std::optional(FolderHandle(Descriptor(descriptor)));
+    if (descriptor < 0) {
+        const bool isNoFolder = errno == ENOTDIR; // Something is there.
+        Error error = systemError(Error::Kind::Unreadable, path, u"the folder cannot be opened"_s);
+        if (isNoFolder)
+            error.kind = Error::Kind::Unreadable;
+        return error;
+    }
+    return FolderHandle(Descriptor(descriptor), path);
 }
 
-std::optional<FolderHandle> FolderHandle::open(const QString &path)
+Result<FolderHandle> FolderHandle::open(const QString &path)
 {
-    return adopted(::open(QFile::encodeName(path).constData(), folderFlags));
+    return adopted(::open(QFile::encodeName(path).constData(), folderFlags), path);
 }
 
-QList<FolderHandle::Entry> FolderHandle::entries() const
+QString FolderHandle::pathOf(const QByteArray &name) const
+{
+    return (m_path.endsWith(u'/') ? m_path : m_path + u'/') + QFile::decodeName(name);
+}
+
+Result<QList<FolderHandle::Entry>> FolderHandle::entries() const
 {
     QList<Entry> found;
     alignas(dirent64) std::array<char, 32UL * 1024> records;
-    ::lseek(m_descriptor.get(), 0, SEEK_SET);
-    ssize_t size = 0;
-    while ((size = ::getdents64(m_descriptor.get(), records.data(), records.size())) > 0) {
+    ssize_t size = ::lseek(m_descriptor.get(), 0, SEEK_SET);
+    while (size >= 0 && (size = ::getdents64(m_descriptor.get(), records.data(), records.size())) > 0) {
         for (ssize_t at = 0; at < size;) {
             const auto *const record = reinterpret_cast<const dirent64 *>(records.data() + at);
             const QByteArrayView name(record->d_name);
@@ -68,6 +62,8 @@ QList<FolderHandle::Entry> FolderHandle::entries() const
             at += record->d_reclen;
         }
     }
+    if (size < 0)
+        return systemError(Error::Kind::Unreadable, m_path, u"the folder cannot be listed"_s);
     std::ranges::sort(found, {}, &Entry::name);
     return found;
 }
@@ -88,92 +84,95 @@ FolderHandle::Kind FolderHandle::kindOf(const dirent64 &record) const
 bool FolderHandle::exists(const QByteArray &name) const
 {
     struct stat status = {};
-    return ::fstatat(m_descriptor.get(), name.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0;
+    return ::fstatat(m_descriptor.get(), name.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0 ||
+           errno != ENOENT;
 }
 
-std::optional<FolderHandle> FolderHandle::openFolder(const QByteArray &name) const
+Result<FolderHandle> FolderHandle::openFolder(const QByteArray &name) const
 {
-    return adopted(::openat(m_descriptor.get(), name.constData(), folderFlags | O_NOFOLLOW));
+    return adopted(::openat(m_descriptor.get(), name.constData(), folderFlags | O_NOFOLLOW), pathOf(name));
 }
 
-std::optional<FolderHandle> FolderHandle::makeFolder(const QByteArray &name) const
+Result<FolderHandle> FolderHandle::makeFolder(const QByteArray &name) const
 {
-    return ::mkdirat(m_descriptor.get(), name.constData(), 0777) == 0 ? openFolder(name) : std::nullopt;
+    if (::mkdirat(m_descriptor.get(), name.constData(), 0777) != 0)
+        return systemError(Error::Kind::NotDone, pathOf(name), u"the folder could not be made"_s);
+    return openFolder(name);
 }
 
-std::optional<QByteArray> FolderHandle::read(const QByteArray &name) const
+Result<QByteArray> FolderHandle::read(const QByteArray &name) const
 {
-    // Not a pipe nor a device: opening one could wait for ever.
-    const Descriptor file(
-        ::openat(m_descriptor.get(), name.constData(), O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC));
-    struct stat status = {};
-    if (!file.isOpen() || ::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode) ||
-        status.st_size > maxFileSize)
-        return std::nullopt;
-    return readAll(file, status.st_size);
+    return Descriptor::readFile(m_descriptor.get(), name, O_NOFOLLOW, maxFileSize, pathOf(name));
 }
 
-FolderHandle::Failure FolderHandle::write(const QByteArray &name, const QByteArray &bytes) const
+Result<> FolderHandle::write(const QByteArray &name, const QByteArray &bytes) const
 {
+    const auto failed = [this, &name](const QString &step) {
+        return systemError(Error::Kind::NotDone, pathOf(name), step);
+    };
     Descriptor file(::openat(m_descriptor.get(), name.constData(),
                              O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666));
     if (!file.isOpen())
-        return failure(u"the file could not be made"_s);
+        return failed(u"the file could not be made"_s);
     if (!file.writeAll(bytes))
-        return failure(u"writing failed"_s);
+        return failed(u"writing failed"_s);
     // One byte more than there should be, so that a longer file differs as well.
-    if (::lseek(file.get(), 0, SEEK_SET) != 0 || readAll(file, bytes.size() + 1) != bytes)
-        return u"what was written reads otherwise"_s;
-    return file.close() ? std::nullopt : failure(u"closing failed"_s);
+    const auto there = ::lseek(file.get(), 0, SEEK_SET) == 0 ? file.readUpTo(bytes.size() + 1) : std::nullopt;
+    if (!there)
+        return failed(u"reading it back failed"_s);
+    if (there != bytes)
+        return Error{.path = pathOf(name), .reason = u"what was written reads otherwise"_s};
+    return file.close() ? Result<>() : failed(u"closing failed"_s);
 }
 
-FolderHandle::Failure FolderHandle::move(const QByteArray &name, const FolderHandle &to,
-                                         const QByteArray &newName) const
+Result<> FolderHandle::move(const QByteArray &name, const FolderHandle &to, const QByteArray &newName) const
 {
     const int from = m_descriptor.get();
-    if (::renameat2(from, name.constData(), to.m_descriptor.get(), newName.constData(), RENAME_NOREPLACE) ==
-        0)
-        return std::nullopt;
-    if (errno != EINVAL && errno != ENOSYS)
-        return failure(u"moving failed"_s);
+    const int target = to.m_descriptor.get();
+    const QString step = u"moving failed"_s;
+    const int status = ::renameat2(from, name.constData(), target, newName.constData(), RENAME_NOREPLACE);
+    if (status == 0 || (errno != EINVAL && errno != ENOSYS))
+        return result(status, pathOf(name), step);
     // This file system cannot promise not to replace, so that is looked at first.
     if (to.exists(newName))
-        return u"moving failed: something has that name already"_s;
-    return ::renameat(from, name.constData(), to.m_descriptor.get(), newName.constData()) == 0
-               ? std::nullopt
-               : failure(u"moving failed"_s);
+        return Error{.path = pathOf(name), .reason = u"moving failed: something has that name already"_s};
+    return result(::renameat(from, name.constData(), target, newName.constData()), pathOf(name), step);
 }
 
-FolderHandle::Failure FolderHandle::swap(const QByteArray &name, const QByteArray &other) const
+Result<> FolderHandle::swap(const QByteArray &name, const QByteArray &other) const
 {
     const int folder = m_descriptor.get();
-    return ::renameat2(folder, name.constData(), folder, other.constData(), RENAME_EXCHANGE) == 0
-               ? std::nullopt
-               : failure(u"swapping failed"_s);
+    return result(::renameat2(folder, name.constData(), folder, other.constData(), RENAME_EXCHANGE),
+                  pathOf(name), u"swapping failed"_s);
 }
 
-FolderHandle::Failure FolderHandle::sync() const
+Result<> FolderHandle::sync() const
 {
     // Some file systems cannot sync a folder and say EINVAL; there is nothing more to be done there.
-    return ::fsync(m_descriptor.get()) == 0 || errno == EINVAL ? std::nullopt : failure(u"syncing failed"_s);
+    if (::fsync(m_descriptor.get()) == 0 || errno == EINVAL)
+        return {};
+    return systemError(Error::Kind::NotYetSafe, m_path, u"syncing the folder failed"_s);
 }
 
-FolderHandle::Failure FolderHandle::syncFiles() const
+Result<> FolderHandle::syncFiles() const
 {
-    for (const Entry &entry : entries()) {
+    const auto found = entries();
+    if (!found)
+        return found.error();
+    for (const Entry &entry : *found) {
         if (entry.kind != Kind::File)
             continue;
         const Descriptor file(
             ::openat(m_descriptor.get(), entry.name.constData(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC));
         if (!file.isOpen() || ::fsync(file.get()) != 0)
-            return failure(u"syncing failed"_s);
+            return systemError(Error::Kind::NotDone, pathOf(entry.name), u"syncing failed"_s);
     }
     return sync();
 }
 
-FolderHandle::Failure FolderHandle::syncFileSystem() const
+Result<> FolderHandle::syncFileSystem() const
 {
-    return ::syncfs(m_descriptor.get()) == 0 ? std::nullopt : failure(u"syncing failed"_s);
+    return result(::syncfs(m_descriptor.get()), m_path, u"syncing failed"_s);
 }
 
 } // namespace quillon

@@ -7,7 +7,6 @@
 #include <QString>
 
 #include <dirent.h>
-#include <optional>
 
 namespace quillon {
 
@@ -15,8 +14,7 @@ namespace quillon {
  * An open folder, through which what lies in it is reached by single names.
  *
  * Names are those of the file system, in its own bytes. No operation follows a symbolic link or leads out of
- * the folder, whatever somebody else does to the tree meanwhile. Failures are told as a readable reason; none
- * means that all is well.
+ * the folder, whatever somebody else does to the tree meanwhile. Errors bear the path of what they are about.
  */
 class FolderHandle
 {
@@ -32,48 +30,57 @@ public:
         QByteArray name;
         Kind kind;
     };
-    using Failure = std::optional<QString>;
 
     /// Files larger than this (bytes) are not read; the files of a title have some 10 to 100 kB.
     static constexpr qint64 maxFileSize = 64LL * 1024 * 1024;
 
-    /// The folder at @p path, which may lead there over links; none when it cannot be opened.
-    static std::optional<FolderHandle> open(const QString &path);
+    /// The folder at @p path, which may lead there over links.
+    static Result<FolderHandle> open(const QString &path);
 
-    /// What lies in the folder, by name, without "." and "..". Not from two threads at a time.
-    [[nodiscard]] QList<Entry> entries() const;
-    /// Whether anything, a broken link as well, has the name.
+    /// As it was opened.
+    [[nodiscard]] const QString &path() const { return m_path; }
+
+    /// What lies in the folder, by name, without "." and "..". All of it or an error. Not from two threads at
+    /// a time.
+    [[nodiscard]] Result<QList<Entry>> entries() const;
+    /// Whether anything, a broken link as well, has the name; also when that cannot be told.
     [[nodiscard]] bool exists(const QByteArray &name) const;
 
-    [[nodiscard]] std::optional<FolderHandle> openFolder(const QByteArray &name) const;
-    /// Makes a folder; none when that fails or the name is taken.
-    [[nodiscard]] std::optional<FolderHandle> makeFolder(const QByteArray &name) const;
+    [[nodiscard]] Result<FolderHandle> openFolder(const QByteArray &name) const;
+    /// Makes a folder. A taken name is an error.
+    [[nodiscard]] Result<FolderHandle> makeFolder(const QByteArray &name) const;
 
-    /// The whole of a regular file; none when it is anything else or cannot be read.
-    [[nodiscard]] std::optional<QByteArray> read(const QByteArray &name) const;
-    /// Makes a file of @p bytes and compares what then stands there. A taken name is a failure. Nothing is
+    /// The whole of a regular file; a link to one is unreadable.
+    [[nodiscard]] Result<QByteArray> read(const QByteArray &name) const;
+    /// Makes a file of @p bytes and compares what then stands there. A taken name is an error. Nothing is
     /// synced.
-    [[nodiscard]] Failure write(const QByteArray &name, const QByteArray &bytes) const;
+    [[nodiscard]] Result<> write(const QByteArray &name, const QByteArray &bytes) const;
 
-    /// Moves an entry to @p to, never over another one.
-    [[nodiscard]] Failure move(const QByteArray &name, const FolderHandle &to,
-                               const QByteArray &newName) const;
+    /// Moves an entry to @p to, never over another one, in one step that no crash can halve. Nothing is
+    /// synced.
+    [[nodiscard]] Result<> move(const QByteArray &name, const FolderHandle &to,
+                                const QByteArray &newName) const;
     /// Swaps two entries in one step, where the file system can do that; else fails.
-    [[nodiscard]] Failure swap(const QByteArray &name, const QByteArray &other) const;
+    [[nodiscard]] Result<> swap(const QByteArray &name, const QByteArray &other) const;
 
-    /// Syncs the folder's list of names.
-    [[nodiscard]] Failure sync() const;
+    /// Syncs the folder's list of names; the error is that what was done to it is not yet safe.
+    [[nodiscard]] Result<> sync() const;
     /// Syncs the files in the folder, and the list of their names.
-    [[nodiscard]] Failure syncFiles() const;
+    [[nodiscard]] Result<> syncFiles() const;
     /// Syncs everything on the folder's file system: one step for any number of files.
-    [[nodiscard]] Failure syncFileSystem() const;
+    [[nodiscard]] Result<> syncFileSystem() const;
 
 private:
-    explicit FolderHandle(Descriptor descriptor) : m_descriptor(std::move(descriptor)) {}
-    static std::optional<FolderHandle> adopted(int descriptor);
+    FolderHandle(Descriptor descriptor, const QString &path)
+        : m_descriptor(std::move(descriptor)), m_path(path)
+    {
+    }
+    static Result<FolderHandle> adopted(int descriptor, const QString &path);
+    [[nodiscard]] QString pathOf(const QByteArray &name) const;
     [[nodiscard]] Kind kindOf(const dirent64 &record) const;
 
     Descriptor m_descriptor;
+    QString m_path;
 };
 
 } // namespace quillon

@@ -4,6 +4,8 @@
 #include <memory>
 #include <plist/plist.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quillon::property_list {
 
 namespace {
@@ -21,15 +23,16 @@ bool isShallow(const QByteArray &xml)
 
 } // namespace
 
-std::optional<StringDictionary> read(const QByteArray &bytes)
+Result<StringDictionary> read(const QByteArray &bytes)
 {
+    const Error notOne{.kind = Error::Kind::Unintelligible, .reason = u"it is no property list of texts"_s};
     if (bytes.isEmpty() || bytes.size() > maxSize || !isShallow(bytes))
-        return std::nullopt;
+        return notOne;
     plist_t root = nullptr;
     plist_from_xml(bytes.constData(), static_cast<uint32_t>(bytes.size()), &root);
     const Node owner(root, plist_free);
     if (!root || plist_get_node_type(root) != PLIST_DICT)
-        return std::nullopt;
+        return notOne;
 
     StringDictionary dictionary;
     plist_dict_iter position = nullptr;

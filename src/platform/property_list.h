@@ -1,10 +1,9 @@
 #pragma once
 
+#include "platform/result.h"
 #include "platform/string_dictionary.h"
 
 #include <QByteArray>
-
-#include <optional>
 
 /// XML property lists whose root is one dictionary of texts.
 namespace quillon::property_list {
@@ -14,9 +13,9 @@ namespace quillon::property_list {
 inline constexpr qsizetype maxSize = qsizetype{16} * 1024 * 1024;
 inline constexpr qsizetype maxContainers = 1000;
 
-/// The dictionary in @p bytes; none when they are malformed, too large, hold too many of those or are no
-/// dictionary. Entries whose value is no text are left out.
-std::optional<StringDictionary> read(const QByteArray &bytes);
+/// The dictionary in @p bytes; unintelligible when they are malformed, too large, hold too many of those or
+/// are no dictionary. Entries whose value is no text are left out.
+Result<StringDictionary> read(const QByteArray &bytes);
 
 /// The XML form of @p dictionary, entries in its order. No entries give emptyText().
 QByteArray write(const StringDictionary &dictionary);

@@ -52,6 +52,10 @@ public:
     [[nodiscard]] const Error &error() const { return *std::get_if<1>(&m_content); }
     /// Whether this is an error of @p kind.
     [[nodiscard]] bool isError(Error::Kind kind) const { return !*this && error().kind == kind; }
+    /// The value, or @p instead of it: only where an error and that value mean the same to whoever asks.
+    [[nodiscard]] T valueOr(T instead) const { return *this ? **this : std::move(instead); }
+    /// Whether there is a value, and it is @p value.
+    friend bool operator==(const Result &result, const T &value) { return result && *result == value; }
 
 private:
     std::variant<T, Error> m_content;

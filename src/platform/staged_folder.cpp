@@ -1,78 +1,76 @@
 #include "platform/staged_folder.h"
 
 #include "platform/atomic_file.h"
+#include "platform/unfinished_name.h"
 
-#include <QCoreApplication>
 #include <QFile>
 
 using namespace Qt::StringLiterals;
 
 namespace quillon {
 
-namespace {
-
-/// A name that nothing in @p folder has.
-QByteArray freeName(const FolderHandle &folder)
-{
-    const QByteArray base =
-        atomic_file::unfinishedPrefix.toUtf8() + QByteArray::number(QCoreApplication::applicationPid());
-    QByteArray name = base;
-    for (int number = 2; folder.exists(name); ++number)
-        name = base + '-' + QByteArray::number(number);
-    return name;
-}
-
-} // namespace
-
-std::variant<StagedFolder, QString> StagedFolder::in(const QString &parent)
+Result<StagedFolder> StagedFolder::in(const QString &parent)
 {
     auto handle = FolderHandle::open(parent);
     if (!handle)
-        return u"the folder %1 cannot be opened"_s.arg(parent);
-    const QByteArray name = freeName(*handle);
+        return handle.error();
+    const QByteArray name = unfinished_name::make(unfinished_name::folder);
     auto folder = handle->makeFolder(name);
     if (!folder)
-        return u"no folder can be made in %1"_s.arg(parent);
-    return StagedFolder(parent, name, *std::move(handle), *std::move(folder));
+        return Error{.path = parent, .reason = folder.error().reason};
+    return StagedFolder(name, *std::move(handle), *std::move(folder));
 }
 
 StagedFolder::~StagedFolder()
 {
     if (!m_name.isEmpty())
-        atomic_file::removeAll(m_parentPath + u'/' + QFile::decodeName(m_name));
+        (void)atomic_file::removeAll(m_parent.path() + u'/' + QFile::decodeName(m_name));
 }
 
-StagedFolder::Failure StagedFolder::putInPlace(const QString &name, Content content, bool replace)
+Result<> StagedFolder::putInPlace(const QString &name, Content content, bool replace)
 {
     const QByteArray place = QFile::encodeName(name);
-    if (auto failure = content == Content::Files ? m_folder.syncFiles() : m_folder.syncFileSystem())
-        return failure;
-    if (m_parent.exists(place) && replace) {
-        if (auto failure = this->replace(place))
-            return failure;
-    } else {
-        if (auto failure = m_parent.move(m_name, m_parent, place))
-            return failure;
+    if (Result<> synced = syncContent(content); !synced)
+        return synced;
+    const bool replaces = replace && m_parent.exists(place);
+    if (Result<> moved = replaces ? this->replace(place) : m_parent.move(m_name, m_parent, place); !moved)
+        return moved;
+    if (!replaces)
         m_name.clear();
-    }
-    return m_parent.sync();
+    const Result<> safe = m_parent.sync();
+    if (safe || !replaces)
+        return safe;
+    // A crash might bring the old folder back, so it is not removed.
+    const QString old = QFile::decodeName(std::exchange(m_name, {}));
+    return Error{safe.error().kind, safe.error().path,
+                 u"%1; the old one is now called %2"_s.arg(safe.error().reason, old)};
+}
+
+Result<> StagedFolder::syncContent(Content content) const
+{
+    Result<> synced = content == Content::Files ? m_folder.syncFiles() : m_folder.syncFileSystem();
+    // What is not in its place yet is not done.
+    return synced ? synced : Error{Error::Kind::NotDone, synced.error().path, synced.error().reason};
 }
 
 /// Leaves the old folder under the staged one's name, so that it goes with this object.
-StagedFolder::Failure StagedFolder::replace(const QByteArray &name)
+Result<> StagedFolder::replace(const QByteArray &name)
 {
-    if (!m_parent.swap(m_name, name))
-        return std::nullopt;
+    if (m_parent.swap(m_name, name))
+        return {};
     // Without a swap in one step the old folder steps aside first, and back again if the new one cannot come.
-    const QByteArray aside = freeName(m_parent);
-    if (auto failure = m_parent.move(name, m_parent, aside))
-        return failure;
-    if (auto failure = m_parent.move(m_name, m_parent, name)) {
-        const Failure lost = m_parent.move(aside, m_parent, name);
-        return lost ? u"%1; the old one is now called %2"_s.arg(*failure, QFile::decodeName(aside)) : failure;
+    const QByteArray aside = unfinished_name::make(unfinished_name::deleted);
+    if (Result<> stepped = m_parent.move(name, m_parent, aside); !stepped)
+        return stepped;
+    const Result<> moved = m_parent.move(m_name, m_parent, name);
+    if (moved) {
+        m_name = aside;
+        return moved;
     }
-    m_name = aside;
-    return std::nullopt;
+    if (m_parent.move(aside, m_parent, name))
+        return moved;
+    return Error{Error::Kind::NotDone, moved.error().path,
+                 u"%1; the old one is now called %2"_s.arg(moved.error().reason, QFile::decodeName(aside))};
 }
 
 } // namespace quillon

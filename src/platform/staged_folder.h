@@ -4,9 +4,6 @@
 
 #include <QString>
 
-#include <optional>
-#include <variant>
-
 namespace quillon {
 
 /**
@@ -18,10 +15,8 @@ namespace quillon {
 class StagedFolder
 {
 public:
-    using Failure = FolderHandle::Failure;
-
-    /// Makes a staged folder in the folder @p parent, which must exist; else the reason.
-    static std::variant<StagedFolder, QString> in(const QString &parent);
+    /// Makes a staged folder in the folder @p parent, which must exist.
+    static Result<StagedFolder> in(const QString &parent);
 
     StagedFolder(StagedFolder &&) noexcept = default;
     StagedFolder &operator=(StagedFolder &&) = delete;
@@ -38,21 +33,19 @@ public:
         Folders ///< Any number of both: everything on the file system is synced, in one step.
     };
 
-    /// Syncs what is in it and gives it the name @p name in its parent. Something of that name is a failure,
-    /// unless @p replace says that it is to go; it goes only when the new folder stands there.
-    [[nodiscard]] Failure putInPlace(const QString &name, Content content, bool replace = false);
+    /// Syncs what is in it and gives it the name @p name in its parent. Something of that name is an error,
+    /// unless @p replace says that it is to go; it goes only when the new folder stands there and that is
+    /// safe. Until then it has a name of no meaning, which the error tells.
+    Result<> putInPlace(const QString &name, Content content, bool replace = false);
 
 private:
-    StagedFolder(const QString &parentPath, QByteArray name, FolderHandle parent, FolderHandle folder)
-        : m_parentPath(parentPath)
-        , m_name(std::move(name))
-        , m_parent(std::move(parent))
-        , m_folder(std::move(folder))
+    StagedFolder(QByteArray name, FolderHandle parent, FolderHandle folder)
+        : m_name(std::move(name)), m_parent(std::move(parent)), m_folder(std::move(folder))
     {
     }
-    [[nodiscard]] Failure replace(const QByteArray &name);
+    Result<> replace(const QByteArray &name);
+    Result<> syncContent(Content content) const;
 
-    QString m_parentPath;
     QByteArray m_name; ///< In the parent; empty once there is nothing to remove.
     FolderHandle m_parent;
     FolderHandle m_folder;

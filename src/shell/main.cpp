@@ -65,7 +65,8 @@ int main(int argc, char *argv[])
         return wrongUsage;
     setSettingsHome(*home);
     setDataFolder(*home);
-    AddDeleteImportEdit::checkAppSuppExists(); // The lock lies in the data folder.
+    (void)
+        AddDeleteImportEdit::checkAppSuppExists(); // The lock lies in the data folder; the status bar tells.
     const DataFolderLock lock;
     if (lock.state() == DataFolderLock::State::HeldByAnother) {
         const bool shown = SingleInstance::activateOther();

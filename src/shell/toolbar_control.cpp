@@ -52,7 +52,7 @@ ToolbarControl::ToolbarControl(OverviewController &overview, AlertSheets &alerts
 
 void ToolbarControl::awakeFromNib()
 {
-    AddDeleteImportEdit::checkAppSuppExists();
+    (void)AddDeleteImportEdit::checkAppSuppExists(); // The status bar tells.
     NotificationCenter &center = NotificationCenter::defaultCenter();
     center.addObserver(notification::mwqnTCRstVw, this, [this] { resetView(); });
     center.addObserver(notification::mwqnRS87968tJHKgfds, this, [this] { resetFileMenuItems(); });
@@ -106,7 +106,7 @@ void ToolbarControl::submitTBI()
     m_overview.fileMenu().disableAll();
     setDefaultSites();
     post(notification::mwqnSClpd);
-    if (ErrorTracking::returnErrorDictionary().value_or(StringDictionary()).empty()) {
+    if (ErrorTracking::returnErrorDictionary().valueOr({}).empty()) {
         mwqnWOSi78tgsda = false;
         post(notification::mwqnLSLsc);
         Q_EMIT openSubmitWindow();

@@ -51,11 +51,11 @@ QString copySiteLists(const FolderHandle &folder)
     const auto data = FolderHandle::open(mwqnAppSuppLoc);
     for (const QStringView list : siteLists) {
         const QByteArray name = list.toUtf8();
-        const auto bytes = data ? data->read(name) : std::nullopt;
+        const auto bytes = data ? data->read(name) : data.error();
         if (!bytes)
-            return u"%1 cannot be read"_s.arg(list);
-        if (const auto failure = folder.write(name, *bytes))
-            return u"%1: %2"_s.arg(list, *failure);
+            return u"%1 cannot be read: %2"_s.arg(list, bytes.error().reason);
+        if (const Result<> written = folder.write(name, *bytes); !written)
+            return u"%1: %2"_s.arg(list, written.error().reason);
     }
     return {};
 }
@@ -65,13 +65,13 @@ QString makeSitesBackup(const QString &to, Existing existing)
 {
     const QFileInfo place(QDir::cleanPath(QFileInfo(to).absoluteFilePath()));
     auto staged = StagedFolder::in(place.path());
-    if (const auto *const reason = std::get_if<QString>(&staged))
-        return *reason;
-    auto &folder = std::get<StagedFolder>(staged);
-    if (QString reason = copySiteLists(folder.folder()); !reason.isEmpty())
+    if (!staged)
+        return u"%1: %2"_s.arg(place.path(), staged.error().reason);
+    if (QString reason = copySiteLists(staged->folder()); !reason.isEmpty())
         return reason;
-    return folder.putInPlace(place.fileName(), StagedFolder::Content::Files, existing == Existing::Replace)
-        .value_or(QString());
+    const Result<> placed =
+        staged->putInPlace(place.fileName(), StagedFolder::Content::Files, existing == Existing::Replace);
+    return placed ? QString() : placed.error().reason;
 }
 
 /// The entries of one list in a backup; @p result tells when the file is there but no list.
@@ -81,13 +81,13 @@ StringDictionary listIn(const FolderHandle &backup, QStringView list, BackupResu
     if (!backup.exists(name))
         return {};
     const auto bytes = backup.read(name);
-    const auto entries = bytes ? property_list::read(*bytes) : std::nullopt;
+    const auto entries = bytes ? property_list::read(*bytes) : bytes.error();
     if (!entries) {
-        result.details.append(u"%1 was passed over: it cannot be read"_s.arg(list));
+        result.details.append(u"%1 was passed over: %2"_s.arg(list, entries.error().reason));
         result.fileFailed = true;
         qCWarning(log).noquote() << result.details.last();
     }
-    return entries.value_or(StringDictionary());
+    return entries.valueOr({});
 }
 
 } // namespace
@@ -126,8 +126,9 @@ BackupResult backupSites(const QString &to, Existing existing)
     int entries = 0;
     bool isKnown = true;
     for (const QStringView list : siteLists) {
-        entries += int(site_list::read(list).value_or(StringDictionary()).size());
-        isKnown = isKnown && site_list::isUnderstood(list);
+        const auto sites = site_list::read(list);
+        entries += sites ? int(sites->size()) : 0;
+        isKnown = isKnown && sites;
     }
     if (entries == 0 && isKnown)
         return {BackupResult::Nothing, 0, 0, nothingToBackup};
@@ -147,15 +148,20 @@ BackupResult restoreSites(const QString &from)
     BackupResult result{BackupResult::Done};
     const auto backup = FolderHandle::open(from);
     if (!backup)
-        return failed({}, u"the folder %1 cannot be opened"_s.arg(from));
+        return failed({}, u"%1: %2"_s.arg(from, backup.error().reason));
     for (const QStringView list : siteLists) {
-        const StringDictionary present = site_list::read(list).value_or(StringDictionary());
-        StringDictionary merged = present;
+        const auto present = site_list::readToChange(list);
+        if (!present) {
+            result = failed({}, u"%1: %2"_s.arg(list, present.error().reason));
+            continue;
+        }
+        StringDictionary merged = *present;
         for (const auto &[name, url] : listIn(*backup, list, result))
             merged.emplace(name, url);
-        result.copied += int(merged.size() - present.size());
-        if (merged != present && !site_list::write(list, merged))
-            result = failed({}, u"%1 could not be stored"_s.arg(list));
+        result.copied += int(merged.size() - present->size());
+        const Result<> written = merged == *present ? Result<>() : site_list::write(list, merged);
+        if (!written)
+            result = failed({}, u"%1 could not be stored: %2"_s.arg(list, written.error().reason));
     }
     return result;
 }

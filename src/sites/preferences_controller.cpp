@@ -204,7 +204,7 @@ void PreferencesController::removeSiteAction()
 
 void PreferencesController::alertDidEndOKToDelete(const QStringList &names)
 {
-    site_editing::removeSites(names);
+    (void)site_editing::removeSites(names); // The line of failed writes tells.
     deselectAll();
     loadSitesIntoList();
     post(notification::mwqnLSLsc);
@@ -215,7 +215,7 @@ void PreferencesController::restoreSiteAction()
 {
     if (!canRestore())
         return;
-    site_editing::restoreSites(m_selectedIgnoredSites);
+    (void)site_editing::restoreSites(m_selectedIgnoredSites); // The line of failed writes tells.
     deselectAll();
     loadSitesIntoList();
 }

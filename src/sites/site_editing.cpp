@@ -5,6 +5,7 @@
 #include "store/add_delete_import_edit.h"
 #include "store/process_state.h"
 #include "store/site_list.h"
+#include "store/storage_status.h"
 #include "submission/default_sites.h"
 
 #include <algorithm>
@@ -18,21 +19,38 @@ namespace {
 /// The author's changes to the catalogue, as they are stored.
 struct SiteLists
 {
-    StringDictionary user = AddDeleteImportEdit::returnUserSitesDict().value_or(StringDictionary());
-    StringDictionary ignored = AddDeleteImportEdit::returnIgnoredSitesDict().value_or(StringDictionary());
+    StringDictionary user;
+    StringDictionary ignored;
 };
+
+/// The lists for whoever is going to change them; one that cannot be read must not be taken for an empty one.
+Result<SiteLists> listsToChange()
+{
+    auto user = site_list::readToChange(site_list::userSites);
+    if (!user)
+        return user.error();
+    auto ignored = site_list::readToChange(site_list::ignoredSites);
+    if (!ignored)
+        return ignored.error();
+    return SiteLists{*std::move(user), *std::move(ignored)};
+}
 
 /// Writes what has changed, the list @p first before the other: of two writes the second may fail, and a site
 /// shall rather be there twice than not at all.
-bool store(const SiteLists &before, const SiteLists &after, QStringView first)
+Result<> store(const SiteLists &before, const SiteLists &after, QStringView first)
 {
-    const auto storeUser = [&] {
-        return after.user == before.user || site_list::write(site_list::userSites, after.user);
+    const auto storeUser = [&]() -> Result<> {
+        return after.user == before.user ? Result<>() : site_list::write(site_list::userSites, after.user);
     };
-    const auto storeIgnored = [&] {
-        return after.ignored == before.ignored || site_list::write(site_list::ignoredSites, after.ignored);
+    const auto storeIgnored = [&]() -> Result<> {
+        return after.ignored == before.ignored ? Result<>()
+                                               : site_list::write(site_list::ignoredSites, after.ignored);
     };
-    return first == site_list::userSites ? storeUser() && storeIgnored() : storeIgnored() && storeUser();
+    const bool userFirst = first == site_list::userSites;
+    const Result<> stored = userFirst ? storeUser() : storeIgnored();
+    if (!stored)
+        return stored;
+    return userFirst ? storeIgnored() : storeUser();
 }
 
 bool isDefaultName(const QString &name)
@@ -115,8 +133,8 @@ SiteLists withEdit(SiteLists lists, const Site &old, bool wasDefault, const Site
 SiteCatalogue currentCatalogue()
 {
     setDefaultSites();
-    const SiteLists lists;
-    return mergedCatalogue(mwqnDefaultSitesDict, lists.ignored, lists.user);
+    return mergedCatalogue(mwqnDefaultSitesDict, AddDeleteImportEdit::returnIgnoredSitesDict().valueOr({}),
+                           AddDeleteImportEdit::returnUserSitesDict().valueOr({}));
 }
 
 QString normalisedUrl(const QString &typed)
@@ -144,10 +162,11 @@ SiteEdit addSite(const QString &name, const QString &url)
         return {SiteEdit::UrlExists,
                 u"The entered URL is already associated with the site '%1'\n"
                 "Please enter a unique URL for this site"_s.arg(catalogue.sites[sameUrl])};
-    StringDictionary user = AddDeleteImportEdit::returnUserSitesDict().value_or(StringDictionary());
-    user[site.name] = site.url;
-    if (!site_list::write(site_list::userSites, user))
-        return {SiteEdit::NotStored};
+    auto user = site_list::readToChange(site_list::userSites);
+    if (user)
+        (*user)[site.name] = site.url;
+    if (const Result<> stored = user ? site_list::write(site_list::userSites, *user) : user.error(); !stored)
+        return {SiteEdit::NotStored, failureLine(stored.error())};
     return {SiteEdit::Done, u"Site Added Successfully"_s};
 }
 
@@ -157,20 +176,25 @@ SiteEdit editSite(const Site &old, const QString &name, const QString &url)
     if (isEmpty(edited))
         return {SiteEdit::Empty, u"The name and URL fields cannot be empty"_s};
     const bool wasDefault = isListedDefault(old, currentCatalogue().ignored);
-    const SiteLists before;
-    const bool isDefault = becomesDefault(edited, before.ignored);
+    const auto before = listsToChange();
+    if (!before)
+        return {SiteEdit::NotStored, failureLine(before.error())};
+    const bool isDefault = becomesDefault(edited, before->ignored);
     const QStringView holdsTheSite = isDefault ? site_list::ignoredSites : site_list::userSites;
-    if (!store(before, withEdit(before, old, wasDefault, edited, isDefault), holdsTheSite))
-        return {SiteEdit::NotStored};
+    const SiteLists after = withEdit(*before, old, wasDefault, edited, isDefault);
+    if (const Result<> stored = store(*before, after, holdsTheSite); !stored)
+        return {SiteEdit::NotStored, failureLine(stored.error())};
     renameSite(old.name, edited.name);
     return {SiteEdit::Done, u"Site edited successfully"_s};
 }
 
-bool removeSites(const QStringList &names)
+Result<> removeSites(const QStringList &names)
 {
     const SiteCatalogue catalogue = currentCatalogue();
-    const SiteLists before;
-    SiteLists after = before;
+    const auto before = listsToChange();
+    if (!before)
+        return before.error();
+    SiteLists after = *before;
     for (const QString &name : names) {
         const auto listed = catalogue.urlByName.find(name);
         if (listed == catalogue.urlByName.end())
@@ -180,16 +204,18 @@ bool removeSites(const QStringList &names)
         else
             after.user.erase(name);
     }
-    return store(before, after, site_list::userSites);
+    return store(*before, after, site_list::userSites);
 }
 
-bool restoreSites(const QStringList &names)
+Result<> restoreSites(const QStringList &names)
 {
-    const SiteLists before;
-    SiteLists after = before;
+    const auto before = listsToChange();
+    if (!before)
+        return before.error();
+    SiteLists after = *before;
     for (const QString &name : names)
         after.ignored.erase(name);
-    return store(before, after, site_list::ignoredSites);
+    return store(*before, after, site_list::ignoredSites);
 }
 
 } // namespace quillon::site_editing

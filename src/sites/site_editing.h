@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/result.h"
 #include "submission/site_catalogue.h"
 
 #include <QString>
@@ -24,7 +25,7 @@ struct SiteEdit
         NameExists,
         UrlExists,
         BothExist,
-        NotStored ///< Nothing to be said but what mwqnFailedWrites holds.
+        NotStored ///< The lists could not be read or written; the sentence is the failure's line.
     };
     Outcome outcome = Done;
     QString sentence = {}; ///< What the author is told.
@@ -50,12 +51,11 @@ SiteEdit addSite(const QString &name, const QString &url);
 /// name or address is not looked at.
 SiteEdit editSite(const Site &old, const QString &name, const QString &url);
 
-/// Removes sites of the catalogue by name: default ones are left out from now on, own ones are gone. False
-/// when that could not be stored.
-bool removeSites(const QStringList &names);
+/// Removes sites of the catalogue by name: default ones are left out from now on, own ones are gone.
+Result<> removeSites(const QStringList &names);
 
-/// Brings back default sites that were left out under these names. False when that could not be stored.
-bool restoreSites(const QStringList &names);
+/// Brings back default sites that were left out under these names.
+Result<> restoreSites(const QStringList &names);
 
 } // namespace site_editing
 

@@ -1,6 +1,7 @@
 #include "sites/site_renaming.h"
 
 #include "platform/atomic_file.h"
+#include "platform/folder_handle.h"
 #include "platform/regex.h"
 #include "platform/text_decoding.h"
 #include "store/process_state.h"
@@ -39,24 +40,26 @@ std::optional<QString> imagePath(const QString &folder, const QString &site)
 }
 
 /// The picture at @p path; resources are files to Qt alone.
-std::optional<QByteArray> image(const std::optional<QString> &path)
+Result<QByteArray> image(const std::optional<QString> &path)
 {
-    if (!path || !path->startsWith(u':'))
-        return path ? atomic_file::read(*path) : std::nullopt;
-    QFile file(*path);
-    return file.open(QIODevice::ReadOnly) ? std::optional(file.readAll()) : std::nullopt;
+    if (path && !path->startsWith(u':'))
+        return atomic_file::read(*path);
+    QFile file(path.value_or(QString()));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : Result<QByteArray>(Error{Error::Kind::Missing});
 }
 
 void renameMark(const QString &titleFolder, const QString &from, const QString &to)
 {
     const QString path = titleFolder + u'/' + title_folder::summaryFile;
     const auto bytes = atomic_file::read(path);
+    if (bytes.isError(Error::Kind::Unreadable))
+        reportFailure(bytes.error());
     if (!bytes)
         return;
     const QString text = decodedXmlText(*bytes);
     const QString renamed = withRenamedMark(text, from, to);
     if (renamed != text)
-        storeFile(path, renamed.toUtf8());
+        (void)storeFile(path, renamed.toUtf8(), bytes);
 }
 
 } // namespace
@@ -81,13 +84,17 @@ void renameSite(const QString &from, const QString &to)
 {
     if (from == to)
         return;
-    const QDir dataFolder(mwqnAppSuppLoc);
+    const auto dataFolder = FolderHandle::open(mwqnAppSuppLoc);
+    const auto entries = dataFolder ? dataFolder->entries() : dataFolder.error();
+    if (!entries)
+        return reportFailure(entries.error());
     bool anyTitle = false;
-    for (const QString &entry : dataFolder.entryList(QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot)) {
-        if (!entry.endsWith(title_folder::extension))
+    for (const FolderHandle::Entry &entry : *entries) {
+        const QString path = mwqnAppSuppLoc + QFile::decodeName(entry.name);
+        if (!path.endsWith(title_folder::extension) || !QFileInfo(path).isDir())
             continue;
         anyTitle = true;
-        renameMark(dataFolder.filePath(entry), from, to);
+        renameMark(path, from, to);
     }
     if (anyTitle)
         renameSiteImage(from, to);
@@ -99,7 +106,7 @@ void renameSiteImage(const QString &from, const QString &to, const QString &reso
         return;
     const QString folder = mwqnAppSuppLoc + u"Site Images/"_s;
     if (!QDir().mkpath(folder))
-        return reportFailure(QDir::cleanPath(folder), u"the folder could not be made"_s);
+        return reportFailure({.path = QDir::cleanPath(folder), .reason = u"the folder could not be made"_s});
     const auto oldPath = imagePath(folder, from);
     const auto newPath = imagePath(folder, to);
     const auto own = image(imagePath(resources, from));
@@ -108,7 +115,8 @@ void renameSiteImage(const QString &from, const QString &to, const QString &reso
         return;
     // A site that is called as one with a picture of the program's own shows that one.
     const bool isShadowed = !own && image(imagePath(resources, to));
-    if (isShadowed ? !QFile::exists(*newPath) || QFile::remove(*newPath) : storeFile(*newPath, *picture))
+    if (isShadowed ? !QFile::exists(*newPath) || QFile::remove(*newPath)
+                   : bool(storeFile(*newPath, *picture)))
         QFile::remove(*oldPath);
 }
 

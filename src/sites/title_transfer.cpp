@@ -48,23 +48,30 @@ protected:
     /// Opens the folder that titles are copied from and the one they are staged in.
     void open(const QString &source, const QString &parent)
     {
-        m_source = FolderHandle::open(source);
-        if (!m_source) {
-            m_failure = u"the folder %1 cannot be opened"_s.arg(source);
+        auto folder = FolderHandle::open(source);
+        if (!folder) {
+            m_failure = u"%1: %2"_s.arg(source, folder.error().reason);
             return;
         }
+        m_source.emplace(*std::move(folder));
         auto staged = StagedFolder::in(parent);
-        if (auto *const folder = std::get_if<StagedFolder>(&staged))
-            m_staged.emplace(std::move(*folder));
+        if (staged)
+            m_staged.emplace(*std::move(staged));
         else
-            m_failure = std::get<QString>(staged);
+            m_failure = u"%1: %2"_s.arg(parent, staged.error().reason);
     }
 
-    /// The names of the source's title folders; what only looks like one is noted.
+    /// The names of the source's title folders; what only looks like one is noted. When the source cannot be
+    /// listed, none are known and it makes no sense to go on.
     QList<QByteArray> findTitles()
     {
         QList<QByteArray> found;
-        for (const FolderHandle::Entry &entry : m_source->entries()) {
+        const auto entries = m_source->entries();
+        if (!entries) {
+            m_failure = u"%1: %2"_s.arg(m_source->path(), entries.error().reason);
+            return found;
+        }
+        for (const FolderHandle::Entry &entry : *entries) {
             const bool isTitle = isTitleFolder(entry.name);
             if (isTitle && entry.kind == FolderHandle::Kind::Folder)
                 found.append(entry.name);
@@ -109,22 +116,22 @@ private:
     {
         const auto from = m_source->openFolder(name);
         if (!from)
-            return noteFailure(name, u"it cannot be opened"_s);
+            return noteFailure(name, from.error().reason);
         noteTitlesInside(name);
         const auto to = m_staged->folder().makeFolder(stagedName);
         if (!to) {
-            m_failure = u"%1: the folder could not be made"_s.arg(QFile::decodeName(name));
+            m_failure = u"%1: %2"_s.arg(QFile::decodeName(name), to.error().reason);
             return;
         }
         for (const QStringView titleFile : titleFiles) {
             const QByteArray file = titleFile.toUtf8();
             const auto bytes = from->read(file);
-            if (!bytes && !from->exists(file)) {
+            if (bytes.isError(Error::Kind::Missing)) {
                 note(name + '/' + file, u"it is missing"_s);
             } else if (!bytes) {
-                noteFailure(name + '/' + file, u"it cannot be read"_s);
-            } else if (const auto failure = to->write(file, *bytes)) {
-                m_failure = u"%1/%2: %3"_s.arg(QFile::decodeName(name), titleFile, *failure);
+                noteFailure(name + '/' + file, bytes.error().reason);
+            } else if (const Result<> written = to->write(file, *bytes); !written) {
+                m_failure = u"%1/%2: %3"_s.arg(QFile::decodeName(name), titleFile, written.error().reason);
                 return;
             }
         }
@@ -136,7 +143,10 @@ private:
         const auto inside = m_source->openFolder(folder);
         if (!inside)
             return;
-        for (const FolderHandle::Entry &entry : inside->entries()) {
+        const auto entries = inside->entries();
+        if (!entries)
+            return noteFailure(folder, entries.error().reason);
+        for (const FolderHandle::Entry &entry : *entries) {
             if (isTitleFolder(entry.name))
                 note(folder + '/' + entry.name, u"it lies in another folder"_s);
         }
@@ -167,10 +177,11 @@ public:
             return {BackupResult::Nothing, 0, 0, backups::nothingToBackup, {}, details()};
         if (m_failure.isEmpty() && m_copied.isEmpty())
             m_failure = u"no title could be read"_s;
-        if (m_failure.isEmpty())
-            m_failure =
-                m_staged->putInPlace(QFileInfo(m_place).fileName(), StagedFolder::Content::Folders, m_replace)
-                    .value_or(QString());
+        if (m_failure.isEmpty()) {
+            const Result<> placed = m_staged->putInPlace(QFileInfo(m_place).fileName(),
+                                                         StagedFolder::Content::Folders, m_replace);
+            m_failure = placed ? QString() : placed.error().reason;
+        }
         if (m_failure.isEmpty())
             return {BackupResult::Done, int(m_copied.size()), 0, backups::backupSucceeded, {},
                     details(),          m_fileFailed};
@@ -199,7 +210,8 @@ public:
         open(from, mwqnAppSuppLoc);
         if (!m_failure.isEmpty())
             return;
-        for (const QByteArray &title : findTitles())
+        const QList<QByteArray> found = findTitles();
+        for (const QByteArray &title : found)
             (m_staged->parent().exists(title) ? m_ignored : m_titles).append(title);
     }
 
@@ -220,21 +232,22 @@ private:
 
     void place()
     {
-        if (const auto failure = m_staged->folder().syncFileSystem()) {
-            m_failure = *failure;
+        if (const Result<> synced = m_staged->folder().syncFileSystem(); !synced) {
+            m_failure = synced.error().reason;
             return;
         }
         for (const qsizetype place : std::as_const(m_copied)) {
             const QByteArray &title = m_titles[place];
-            if (const auto failure = m_staged->folder().move(stagedName(place), m_staged->parent(), title)) {
-                noteFailure(title, *failure);
+            const Result<> moved = m_staged->folder().move(stagedName(place), m_staged->parent(), title);
+            if (!moved) {
+                noteFailure(title, moved.error().reason);
                 continue;
             }
             ++m_imported;
             logImported(title);
         }
-        if (const auto failure = m_staged->parent().sync())
-            m_failure = *failure;
+        if (const Result<> synced = m_staged->parent().sync(); !synced)
+            m_failure = synced.error().reason;
     }
 
     static void logImported(const QByteArray &title)

@@ -1,8 +1,10 @@
 #include "store/add_delete_import_edit.h"
 
 #include "pad/pad_writer.h"
+#include "platform/atomic_file.h"
 #include "platform/property_list.h"
 #include "platform/staged_folder.h"
+#include "platform/unfinished_name.h"
 #include "store/process_state.h"
 #include "store/site_list.h"
 #include "store/storage_status.h"
@@ -44,115 +46,172 @@ QString dataFolder()
     return QDir::cleanPath(mwqnAppSuppLoc);
 }
 
+/// The data folder itself, whose failures are those of its list of titles.
+Error ofDataFolder(const Error &error)
+{
+    return {error.kind, dataFolder(), error.reason};
+}
+
+Error refused(const QString &path, const QString &reason)
+{
+    return {Error::Kind::Refused, path, reason};
+}
+
 /// The folder of a title that is listed. Where it lies in another one no title can be opened, and what was to
 /// be done to it is told as not done.
-std::optional<QString> listedFolder(const QString &name)
+Result<QString> listedFolder(const QString &name)
 {
-    std::optional<QString> folder = title_folder::path(name);
+    if (std::optional<QString> folder = title_folder::path(name))
+        return *std::move(folder);
+    const Error error = refused(mwqnAppSuppLoc + name, u"titles inside other folders cannot be changed"_s);
+    reportFailure(error);
+    return error;
+}
+
+/// The file of the selected title that @p key writes.
+Result<QString> selectedFile(QStringView key)
+{
+    if (!mwqnSelSW)
+        return refused({}, u"no title is selected"_s);
+    const Result<QString> folder = listedFolder(*mwqnSelSW);
     if (!folder)
-        reportFailure(mwqnAppSuppLoc + name, u"titles inside other folders cannot be changed"_s);
-    return folder;
+        return folder;
+    for (const TitleFile &file : titleFiles) {
+        if (file.readKey == key || file.capitalKey == key)
+            return inFolder(*folder, file.fileName);
+    }
+    return refused(*folder, u"a title has no file %1"_s.arg(key));
 }
 
 /// The files of a title, by their names.
 using Files = std::array<std::pair<QStringView, QByteArray>, 3>;
 
-/// Makes the title's folder with its files. It comes into being whole or, whatever happens, not at all; else
-/// the reason.
-FolderHandle::Failure makeTitle(const QString &folderName, const Files &files)
+/// Makes the title's folder with its files. It comes into being whole or, whatever happens, not at all.
+Result<> makeTitle(const QString &folderName, const Files &files)
 {
-    auto made = StagedFolder::in(dataFolder());
-    if (const auto *const reason = std::get_if<QString>(&made))
-        return *reason;
-    auto &staged = std::get<StagedFolder>(made);
+    auto staged = StagedFolder::in(dataFolder());
+    if (!staged)
+        return staged.error();
     for (const auto &[fileName, bytes] : files) {
-        if (auto failure = staged.folder().write(fileName.toUtf8(), bytes))
-            return failure;
+        if (Result<> written = staged->folder().write(fileName.toUtf8(), bytes); !written)
+            return written;
     }
-    return staged.putInPlace(folderName, StagedFolder::Content::Files);
+    return staged->putInPlace(folderName, StagedFolder::Content::Files);
 }
 
-/// Replaces the files in a folder that is there already; the reason when that fails.
-FolderHandle::Failure replaceFiles(const QString &folder, const Files &files)
+/// Replaces the files in a folder that is there already.
+Result<> replaceFiles(const QString &folder, const Files &files)
 {
     for (const auto &[fileName, bytes] : files) {
-        if (const auto error = atomic_file::write(inFolder(folder, fileName), bytes))
-            return error->reason;
+        if (Result<> written = atomic_file::write(inFolder(folder, fileName), bytes); !written)
+            return written;
     }
-    return std::nullopt;
+    return {};
+}
+
+/// Forgets what failed in the data folder itself once its list of names is on the disk.
+void settleDataFolder()
+{
+    if (mwqnFailedWrites.contains(dataFolder()) && atomic_file::syncEntry(mwqnAppSuppLoc))
+        forgetFailure(dataFolder());
+}
+
+/// Gives an entry of the data folder another name.
+Result<> moved(const QString &path, const QByteArray &to)
+{
+    const auto data = FolderHandle::open(dataFolder());
+    if (!data)
+        return Error{.path = path, .reason = data.error().reason};
+    const Result<> moved = data->move(QFile::encodeName(QFileInfo(path).fileName()), *data, to);
+    return moved ? data->sync() : moved;
+}
+
+void removeUnfinishedIn(const FolderHandle &folder)
+{
+    const auto entries = folder.entries();
+    if (!entries)
+        return reportFailure(entries.error());
+    for (const FolderHandle::Entry &entry : *entries) {
+        const auto isLeft = [&entry](QByteArrayView end) { return unfinished_name::is(entry.name, end); };
+        if (isLeft(unfinished_name::file) || isLeft(unfinished_name::folder) ||
+            isLeft(unfinished_name::deleted))
+            (void)atomic_file::removeAll(inFolder(folder.path(), QFile::decodeName(entry.name)));
+    }
 }
 
 } // namespace
 
-void AddDeleteImportEdit::checkAppSuppExists()
+Result<> AddDeleteImportEdit::checkAppSuppExists()
 {
-    const bool isNew = !QFileInfo::exists(mwqnAppSuppLoc);
-    if (isNew && !QDir().mkpath(mwqnAppSuppLoc)) {
-        reportFailure(dataFolder(), u"the data folder could not be made"_s);
-        return;
+    if (QFileInfo::exists(mwqnAppSuppLoc)) {
+        settleDataFolder();
+        return {};
     }
+    if (!QDir().mkpath(mwqnAppSuppLoc))
+        return reported(dataFolder(),
+                        Error{.path = dataFolder(), .reason = u"the data folder could not be made"_s});
     forgetFailure(dataFolder());
-    if (!isNew)
-        return;
-    for (const QStringView siteList : {site_list::userSites, site_list::ignoredSites})
-        storeFile(mwqnAppSuppLoc + siteList, property_list::emptyText());
+    Result<> made;
+    for (const QStringView siteList : {site_list::userSites, site_list::ignoredSites}) {
+        if (Result<> stored = storeFile(mwqnAppSuppLoc + siteList, property_list::emptyText()); !stored)
+            made = stored;
+    }
+    return made;
 }
 
 void AddDeleteImportEdit::removeUnfinished()
 {
-    const auto removeIn = [](const FolderHandle &folder, const QString &path) {
-        for (const FolderHandle::Entry &entry : folder.entries()) {
-            const QString name = QFile::decodeName(entry.name);
-            if (name.startsWith(atomic_file::unfinishedPrefix) && !name.endsWith(title_folder::extension))
-                atomic_file::removeAll(path + name);
-        }
-    };
-    const auto data = FolderHandle::open(mwqnAppSuppLoc);
+    const auto data = FolderHandle::open(dataFolder());
     if (!data)
         return;
-    removeIn(*data, mwqnAppSuppLoc);
-    for (const FolderHandle::Entry &entry : data->entries()) {
-        const QString path = mwqnAppSuppLoc + QFile::decodeName(entry.name);
-        if (const auto title =
-                path.endsWith(title_folder::extension) ? data->openFolder(entry.name) : std::nullopt)
-            removeIn(*title, path + u'/');
+    removeUnfinishedIn(*data);
+    const auto entries = data->entries();
+    if (!entries)
+        return;
+    for (const FolderHandle::Entry &entry : *entries) {
+        if (!QFile::decodeName(entry.name).endsWith(title_folder::extension))
+            continue;
+        if (const auto title = data->openFolder(entry.name))
+            removeUnfinishedIn(*title);
     }
 }
 
-bool AddDeleteImportEdit::createNewListing(const QString &name)
+Result<> AddDeleteImportEdit::createNewListing(const QString &name)
 {
-    return title_folder::exists(name) ||
-           storeTitle(name, summary_file::emptyText().toUtf8(), pad_writer::skeleton());
+    if (title_folder::exists(name))
+        return {};
+    return storeTitle(name, summary_file::emptyText().toUtf8(), pad_writer::skeleton());
 }
 
-bool AddDeleteImportEdit::importExistingFile(const QString &name, const QByteArray &content)
+Result<> AddDeleteImportEdit::importExistingFile(const QString &name, const QByteArray &content)
 {
     return storeTitle(name, summary_file::textForImport(content).toUtf8(), content);
 }
 
-bool AddDeleteImportEdit::storeTitle(const QString &name, const QByteArray &summary, const QByteArray &pad)
+Result<> AddDeleteImportEdit::storeTitle(const QString &name, const QByteArray &summary,
+                                         const QByteArray &pad)
 {
     const std::optional<QString> folder = title_folder::path(name);
     if (!folder)
-        return false;
+        return refused(mwqnAppSuppLoc + name, u"no folder can have this name"_s);
     const Files files = {{{title_folder::summaryFile, summary},
                           {title_folder::padFile, pad},
                           {title_folder::errorLog, property_list::emptyText()}}};
     const QFileInfo there(*folder);
-    if (const auto failure =
-            there.isDir() ? replaceFiles(*folder, files) : makeTitle(there.fileName(), files)) {
-        reportFailure(dataFolder(), u"%1: %2"_s.arg(there.fileName(), *failure));
-        return false;
+    Result<> stored = there.isDir() ? replaceFiles(*folder, files) : makeTitle(there.fileName(), files);
+    if (stored.isDone())
+        forgetFailures(*folder);
+    if (!stored) {
+        const QString reason = u"%1: %2"_s.arg(there.fileName(), stored.error().reason);
+        stored = Error{stored.error().kind, dataFolder(), reason};
     }
-    forgetFailures(*folder);
-    forgetFailure(dataFolder());
-    return true;
+    return reported(dataFolder(), stored);
 }
 
-std::optional<QByteArray> AddDeleteImportEdit::returnDataObjectFor(QStringView key)
+Result<QByteArray> AddDeleteImportEdit::returnDataObjectFor(QStringView key)
 {
     if (!mwqnCurrentSWBundle)
-        return std::nullopt;
+        return Error{.kind = Error::Kind::Missing, .reason = u"no title is selected"_s};
     QStringView fileName = title_folder::errorLog;
     for (const TitleFile &file : titleFiles) {
         if (file.readKey == key)
@@ -161,56 +220,58 @@ std::optional<QByteArray> AddDeleteImportEdit::returnDataObjectFor(QStringView k
     return atomic_file::read(inFolder(*mwqnCurrentSWBundle, fileName));
 }
 
-bool AddDeleteImportEdit::writeToFile(QStringView key, const QByteArray &data)
+Result<> AddDeleteImportEdit::writeToFile(QStringView key, const QByteArray &data)
 {
-    const std::optional<QString> folder = mwqnSelSW ? listedFolder(*mwqnSelSW) : std::nullopt;
-    if (!folder)
-        return false;
-    for (const TitleFile &file : titleFiles) {
-        if (file.readKey == key || file.capitalKey == key)
-            return storeFile(inFolder(*folder, file.fileName), data);
-    }
-    return false;
+    const Result<QString> path = selectedFile(key);
+    return path ? storeFile(*path, data) : path.error();
 }
 
-bool AddDeleteImportEdit::writeErrors(const StringDictionary &errors)
+Result<> AddDeleteImportEdit::writeToFile(QStringView key, const QByteArray &data,
+                                          const Result<QByteArray> &old)
+{
+    const Result<QString> path = selectedFile(key);
+    return path ? storeFile(*path, data, old) : path.error();
+}
+
+Result<> AddDeleteImportEdit::writeErrors(const StringDictionary &errors)
 {
     return writeToFile(u"error", property_list::write(errors));
 }
 
-bool AddDeleteImportEdit::renameExistingQnDataFile(const QString &oldName, const QString &newName)
+Result<> AddDeleteImportEdit::renameExistingQnDataFile(const QString &oldName, const QString &newName)
 {
-    const std::optional<QString> from = listedFolder(oldName);
+    const Result<QString> from = listedFolder(oldName);
     const std::optional<QString> to = title_folder::path(newName);
-    if (!from || !to || !title_folder::exists(oldName))
-        return false;
-    if (const auto error = atomic_file::moveFolder(*from, *to)) {
-        reportFailure(*from, error->reason); // Mended when the title is renamed after all, or deleted.
-        return false;
-    }
+    if (!from)
+        return from.error();
+    if (!to || !title_folder::exists(oldName))
+        return refused(*from, u"there is no such title, or no folder can have the new name"_s);
+    Result<> renamed = moved(*from, QFile::encodeName(QFileInfo(*to).fileName()));
+    if (!renamed.isDone())
+        return reported(*from, Error{renamed.error().kind, *from, renamed.error().reason});
     forgetFailures(*from);
-    return true;
+    return renamed ? renamed : reported(dataFolder(), ofDataFolder(renamed.error()));
 }
 
-bool AddDeleteImportEdit::deleteQnDataFile(const QString &name)
+Result<> AddDeleteImportEdit::deleteQnDataFile(const QString &name)
 {
-    const std::optional<QString> folder = listedFolder(name);
-    if (!folder || !title_folder::exists(name))
-        return false;
-    if (!atomic_file::removeAll(*folder)) {
-        reportFailure(*folder, u"the title could not be deleted"_s);
-        return false;
-    }
+    const Result<QString> folder = listedFolder(name);
+    if (!folder)
+        return folder.error();
+    if (!title_folder::exists(name))
+        return refused(*folder, u"there is no such title"_s);
+    if (Result<> removed = atomic_file::removeAll(*folder); !removed)
+        return reported(*folder, removed);
     forgetFailures(*folder);
-    return true;
+    return {};
 }
 
-std::optional<StringDictionary> AddDeleteImportEdit::returnUserSitesDict()
+Result<StringDictionary> AddDeleteImportEdit::returnUserSitesDict()
 {
     return site_list::read(site_list::userSites);
 }
 
-std::optional<StringDictionary> AddDeleteImportEdit::returnIgnoredSitesDict()
+Result<StringDictionary> AddDeleteImportEdit::returnIgnoredSitesDict()
 {
     return site_list::read(site_list::ignoredSites);
 }

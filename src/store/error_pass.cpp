@@ -3,13 +3,12 @@
 #include "platform/property_list.h"
 #include "store/add_delete_import_edit.h"
 #include "store/process_state.h"
+#include "store/storage_status.h"
 
 namespace quillon {
 
-ErrorPass::ErrorPass(const std::optional<QByteArray> &log)
-    : m_log(log.value_or(QByteArray()))
-    , m_original(property_list::read(m_log))
-    , m_errors(m_original.value_or(StringDictionary()))
+ErrorPass::ErrorPass(const Result<QByteArray> &log)
+    : m_log(log), m_original(log ? property_list::read(*log) : log.error()), m_errors(m_original.valueOr({}))
 {
 }
 
@@ -31,12 +30,15 @@ void ErrorPass::setNoError(const QString &key)
 
 void ErrorPass::store() const
 {
-    if (!m_original)
+    if (!m_original) {
+        if (m_log.isError(Error::Kind::Unreadable))
+            reportFailure(m_log.error());
         return;
+    }
     if (m_errors != *m_original)
-        AddDeleteImportEdit::writeErrors(m_errors);
+        (void)AddDeleteImportEdit::writeToFile(u"error", property_list::write(m_errors), m_log);
     else if (!mwqnFailedWrites.isEmpty())
-        AddDeleteImportEdit::writeToFile(u"error", m_log); // The log is as it should be: that is no failure.
+        (void)AddDeleteImportEdit::writeToFile(u"error", *m_log, m_log); // As it should be: no failure.
 }
 
 } // namespace quillon

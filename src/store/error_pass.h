@@ -1,11 +1,10 @@
 #pragma once
 
+#include "platform/result.h"
 #include "platform/string_dictionary.h"
 
 #include <QByteArray>
 #include <QString>
-
-#include <optional>
 
 namespace quillon {
 
@@ -44,10 +43,10 @@ public:
     void store() const;
 
 private:
-    explicit ErrorPass(const std::optional<QByteArray> &log);
+    explicit ErrorPass(const Result<QByteArray> &log);
 
-    QByteArray m_log; ///< As it was read.
-    std::optional<StringDictionary> m_original = StringDictionary();
+    Result<QByteArray> m_log = QByteArray(); ///< As it was read.
+    Result<StringDictionary> m_original = StringDictionary();
     StringDictionary m_errors;
 };
 

@@ -20,10 +20,10 @@ void ErrorTracking::setNoError(const QString &key)
     pass.store();
 }
 
-std::optional<StringDictionary> ErrorTracking::returnErrorDictionary()
+Result<StringDictionary> ErrorTracking::returnErrorDictionary()
 {
     const auto bytes = AddDeleteImportEdit::returnDataObjectFor(u"error");
-    return bytes ? property_list::read(*bytes) : std::nullopt;
+    return bytes ? property_list::read(*bytes) : bytes.error();
 }
 
 } // namespace quillon

@@ -1,10 +1,9 @@
 #pragma once
 
+#include "platform/result.h"
 #include "platform/string_dictionary.h"
 
 #include <QString>
-
-#include <optional>
 
 namespace quillon {
 
@@ -26,8 +25,8 @@ public:
     /// Removes the message of the field @p key; the file is left alone when there is none.
     static void setNoError(const QString &key);
 
-    /// Message by field key; none when the log is missing or unreadable, which callers take for no errors.
-    static std::optional<StringDictionary> returnErrorDictionary();
+    /// Message by field key; callers take a log that is missing or not understood for one without errors.
+    static Result<StringDictionary> returnErrorDictionary();
 };
 
 } // namespace quillon

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/result.h"
 #include "platform/string_dictionary.h"
 
 #include <QMap>
@@ -44,9 +45,9 @@ struct ProgressBarState
 };
 inline ProgressBarState progressBarState;
 
-/// Reason by path of each write that failed and was not mended since. Set by reportFailure()
-/// and the functions beside it in storage_status.h.
-inline QMap<QString, QString> mwqnFailedWrites;
+/// What failed and was not mended since, by path, for the status bar alone. Set by reportFailure() and the
+/// functions beside it in storage_status.h.
+inline QMap<QString, Error> mwqnFailedWrites;
 
 /// Makes the data folder below @p homeFolder the one that everything is stored in.
 void setDataFolder(const QString &homeFolder);

@@ -1,55 +1,60 @@
 #include "store/site_list.h"
 
+#include "platform/atomic_file.h"
 #include "platform/property_list.h"
 #include "store/process_state.h"
 #include "store/storage_status.h"
-
-#include <QFileInfo>
-
-using namespace Qt::StringLiterals;
 
 namespace quillon::site_list {
 
 namespace {
 
-/// Whether nothing would be lost if the file at @p path were replaced.
-bool mayReplace(const QString &path)
+QString path(QStringView fileName)
 {
-    if (!QFileInfo::exists(path))
-        return true;
-    const auto bytes = atomic_file::read(path);
-    if (!bytes) {
-        reportFailure(path, u"the file cannot be read, so it is left as it is"_s);
-        return false;
-    }
-    return bytes->isEmpty() || property_list::read(*bytes) || keepUnreadable(path, *bytes);
+    return mwqnAppSuppLoc + fileName;
 }
 
 } // namespace
 
-std::optional<StringDictionary> stored(QStringView fileName)
+Result<StringDictionary> stored(QStringView fileName)
 {
-    const auto bytes = atomic_file::read(mwqnAppSuppLoc + fileName);
-    return bytes ? property_list::read(*bytes) : std::nullopt;
+    const auto bytes = atomic_file::read(path(fileName));
+    if (!bytes)
+        return bytes.error();
+    auto sites = property_list::read(*bytes);
+    if (!sites)
+        return Error{sites.error().kind, path(fileName), sites.error().reason};
+    return sites;
 }
 
-std::optional<StringDictionary> read(QStringView fileName)
+Result<StringDictionary> read(QStringView fileName)
 {
-    const QString path = mwqnAppSuppLoc + fileName;
-    if (!QFileInfo::exists(path))
-        storeFile(path, property_list::emptyText());
-    return stored(fileName);
+    auto sites = stored(fileName);
+    if (!sites.isError(Error::Kind::Missing))
+        return sites;
+    const Result<> made = storeFile(path(fileName), property_list::emptyText());
+    return made.isDone() ? stored(fileName) : made.error();
 }
 
-bool isUnderstood(QStringView fileName)
+Result<StringDictionary> readToChange(QStringView fileName)
 {
-    return !QFileInfo::exists(mwqnAppSuppLoc + fileName) || stored(fileName);
+    auto sites = read(fileName);
+    if (sites.isError(Error::Kind::Unintelligible))
+        return StringDictionary();
+    if (!sites)
+        reportFailure(sites.error());
+    return sites;
 }
 
-bool write(QStringView fileName, const StringDictionary &sites)
+Result<> write(QStringView fileName, const StringDictionary &sites)
 {
-    const QString path = mwqnAppSuppLoc + fileName;
-    return mayReplace(path) && storeFile(path, property_list::write(sites));
+    const QString file = path(fileName);
+    const auto old = atomic_file::read(file);
+    if (old && !old->isEmpty() && !property_list::read(*old)) {
+        if (Result<> kept = keepUnreadable(file, *old); !kept)
+            return kept;
+    }
+    return storeFile(file, property_list::write(sites), old);
 }
 
 } // namespace quillon::site_list

@@ -1,10 +1,10 @@
 #include "store/storage_status.h"
 
+#include "platform/atomic_file.h"
 #include "platform/notification_center.h"
 #include "platform/notifications.h"
 #include "store/process_state.h"
 
-#include <QFileInfo>
 #include <QLoggingCategory>
 
 using namespace Qt::StringLiterals;
@@ -22,29 +22,48 @@ void announce()
 
 } // namespace
 
-bool storeFile(const QString &path, const QByteArray &bytes)
+Result<> storeFile(const QString &path, const QByteArray &bytes)
 {
-    if (const auto error = atomic_file::write(path, bytes)) {
-        reportFailure(path, error->reason);
-        return false;
-    }
-    forgetFailure(path);
-    return true;
+    return storeFile(path, bytes, atomic_file::read(path));
 }
 
-bool keepUnreadable(const QString &path, const QByteArray &bytes)
+Result<> storeFile(const QString &path, const QByteArray &bytes, const Result<QByteArray> &old)
+{
+    const bool hasFailed = mwqnFailedWrites.contains(path);
+    Result<> stored = atomic_file::replace(path, bytes, old);
+    // The bytes may be there since a write that could not be synced.
+    if (stored && hasFailed)
+        stored = atomic_file::syncEntry(path);
+    return reported(path, std::move(stored));
+}
+
+Result<> keepUnreadable(const QString &path, const QByteArray &bytes)
 {
     const QString kept = path + u".unreadable"_s;
     QString name = kept;
-    for (int number = 2; QFileInfo::exists(name) && atomic_file::read(name) != bytes; ++number)
+    Result<QByteArray> there = atomic_file::read(name);
+    static constexpr int mostCopies = 1000;
+    for (int number = 2; number < mostCopies && there != bytes && !there.isError(Error::Kind::Missing);
+         ++number) {
         name = kept + u'-' + QString::number(number);
-    return storeFile(name, bytes);
+        there = atomic_file::read(name);
+    }
+    return storeFile(name, bytes, there);
 }
 
-void reportFailure(const QString &path, const QString &reason)
+Result<> reported(const QString &path, Result<> result)
 {
-    qCWarning(log).noquote() << "not stored:" << path << "-" << reason;
-    mwqnFailedWrites[path] = reason;
+    if (result)
+        forgetFailure(path);
+    else
+        reportFailure(result.error());
+    return result;
+}
+
+void reportFailure(const Error &error)
+{
+    qCWarning(log).noquote() << failureLine(error);
+    mwqnFailedWrites[error.path] = error;
     announce();
 }
 
@@ -56,23 +75,37 @@ void forgetFailure(const QString &path)
 
 void forgetFailures(const QString &path)
 {
-    const auto concerned = [&path](const QMap<QString, QString>::iterator each) {
+    const auto concerned = [&path](const QMap<QString, Error>::iterator each) {
         return each.key() == path || each.key().startsWith(path + u'/');
     };
     if (mwqnFailedWrites.removeIf(concerned) > 0)
         announce();
 }
 
-QString failedWriteLine(const QString &path)
+QString failureLine(const Error &error)
 {
-    return u"Not stored: %1 (%2)"_s.arg(path, mwqnFailedWrites.value(path));
+    const auto line = [&error](QStringView what) {
+        return u"%1: %2 (%3)"_s.arg(what, error.path, error.reason);
+    };
+    switch (error.kind) {
+    case Error::Kind::NotYetSafe:
+        return line(u"Done, but not yet safe on the disk");
+    case Error::Kind::Missing:
+    case Error::Kind::Unreadable:
+    case Error::Kind::Unintelligible:
+        return line(u"Not read");
+    case Error::Kind::Refused:
+    case Error::Kind::NotDone:
+        break;
+    }
+    return line(u"Not stored");
 }
 
 QString failedWritesLine()
 {
     if (mwqnFailedWrites.isEmpty())
         return {};
-    const QString line = failedWriteLine(mwqnFailedWrites.firstKey());
+    const QString line = failureLine(mwqnFailedWrites.first());
     const qsizetype others = mwqnFailedWrites.size() - 1;
     return others == 0 ? line : u"%1, and %2 more"_s.arg(line, QString::number(others));
 }

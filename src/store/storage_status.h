@@ -1,19 +1,29 @@
 #pragma once
 
-#include "platform/atomic_file.h"
+#include "platform/result.h"
+
+#include <QByteArray>
 
 namespace quillon {
 
 /// Writes @p bytes to @p path (atomic_file::write) and keeps account of it: a failure is logged and stays in
-/// mwqnFailedWrites until a later write of the same file succeeds. True when the bytes are stored.
-bool storeFile(const QString &path, const QByteArray &bytes);
+/// mwqnFailedWrites until a later write of the same file succeeds and is safe. True when the bytes are on the
+/// disk.
+Result<> storeFile(const QString &path, const QByteArray &bytes);
+
+/// The same in place of what the caller has read there, @p old, and of nothing else.
+Result<> storeFile(const QString &path, const QByteArray &bytes, const Result<QByteArray> &old);
 
 /// Stores @p bytes, which nobody could make sense of, beside the file at @p path that they came from, under
-/// the first name with ".unreadable" that is free or holds them already. True when they are stored.
-bool keepUnreadable(const QString &path, const QByteArray &bytes);
+/// the first name with ".unreadable" that is free or holds them already.
+Result<> keepUnreadable(const QString &path, const QByteArray &bytes);
 
-/// Records that something other than a file's content could not be stored (a folder not made, not moved).
-void reportFailure(const QString &path, const QString &reason);
+/// Keeps account of what came of something other than a file's content: a failure as that of its path,
+/// success as the end of failures of @p path. Gives @p result back.
+Result<> reported(const QString &path, Result<> result);
+
+/// Records @p error as its path's.
+void reportFailure(const Error &error);
 
 /// Forgets the failure of @p path itself, because it is mended.
 void forgetFailure(const QString &path);
@@ -21,10 +31,11 @@ void forgetFailure(const QString &path);
 /// Forgets the failures of @p path and of all below it, because they are mended or their subject is gone.
 void forgetFailures(const QString &path);
 
-/// What the author should know of the failed write of @p path.
-QString failedWriteLine(const QString &path);
+/// What the author should know of @p error, one line.
+QString failureLine(const Error &error);
 
-/// What the author should know of failed writes, one line; empty when everything is stored.
+/// What the author should know of all that is not as it should be on the disk, one line; empty when
+/// everything is stored.
 QString failedWritesLine();
 
 } // namespace quillon

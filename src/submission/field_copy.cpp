@@ -169,7 +169,7 @@ FieldCopyPanel::FieldCopyPanel(Browser &browser, Desktop &desktop, QObject *pare
 void FieldCopyPanel::setPasteData()
 {
     const auto bytes = AddDeleteImportEdit::returnDataObjectFor(u"data");
-    const TolerantXml xml(decodedXmlText(bytes.value_or(QByteArray())));
+    const TolerantXml xml(decodedXmlText(bytes.valueOr({})));
     Flags enabled;
     for (size_t place = 0; place < fieldCopyButtons.size(); ++place)
         enabled.set(place, !xml.first(fieldCopyButtons[place].tag()).value_or(QString()).isEmpty());
@@ -186,7 +186,7 @@ void FieldCopyPanel::press(int place)
         Q_EMIT changed();
     }
     const auto bytes = AddDeleteImportEdit::returnDataObjectFor(u"data");
-    const auto text = pasteText(fieldCopyButtons[size_t(place)], bytes.value_or(QByteArray()));
+    const auto text = pasteText(fieldCopyButtons[size_t(place)], bytes.valueOr({}));
     if (!text)
         return;
     m_browser.paste([&desktop = m_desktop, text = *text] { desktop.setClipboardText(text); });

@@ -128,7 +128,7 @@ void FieldCopyView::showStates()
 
 void FieldCopyView::showValues()
 {
-    const QByteArray pad = AddDeleteImportEdit::returnDataObjectFor(u"data").value_or(QByteArray());
+    const QByteArray pad = AddDeleteImportEdit::returnDataObjectFor(u"data").valueOr({});
     for (int place = 0; place < fieldCopyButtonCount; ++place)
         showValue(place, pad);
 }
@@ -148,7 +148,7 @@ bool FieldCopyView::eventFilter(QObject *watched, QEvent *event)
         const auto *const button = std::ranges::find(m_buttons, watched);
         if (button != m_buttons.end())
             showValue(int(button - m_buttons.begin()),
-                      AddDeleteImportEdit::returnDataObjectFor(u"data").value_or(QByteArray()));
+                      AddDeleteImportEdit::returnDataObjectFor(u"data").valueOr({}));
     }
     return QWidget::eventFilter(watched, event);
 }

@@ -3,6 +3,7 @@
 #include "platform/text_decoding.h"
 #include "platform/tolerant_xml.h"
 #include "store/add_delete_import_edit.h"
+#include "store/storage_status.h"
 #include "store/summary_file.h"
 
 #include <QStringList>
@@ -84,14 +85,18 @@ QString listWithout(qsizetype left, const QStringList &list, qsizetype count)
     return rest;
 }
 
-bool editSummary(QString (*edited)(const QString &summary, const QString &site), const QString &site)
+Result<> editSummary(QString (*edited)(const QString &summary, const QString &site), const QString &site)
 {
     const auto bytes = AddDeleteImportEdit::returnDataObjectFor(u"general");
-    if (!bytes)
-        return false;
+    if (!bytes) {
+        reportFailure(bytes.error());
+        return bytes.error();
+    }
     const QString before = decodedXmlText(*bytes);
     const QString after = edited(before, site);
-    return after == before || AddDeleteImportEdit::writeToFile(u"general", after.toUtf8());
+    if (after == before)
+        return {};
+    return AddDeleteImportEdit::writeToFile(u"general", after.toUtf8(), bytes);
 }
 
 } // namespace
@@ -155,12 +160,12 @@ bool canBeKept(const QString &site)
     return summary_file::parse(marked.toUtf8()).siteList().contains(site);
 }
 
-bool markSubmitted(const QString &site)
+Result<> markSubmitted(const QString &site)
 {
     return editSummary(withMark, site);
 }
 
-bool removeMark(const QString &site)
+Result<> removeMark(const QString &site)
 {
     return editSummary(withoutMark, site);
 }

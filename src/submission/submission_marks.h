@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/result.h"
+
 #include <QString>
 
 /// The record of where a title was submitted, and at which version: two lists in its summary file.
@@ -22,11 +24,10 @@ QString withoutMark(const QString &summary, const QString &site);
 /// Whether a mark for @p site reads as that site afterwards; not one with a comma or markup in its name.
 bool canBeKept(const QString &site);
 
-/// Marks @p site in the selected title's summary file. False when that cannot be read or stored.
-bool markSubmitted(const QString &site);
+/// Marks @p site in the selected title's summary file.
+Result<> markSubmitted(const QString &site);
 
-/// Removes the mark of @p site from the selected title's summary file. False when that cannot be read or
-/// stored.
-bool removeMark(const QString &site);
+/// Removes the mark of @p site from the selected title's summary file.
+Result<> removeMark(const QString &site);
 
 } // namespace quillon::submission_marks

@@ -146,14 +146,14 @@ void SubmitControl::removeMark()
     changeMark(submission_marks::removeMark, false);
 }
 
-void SubmitControl::changeMark(bool (*change)(const QString &site), bool isMarkedThen)
+void SubmitControl::changeMark(Result<> (*change)(const QString &site), bool isMarkedThen)
 {
     if (selectedRow() < 0)
         return;
     m_reloadWebView = false;
-    const bool isStored = change(m_selectedSite);
+    const Result<> changed = change(m_selectedSite);
     loadSitesList();
-    if (isStored)
+    if (changed.isDone())
         setMarkSubmittedButtonTitle(isMarkedThen);
     NotificationCenter::defaultCenter().post(notification::mwqnOvLSlst);
 }

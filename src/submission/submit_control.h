@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/result.h"
 #include "submission/browser.h"
 #include "submission/default_sites.h"
 #include "submission/field_copy.h"
@@ -126,7 +127,7 @@ private:
 
     void showSite(const QString &site);
     void readStates(const QByteArray &summary);
-    void changeMark(bool (*change)(const QString &site), bool isMarkedThen);
+    void changeMark(Result<> (*change)(const QString &site), bool isMarkedThen);
     void setMarkSubmittedButtonTitle(bool isMarked);
     void endLoad();
     void showProgress();

@@ -29,7 +29,7 @@ protected:
     void SetUp() override
     {
         TemporaryDataFolder::SetUp();
-        AddDeleteImportEdit::createNewListing(u"Title"_s);
+        ASSERT_TRUE(AddDeleteImportEdit::createNewListing(u"Title"_s));
         selectTitle(u"Title"_s);
         editor.awakeFromNib();
         load();
@@ -39,7 +39,7 @@ protected:
     static QString path(QStringView file) { return inData(u"Title.qndata/"_s + file.toString()); }
     static QByteArray stored(QStringView file) { return contents(path(file)); }
     static Summary summary() { return summary_file::parse(stored(title_folder::summaryFile)); }
-    static StringDictionary log() { return ErrorTracking::returnErrorDictionary().value(); }
+    static StringDictionary log() { return *ErrorTracking::returnErrorDictionary(); }
 
     /// Tells a file that was replaced from one that was left alone.
     static QList<ino_t> fileNumbers()
@@ -306,7 +306,7 @@ TEST_F(EditorTest, WhatIsStoredIsWhatIsShown)
 TEST_F(EditorTest, ADamagedPadFileNeitherTakesAnotherTitlesValuesNorIsLost)
 {
     editor.typed(companyName, u"First title's company"_s);
-    AddDeleteImportEdit::createNewListing(u"Other"_s);
+    ASSERT_TRUE(AddDeleteImportEdit::createNewListing(u"Other"_s));
     const QString other = inData(u"Other.qndata/data.qnxml"_s);
     const QList<QByteArray> damages = {QByteArray("\x00\xff\x01 garbage", 11), {}, "<other><xml/></other>"};
     for (const QByteArray &damage : damages) {

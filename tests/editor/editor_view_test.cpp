@@ -25,7 +25,7 @@ protected:
     void SetUp() override
     {
         TemporaryDataFolder::SetUp();
-        AddDeleteImportEdit::createNewListing(u"T"_s);
+        ASSERT_TRUE(AddDeleteImportEdit::createNewListing(u"T"_s));
         selectTitle(u"T"_s);
         editor.awakeFromNib();
         editor.loadPADData();
@@ -48,7 +48,7 @@ protected:
     FieldTextEdit *text(FieldId field) { return widget<FieldTextEdit>(field); }
     static QString stored(FieldId field)
     {
-        const QString file = QString::fromUtf8(AddDeleteImportEdit::returnDataObjectFor(u"data").value());
+        const QString file = QString::fromUtf8(*AddDeleteImportEdit::returnDataObjectFor(u"data"));
         const QString tag = padField(field).element.toString();
         const qsizetype start = file.indexOf(u'<' + tag + u'>') + tag.size() + 2;
         return file.sliced(start, file.indexOf(u"</" + tag + u'>') - start);

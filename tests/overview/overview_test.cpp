@@ -200,7 +200,7 @@ TEST_F(OverviewTest, SelectionDrivesMenuMarksAndNotifications)
 
     overview.loadSoftwareList(); // The selection is kept by name...
     EXPECT_EQ(mwqnSelSW, u"U"_s);
-    AddDeleteImportEdit::deleteQnDataFile(u"U"_s);
+    ASSERT_TRUE(AddDeleteImportEdit::deleteQnDataFile(u"U"_s));
     overview.loadSoftwareList(); // ...and given up with its title.
     EXPECT_EQ(mwqnSelSW, std::nullopt);
     EXPECT_EQ(menu(), u"100011"_s);
@@ -227,7 +227,7 @@ TEST_F(OverviewTest, MarksOfSitesThatAreGoneArePruned)
     ASSERT_EQ(overview.submittedToTable().rowCount(), 1);
     EXPECT_EQ(mark(0, SubmittedToTable::Version), u"2"_s);
     EXPECT_EQ(cell(0, SoftwareTable::Submissions, IconsRole), u"Here"_s);
-    EXPECT_EQ(loadSummary(u"T"_s).versions, u"2"_s) << "the unclosed list reads as it was meant";
+    EXPECT_EQ(loadSummary(u"T"_s)->versions, u"2"_s) << "the unclosed list reads as it was meant";
 }
 
 TEST_F(OverviewTest, NamePanelRefusesAndReopens)

@@ -1,4 +1,6 @@
 #include "platform/atomic_file.h"
+#include "platform/folder_handle.h"
+#include "platform/unfinished_name.h"
 #include "support/files.h"
 #include "support/full_disk.h"
 
@@ -23,13 +25,13 @@ TEST_F(AtomicFileTest, ReplacesWhatIsDifferentAndLeavesTheSameAlone)
 {
     const QString longest(255, u'n');
     for (const QByteArray &bytes : {QByteArray("one"), QByteArray(), QByteArray(300'000, '\0')}) {
-        EXPECT_FALSE(atomic_file::write(at(longest), bytes));
+        EXPECT_TRUE(atomic_file::write(at(longest), bytes));
         EXPECT_EQ(contents(at(longest)), bytes);
         EXPECT_EQ(atomic_file::read(at(longest)), bytes);
         const ino_t number = fileNumber(at(longest));
-        EXPECT_FALSE(atomic_file::write(at(longest), bytes));
+        EXPECT_TRUE(atomic_file::write(at(longest), bytes));
         EXPECT_EQ(fileNumber(at(longest)), number);
-        EXPECT_FALSE(atomic_file::write(at(longest), bytes + '!'));
+        EXPECT_TRUE(atomic_file::write(at(longest), bytes + '!'));
         EXPECT_NE(fileNumber(at(longest)), number);
     }
     EXPECT_EQ(names(folder.path()), QStringList{longest});
@@ -39,7 +41,7 @@ TEST_F(AtomicFileTest, KeepsTheModeAndMindsTheUsersMask)
 {
     ASSERT_TRUE(put(at(u"f"_s), "old") && ::chmod(QFile::encodeName(at(u"f"_s)).constData(), 0640) == 0);
     const mode_t mask = ::umask(077);
-    EXPECT_FALSE(atomic_file::write(at(u"f"_s), "new") || atomic_file::write(at(u"g"_s), "new"));
+    EXPECT_TRUE(atomic_file::write(at(u"f"_s), "new") && atomic_file::write(at(u"g"_s), "new"));
     ::umask(mask);
     EXPECT_EQ(mode(u"f"_s), 0x640);
     EXPECT_EQ(mode(u"g"_s), 0x600);
@@ -53,13 +55,13 @@ TEST_F(AtomicFileTest, AFailedWriteKeepsTheOldFileAndLeavesNothingBehind)
     ASSERT_TRUE(put(at(others), "other"));
     {
         const FullDisk full(100);
-        const auto error = atomic_file::write(at(u"f"_s), QByteArray(5000, 'n'));
-        ASSERT_TRUE(error);
-        EXPECT_EQ(error->path, at(u"f"_s));
-        EXPECT_TRUE(error->reason.startsWith(u"writing failed: "_s)) << error->reason.toStdString();
+        const Result<> written = atomic_file::write(at(u"f"_s), QByteArray(5000, 'n'));
+        ASSERT_TRUE(written.isError(Error::Kind::NotDone));
+        EXPECT_EQ(written.error().path, at(u"f"_s));
+        EXPECT_TRUE(written.error().reason.startsWith(u"writing failed: "_s));
     }
     for (const QString &path : {u"d"_s, u"missing/f"_s, u"f/below"_s, QString(256, u'n')})
-        EXPECT_TRUE(atomic_file::write(at(path), "new")) << path.toStdString();
+        EXPECT_FALSE(atomic_file::write(at(path), "new").isDone()) << path.toStdString();
     EXPECT_EQ(contents(at(u"f"_s)), "old");
     EXPECT_EQ(contents(at(others)), "other");
     EXPECT_EQ(names(folder.path()), (QStringList{others, u"d"_s, u"f"_s}));
@@ -70,19 +72,44 @@ TEST_F(AtomicFileTest, ReadsRegularFilesWithinTheBound)
     ASSERT_TRUE(put(at(u"f"_s), "12345"));
     ASSERT_EQ(::mkfifo(QFile::encodeName(at(u"pipe"_s)).constData(), 0600), 0);
     EXPECT_EQ(atomic_file::read(at(u"f"_s), 5), "12345");
-    EXPECT_FALSE(atomic_file::read(at(u"f"_s), 4));
-    for (const QString &name : {u"missing"_s, u"."_s, u"pipe"_s})
-        EXPECT_FALSE(atomic_file::read(at(name))) << name.toStdString();
+    EXPECT_TRUE(atomic_file::read(at(u"f"_s), 4).isError(Error::Kind::Unreadable));
+    for (const QString &name : {u"missing"_s, u"f/below"_s})
+        EXPECT_TRUE(atomic_file::read(at(name)).isError(Error::Kind::Missing)) << name.toStdString();
+    for (const QString &name : {u"."_s, u"pipe"_s})
+        EXPECT_TRUE(atomic_file::read(at(name)).isError(Error::Kind::Unreadable)) << name.toStdString();
+}
+
+TEST_F(AtomicFileTest, ReplacesOnlyWhatWasRead)
+{
+    ASSERT_TRUE(put(at(u"f"_s), "old"));
+    const Result<QByteArray> unread = Error{Error::Kind::Unreadable, at(u"f"_s), u"for a moment"_s};
+    EXPECT_TRUE(atomic_file::replace(at(u"f"_s), "new", unread).isError(Error::Kind::Unreadable));
+    EXPECT_EQ(contents(at(u"f"_s)), "old");
+    EXPECT_TRUE(atomic_file::replace(at(u"f"_s), "new", atomic_file::read(at(u"f"_s))));
+    EXPECT_EQ(contents(at(u"f"_s)), "new");
+}
+
+TEST_F(AtomicFileTest, KnowsItsOwnNamesAndTakesNoOthersForThem)
+{
+    const QByteArrayView end = unfinished_name::file;
+    const QByteArray name = unfinished_name::make(end);
+    EXPECT_TRUE(unfinished_name::is(name, end));
+    for (const QByteArray &other :
+         {QByteArray(".quillon-mine"), QByteArray(".quillon-1.tmp"), QByteArray(name + 'x'),
+          QByteArray('x' + name), name.toUpper(), unfinished_name::make(unfinished_name::folder)})
+        EXPECT_FALSE(unfinished_name::is(other, end)) << other.toStdString();
 }
 
 TEST_F(AtomicFileTest, MovesFoldersOntoNothingOnly)
 {
+    const auto parent = FolderHandle::open(folder.path());
+    ASSERT_TRUE(parent);
     ASSERT_TRUE(QDir(folder.path()).mkdir(u"a"_s) && put(at(u"a/f"_s), "kept") &&
                 QDir(folder.path()).mkdir(u"empty"_s));
     ASSERT_TRUE(QFile::link(u"nowhere"_s, at(u"link"_s)));
-    EXPECT_FALSE(atomic_file::moveFolder(at(u"a"_s), at(u"b"_s)));
-    for (const QString &taken : {u"empty"_s, u"link"_s, u"b"_s})
-        EXPECT_TRUE(atomic_file::moveFolder(at(u"b"_s), at(taken))) << taken.toStdString();
-    EXPECT_TRUE(atomic_file::moveFolder(at(u"a"_s), at(u"c"_s)));
+    EXPECT_TRUE(parent->move("a", *parent, "b"));
+    for (const QByteArray taken : {"empty", "link", "b"})
+        EXPECT_FALSE(parent->move("b", *parent, taken)) << taken.toStdString();
+    EXPECT_FALSE(parent->move("a", *parent, "c"));
     EXPECT_EQ(contents(at(u"b/f"_s)), "kept");
 }

@@ -24,7 +24,7 @@ protected:
                          [this](FieldId field) { focused.append(field); });
         QObject::connect(&toolbar, &ToolbarControl::openSubmitWindow, [this] { ++submitWindows; });
         toolbar.awakeFromNib();
-        AddDeleteImportEdit::createNewListing(u"T"_s);
+        ASSERT_TRUE(AddDeleteImportEdit::createNewListing(u"T"_s));
         overview.awakeFromNib();
         shown.clear();
     }
@@ -76,7 +76,7 @@ TEST_F(ToolbarControlTest, EditingFocusesByTabAndShutsTheMenu)
     EXPECT_EQ(mwqnSelSW, u"T"_s);
 
     toolbar.editTBI();
-    AddDeleteImportEdit::deleteQnDataFile(u"T"_s);
+    ASSERT_TRUE(AddDeleteImportEdit::deleteQnDataFile(u"T"_s));
     overview.loadSoftwareList();
     EXPECT_EQ(shown.last(), ContentView::Overview) << "nothing would be stored of what is typed";
 }

@@ -52,7 +52,7 @@ TEST_F(Backups, OfTitlesHoldTheirThreeFilesAndNothingElse)
     EXPECT_EQ(tree(place()), expected);
 
     const QMap<QString, QByteArray> before = tree(mwqnAppSuppLoc);
-    AddDeleteImportEdit::deleteQnDataFile(u".hidden ünï"_s);
+    ASSERT_TRUE(AddDeleteImportEdit::deleteQnDataFile(u".hidden ünï"_s));
     EXPECT_EQ(backups::restoreTitles(place()).copied, 1);
     EXPECT_EQ(tree(mwqnAppSuppLoc), before);
 }
@@ -71,19 +71,19 @@ TEST_F(Backups, TellHowManyTitlesWereImportedAndIgnored)
     EXPECT_EQ(result.informativeText, explanation);
     EXPECT_EQ(result.ignored, 2);
 
-    AddDeleteImportEdit::deleteQnDataFile(u"B"_s);
+    ASSERT_TRUE(AddDeleteImportEdit::deleteQnDataFile(u"B"_s));
     result = backups::restoreTitles(place());
     EXPECT_EQ(result.sentence, u"1 software titles were imported.\n1 software titles were ignored.");
     EXPECT_EQ(result.informativeText, explanation);
     EXPECT_EQ(contentOf(pathIn(u"A"_s, title_folder::padFile)), u"newer") << "a title is never overwritten";
 
-    AddDeleteImportEdit::deleteQnDataFile(u"A"_s);
-    AddDeleteImportEdit::deleteQnDataFile(u"B"_s);
+    ASSERT_TRUE(AddDeleteImportEdit::deleteQnDataFile(u"A"_s));
+    ASSERT_TRUE(AddDeleteImportEdit::deleteQnDataFile(u"B"_s));
     result = backups::restoreTitles(place());
     EXPECT_EQ(result.sentence, u"2 software titles were imported.");
     EXPECT_EQ(result.informativeText, u"");
     // A file of a title's name counts as that title.
-    AddDeleteImportEdit::deleteQnDataFile(u"A"_s);
+    ASSERT_TRUE(AddDeleteImportEdit::deleteQnDataFile(u"A"_s));
     writeTo(*title_folder::path(u"A"), u"a file"_s);
     EXPECT_EQ(backups::restoreTitles(place()).ignored, 2);
     EXPECT_EQ(contentOf(*title_folder::path(u"A")), u"a file");
@@ -190,7 +190,7 @@ TEST_F(Backups, ReplaceOnlyWhatTheAuthorAgreedToAndOnlyWhenComplete)
 
     const QString whole = mwqnAppSuppLoc;
     setDataFolder(place(u"holder.swback"_s));
-    AddDeleteImportEdit::checkAppSuppExists();
+    ASSERT_TRUE(AddDeleteImportEdit::checkAppSuppExists());
     makeTitle(u"A"_s);
     const QMap<QString, QByteArray> held = tree(home());
     EXPECT_EQ(backups::backupTitles(place(u"holder.swback"_s), Existing::Replace).outcome,
@@ -228,7 +228,7 @@ TEST_F(Backups, ThatFailOrAreCancelledLeaveNothingBehind)
     const QString whole = place(u"whole.swback"_s);
     ASSERT_EQ(backups::backupTitles(whole, Existing::Refuse).copied, 3);
     for (const QString &title : {u"A"_s, u"B"_s, u"C"_s})
-        AddDeleteImportEdit::deleteQnDataFile(title);
+        ASSERT_TRUE(AddDeleteImportEdit::deleteQnDataFile(title));
     const QMap<QString, QByteArray> empty = tree(home());
     EXPECT_EQ(backups::restoreTitles(whole, afterOne).outcome, BackupResult::Cancelled);
     EXPECT_EQ(tree(home()), empty);
@@ -276,7 +276,7 @@ TEST_F(Backups, OfSitesThatNobodyUnderstandsAreCopiesAllTheSame)
     ASSERT_TRUE(QFile::remove(list) && QDir().mkdir(list));
     const BackupResult failed = backups::backupSites(place(u"b.qnback"_s), Existing::Refuse);
     EXPECT_EQ(failed.outcome, BackupResult::Failed);
-    EXPECT_EQ(failed.details, QStringList{u"sites.qnrc cannot be read"_s});
+    EXPECT_EQ(failed.details, QStringList{u"sites.qnrc cannot be read: it is no regular file"_s});
 }
 
 TEST_F(Backups, OfSitesThatAreDamagedTakeNothingAway)

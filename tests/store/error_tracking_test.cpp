@@ -45,7 +45,7 @@ TEST_F(ErrorTrackingTest, WithoutAReadableLogNothingIsReadOrWritten)
     const auto expectUntouched = [this](const QByteArray &bytes) {
         ErrorTracking::setHasError(u"eula"_s, u"long"_s);
         ErrorTracking::setNoError(u"eula"_s);
-        EXPECT_EQ(ErrorTracking::returnErrorDictionary(), std::nullopt);
+        EXPECT_FALSE(ErrorTracking::returnErrorDictionary());
         EXPECT_EQ(contents(log), bytes);
     };
     expectUntouched(empty); // No title is selected.

@@ -1,6 +1,7 @@
 #include "pad/pad_writer.h"
 #include "platform/notification_center.h"
 #include "platform/notifications.h"
+#include "platform/unfinished_name.h"
 #include "store/storage_status.h"
 #include "support/full_disk.h"
 #include "support/temporary_home.h"
@@ -35,7 +36,7 @@ TEST_F(TitleStoreTest, MakesTheDataFolderOnceWithItsSiteLists)
     EXPECT_EQ(contents(inData(u"ignore.qnrc"_s)), emptyList);
 
     ASSERT_TRUE(QFile::remove(inData(u"ignore.qnrc"_s)) && put(inData(u"sites.qnrc"_s), "mine"));
-    Store::checkAppSuppExists();
+    EXPECT_TRUE(Store::checkAppSuppExists());
     EXPECT_EQ(names(mwqnAppSuppLoc), QStringList{u"sites.qnrc"_s});
     EXPECT_EQ(contents(inData(u"sites.qnrc"_s)), "mine");
 }
@@ -43,10 +44,14 @@ TEST_F(TitleStoreTest, MakesTheDataFolderOnceWithItsSiteLists)
 TEST_F(TitleStoreTest, WhatACrashLeftHalfMadeGoesAndNothingElse)
 {
     ASSERT_TRUE(Store::createNewListing(u".quillon-mine"_s) && Store::createNewListing(u"T"_s));
+    ASSERT_TRUE(QDir(mwqnAppSuppLoc).mkpath(u".quillon-notes"_s) && put(inData(u".quillon-1.tmp"_s), "x"));
     const QStringList before = names(mwqnAppSuppLoc);
-    ASSERT_TRUE(QDir(mwqnAppSuppLoc).mkpath(u".quillon-12/0"_s) &&
-                put(inData(u".quillon-12/0/data.qnxml"_s), "x"));
-    ASSERT_TRUE(put(inData(u".quillon-ab.tmp"_s), "x") && put(inData(u"T.qndata/.quillon-cd.tmp"_s), "x"));
+    for (const char *const end : {unfinished_name::folder, unfinished_name::deleted}) {
+        const QString left = QFile::decodeName(unfinished_name::make(end));
+        ASSERT_TRUE(QDir(mwqnAppSuppLoc).mkpath(left + u"/0") && put(inData(left + u"/0/data.qnxml"), "x"));
+    }
+    const QString file = QFile::decodeName(unfinished_name::make(unfinished_name::file));
+    ASSERT_TRUE(put(inData(file), "x") && put(inData(u"T.qndata/"_s + file), "x"));
     Store::removeUnfinished();
     EXPECT_EQ(names(mwqnAppSuppLoc), before);
     EXPECT_EQ(files(u"T"_s), newFiles);
@@ -56,14 +61,14 @@ TEST_F(TitleStoreTest, WhatACrashLeftHalfMadeGoesAndNothingElse)
 TEST_F(TitleStoreTest, ADataFolderThatCannotBeIsToldUntilItIsMended)
 {
     ASSERT_TRUE(QDir(maker).removeRecursively() && put(maker, "a file in its place"));
-    Store::checkAppSuppExists();
+    EXPECT_FALSE(Store::checkAppSuppExists());
     EXPECT_FALSE(Store::createNewListing(u"T"_s));
     EXPECT_FALSE(Store::importExistingFile(u"T"_s, "<a/>"));
     EXPECT_FALSE(failedWritesLine().isEmpty());
     EXPECT_EQ(contents(maker), "a file in its place");
 
     ASSERT_TRUE(QFile::remove(maker));
-    Store::checkAppSuppExists();
+    EXPECT_TRUE(Store::checkAppSuppExists());
     EXPECT_TRUE(Store::createNewListing(u"T"_s));
     EXPECT_EQ(failedWritesLine(), QString());
 }
@@ -189,8 +194,8 @@ TEST_F(TitleStoreTest, AFailedWriteIsToldUntilALaterOneSucceeds)
     const QString path = inData(title + u".qndata/data.qnxml");
     const QString folder = QDir::cleanPath(mwqnAppSuppLoc);
     EXPECT_EQ(mwqnFailedWrites.keys(), (QStringList{folder, path}));
-    EXPECT_TRUE(mwqnFailedWrites.value(folder).startsWith(u"Imported.qndata: writing failed: "));
-    EXPECT_EQ(failedWritesLine(), QString(failedWriteLine(folder) + u", and 1 more"));
+    EXPECT_TRUE(mwqnFailedWrites.value(folder).reason.startsWith(u"Imported.qndata: writing failed: "));
+    EXPECT_EQ(failedWritesLine(), QString(failureLine(mwqnFailedWrites.value(folder)) + u", and 1 more"));
 
     EXPECT_TRUE(Store::writeToFile(u"data", big));
     EXPECT_FALSE(mwqnFailedWrites.contains(path));
@@ -204,9 +209,9 @@ TEST_F(TitleStoreTest, ACrashLeavesNoHalfATitle)
         const FullDisk full(1000, SIG_DFL); // The summary can be written, the PAD file cannot.
         store();
     };
-    EXPECT_EXIT(storeAndCrash([] { Store::createNewListing(u"New"_s); }), testing::KilledBySignal(SIGXFSZ),
-                "");
-    EXPECT_EXIT(storeAndCrash([] { Store::importExistingFile(u"T"_s, QByteArray(10'000, 'x')); }),
+    EXPECT_EXIT(storeAndCrash([] { (void)Store::createNewListing(u"New"_s); }),
+                testing::KilledBySignal(SIGXFSZ), "");
+    EXPECT_EXIT(storeAndCrash([] { (void)Store::importExistingFile(u"T"_s, QByteArray(10'000, 'x')); }),
                 testing::KilledBySignal(SIGXFSZ), "");
     EXPECT_EQ(titles(), QStringList());
 }
@@ -215,9 +220,9 @@ TEST_F(TitleStoreTest, FailuresGoWithTheirTitleOnly)
 {
     for (const QString &name : {u"A"_s, u"AB"_s}) {
         ASSERT_TRUE(Store::createNewListing(name));
-        reportFailure(inData(name + u".qndata/data.qnxml"), u"full"_s);
+        reportFailure({.path = inData(name + u".qndata/data.qnxml"), .reason = u"full"_s});
     }
-    Store::checkAppSuppExists();
+    EXPECT_TRUE(Store::checkAppSuppExists());
     EXPECT_EQ(mwqnFailedWrites.size(), 2);
     EXPECT_TRUE(Store::deleteQnDataFile(u"A"_s));
     EXPECT_EQ(mwqnFailedWrites.keys(), QStringList{inData(u"AB.qndata/data.qnxml"_s)});

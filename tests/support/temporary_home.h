@@ -51,7 +51,7 @@ protected:
     void SetUp() override
     {
         TemporaryHome::SetUp();
-        AddDeleteImportEdit::checkAppSuppExists();
+        ASSERT_TRUE(AddDeleteImportEdit::checkAppSuppExists());
     }
 };
 
