@@ -1,10 +1,10 @@
 #include "editor/choice_bindings.h"
 
-#include "controls/validation_palette.h"
 #include "editor/check_list_model.h"
 #include "editor/editor.h"
 #include "editor/editor_layout.h"
 #include "platform/plain_text.h"
+#include "widgets/validation_palette.h"
 
 #include <QAbstractItemView>
 #include <QBoxLayout>

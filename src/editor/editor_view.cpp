@@ -1,11 +1,11 @@
 #include "editor/editor_view.h"
 
-#include "controls/validation_palette.h"
 #include "editor/choice_bindings.h"
 #include "editor/editor.h"
 #include "editor/editor_layout.h"
 #include "editor/text_bindings.h"
 #include "platform/plain_text.h"
+#include "widgets/validation_palette.h"
 
 #include <QBoxLayout>
 #include <QGroupBox>

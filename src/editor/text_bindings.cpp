@@ -1,9 +1,9 @@
 #include "editor/text_bindings.h"
 
-#include "controls/validation_palette.h"
 #include "editor/editor.h"
 #include "editor/editor_layout.h"
 #include "editor/text_change.h"
+#include "widgets/validation_palette.h"
 
 #include <QCoreApplication>
 #include <QFocusEvent>

@@ -1,8 +1,8 @@
 #include "overview/name_panel_view.h"
 
-#include "controls/validation_palette.h"
 #include "overview/title_commands.h"
 #include "platform/plain_text.h"
+#include "widgets/validation_palette.h"
 
 #include <QDialogButtonBox>
 #include <QGridLayout>

@@ -1,13 +1,13 @@
 #include "overview/overview_view.h"
 
-#include "controls/row_table.h"
+#include "controls/icon_cell.h"
 #include "overview/guarded_selection_model.h"
-#include "overview/icon_cell.h"
-#include "overview/icon_cell_delegate.h"
 #include "overview/natural_sort_proxy.h"
 #include "overview/overview_controller.h"
 #include "overview/title_commands.h"
 #include "platform/settings.h"
+#include "widgets/icon_cell_delegate.h"
+#include "widgets/row_table.h"
 
 #include <QBoxLayout>
 #include <QDragEnterEvent>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "overview/icon_cell.h"
+#include "controls/icon_cell.h"
 #include "overview/title_list.h"
 
 #include <QAbstractTableModel>
@@ -8,13 +8,6 @@
 #include <QHash>
 
 namespace quillon {
-
-/// What views read beside Qt's own roles.
-enum OverviewRole
-{
-    IconsRole = Qt::UserRole, ///< QStringList: the names of an icon cell's pictures.
-    SortRole,                 ///< What the column sorts by: dates as dates, icon cells by their names.
-};
 
 /// The table of titles: one row each, in the order of the list.
 class SoftwareTable : public QAbstractTableModel

@@ -1,6 +1,5 @@
 #include "overview/submitted_to_table.h"
 
-#include "overview/software_table.h"
 #include "platform/plain_text.h"
 #include "platform/string_dictionary.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "overview/icon_cell.h"
+#include "controls/icon_cell.h"
 
 #include <QAbstractTableModel>
 #include <QHash>

@@ -1,7 +1,7 @@
 #include "sites/add_edit_panel_view.h"
 
-#include "sites/failed_writes_label.h"
 #include "sites/preferences_controller.h"
+#include "widgets/failed_writes_label.h"
 
 #include <QDialogButtonBox>
 #include <QFormLayout>
@@ -53,7 +53,7 @@ AddEditPanelView::AddEditPanelView(PreferencesController &preferences, QWidget *
     layout->addRow(m_title);
     layout->addRow(u"&Name:"_s, m_siteName);
     layout->addRow(u"&URL:"_s, m_siteUrl);
-    layout->addRow(newFailedWritesLabel(u"panelFailedWrites"_s, this));
+    layout->addRow(new FailedWritesLabel(u"panelFailedWrites"_s, this));
     layout->addRow(buttons);
     m_addSaveButton->setDefault(true);
     setTabOrder(m_siteUrl, m_addSaveButton);

@@ -3,9 +3,9 @@
 #include "platform/settings.h"
 #include "sites/add_edit_panel_view.h"
 #include "sites/backups_page.h"
-#include "sites/failed_writes_label.h"
 #include "sites/preferences_controller.h"
 #include "sites/sites_page.h"
+#include "widgets/failed_writes_label.h"
 
 #include <QActionGroup>
 #include <QBoxLayout>
@@ -88,7 +88,7 @@ QLayout *PreferencesWindow::newBottomRow()
     close->setAutoDefault(false);
     connect(close, &QPushButton::clicked, &m_preferences, &PreferencesController::closePrefs);
     auto *row = new QHBoxLayout;
-    row->addWidget(newFailedWritesLabel(u"prefsFailedWrites"_s, this), 1);
+    row->addWidget(new FailedWritesLabel(u"prefsFailedWrites"_s, this), 1);
     row->addWidget(close, 0, Qt::AlignRight);
     return row;
 }

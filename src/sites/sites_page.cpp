@@ -1,8 +1,8 @@
 #include "sites/sites_page.h"
 
-#include "controls/row_table.h"
 #include "platform/settings.h"
 #include "sites/preferences_controller.h"
+#include "widgets/row_table.h"
 
 #include <QAction>
 #include <QBoxLayout>

@@ -1,10 +1,9 @@
 #include "submission/sites_drawer.h"
 
-#include "overview/icon_cell.h"
-#include "overview/icon_cell_delegate.h"
-#include "overview/software_table.h"
+#include "controls/icon_cell.h"
 #include "platform/settings.h"
 #include "submission/submit_control.h"
+#include "widgets/icon_cell_delegate.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>

@@ -1,6 +1,6 @@
 #include "submission/submission_sites_table.h"
 
-#include "overview/software_table.h"
+#include "controls/icon_cell.h"
 #include "platform/plain_text.h"
 
 #include <array>

@@ -1,4 +1,4 @@
-#include "overview/software_table.h"
+#include "controls/icon_cell.h"
 #include "platform/notification_center.h"
 #include "platform/notifications.h"
 #include "submission/data_folder_fixture.h"

@@ -1,4 +1,4 @@
-#include "overview/icon_cell.h"
+#include "controls/icon_cell.h"
 
 #include <array>
 

@@ -1,4 +1,4 @@
-#include "controls/validation_palette.h"
+#include "widgets/validation_palette.h"
 
 namespace quillon {
 

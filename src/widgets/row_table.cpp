@@ -1,4 +1,4 @@
-#include "controls/row_table.h"
+#include "widgets/row_table.h"
 
 #include <QBoxLayout>
 #include <QHeaderView>

@@ -1,7 +1,6 @@
-#include "overview/icon_cell_delegate.h"
+#include "widgets/icon_cell_delegate.h"
 
-#include "overview/icon_cell.h"
-#include "overview/software_table.h"
+#include "controls/icon_cell.h"
 #include "platform/plain_text.h"
 #include "store/process_state.h"
 
