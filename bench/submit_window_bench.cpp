@@ -1,12 +1,8 @@
 #include "measuring.h"
-#include "overview/overview_controller.h"
+#include "pad/pad_writer.h"
 #include "platform/atomic_file.h"
-#include "platform/delayed_calls.h"
 #include "platform/settings.h"
-#include "shell/message_box_sheets.h"
-#include "shell/submission_opener.h"
-#include "shell/toolbar_control.h"
-#include "sites/preferences_controller.h"
+#include "shell/workbench.h"
 #include "store/add_delete_import_edit.h"
 #include "store/process_state.h"
 #include "store/summary_file.h"
@@ -14,6 +10,7 @@
 #include "submission/default_sites.h"
 #include "submission/submit_window.h"
 #include "submission/web_engine_profile.h"
+#include "support/valid_form.h"
 
 #include <QApplication>
 #include <QMainWindow>
@@ -31,21 +28,25 @@ namespace {
 
 constexpr size_t marks = 200;
 
-/// A title with marks for most of the sites, half of them at older versions.
+/// A title without errors and with marks for most of the sites, half of them at older versions.
 bool makeTitle()
 {
     QStringList sites;
     QStringList versions;
     for (size_t index = 0; index < marks; ++index) {
         sites.append(defaultSites[index].name.toString());
-        versions.append(index % 2 == 0 ? u"1.0"_s : u"2.0"_s);
+        versions.append(index % 2 == 0 ? u"0.9"_s : u"1.0"_s);
     }
+    PadForm form;
+    fillValidly(form, true);
     Summary summary;
-    summary.version = u"2.0"_s;
+    summary.version = form.value(FieldId::programVersion);
     summary.sites = sites.join(u',');
     summary.versions = versions.join(u',');
     const QString title = u"Title"_s;
     return AddDeleteImportEdit::createNewListing(title) &&
+           atomic_file::write(*title_folder::path(title) + u'/' + title_folder::padFile,
+                              pad_writer::document(form)) &&
            atomic_file::write(*title_folder::path(title) + u'/' + title_folder::summaryFile,
                               summary_file::text(summary).toUtf8());
 }
@@ -118,17 +119,10 @@ void openSubmitWindow(benchmark::State &state)
     std::vector<double> floors;
     for ([[maybe_unused]] const auto iteration : state) {
         floors.push_back(seconds(bare));
-        MessageBoxSheets sheets;
-        TimedCalls calls;
-        OverviewController overview(sheets);
-        ToolbarControl toolbar(overview, sheets);
-        SubmissionOpener opener(toolbar, overview, sheets, calls);
-        PreferencesController preferences(sheets, calls);
-        toolbar.awakeFromNib();
-        preferences.awakeFromNib();
-        overview.awakeFromNib();
-        overview.tableViewSelectionDidChange(0);
-        openings.push_back(seconds([&] { showSubmitWindow(toolbar); }));
+        Workbench workbench;
+        workbench.overview().tableViewSelectionDidChange(0);
+        openings.push_back(seconds([&] { showSubmitWindow(workbench.toolbar()); }));
+        SubmissionOpener &opener = workbench.submission();
         if (opener.window()->control().submittedToArraySTR().count(u"1"_s) != qsizetype(marks))
             state.SkipWithError("the marks are not in the list");
         opener.close();

@@ -6,6 +6,8 @@
 #include "overview/overview_controller.h"
 #include "overview/title_commands.h"
 #include "platform/settings.h"
+#include "widgets/action_button.h"
+#include "widgets/command_set.h"
 #include "widgets/icon_cell_delegate.h"
 #include "widgets/row_table.h"
 
@@ -52,8 +54,9 @@ QStringList localFiles(const QMimeData *data)
 
 } // namespace
 
-OverviewView::OverviewView(OverviewController &overview, TitleCommands &commands, QWidget *parent)
-    : QWidget(parent), m_overview(overview), m_commands(commands), m_sorted(new NaturalSortProxy(this))
+OverviewView::OverviewView(OverviewController &overview, TitleCommands &titles, const CommandSet &commands,
+                           QWidget *parent)
+    : QWidget(parent), m_overview(overview), m_titles(titles), m_sorted(new NaturalSortProxy(this))
 {
     setObjectName(u"overviewView"_s);
     setAcceptDrops(true);
@@ -62,7 +65,7 @@ OverviewView::OverviewView(OverviewController &overview, TitleCommands &commands
 
     m_splitter = new QSplitter(Qt::Vertical, this);
     m_splitter->setChildrenCollapsible(false);
-    m_splitter->addWidget(newTitlesPanel());
+    m_splitter->addWidget(newTitlesPanel(commands));
     m_splitter->addWidget(newDetailsPanel());
     m_splitter->setStretchFactor(0, 3);
     m_splitter->setStretchFactor(1, 2);
@@ -71,13 +74,12 @@ OverviewView::OverviewView(OverviewController &overview, TitleCommands &commands
 
     connect(&overview, &OverviewController::selectedRowChanged, this, &OverviewView::showSelectedRow);
     connect(&overview, &OverviewController::validationErrorsChanged, this, &OverviewView::showErrors);
-    connect(&overview.fileMenu(), &FileMenu::changed, this, &OverviewView::updateButtons);
-    connect(&overview.softwareTable(), &QAbstractItemModel::modelReset, this, &OverviewView::updateButtons);
+    connect(&overview.softwareTable(), &QAbstractItemModel::modelReset, this, &OverviewView::showListOrHint);
     restoreLayout();
     connect(m_sorted, &QAbstractItemModel::modelReset, this, &OverviewView::keepPlace);
     connect(m_softwareTableView->horizontalHeader(), &QHeaderView::sortIndicatorChanged, this,
             [this] { showSelectedRow(m_overview.selectedRow()); });
-    updateButtons();
+    showListOrHint();
     showErrors();
 }
 
@@ -86,12 +88,12 @@ OverviewView::~OverviewView()
     saveLayout();
 }
 
-QWidget *OverviewView::newTitlesPanel()
+QWidget *OverviewView::newTitlesPanel(const CommandSet &commands)
 {
     m_softwareTableView = newTable(u"softwareTableView"_s, u"Software titles"_s, this);
     m_softwareTableView->setModel(m_sorted);
     m_softwareTableView->setSortingEnabled(true);
-    m_softwareTableView->setContextMenuPolicy(Qt::ActionsContextMenu);
+    commands.fillContextMenu(*m_softwareTableView);
     const auto mayBeSelected = [this](const QModelIndex &index, GuardedSelectionModel::Telling telling) {
         const int row = m_sorted->mapToSource(index).row();
         return telling == GuardedSelectionModel::Telling::Aloud ? m_overview.tableViewShouldSelectRow(row)
@@ -121,7 +123,7 @@ QWidget *OverviewView::newTitlesPanel()
     auto *layout = new QVBoxLayout(panel);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_titlesOrHint, 1);
-    layout->addWidget(newButtonRow());
+    layout->addWidget(newButtonRow(commands));
     return panel;
 }
 
@@ -149,42 +151,20 @@ QWidget *OverviewView::newEmptyPage()
     return page;
 }
 
-QWidget *OverviewView::newButtonRow()
+QWidget *OverviewView::newButtonRow(const CommandSet &commands)
 {
-    /// A button under the list, and what it does.
-    struct ListButton
-    {
-        QString name;
-        QString text;
-        QString icon;
-        QString toolTip;
-        void (TitleCommands::*command)();
-        FileMenu::Item item; ///< The menu item that is enabled when the button is.
-    };
-    const QList<ListButton> buttons = {
-        {u"newSoftwareButton"_s, u"&New…"_s, u"new-title"_s, u"Add a new software title"_s,
-         &TitleCommands::newSoftwareButtonAction, FileMenu::New},
-        {u"importButton"_s, u"&Import…"_s, u"import"_s, u"Add titles from PAD files"_s,
-         &TitleCommands::importPADFile, FileMenu::Import},
-        {u"renameButton"_s, u"&Rename…"_s, u"rename"_s, u"Give the selected title another name"_s,
-         &TitleCommands::renameSWListItem, FileMenu::Rename},
-        {u"exportButton"_s, u"E&xport…"_s, u"export"_s, u"Save the selected title's PAD file"_s,
-         &TitleCommands::exportButtonAction, FileMenu::Export},
-        {u"deleteButton"_s, u"&Delete…"_s, u"delete"_s, u"Delete the selected title"_s,
-         &TitleCommands::deleteButtonAction, FileMenu::Rename},
-    };
     auto *row = new QWidget;
     auto *layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
-    for (const ListButton &each : buttons) {
-        auto *button = new QPushButton(QIcon(u":/icons/%1.svg"_s.arg(each.icon)), each.text);
-        button->setObjectName(each.name);
-        button->setToolTip(each.toolTip);
-        connect(button, &QPushButton::clicked, &m_commands, each.command);
-        m_buttons.append({button, each.item});
-        layout->addWidget(button);
-    }
-    layout->insertStretch(2, 1); // What needs a selected title stands apart.
+    const auto add = [&](const QString &name, const QString &command) {
+        layout->addWidget(newActionButton(*commands.action(command), name, row));
+    };
+    add(u"newSoftwareButton"_s, u"new"_s);
+    add(u"importButton"_s, u"import"_s);
+    layout->addStretch(1); // What needs a selected title stands apart.
+    add(u"renameButton"_s, u"rename"_s);
+    add(u"exportButton"_s, u"export"_s);
+    add(u"deleteButton"_s, u"delete"_s);
     return row;
 }
 
@@ -211,11 +191,6 @@ QWidget *OverviewView::newDetailsPanel()
     panel->addWidget(captioned(new QLabel(u"&Submitted to"_s), m_submittedToTableView));
     panel->addWidget(captioned(m_errorsCaption, m_validationErrorsView));
     return panel;
-}
-
-void OverviewView::setListActions(const QList<QAction *> &actions)
-{
-    m_softwareTableView->addActions(actions);
 }
 
 void OverviewView::showSelectedRow(int row)
@@ -257,10 +232,8 @@ void OverviewView::showErrors()
                                             : u"&Errors in the PAD file (%1)"_s.arg(errors.size()));
 }
 
-void OverviewView::updateButtons()
+void OverviewView::showListOrHint()
 {
-    for (const auto &[button, item] : std::as_const(m_buttons))
-        button->setEnabled(m_overview.fileMenu().isEnabled(item));
     m_titlesOrHint->setCurrentIndex(m_overview.softwareTable().rowCount() == 0 ? 1 : 0);
 }
 
@@ -273,7 +246,7 @@ void OverviewView::dragEnterEvent(QDragEnterEvent *event)
 void OverviewView::dropEvent(QDropEvent *event)
 {
     event->acceptProposedAction();
-    m_commands.processImportedFile(localFiles(event->mimeData()));
+    m_titles.processImportedFile(localFiles(event->mimeData()));
 }
 
 void OverviewView::saveLayout() const

@@ -1,19 +1,16 @@
 #pragma once
 
-#include "overview/file_menu.h"
-
 #include <QWidget>
 
 class QLabel;
 class QListWidget;
-class QPushButton;
 class QSplitter;
 class QStackedWidget;
 class QTableView;
-class QToolButton;
 
 namespace quillon {
 
+class CommandSet;
 class NaturalSortProxy;
 class OverviewController;
 class TitleCommands;
@@ -24,11 +21,11 @@ class OverviewView : public QWidget
 {
     Q_OBJECT
 public:
-    OverviewView(OverviewController &overview, TitleCommands &commands, QWidget *parent = nullptr);
+    /// The buttons under the list and its context menu have their actions from @p commands. All must outlive
+    /// the view.
+    OverviewView(OverviewController &overview, TitleCommands &titles, const CommandSet &commands,
+                 QWidget *parent = nullptr);
     ~OverviewView() override;
-
-    /// Actions that the list offers in its context menu.
-    void setListActions(const QList<QAction *> &actions);
 
 Q_SIGNALS:
     /// The user asks to edit the selected title.
@@ -41,19 +38,19 @@ protected:
     void dropEvent(QDropEvent *event) override;
 
 private:
-    QWidget *newTitlesPanel();
+    QWidget *newTitlesPanel(const CommandSet &commands);
     QWidget *newEmptyPage();
-    QWidget *newButtonRow();
+    QWidget *newButtonRow(const CommandSet &commands);
     QWidget *newDetailsPanel();
     void showSelectedRow(int row);
     void keepPlace();
     void showErrors();
-    void updateButtons();
+    void showListOrHint();
     void saveLayout() const;
     void restoreLayout();
 
     OverviewController &m_overview;
-    TitleCommands &m_commands;
+    TitleCommands &m_titles;
     NaturalSortProxy *m_sorted;
     QStackedWidget *m_titlesOrHint = nullptr;
     QTableView *m_softwareTableView = nullptr;
@@ -62,7 +59,6 @@ private:
     QLabel *m_errorsCaption = nullptr;
     QSplitter *m_splitter = nullptr;
     int m_place = 0; ///< The row in the view that was selected last.
-    QList<std::pair<QPushButton *, FileMenu::Item>> m_buttons; ///< Each with what enables it.
 };
 
 } // namespace quillon

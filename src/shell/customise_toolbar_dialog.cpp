@@ -1,11 +1,12 @@
 #include "shell/customise_toolbar_dialog.h"
 
 #include "shell/toolbar_layout.h"
+#include "widgets/command_set.h"
 
+#include <QAction>
 #include <QBoxLayout>
 #include <QDialogButtonBox>
 #include <QGridLayout>
-#include <QIcon>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
@@ -16,20 +17,11 @@ namespace quillon {
 
 namespace {
 
-QListWidgetItem *newItem(const QString &identifier)
-{
-    QString icon;
-    for (const ToolbarItem &item : toolbar_layout::allowedItems()) {
-        if (item.identifier == identifier)
-            icon = item.icon;
-    }
-    return new QListWidgetItem(QIcon(icon), identifier);
-}
-
-QListWidget *newList(const QString &name)
+QListWidget *newList(const QString &name, const QString &accessibleName)
 {
     auto *list = new QListWidget;
     list->setObjectName(name);
+    list->setAccessibleName(accessibleName);
     list->setIconSize({24, 24});
     list->setDragEnabled(true);
     return list;
@@ -44,53 +36,71 @@ QLabel *labelFor(const QString &text, QWidget *buddy)
 
 } // namespace
 
-CustomiseToolbarDialog::CustomiseToolbarDialog(QWidget *parent)
-    : QDialog(parent), m_available(newList(u"availableItems"_s)), m_shown(newList(u"toolbarItems"_s))
+CustomiseToolbarDialog::CustomiseToolbarDialog(const CommandSet &commands, QWidget *parent)
+    : QDialog(parent)
+    , m_commands(commands)
+    , m_available(newList(u"availableItems"_s, u"Available items"_s))
+    , m_shown(newList(u"toolbarItems"_s, u"Toolbar, from left to right"_s))
 {
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowModality(Qt::WindowModal);
     setWindowTitle(u"Customise Toolbar"_s);
-    for (const ToolbarItem &item : toolbar_layout::allowedItems())
-        m_available->addItem(newItem(item.identifier));
+    for (const QString &identifier : toolbar_layout::allowedItems())
+        m_available->addItem(newItem(identifier));
     m_available->setDragDropMode(QAbstractItemView::DragOnly);
     m_shown->setDragDropMode(QAbstractItemView::DragDrop);
     m_shown->setDefaultDropAction(Qt::MoveAction);
+    connect(m_available, &QListWidget::itemActivated, this, &CustomiseToolbarDialog::add);
     showOrder(toolbar_layout::storedOrder());
 
-    /// A button between or beside the lists.
-    struct Command
+    auto *layout = new QGridLayout(this);
+    layout->addWidget(labelFor(u"A&vailable items:"_s, m_available), 0, 0);
+    layout->addWidget(labelFor(u"&Toolbar, from left to right:"_s, m_shown), 0, 2);
+    layout->addWidget(m_available, 1, 0);
+    layout->addLayout(newButtonColumn(), 1, 1);
+    layout->addWidget(m_shown, 1, 2);
+    layout->addWidget(newButtonBox(), 2, 0, 1, 3);
+}
+
+QLayout *CustomiseToolbarDialog::newButtonColumn()
+{
+    /// A button between the lists.
+    struct ListButton
     {
         QString text;
         std::function<void()> run;
     };
+    const QList<ListButton> buttons = {{u"&Add →"_s, [this] { add(); }},
+                                       {u"← &Remove"_s, [this] { remove(); }},
+                                       {u"Move &Up"_s, [this] { move(-1); }},
+                                       {u"Move &Down"_s, [this] { move(1); }}};
     auto *column = new QVBoxLayout;
     column->addStretch();
-    for (const Command &command : {Command{u"&Add →"_s, [this] { add(); }},
-                                   {u"← &Remove"_s, [this] { remove(); }},
-                                   {u"Move &Up"_s, [this] { move(-1); }},
-                                   {u"Move &Down"_s, [this] { move(1); }}}) {
-        auto *button = new QPushButton(command.text);
+    for (const ListButton &each : buttons) {
+        auto *button = new QPushButton(each.text);
         button->setAutoDefault(false);
-        connect(button, &QPushButton::clicked, this, command.run);
+        connect(button, &QPushButton::clicked, this, each.run);
         column->addWidget(button);
     }
     column->addStretch();
+    return column;
+}
 
+QDialogButtonBox *CustomiseToolbarDialog::newButtonBox()
+{
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel |
                                          QDialogButtonBox::RestoreDefaults);
     connect(buttons, &QDialogButtonBox::accepted, this, &CustomiseToolbarDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &CustomiseToolbarDialog::reject);
     connect(buttons->button(QDialogButtonBox::RestoreDefaults), &QPushButton::clicked, this,
             [this] { showOrder(toolbar_layout::defaultOrder()); });
-    connect(m_available, &QListWidget::itemActivated, this, &CustomiseToolbarDialog::add);
+    return buttons;
+}
 
-    auto *layout = new QGridLayout(this);
-    layout->addWidget(labelFor(u"A&vailable items:"_s, m_available), 0, 0);
-    layout->addWidget(labelFor(u"&Toolbar, from left to right:"_s, m_shown), 0, 2);
-    layout->addWidget(m_available, 1, 0);
-    layout->addLayout(column, 1, 1);
-    layout->addWidget(m_shown, 1, 2);
-    layout->addWidget(buttons, 2, 0, 1, 3);
+QListWidgetItem *CustomiseToolbarDialog::newItem(const QString &identifier) const
+{
+    const bool isCommand = !toolbar_layout::mayRepeat(identifier);
+    return new QListWidgetItem(isCommand ? m_commands.action(identifier)->icon() : QIcon(), identifier);
 }
 
 void CustomiseToolbarDialog::showOrder(const QStringList &identifiers)

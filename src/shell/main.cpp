@@ -1,16 +1,7 @@
-#include "editor/editor.h"
-#include "overview/overview_controller.h"
-#include "overview/title_commands.h"
 #include "platform/application_info.h"
-#include "platform/delayed_calls.h"
 #include "platform/settings.h"
-#include "shell/main_window.h"
-#include "shell/message_box_sheets.h"
 #include "shell/single_instance.h"
-#include "shell/submission_opener.h"
-#include "shell/toolbar_control.h"
-#include "sites/preferences_controller.h"
-#include "sites/preferences_window.h"
+#include "shell/workbench.h"
 #include "store/add_delete_import_edit.h"
 #include "store/data_folder_lock.h"
 #include "store/process_state.h"
@@ -79,32 +70,9 @@ int main(int argc, char *argv[])
     if (lock.state() == DataFolderLock::State::Held)
         AddDeleteImportEdit::removeUnfinished();
 
-    MessageBoxSheets alerts;
-    TimedCalls delayedCalls;
-    OverviewController overview(alerts);
-    TitleCommands commands(overview, alerts, delayedCalls);
-    ToolbarControl toolbar(overview, alerts);
-    Editor editor(alerts);
-    PreferencesController preferences(alerts, delayedCalls);
-    SubmissionOpener submission(toolbar, overview, alerts, delayedCalls);
-    MainWindow window(toolbar, overview, commands, editor);
-    QObject::connect(&window, &MainWindow::closed, &submission, &SubmissionOpener::close);
-    alerts.setWidget(SheetWindow::Main, &window);
-    alerts.setWidget(SheetWindow::Preferences, new PreferencesWindow(preferences, &window));
-    QObject::connect(&window, &MainWindow::preferencesRequested, &preferences,
-                     &PreferencesController::openPrefsWindow);
-    QObject::connect(&window, &MainWindow::backupRequested, &preferences,
-                     &PreferencesController::importBackupMenuAction);
-    toolbar.awakeFromNib();
-    editor.awakeFromNib();      // Before the overview, whose selection it is to hear of.
-    preferences.awakeFromNib(); // Likewise, for the overview asks for the catalogue.
-    overview.awakeFromNib();
-
-    SingleInstance instance;
-    QObject::connect(&instance, &SingleInstance::activated, &window, &MainWindow::bringToFront);
+    Workbench workbench;
     if (lock.state() == DataFolderLock::State::Held)
-        instance.listen();
-
-    window.show();
+        workbench.listen();
+    workbench.window().show();
     return QApplication::exec();
 }

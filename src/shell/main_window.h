@@ -4,15 +4,17 @@
 
 #include <QMainWindow>
 
-class QLabel;
 class QProgressBar;
 class QStackedWidget;
 
 namespace quillon {
 
+class CommandSet;
 class Editor;
 class EditorView;
+class MainToolbar;
 class OverviewView;
+class PreferencesController;
 class TitleCommands;
 
 /// The main window: the overview and the editor in turn, the customisable toolbar, the menus, and a status
@@ -21,16 +23,19 @@ class MainWindow : public QMainWindow
 {
     Q_OBJECT
 public:
-    MainWindow(ToolbarControl &toolbar, OverviewController &overview, TitleCommands &commands,
-               Editor &editor);
-    ~MainWindow() override;
+    /// All must outlive the window.
+    MainWindow(ToolbarControl &toolbar, OverviewController &overview, TitleCommands &titles, Editor &editor,
+               PreferencesController &preferences);
 
     /// Shows the window above all others, also when it is minimised.
     void bringToFront();
+    void customiseToolbar();
+    void openAboutPanelAction();
+
+    /// What a right click on the toolbar or on the menu bar offers.
+    QMenu *createPopupMenu() override;
 
 Q_SIGNALS:
-    void preferencesRequested();
-    void backupRequested();
     /// The window was closed, and with it the program's other windows are to be.
     void closed();
 
@@ -38,32 +43,21 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
-    void buildActions();
-    void buildMenus();
-    void buildToolbar();
+    void buildContent(OverviewController &overview, TitleCommands &titles, Editor &editor);
     void buildStatusBar();
-    void fillToolbar();
-    void customiseToolbar();
-    void updateFileMenu();
-    void checkShownView();
+    void restoreLayout();
     void showContent(ContentView view);
-    void showFailedWrites();
+    void checkShownView();
     void showImportProgress(int done, int total);
     void editField(const QString &key);
-    void openAboutPanelAction();
-    QAction *newAction(const QString &name, const QString &text, const QString &icon,
-                       const QKeySequence &shortcut, std::function<void()> run);
 
     ToolbarControl &m_toolbarControl;
-    OverviewController &m_overview;
-    TitleCommands &m_commands;
-    QHash<QString, QAction *> m_actions;
-    QStackedWidget *m_content = nullptr;
+    CommandSet *m_commands;
+    QStackedWidget *m_content;
     OverviewView *m_overviewView = nullptr;
     EditorView *m_editView = nullptr;
-    QToolBar *m_toolbar = nullptr;
-    QLabel *m_failedWrites = nullptr;
-    QProgressBar *m_importProgress = nullptr;
+    MainToolbar *m_toolbar;
+    QProgressBar *m_importProgress;
 };
 
 } // namespace quillon

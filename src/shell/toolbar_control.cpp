@@ -21,7 +21,7 @@ struct TabFocus
     FieldId field;
 };
 
-// Descriptions and web addresses are paired crosswise, as they have always been; authors' fingers know it.
+// Descriptions and web addresses are paired crosswise on purpose: that oddity is kept.
 constexpr std::array<TabFocus, 4> focusByTab = {{
     {u"Company Information", FieldId::authorFirstName},
     {u"Program Information", FieldId::programName},

@@ -2,8 +2,6 @@
 
 #include "platform/settings.h"
 
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 
 namespace quillon::toolbar_layout {
@@ -12,25 +10,11 @@ namespace {
 
 const QString orderKey = u"quillonToolbar/items"_s;
 
-bool isAllowed(const QString &identifier)
-{
-    const QList<ToolbarItem> &items = allowedItems();
-    return std::any_of(items.begin(), items.end(),
-                       [&](const ToolbarItem &item) { return item.identifier == identifier; });
-}
-
 } // namespace
 
-const QList<ToolbarItem> &allowedItems()
+const QStringList &allowedItems()
 {
-    static const QList<ToolbarItem> items = {
-        {u"Overview"_s, u":/icons/OverviewTBI.svg"_s},
-        {u"Edit"_s, u":/icons/EditTBI.svg"_s},
-        {u"Submit"_s, u":/icons/Submit.svg"_s},
-        {space, {}},
-        {flexibleSpace, {}},
-        {separator, {}},
-    };
+    static const QStringList items = {u"Overview"_s, u"Edit"_s, u"Submit"_s, space, flexibleSpace, separator};
     return items;
 }
 
@@ -49,7 +33,7 @@ QStringList storedOrder()
     if (!settings().contains(orderKey))
         return defaultOrder();
     QStringList order = settings().value(orderKey).toStringList();
-    order.removeIf([](const QString &identifier) { return !isAllowed(identifier); });
+    order.removeIf([](const QString &identifier) { return !allowedItems().contains(identifier); });
     return order;
 }
 

@@ -1,18 +1,11 @@
 #pragma once
 
-#include <QList>
 #include <QStringList>
 
 namespace quillon {
 
-/// What can stand in the main window's toolbar: an action, or something between actions.
-struct ToolbarItem
-{
-    QString identifier;
-    QString icon; ///< Resource path; empty for what stands between actions.
-};
-
-/// The toolbar "quillonToolbar": which items there are, which stand in it, in which order.
+/// The toolbar "quillonToolbar": which items there are, which stand in it, in which order. An item is a
+/// command of the main window, or something between commands.
 namespace toolbar_layout {
 
 inline const QString space = QStringLiteral("space");
@@ -20,9 +13,9 @@ inline const QString flexibleSpace = QStringLiteral("flexible space");
 inline const QString separator = QStringLiteral("separator");
 
 /// All items that may stand in the toolbar.
-const QList<ToolbarItem> &allowedItems();
+const QStringList &allowedItems();
 
-/// Whether @p identifier may stand there more than once.
+/// Whether @p identifier may stand there more than once, as all that is no command may.
 bool mayRepeat(const QString &identifier);
 
 /// The order of a toolbar that nobody has changed.

@@ -1,10 +1,9 @@
-#include "editor/editor.h"
-#include "overview/title_commands.h"
+#include "platform/notification_center.h"
+#include "platform/notifications.h"
 #include "shell/customise_toolbar_dialog.h"
-#include "shell/main_window.h"
-#include "shell/message_box_sheets.h"
-#include "shell/single_instance.h"
 #include "shell/toolbar_layout.h"
+#include "shell/workbench.h"
+#include "sites/preferences_window.h"
 #include "store/storage_status.h"
 #include "store/title_folder.h"
 #include "support/program_test.h"
@@ -12,12 +11,12 @@
 
 #include <QLabel>
 #include <QLineEdit>
+#include <QListView>
 #include <QListWidget>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QSignalSpy>
 #include <QTableView>
 #include <QToolBar>
 #include <QtGui/QDropEvent>
@@ -27,33 +26,18 @@ using namespace Qt::StringLiterals;
 namespace quillon {
 namespace {
 
-/// The whole program but for its main(): the real window, sheets and delays.
-struct MainProgram
+struct MainProgram : Workbench
 {
-    MainProgram()
-    {
-        sheets.setWidget(SheetWindow::Main, &window);
-        toolbar.awakeFromNib();
-        editor.awakeFromNib();
-        overview.awakeFromNib();
-        window.show();
-    }
-    QWidget *shownWindow() { return &window; }
-
-    MessageBoxSheets sheets;
-    TimedCalls calls;
-    OverviewController overview{sheets};
-    TitleCommands commands{overview, sheets, calls};
-    ToolbarControl toolbar{overview, sheets};
-    Editor editor{sheets};
-    MainWindow window{toolbar, overview, commands, editor};
+    MainProgram() { window().show(); }
+    QWidget *shownWindow() { return &window(); }
 };
 
 class MainWindowTest : public ProgramTest<MainProgram, TemporaryHome>
 {
 protected:
-    MainWindow &window() { return program().window; }
-    QStringList titles() { return program().overview.softwareTable().swNameArray(); }
+    MainWindow &window() { return program().window(); }
+    OverviewController &overview() { return program().overview(); }
+    QStringList titles() { return overview().softwareTable().swNameArray(); }
 
     static void typeName(const QString &name)
     {
@@ -114,14 +98,14 @@ TEST_F(MainWindowTest, ATitleFromItsCreationToItsEnd)
     EXPECT_EQ(window().windowTitle(), u"First <b>title"_s) << "the editor says whose PAD file it shows";
     window().findChild<QAction *>(u"Overview"_s)->trigger();
     EXPECT_EQ(window().windowTitle(), u"Quillon"_s);
-    program().overview.deselectAll();
+    overview().deselectAll();
     window().findChild<QAction *>(u"Edit"_s)->trigger();
     answerAlert(u"OK"_s);
     EXPECT_TRUE(window().findChild<QAction *>(u"Overview"_s)->isChecked());
     QTest::keyClick(visible<QTableView>(u"softwareTableView"_s), Qt::Key_Down);
     EXPECT_EQ(mwqnSelSW, u"First <b>title"_s) << "the place is kept, and a key selects it";
     for (const bool enabled : {false, true}) {
-        enabled ? program().overview.fileMenu().enableAll() : program().overview.fileMenu().disableAll();
+        enabled ? overview().fileMenu().enableAll() : overview().fileMenu().disableAll();
         for (const QString &button : {u"importButton"_s, u"renameButton"_s, u"deleteButton"_s})
             EXPECT_EQ(visible<QPushButton>(button)->isEnabled(), enabled) << button.toStdString();
         QMimeData data;
@@ -154,6 +138,27 @@ TEST_F(MainWindowTest, ATitleFromItsCreationToItsEnd)
     answerAlert(u"Delete"_s);
     EXPECT_TRUE(titles().isEmpty());
     EXPECT_FALSE(title_folder::exists(u"Second"_s));
+}
+
+TEST_F(MainWindowTest, TheKeyThatDeletesATitleBelongsToTheList)
+{
+    drop({padFile(u"A"_s)});
+    answerAlert(u"OK"_s);
+    clickTitle(0);
+    window().findChild<QAction *>(u"Edit"_s)->trigger();
+    // As when the submission window was closed: the commands of the File menu can be used again.
+    NotificationCenter::defaultCenter().post(notification::mwqnRS87968tJHKgfds);
+    const QList<QListView *> lists = visible<QWidget>(u"editView"_s)->findChildren<QListView *>();
+    ASSERT_FALSE(lists.isEmpty());
+    for (QListView *list : lists) {
+        list->setFocus();
+        QTest::keyClick(list, Qt::Key_Delete);
+        EXPECT_EQ(openWindow<QMessageBox>(), nullptr) << list->objectName().toStdString();
+    }
+    window().findChild<QAction *>(u"Overview"_s)->trigger();
+    visible<QTableView>(u"softwareTableView"_s)->setFocus();
+    QTest::keyClick(visible<QTableView>(u"softwareTableView"_s), Qt::Key_Delete);
+    EXPECT_TRUE(answerAlert(u"Cancel"_s).startsWith(u"Do you really want to delete A"));
 }
 
 TEST_F(MainWindowTest, FilesComeInByTheChooserAndByDropping)
@@ -235,29 +240,30 @@ TEST_F(MainWindowTest, SortingAndToolbarOutliveARun)
 
 TEST_F(MainWindowTest, BackupsAndPreferencesAreAskedForInTheFileMenu)
 {
-    QSignalSpy backup(&window(), &MainWindow::backupRequested);
-    QSignalSpy preferences(&window(), &MainWindow::preferencesRequested);
-    const auto trigger = [this] {
-        for (const QString &name : {u"backup"_s, u"preferences"_s})
-            window().findChild<QAction *>(name)->trigger();
+    const auto opens = [this](const QString &command) {
+        window().findChild<QAction *>(command)->trigger();
+        auto *preferences = openWindow<PreferencesWindow>();
+        if (preferences)
+            preferences->reject();
+        return preferences != nullptr;
     };
-    trigger();
-    program().overview.fileMenu().disableAll();
-    trigger();
-    EXPECT_EQ(backup.count(), 1) << "not while the editor is showing";
-    EXPECT_EQ(preferences.count(), 2);
+    EXPECT_TRUE(opens(u"backup"_s));
+    EXPECT_TRUE(opens(u"preferences"_s));
+    overview().fileMenu().disableAll();
+    EXPECT_FALSE(opens(u"backup"_s)) << "not while the editor is showing";
+    EXPECT_TRUE(opens(u"preferences"_s));
 }
 
 TEST_F(MainWindowTest, FailedWritesStayInSightUntilMended)
 {
-    QLabel *line = visible<QLabel>(u"failedWrites"_s);
-    EXPECT_EQ(line->text(), QString());
+    const auto *line = window().findChild<QLabel *>(u"failedWrites"_s);
+    EXPECT_FALSE(line->isVisible());
     const QString path = home() + u"/missing/file"_s;
     EXPECT_FALSE(storeFile(path, "x"));
-    EXPECT_TRUE(line->text().contains(path)) << line->text().toStdString();
+    EXPECT_TRUE(line->isVisible() && line->text().contains(path)) << line->text().toStdString();
     QDir().mkpath(home() + u"/missing"_s);
     EXPECT_TRUE(storeFile(path, "x"));
-    EXPECT_EQ(line->text(), QString());
+    EXPECT_FALSE(line->isVisible());
 }
 
 TEST_F(MainWindowTest, EveryStopOfTheTabKeyHasAName)
@@ -270,9 +276,7 @@ TEST_F(MainWindowTest, EveryStopOfTheTabKeyHasAName)
 
 TEST_F(MainWindowTest, ASecondStartBringsTheWindowToTheFront)
 {
-    SingleInstance instance;
-    instance.listen();
-    QObject::connect(&instance, &SingleInstance::activated, &window(), &MainWindow::bringToFront);
+    program().listen();
     window().hide();
     EXPECT_TRUE(SingleInstance::activateOther());
     EXPECT_TRUE(eventually([this] { return window().isVisible(); }));

@@ -1,0 +1,30 @@
+#include "shell/about_panel.h"
+
+#include "platform/application_info.h"
+
+#include <QIcon>
+#include <QMessageBox>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+
+void openAboutPanel(QWidget *parent)
+{
+    auto *panel = new QMessageBox(parent);
+    panel->setAttribute(Qt::WA_DeleteOnClose);
+    panel->setWindowTitle(u"About Quillon"_s);
+    panel->setIconPixmap(QIcon(u":/icons/quillon.svg"_s).pixmap(QSize(64, 64)));
+    panel->setText(u"Quillon"_s);
+    panel->setInformativeText(
+        u"Version %1\n\nKeeps the PAD files of your software titles, checks every field as you "
+        "type, and takes you from download site to download site.\n\nFree software under the "
+        "MIT licence."_s.arg(application_info::version));
+    panel->setTextFormat(Qt::PlainText);
+    panel->setModal(false);
+    panel->show();
+    panel->raise();
+    panel->activateWindow();
+}
+
+} // namespace quillon

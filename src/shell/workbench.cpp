@@ -1,0 +1,20 @@
+#include "shell/workbench.h"
+
+#include "sites/preferences_window.h"
+
+namespace quillon {
+
+Workbench::Workbench()
+{
+    m_alerts.setWidget(SheetWindow::Main, &m_window);
+    m_alerts.setWidget(SheetWindow::Preferences, new PreferencesWindow(m_preferences, &m_window));
+    QObject::connect(&m_window, &MainWindow::closed, &m_submission, &SubmissionOpener::close);
+    QObject::connect(&m_instance, &SingleInstance::activated, &m_window, &MainWindow::bringToFront);
+
+    m_toolbar.awakeFromNib();
+    m_editor.awakeFromNib();      // Before the overview, whose selection it is to hear of.
+    m_preferences.awakeFromNib(); // Likewise, for the overview asks for the catalogue.
+    m_overview.awakeFromNib();
+}
+
+} // namespace quillon

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "editor/editor.h"
+#include "overview/overview_controller.h"
+#include "overview/title_commands.h"
+#include "platform/delayed_calls.h"
+#include "shell/main_window.h"
+#include "shell/message_box_sheets.h"
+#include "shell/single_instance.h"
+#include "shell/submission_opener.h"
+#include "shell/toolbar_control.h"
+#include "sites/preferences_controller.h"
+
+namespace quillon {
+
+/**
+ * All of the program but its process: every controller and window, made and wired in the order in which they
+ * need one another. The program runs one, and so do tests and benchmarks of windows.
+ *
+ * The settings' home and the data folder are set, and the folder's lock is held, before one is made.
+ */
+class Workbench
+{
+public:
+    Workbench();
+
+    /// From now on another start of the program brings the main window to the front.
+    void listen() { m_instance.listen(); }
+
+    [[nodiscard]] OverviewController &overview() { return m_overview; }
+    [[nodiscard]] TitleCommands &titles() { return m_titles; }
+    [[nodiscard]] ToolbarControl &toolbar() { return m_toolbar; }
+    [[nodiscard]] SubmissionOpener &submission() { return m_submission; }
+    [[nodiscard]] MainWindow &window() { return m_window; }
+
+private:
+    MessageBoxSheets m_alerts;
+    TimedCalls m_delayedCalls;
+    OverviewController m_overview{m_alerts};
+    TitleCommands m_titles{m_overview, m_alerts, m_delayedCalls};
+    ToolbarControl m_toolbar{m_overview, m_alerts};
+    Editor m_editor{m_alerts};
+    PreferencesController m_preferences{m_alerts, m_delayedCalls};
+    SubmissionOpener m_submission{m_toolbar, m_overview, m_alerts, m_delayedCalls};
+    MainWindow m_window{m_toolbar, m_overview, m_titles, m_editor, m_preferences};
+    SingleInstance m_instance;
+};
+
+} // namespace quillon
