@@ -1,4 +1,5 @@
-#include "cli/commands.h"
+#include "cli/backup_commands.h"
+
 #include "sites/backups.h"
 
 #include <QFileInfo>

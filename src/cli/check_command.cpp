@@ -1,4 +1,5 @@
-#include "cli/commands.h"
+#include "cli/check_command.h"
+
 #include "cli/title_session.h"
 #include "overview/title_operations.h"
 #include "pad/pad_reader.h"
@@ -76,7 +77,7 @@ private:
                                          {u"element"_s, field.element.toString()},
                                          {u"message"_s, error->second}});
             else
-                print(field.control + u'\t' + field.element + u'\t' + error->second);
+                printColumns({field.control.toString(), field.element.toString(), error->second});
         }
         if (m_json)
             print(QJsonDocument(

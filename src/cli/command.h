@@ -1,9 +1,8 @@
 #pragma once
 
-#include "platform/alert_sheets.h"
+#include "cli/output.h"
 #include "platform/result.h"
 
-#include <QJsonDocument>
 #include <QString>
 
 #include <CLI/CLI.hpp>
@@ -22,8 +21,6 @@ enum ExitStatus
 
 /**
  * One command: its name, its help, its options and what it does stand together in one class.
- *
- * Data goes to standard output, messages to standard error.
  */
 class Command
 {
@@ -44,19 +41,6 @@ inline QString text(const std::string &argument)
 {
     return QString::fromUtf8(argument.c_str());
 }
-
-/// Writes @p line and a line end to standard output or to standard error.
-void print(const QString &line);
-void complain(const QString &line);
-
-/// Writes @p document, indented, to standard output.
-void print(const QJsonDocument &document);
-
-/// Writes @p bytes as they are to standard output.
-void print(const QByteArray &bytes);
-
-/// Whether all that was printed has been written; complains when it has not.
-bool isPrinted();
 
 /// Whether there is a title @p name; complains when there is none.
 bool titleExists(const QString &name);

@@ -1,4 +1,5 @@
-#include "cli/commands.h"
+#include "cli/list_command.h"
+
 #include "overview/title_list.h"
 #include "store/data_folder_lock.h"
 
@@ -45,25 +46,15 @@ QJsonObject json(const Title &title)
             {u"submissions"_s, submissions(summary)}};
 }
 
-/// @p name with blanks for what would end its column or its line.
-QString inOneLine(QString name)
-{
-    for (const char16_t separator : {u'\t', u'\n', u'\r'})
-        name.replace(separator, u' ');
-    return name;
-}
-
-/// One line for readers and for line-based tools: columns between tabs.
-QString line(const Title &title)
+QStringList columns(const Title &title)
 {
     const Summary &summary = title.summary;
     const QString state = !summary.validated           ? u"-"_s
                           : *summary.validated == u"1" ? u"validated"_s
                                                        : u"not validated"_s;
-    return QStringList{inOneLine(title.name), summary.version.value_or(QString()).simplified(),
-                       summary.releaseDate.value_or(QString()).simplified(),
-                       namesIn(summary.operatingSystems).join(u", ").simplified(), state}
-        .join(u'\t');
+    return {title.name, summary.version.value_or(QString()).simplified(),
+            summary.releaseDate.value_or(QString()).simplified(),
+            namesIn(summary.operatingSystems).join(u", ").simplified(), state};
 }
 
 class List final : public Command
@@ -92,7 +83,7 @@ public:
             if (m_json)
                 array.append(json(title));
             else
-                print(line(title));
+                printColumns(columns(title));
         }
         if (m_json)
             print(QJsonDocument(array));

@@ -6,27 +6,40 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QScopeGuard>
 
 #include <algorithm>
 #include <clocale>
 #include <cstdlib>
 #include <langinfo.h>
+#include <sstream>
 
 using namespace Qt::StringLiterals;
 using namespace quillon;
 
 namespace {
 
-/// File names and output are UTF-8 also where the environment names no locale, as in many build scripts.
-void ensureUtf8Locale()
+/// Starts Qt with UTF-8 for file names and output also where the environment names another character set, or
+/// no locale at all, as in many build scripts. Qt takes the character set when it starts and complains of any
+/// other. All else of the user's locale, such as the style of dates, is read later, from the environment as
+/// it was.
+QCoreApplication start(int &argc, char *argv[])
 {
+    const QByteArray before = qgetenv("LC_ALL");
+    const auto restore = qScopeGuard([&before] {
+        if (before.isNull())
+            ::unsetenv("LC_ALL");
+        else
+            ::setenv("LC_ALL", before.constData(), 1);
+    });
     std::setlocale(LC_ALL, "");
     if (std::string_view(nl_langinfo(CODESET)) != "UTF-8")
         ::setenv("LC_ALL", "C.UTF-8", 1);
+    return QCoreApplication(argc, argv);
 }
 
-/// The arguments as the parser takes them, the last one first. To it "[a,b]" is a list of two texts, but not
-/// with the NUL behind it.
+/// The arguments in the order that the parser takes: the last one first. The parser would split an argument
+/// "[a,b]" in two; a NUL at its end keeps it whole, and cli::text() drops the NUL again.
 std::vector<std::string> arguments(int argc, char *argv[])
 {
     std::vector<std::string> all(argv + 1, argv + argc);
@@ -36,6 +49,17 @@ std::vector<std::string> arguments(int argc, char *argv[])
     }
     std::ranges::reverse(all);
     return all;
+}
+
+/// Gives the help that was asked for, or says what is wrong with the command line.
+cli::ExitStatus answer(const CLI::App &program, const CLI::ParseError &error)
+{
+    std::ostringstream help;
+    std::ostringstream complaint;
+    const int status = program.exit(error, help, complaint);
+    cli::print(QByteArray::fromStdString(help.str()));
+    cli::explain(QString::fromStdString(complaint.str()).remove(QChar(u'\0')));
+    return status == 0 ? cli::Done : cli::WrongUsage;
 }
 
 cli::ExitStatus run(cli::Command &command)
@@ -55,29 +79,24 @@ cli::ExitStatus run(cli::Command &command)
 
 int main(int argc, char *argv[])
 {
-    ensureUtf8Locale();
-    const QCoreApplication application(argc, argv);
+    const QCoreApplication application = start(argc, argv);
+    cli::tellLogLines();
 
     CLI::App program("Keeps, checks and submits the PAD files of software titles.", "quillon-cli");
     program.set_version_flag("--version", application_info::version.toStdString());
-    program.require_subcommand(
-        0, 1); // None is told below, with the help; so an unknown one is told by its name.
+    program.require_subcommand(0, 1); // With 1 the parser would not name an unknown one; none is told below.
     std::string home = QDir::homePath().toStdString();
     program.add_option("--home", home, "Use this folder as the user's home folder")->type_name("DIR");
 
     std::vector<std::pair<CLI::App *, std::unique_ptr<cli::Command>>> commands;
-    for (const auto make :
-         {cli::listCommand, cli::newCommand, cli::renameCommand, cli::deleteCommand, cli::importCommand,
-          cli::exportCommand, cli::showCommand, cli::setCommand, cli::checkCommand, cli::sitesCommand,
-          cli::markCommand, cli::unmarkCommand, cli::copyCommand, cli::backupCommand, cli::restoreCommand}) {
-        auto command = make();
+    for (std::unique_ptr<cli::Command> &command : cli::commands()) {
         CLI::App *subcommand = command->addTo(program);
         commands.emplace_back(subcommand, std::move(command));
     }
     try {
         program.parse(arguments(argc, argv));
     } catch (const CLI::ParseError &error) {
-        return program.exit(error) == 0 ? cli::Done : cli::WrongUsage;
+        return answer(program, error);
     }
 
     if (home.empty()) {

@@ -1,4 +1,5 @@
-#include "cli/commands.h"
+#include "cli/pad_file_commands.h"
+
 #include "overview/title_operations.h"
 
 using namespace Qt::StringLiterals;

@@ -1,4 +1,5 @@
-#include "cli/commands.h"
+#include "cli/set_command.h"
+
 #include "cli/title_session.h"
 #include "pad/vocabularies.h"
 

@@ -1,4 +1,5 @@
-#include "cli/commands.h"
+#include "cli/show_command.h"
+
 #include "cli/title_session.h"
 
 using namespace Qt::StringLiterals;

@@ -1,4 +1,5 @@
-#include "cli/commands.h"
+#include "cli/sites_command.h"
+
 #include "cli/title_session.h"
 #include "sites/site_editing.h"
 #include "store/add_delete_import_edit.h"
@@ -24,22 +25,28 @@ StringDictionary stored(QStringView siteList)
     return site_list::stored(siteList).valueOr({});
 }
 
-/// False, with a complaint, when one of @p names would stay hidden: another ignored site has its address.
-bool comeBack(const QStringList &names)
+/// Complains of each of @p names that stays hidden when they are restored, since another ignored site has its
+/// address. False when one of them has no entry of its own that could be taken away.
+bool canBeRestored(const QStringList &names)
 {
-    StringDictionary others = stored(site_list::ignoredSites);
+    const StringDictionary ignored = stored(site_list::ignoredSites);
+    StringDictionary others = ignored;
     for (const QString &name : names)
         others.erase(name);
+    bool can = true;
     for (const QString &name : names) {
         const QString &url = mwqnDefaultSitesDict.at(name);
         const auto hiding = std::ranges::find(others, url, &StringDictionary::value_type::second);
-        if (hiding != others.end()) {
-            complain(u"%1 is hidden by %2, which has the same address; restore that one."_s.arg(
-                name, hiding->first));
-            return false;
-        }
+        if (hiding == others.end())
+            continue;
+        const bool isIgnored = ignored.contains(name);
+        const QString complaint =
+            isIgnored ? u"%1 stays hidden by %2, which has the same address."_s
+                      : u"%1 is hidden by %2, which has the same address; restore that one."_s;
+        complain(complaint.arg(name, hiding->first));
+        can = can && isIgnored;
     }
-    return true;
+    return can;
 }
 
 /// The catalogue, a title's state with each site, and the changes to the list of sites.
@@ -129,7 +136,7 @@ private:
             return Refused;
         if (m_remove->parsed())
             return outcome(site_editing::removeSites(names));
-        if (!comeBack(names))
+        if (!canBeRestored(names))
             return Refused;
         return outcome(site_editing::restoreSites(names));
     }
@@ -149,14 +156,14 @@ private:
                                          {u"url"_s, catalogue.urls[row]},
                                          {u"source"_s, source}});
             else
-                print(catalogue.sites[row] + u'\t' + catalogue.urls[row] + u'\t' + source);
+                printColumns({catalogue.sites[row], catalogue.urls[row], source});
         }
         for (qsizetype row = 0; row < catalogue.ignored.size(); ++row) {
             if (m_json)
                 ignored.append(
                     QJsonObject{{u"name"_s, catalogue.ignored[row]}, {u"url"_s, catalogue.ignoredUrls[row]}});
             else
-                print(catalogue.ignored[row] + u'\t' + catalogue.ignoredUrls[row] + u"\tremoved");
+                printColumns({catalogue.ignored[row], catalogue.ignoredUrls[row], u"removed"_s});
         }
         if (m_json)
             print(QJsonDocument(QJsonObject{{u"sites"_s, sites}, {u"ignored"_s, ignored}}));
@@ -180,7 +187,7 @@ private:
             if (m_json)
                 sites.append(QJsonObject{{u"name"_s, names[row]}, {u"url"_s, url}, {u"state"_s, state}});
             else
-                print(names[row] + u'\t' + url + u'\t' + state);
+                printColumns({names[row], url, state});
         }
         if (m_json)
             print(QJsonDocument(sites));

@@ -1,4 +1,5 @@
-#include "cli/commands.h"
+#include "cli/submission_commands.h"
+
 #include "cli/title_session.h"
 #include "store/add_delete_import_edit.h"
 #include "store/process_state.h"

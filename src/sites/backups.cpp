@@ -74,6 +74,13 @@ QString makeSitesBackup(const QString &to, Existing existing)
     return placed ? QString() : placed.error().reason;
 }
 
+void passOver(const QString &what, const QString &reason, BackupResult &result)
+{
+    result.details.append(u"%1 was passed over: %2"_s.arg(what, reason));
+    result.fileFailed = true;
+    qCWarning(log).noquote() << result.details.last();
+}
+
 /// The entries of one list in a backup; @p result tells when the file is there but no list.
 StringDictionary listIn(const FolderHandle &backup, QStringView list, BackupResult &result)
 {
@@ -83,9 +90,7 @@ StringDictionary listIn(const FolderHandle &backup, QStringView list, BackupResu
     const auto bytes = backup.read(name);
     const auto entries = bytes ? property_list::read(*bytes) : bytes.error();
     if (!entries) {
-        result.details.append(u"%1 was passed over: %2"_s.arg(list, entries.error().reason));
-        result.fileFailed = true;
-        qCWarning(log).noquote() << result.details.last();
+        passOver(list.toString(), entries.error().reason, result);
     }
     return entries.valueOr({});
 }
@@ -156,8 +161,12 @@ BackupResult restoreSites(const QString &from)
             continue;
         }
         StringDictionary merged = *present;
-        for (const auto &[name, url] : listIn(*backup, list, result))
-            merged.emplace(name, url);
+        for (const auto &[name, url] : listIn(*backup, list, result)) {
+            if (site_list::canHold(name) && site_list::canHold(url))
+                merged.emplace(name, url);
+            else
+                passOver(u"%1 in %2"_s.arg(name, list), u"it holds a control character"_s, result);
+        }
         result.copied += int(merged.size() - present->size());
         const Result<> written = merged == *present ? Result<>() : site_list::write(list, merged);
         if (!written)

@@ -103,10 +103,16 @@ Site typedSite(const QString &name, const QString &url)
     return {withoutBlanksAtEnds(name), withoutBlanksAtEnds(normalisedUrl(url))};
 }
 
-bool isEmpty(const Site &site)
+/// Why @p site cannot be stored; Done when it can be.
+SiteEdit judged(const Site &site, const QString &emptySentence)
 {
     static constexpr qsizetype separatorLength = 3; // "://"
-    return site.name.isEmpty() || site.url.size() - schemeLength(site.url) == separatorLength;
+    if (site.name.isEmpty() || site.url.size() - schemeLength(site.url) == separatorLength)
+        return {SiteEdit::Empty, emptySentence};
+    if (!site_list::canHold(site.name) || !site_list::canHold(site.url))
+        return {SiteEdit::NotXml,
+                u"The site name or URL contains a control character\nPlease enter it without"_s};
+    return {};
 }
 
 /// What an edited site makes of the lists. @p old and @p edited may be one and the same.
@@ -147,8 +153,10 @@ QString normalisedUrl(const QString &typed)
 SiteEdit addSite(const QString &name, const QString &url)
 {
     const Site site = typedSite(name, url);
-    if (isEmpty(site))
-        return {SiteEdit::Empty, u"You must enter a name and URL to add an entry to the sites list"_s};
+    const SiteEdit refusal =
+        judged(site, u"You must enter a name and URL to add an entry to the sites list"_s);
+    if (refusal.outcome != SiteEdit::Done)
+        return refusal;
     const SiteCatalogue catalogue = currentCatalogue();
     const bool nameExists = catalogue.sites.contains(site.name);
     const qsizetype sameUrl = catalogue.urls.indexOf(site.url);
@@ -173,8 +181,9 @@ SiteEdit addSite(const QString &name, const QString &url)
 SiteEdit editSite(const Site &old, const QString &name, const QString &url)
 {
     const Site edited = typedSite(name, url);
-    if (isEmpty(edited))
-        return {SiteEdit::Empty, u"The name and URL fields cannot be empty"_s};
+    const SiteEdit refusal = judged(edited, u"The name and URL fields cannot be empty"_s);
+    if (refusal.outcome != SiteEdit::Done)
+        return refusal;
     const bool wasDefault = isListedDefault(old, currentCatalogue().ignored);
     const auto before = listsToChange();
     if (!before)

@@ -25,6 +25,7 @@ struct SiteEdit
         NameExists,
         UrlExists,
         BothExist,
+        NotXml,   ///< The name or the address holds a character that no XML file can hold.
         NotStored ///< The lists could not be read or written; the sentence is the failure's line.
     };
     Outcome outcome = Done;

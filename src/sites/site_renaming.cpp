@@ -5,6 +5,7 @@
 #include "platform/regex.h"
 #include "platform/text_decoding.h"
 #include "store/process_state.h"
+#include "store/site_images.h"
 #include "store/storage_status.h"
 #include "store/summary_file.h"
 #include "store/title_folder.h"
@@ -29,23 +30,11 @@ QStringList marks(const QByteArray &summary)
     return sites.split(u',');
 }
 
-/// The file of a site's picture in @p folder; none for a name that could lead out of it.
-std::optional<QString> imagePath(const QString &folder, const QString &site)
+/// The program's picture of @p site among its @p images; they are files to Qt alone.
+std::optional<QByteArray> programImage(const QString &site, const QString &images)
 {
-    const QString file = site + u".png"_s;
-    static constexpr qsizetype maxFileNameBytes = 255;
-    if (site.contains(u'/') || site.contains(QChar(u'\0')) || file.toUtf8().size() > maxFileNameBytes)
-        return std::nullopt;
-    return folder + file;
-}
-
-/// The picture at @p path; resources are files to Qt alone.
-Result<QByteArray> image(const std::optional<QString> &path)
-{
-    if (path && !path->startsWith(u':'))
-        return atomic_file::read(*path);
-    QFile file(path.value_or(QString()));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : Result<QByteArray>(Error{Error::Kind::Missing});
+    QFile file(site_images::programImage(site, images));
+    return file.open(QIODevice::ReadOnly) ? std::optional(file.readAll()) : std::nullopt;
 }
 
 void renameMark(const QString &titleFolder, const QString &from, const QString &to)
@@ -100,21 +89,23 @@ void renameSite(const QString &from, const QString &to)
         renameSiteImage(from, to);
 }
 
-void renameSiteImage(const QString &from, const QString &to, const QString &resources)
+void renameSiteImage(const QString &from, const QString &to, const QString &programImages)
 {
     if (from == to)
         return;
-    const QString folder = mwqnAppSuppLoc + u"Site Images/"_s;
+    const QString folder = site_images::folder();
     if (!QDir().mkpath(folder))
         return reportFailure({.path = QDir::cleanPath(folder), .reason = u"the folder could not be made"_s});
-    const auto oldPath = imagePath(folder, from);
-    const auto newPath = imagePath(folder, to);
-    const auto own = image(imagePath(resources, from));
-    const auto picture = own ? own : image(oldPath);
-    if (!picture || !oldPath || !newPath)
+    const auto oldPath = site_images::authorImage(from);
+    const auto newPath = site_images::authorImage(to);
+    if (!oldPath || !newPath)
         return;
-    // A site that is called as one with a picture of the program's own shows that one.
-    const bool isShadowed = !own && image(imagePath(resources, to));
+    const auto own = programImage(from, programImages);
+    const Result<QByteArray> picture = own ? *own : atomic_file::read(*oldPath);
+    if (!picture)
+        return;
+    // Under a name that the program has a picture for, the author's would never be shown.
+    const bool isShadowed = !own && programImage(to, programImages);
     if (isShadowed ? !QFile::exists(*newPath) || QFile::remove(*newPath)
                    : bool(storeFile(*newPath, *picture)))
         QFile::remove(*oldPath);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include "store/site_images.h"
 
 namespace quillon {
 
@@ -15,11 +15,9 @@ QString withRenamedMark(const QString &summary, const QString &from, const QStri
 /// pictures of sites. The same name changes nothing.
 void renameSite(const QString &from, const QString &to);
 
-/// Where the program's own pictures of sites are, each with the site's name and ".png".
-inline const QString siteImageResources = QStringLiteral(":/site-images/");
-
-/// Moves the picture of the site @p from in the data folder to the name @p to; the program's own picture in
-/// @p resources goes before one of the data folder. Names that cannot be a file's have no picture.
-void renameSiteImage(const QString &from, const QString &to, const QString &resources = siteImageResources);
+/// Gives the site @p to the picture that the site @p from has: the program's own, of which it gets a copy, or
+/// else the author's, which is moved. Names that cannot be a file's have no picture.
+void renameSiteImage(const QString &from, const QString &to,
+                     const QString &programImages = site_images::programImages);
 
 } // namespace quillon

@@ -5,6 +5,8 @@
 #include "store/process_state.h"
 #include "store/storage_status.h"
 
+#include <algorithm>
+
 namespace quillon::site_list {
 
 namespace {
@@ -44,6 +46,15 @@ Result<StringDictionary> readToChange(QStringView fileName)
     if (!sites)
         reportFailure(sites.error());
     return sites;
+}
+
+bool canHold(QStringView text)
+{
+    const auto isAllowed = [](char32_t each) {
+        return each >= U' ' ? !QChar::isSurrogate(each) && each != 0xfffe && each != 0xffff
+                            : each == U'\t' || each == U'\n' || each == U'\r';
+    };
+    return std::ranges::all_of(text.toUcs4(), isAllowed);
 }
 
 Result<> write(QStringView fileName, const StringDictionary &sites)

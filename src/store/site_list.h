@@ -26,6 +26,10 @@ Result<StringDictionary> read(QStringView fileName);
 /// it is written.
 Result<StringDictionary> readToChange(QStringView fileName);
 
+/// Whether a list can hold @p text and be well-formed: not with a control character other than a tab and a
+/// line end.
+bool canHold(QStringView text);
+
 /// Replaces the file @p fileName of the data folder. What is there but cannot be understood is kept beside it
 /// first, under the name with ".unreadable" added; nothing is written when that cannot be done, nor in place
 /// of a file that cannot be read.

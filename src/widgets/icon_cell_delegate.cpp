@@ -2,7 +2,7 @@
 
 #include "controls/icon_cell.h"
 #include "platform/plain_text.h"
-#include "store/process_state.h"
+#include "store/site_images.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -24,11 +24,10 @@ constexpr int step = iconCellSize + gap;
 /// one.
 QString picturePath(const QString &name)
 {
-    if (QString own = u":/icons/%1.svg"_s.arg(name); QFile::exists(own))
+    if (QString own = site_images::programImage(name); QFile::exists(own))
         return own;
-    // A name with a separator could point anywhere.
-    const QString kept = mwqnAppSuppLoc + u"Site Images/" + name + u".png";
-    return !name.contains(u'/') && QFile::exists(kept) ? kept : QString();
+    const auto kept = site_images::authorImage(name);
+    return kept && QFile::exists(*kept) ? *kept : QString();
 }
 
 } // namespace

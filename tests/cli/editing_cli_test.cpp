@@ -1,4 +1,6 @@
+#include "platform/property_list.h"
 #include "support/command_line.h"
+#include "support/terminal.h"
 
 #include <QDirIterator>
 
@@ -121,10 +123,78 @@ TEST_F(EditingCli, SitesMarksAndCopies)
         cli({u"sites"_s, u"restore"_s, u"NFD"_s}).messages.contains("NFD is hidden by NewFreeDownloads"));
     EXPECT_EQ(cli({u"sites"_s, u"restore"_s, u"NewFreeDownloads"_s}).status, 0);
     EXPECT_EQ(cli({u"sites"_s, u"restore"_s, u"NewFreeDownloads"_s}).status, 3);
+    EXPECT_EQ(cli({u"sites"_s, u"remove"_s, u"NFD"_s, u"NewFreeDownloads"_s}).status, 0);
+    EXPECT_EQ(cli({u"sites"_s, u"restore"_s, u"NFD"_s}).status, 0);
+    EXPECT_EQ(cli({u"sites"_s, u"restore"_s, u"NewFreeDownloads"_s}).status, 0);
+    EXPECT_TRUE(cli({u"sites"_s, u"--json"_s}).json()[u"ignored"_s].toArray().isEmpty());
 
     EXPECT_EQ(cli({u"copy"_s, u"T"_s, u"programVersion"_s}).output, "1.1");
     EXPECT_EQ(cli({u"copy"_s, u"T"_s, u"companyName"_s}).status, 1);
     EXPECT_EQ(cli({u"copy"_s, u"T"_s, u"noButton"_s}).status, 2);
+}
+
+/// Somebody else's text may hold what a terminal obeys: it gets to see it, and files and pipes get it as it
+/// is.
+TEST_F(EditingCli, NoControlCharacterReachesAReaderOfTheOutput)
+{
+    put(inData(u"T.qndata/data.qnxml"_s),
+        "<Company_Name>a\x1b]0;b\x07\xc2\x9b"
+        "c</Company_Name><MASTER_PAD_VERSION_INFO></MASTER_PAD_VERSION_INFO>");
+    put(inData(u"sites.qnrc"_s), property_list::write({{u"A\tB\x1b"_s, u"http://a\nb"_s}}));
+    const QByteArray exact = "a\x1b]0;b\x07\xc2\x9b"
+                             "c";
+    const QString company = u"a\x1b]0;b\x07\x9b"
+                            "c"_s;
+    const QByteArray shown = "a␛]0;b␇\xef\xbf\xbd"
+                             "c";
+
+    EXPECT_EQ(cli({u"copy"_s, u"T"_s, u"companyName"_s}).output, exact);
+    EXPECT_TRUE(cli({u"show"_s, u"T"_s, u"companyName"_s})
+                    .output.startsWith(QByteArray("  Company_Name: " + exact + "\n")));
+    EXPECT_TRUE(cli({u"export"_s, u"T"_s, u"-"_s}).output.contains(exact));
+    EXPECT_EQ(field(u"companyName"_s)[u"value"_s], company);
+    EXPECT_TRUE(cli({u"sites"_s}).output.startsWith("A B␛\thttp://a b\tuser\n"));
+    EXPECT_EQ(cli({u"sites"_s, u"--json"_s}).json()[u"sites"_s][0][u"name"_s], u"A\tB\x1b"_s);
+    EXPECT_TRUE(cli({u"show"_s, u"\x1b[31m"_s}).messages.contains("no title named ␛[31m"));
+    EXPECT_TRUE(cli({u"nonsense\x1b"_s}).messages.contains("nonsense␛"));
+
+    Terminal terminal;
+    const auto atTerminal = [&](const QStringList &arguments) {
+        runCli(home(), arguments, terminal.path());
+        return terminal.read();
+    };
+    EXPECT_EQ(atTerminal({u"copy"_s, u"T"_s, u"companyName"_s}), shown);
+    EXPECT_TRUE(
+        atTerminal({u"show"_s, u"T"_s, u"companyName"_s}).startsWith(QByteArray("  Company_Name: " + shown)));
+    EXPECT_TRUE(atTerminal({u"export"_s, u"T"_s, u"-"_s}).contains(shown));
+    const QByteArray json = atTerminal({u"show"_s, u"T"_s, u"companyName"_s, u"--json"_s});
+    EXPECT_FALSE(json.contains("\xc2\x9b"));
+    EXPECT_EQ(QJsonDocument::fromJson(json)[u"fields"_s][0][u"value"_s], company);
+}
+
+/// Dates are the user's, whatever the character set of the environment is.
+TEST_F(EditingCli, DatesAreInTheUsersStyleInAnyCharacterSet)
+{
+    ASSERT_EQ(
+        cli({u"set"_s, u"T"_s, u"releaseDateDay=5"_s, u"releaseDateMonth=3"_s, u"releaseDateYear=2009"_s})
+            .status,
+        0);
+    using Variables = QList<std::pair<QString, QString>>;
+    const std::pair<Variables, QByteArray> cases[] = {
+        {{{u"LC_TIME"_s, u"de_DE.UTF-8"_s}}, "05.03.09"},
+        {{{u"LANG"_s, u"de_DE"_s}}, "05.03.09"},
+        {{{u"LANG"_s, u"de_DE"_s}, {u"LC_ALL"_s, u"en_US.ISO-8859-1"_s}}, "3/5/09"},
+        {{{u"LANG"_s, u"C.UTF-8"_s}, {u"LC_TIME"_s, u"de_DE"_s}}, "05.03.09"},
+    };
+    for (const auto &[variables, date] : cases) {
+        QProcessEnvironment environment;
+        for (const auto &[name, value] : variables)
+            environment.insert(name, value);
+        const CliResult copied =
+            runCli(home(), {u"copy"_s, u"T"_s, u"programReleaseDate"_s}, {}, {}, environment);
+        EXPECT_EQ(copied.output, date) << variables.first().first.toStdString();
+        EXPECT_EQ(copied.messages, "") << "nor does Qt complain";
+    }
 }
 
 /// The whole circle: real titles with marks and changed sites are backed up, lost, and brought back byte for

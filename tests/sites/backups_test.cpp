@@ -1,3 +1,4 @@
+#include "platform/property_list.h"
 #include "sites/backups.h"
 #include "store/site_list.h"
 #include "submission/data_folder_fixture.h"
@@ -303,4 +304,12 @@ TEST_F(Backups, OfSitesThatAreDamagedTakeNothingAway)
     QFile::copy(mwqnAppSuppLoc + u"sites.qnrc", from + u"/ignore.qnrc"_s);
     EXPECT_EQ(backups::restoreSites(from).copied, 1);
     EXPECT_EQ(contentOf(mwqnAppSuppLoc + u"ignore.qnrc.unreadable"), u"damaged");
+
+    // No entry comes in that would make a list ill-formed.
+    ASSERT_TRUE(put(from + u"/sites.qnrc"_s, property_list::write({{u"C\x1b"_s, u"c"_s}, {u"D"_s, u"d"_s}})));
+    const BackupResult hostile = backups::restoreSites(from);
+    EXPECT_EQ(hostile.copied, 1);
+    EXPECT_TRUE(hostile.fileFailed);
+    EXPECT_EQ(AddDeleteImportEdit::returnUserSitesDict(),
+              (StringDictionary{{u"A"_s, u"a"_s}, {u"D"_s, u"d"_s}}));
 }

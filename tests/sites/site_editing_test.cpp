@@ -57,6 +57,8 @@ TEST_F(SiteEditing, ANewSiteMustBeNewByNameAndByAddress)
         {u" Mine "_s, u"http://a/"_s, SiteEdit::NameExists},
         {u"A"_s, u"mine/"_s, SiteEdit::UrlExists},
         {u"Simtel"_s, u"http://mine/"_s, SiteEdit::BothExist},
+        {u"a\x1b[31m"_s, u"http://a/"_s, SiteEdit::NotXml},
+        {u"A"_s, u"http://a/\x7"_s, SiteEdit::NotXml},
     };
     for (const Case &each : refused) {
         EXPECT_EQ(site_editing::addSite(each.name, each.url).outcome, each.outcome)
@@ -70,6 +72,9 @@ TEST_F(SiteEditing, ANewSiteMustBeNewByNameAndByAddress)
         EXPECT_EQ(site_editing::addSite(name, url).sentence, u"Site Added Successfully")
             << name.toStdString();
     EXPECT_EQ(user(), siteList(u"Mine=http://mine/,mine=http://my%20site/submit,New=Softs,Softs=http://s"));
+    EXPECT_EQ(site_editing::editSite({u"Mine"_s, u"http://mine/"_s}, u"\x1"_s, u"http://mine/"_s).outcome,
+              SiteEdit::NotXml);
+    EXPECT_EQ(user().size(), 4U);
 }
 
 TEST_F(SiteEditing, AnEditMovesASiteBetweenTheDefaultOnesAndTheAuthorsOwn)
@@ -209,13 +214,12 @@ TEST_F(SiteEditing, PicturesFollowTheirSite)
     const QString images = mwqnAppSuppLoc + u"Site Images/";
     const QString resources = home() + u"/resources/"_s;
     ASSERT_TRUE(QDir().mkpath(images) && QDir().mkpath(resources));
-    const auto put = [](const QString &path, const QString &content) { writeTo(path + u".png", content); };
     const auto content = [](const QString &path) { return contentOf(path + u".png"); };
-    put(images + u"A", u"a"_s);
-    put(images + u"Both", u"mine"_s);
-    put(images + u"C", u"c"_s);
-    put(resources + u"Both", u"theirs"_s);
-    put(resources + u"Named", u"named"_s);
+    writeTo(images + u"A.png", u"a"_s);
+    writeTo(images + u"Both.png", u"mine"_s);
+    writeTo(images + u"C.png", u"c"_s);
+    writeTo(resources + u"Both.svg", u"theirs"_s);
+    writeTo(resources + u"Named.svg", u"named"_s);
 
     renameSiteImage(u"A"_s, u"B"_s, resources);
     EXPECT_EQ(content(images + u"B"), u"a");

@@ -22,12 +22,12 @@ struct CliResult
 
 /// Runs the real quillon-cli on the home folder @p home, without anything of this machine's environment. With
 /// @p outputFile its standard output goes there; @p faults are rules of faults.h for what lies in that
-/// folder.
+/// folder. Without faults it has @p environment.
 inline CliResult runCli(const QString &home, const QStringList &arguments, const QString &outputFile = {},
-                        const QString &faults = {})
+                        const QString &faults = {}, const QProcessEnvironment &environment = {})
 {
     QProcess process;
-    process.setProcessEnvironment(faults.isEmpty() ? QProcessEnvironment() : faultEnvironment(home, faults));
+    process.setProcessEnvironment(faults.isEmpty() ? environment : faultEnvironment(home, faults));
     if (!outputFile.isEmpty())
         process.setStandardOutputFile(outputFile);
     process.start(QStringLiteral(QUILLON_CLI), QStringList{QStringLiteral("--home"), home} + arguments);

@@ -1,4 +1,5 @@
-#include "cli/commands.h"
+#include "cli/new_rename_delete.h"
+
 #include "overview/title_operations.h"
 #include "store/add_delete_import_edit.h"
 

@@ -1,0 +1,25 @@
+#include "cli/commands.h"
+
+#include "cli/backup_commands.h"
+#include "cli/check_command.h"
+#include "cli/list_command.h"
+#include "cli/new_rename_delete.h"
+#include "cli/pad_file_commands.h"
+#include "cli/set_command.h"
+#include "cli/show_command.h"
+#include "cli/sites_command.h"
+#include "cli/submission_commands.h"
+
+namespace quillon::cli {
+
+std::vector<std::unique_ptr<Command>> commands()
+{
+    std::vector<std::unique_ptr<Command>> all;
+    for (const auto make : {listCommand, newCommand, renameCommand, deleteCommand, importCommand,
+                            exportCommand, showCommand, setCommand, checkCommand, sitesCommand, markCommand,
+                            unmarkCommand, copyCommand, backupCommand, restoreCommand})
+        all.push_back(make());
+    return all;
+}
+
+} // namespace quillon::cli

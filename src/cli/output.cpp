@@ -1,0 +1,113 @@
+#include "cli/output.h"
+
+#include <cstdio>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon::cli {
+
+namespace {
+
+constexpr char16_t firstPrintable = u' ';
+constexpr char16_t deleteCharacter = u'\x7f';
+
+void write(const QByteArray &bytes, std::FILE *file)
+{
+    std::fwrite(bytes.constData(), 1, size_t(bytes.size()), file);
+}
+
+bool isTerminal()
+{
+    static const bool is = ::isatty(STDOUT_FILENO) == 1;
+    return is;
+}
+
+/// The picture that Unicode has of the control character @p control; those of the second set have none.
+QChar picture(QChar control)
+{
+    static constexpr char16_t firstPicture = u'\x2400';
+    static constexpr char16_t deletePicture = u'\x2421';
+    if (control == deleteCharacter)
+        return deletePicture;
+    return control < firstPrintable ? QChar(firstPicture + control.unicode()) : QChar::ReplacementCharacter;
+}
+
+QString withVisibleControls(QString text)
+{
+    for (QChar &each : text) {
+        if (each.category() == QChar::Other_Control && each != u'\n' && each != u'\t')
+            each = picture(each);
+    }
+    return text;
+}
+
+/// JSON itself escapes the control characters below the blank; of the others a terminal gets escapes as well,
+/// which read as the same text.
+QByteArray withEscapedControls(const QByteArray &json)
+{
+    QString escaped;
+    for (const QChar each : QString::fromUtf8(json)) {
+        if (each.category() == QChar::Other_Control && each >= deleteCharacter)
+            escaped += u"\\u00%1"_s.arg(each.unicode(), 2, 16);
+        else
+            escaped += each;
+    }
+    return escaped.toUtf8();
+}
+
+void tellLogLine(QtMsgType type, const QMessageLogContext &context, const QString &message)
+{
+    explain(qFormatLogMessage(type, context, message) + u'\n');
+}
+
+} // namespace
+
+void print(const QString &line)
+{
+    write((isTerminal() ? withVisibleControls(line) : line).toUtf8() + '\n', stdout);
+}
+
+void printColumns(QStringList columns)
+{
+    for (QString &column : columns) {
+        for (const char16_t separator : {u'\t', u'\n', u'\r'})
+            column.replace(separator, u' ');
+    }
+    write(withVisibleControls(columns.join(u'\t')).toUtf8() + '\n', stdout);
+}
+
+void print(const QJsonDocument &document)
+{
+    write(isTerminal() ? withEscapedControls(document.toJson()) : document.toJson(), stdout);
+}
+
+void print(const QByteArray &bytes)
+{
+    write(isTerminal() ? withVisibleControls(QString::fromUtf8(bytes)).toUtf8() : bytes, stdout);
+}
+
+void complain(const QString &line)
+{
+    explain(u"quillon-cli: "_s + line + u'\n');
+}
+
+void explain(const QString &text)
+{
+    write(withVisibleControls(text).toUtf8(), stderr);
+}
+
+void tellLogLines()
+{
+    qInstallMessageHandler(tellLogLine);
+}
+
+bool isPrinted()
+{
+    if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0)
+        return true;
+    complain(u"The output could not be written."_s);
+    return false;
+}
+
+} // namespace quillon::cli
