@@ -3,12 +3,12 @@
 #include "pad/pad_writer.h"
 #include "platform/atomic_file.h"
 #include "store/add_delete_import_edit.h"
-#include "store/error_pass.h"
 #include "store/process_state.h"
 #include "store/summary_file.h"
 #include "store/title_folder.h"
 #include "support/recorders.h"
 #include "support/valid_form.h"
+#include "validation/error_pass.h"
 #include "validation/field_rules.h"
 
 #include <QFile>

@@ -3,8 +3,8 @@
 #include "cli/title_session.h"
 #include "overview/title_operations.h"
 #include "pad/pad_reader.h"
-#include "store/error_pass.h"
 #include "store/title_folder.h"
+#include "validation/error_pass.h"
 #include "validation/field_rules.h"
 
 #include <QJsonArray>
@@ -41,8 +41,8 @@ private:
     [[nodiscard]] ExitStatus checkTitle() const
     {
         TitleSession session;
-        if (!session.open(text(m_target)))
-            return Refused;
+        if (const ExitStatus opened = session.open(text(m_target)); opened != Done)
+            return opened;
         const ExitStatus answer = tell(u"title"_s, session.editor().errors());
         const ExitStatus stored = TitleSession::stored();
         return stored == Done ? answer : stored;

@@ -110,8 +110,8 @@ public:
             assignments.append(*assignment);
         }
         TitleSession session;
-        if (!session.open(text(m_title)))
-            return Refused;
+        if (const ExitStatus opened = session.open(text(m_title)); opened != Done)
+            return opened;
         for (const Assignment &assignment : assignments)
             enter(session.editor(), assignment, !m_typing);
         if (m_json)

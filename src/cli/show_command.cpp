@@ -35,8 +35,8 @@ public:
             fields.append(*field);
         }
         TitleSession session;
-        if (!session.open(text(m_title)))
-            return Refused;
+        if (const ExitStatus opened = session.open(text(m_title)); opened != Done)
+            return opened;
         showFields(session, text(m_title), fields.isEmpty() ? allFields() : fields, m_json);
         return TitleSession::stored();
     }

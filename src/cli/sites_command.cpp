@@ -173,8 +173,8 @@ private:
     [[nodiscard]] ExitStatus listForTitle() const
     {
         TitleSession session;
-        if (!session.open(text(m_title)))
-            return Refused;
+        if (const ExitStatus opened = session.open(text(m_title)); opened != Done)
+            return opened;
         const auto bytes = AddDeleteImportEdit::returnDataObjectFor(u"general");
         QStringList names;
         for (const auto &[name, url] : mwqnSCPreallSitesDict)

@@ -36,8 +36,8 @@ public:
     ExitStatus run() override
     {
         TitleSession session;
-        if (!session.open(text(m_title)))
-            return Refused;
+        if (const ExitStatus opened = session.open(text(m_title)); opened != Done)
+            return opened;
         if (!mwqnSCPreallSitesDict.contains(text(m_site))) {
             complain(u"There is no site named %1."_s.arg(text(m_site)));
             return Refused;
@@ -80,8 +80,8 @@ public:
             return WrongUsage;
         }
         TitleSession session;
-        if (!session.open(text(m_title)))
-            return Refused;
+        if (const ExitStatus opened = session.open(text(m_title)); opened != Done)
+            return opened;
         const auto pad = AddDeleteImportEdit::returnDataObjectFor(u"data");
         if (pad.isError(Error::Kind::Unreadable))
             return outcome(pad.error());

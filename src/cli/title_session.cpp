@@ -80,16 +80,17 @@ void buildCatalogue()
     mwqnSCPreallSitesDict = site_editing::currentCatalogue().urlByName;
 }
 
-bool TitleSession::open(const QString &name)
+ExitStatus TitleSession::open(const QString &name)
 {
     if (!titleExists(name))
-        return false;
+        return Refused;
     buildCatalogue();
     selectTitle(name);
-    title_operations::pruneMarks();
-    m_editor.loadPADData();
-    m_editor.checkEntriesForErrors();
-    return true;
+    title_operations::pruneAndCheck([this](bool) {
+        m_editor.loadPADData();
+        m_editor.checkEntriesForErrors();
+    });
+    return outcome(m_editor.loaded());
 }
 
 ExitStatus TitleSession::stored()

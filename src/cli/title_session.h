@@ -28,8 +28,8 @@ class TitleSession
 public:
     TitleSession() : m_editor(m_alerts) {}
 
-    /// False, with a complaint, when there is no title @p name.
-    bool open(const QString &name);
+    /// Done; or the complaint that there is no title @p name, or that it cannot be read.
+    ExitStatus open(const QString &name);
 
     [[nodiscard]] Editor &editor() { return m_editor; }
     [[nodiscard]] const QStringList &alerts() const { return m_alerts.messages; }

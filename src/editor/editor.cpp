@@ -6,11 +6,12 @@
 #include "platform/notification_center.h"
 #include "platform/notifications.h"
 #include "store/add_delete_import_edit.h"
-#include "store/error_pass.h"
+#include "store/error_log.h"
 #include "store/process_state.h"
 #include "store/storage_status.h"
 #include "store/summary_file.h"
 #include "store/title_folder.h"
+#include "validation/error_pass.h"
 #include "validation/field_rules.h"
 
 using namespace Qt::StringLiterals;
@@ -51,13 +52,20 @@ void Editor::awakeFromNib()
 
 void Editor::loadPADData()
 {
-    const QByteArray stored = AddDeleteImportEdit::returnDataObjectFor(u"data").valueOr({});
-    m_unreadable.clear();
-    if (!quillon::loadPADData(stored, m_form)) {
+    const auto stored = AddDeleteImportEdit::returnDataObjectFor(u"data");
+    m_loaded = {};
+    m_keepsOldPad = false;
+    if (!stored || !quillon::loadPADData(*stored, m_form)) {
         // Nothing of a PAD file is there. The form must not go on to store another title's values as this
         // one's, nor the next check replace what may be worth mending.
         quillon::loadPADData(pad_writer::skeleton(), m_form);
-        m_unreadable = stored;
+        m_keepsOldPad = bool(stored);
+    }
+    if (stored.isError(Error::Kind::Unreadable)) {
+        const Error &error = stored.error();
+        m_loaded = Error{error.kind, error.path,
+                         u"%1; until it is read, nothing of this title is stored"_s.arg(error.reason)};
+        reportFailure(m_loaded.error());
     }
     field_rules::forgetTypedHints(m_form);
 }
@@ -75,9 +83,10 @@ void Editor::typed(FieldId field, const QString &text)
 
 void Editor::controlTextDidChange(FieldId field)
 {
-    ErrorPass errors = ErrorPass::ofSelectedTitle();
+    const ErrorLog log;
+    ErrorPass errors(log.errors());
     field_rules::textChanged(field_rules::of(field).tag, m_form, errors);
-    check(errors);
+    check(log, errors);
 }
 
 void Editor::textDidChange(FieldId)
@@ -87,12 +96,13 @@ void Editor::textDidChange(FieldId)
 
 void Editor::controlTextDidEndEditing(FieldId field)
 {
-    ErrorPass errors = ErrorPass::ofSelectedTitle();
+    const ErrorLog log;
+    ErrorPass errors(log.errors());
     const QStringView alert = field_rules::editingEnded(field_rules::of(field).tag, m_form, errors);
     if (!alert.isEmpty())
         m_sheets.show(SheetWindow::Main, {.message = alert.toString()});
     m_form.text(field).setEditing(false);
-    check(errors);
+    check(log, errors);
 }
 
 void Editor::controlAction(FieldId)
@@ -123,18 +133,27 @@ void Editor::toggleRow(FieldId list, int row)
 
 void Editor::checkEntriesForErrors()
 {
-    ErrorPass errors = ErrorPass::ofSelectedTitle();
-    check(errors);
+    const ErrorLog log;
+    ErrorPass errors(log.errors());
+    check(log, errors);
 }
 
-void Editor::check(ErrorPass &errors)
+void Editor::check(const ErrorLog &log, ErrorPass &errors)
 {
     field_rules::checkEntries(m_form, errors);
-    errors.store();
     m_errors = errors.errors();
-    createPADFileData();
-    storeSummary(errors.isLogEmpty());
+    if (mayStore()) {
+        log.store(m_errors);
+        createPADFileData();
+        storeSummary(log.isValidWith(m_errors));
+    }
     Q_EMIT checked();
+}
+
+/// Whether the form holds the selected title's values, and not what stands for those that could not be read.
+bool Editor::mayStore() const
+{
+    return mwqnSelSW && m_loaded;
 }
 
 QString Editor::errorMessage(FieldId field) const
@@ -145,26 +164,31 @@ QString Editor::errorMessage(FieldId field) const
 
 void Editor::createPADFileData()
 {
-    if (!mwqnSelSW || !isKept(title_folder::padFile, m_unreadable))
+    if (!mayStore())
         return;
-    m_unreadable.clear();
-    (void)AddDeleteImportEdit::writeToFile(u"data", pad_writer::document(m_form));
+    const auto old = AddDeleteImportEdit::returnDataObjectFor(u"data");
+    if (m_keepsOldPad && old && !isKept(title_folder::padFile, *old))
+        return;
+    const Result<> stored = AddDeleteImportEdit::writeToFile(u"data", pad_writer::document(m_form), old);
+    m_keepsOldPad = m_keepsOldPad && !stored.isDone();
 }
 
 void Editor::createGeneralFileData() const
 {
-    storeSummary(ErrorPass::ofSelectedTitle().isLogEmpty());
+    const ErrorLog log;
+    storeSummary(log.isValidWith(log.stored() ? *log.stored() : m_errors));
 }
 
 void Editor::storeSummary(bool isValid) const
 {
-    if (!mwqnSelSW)
+    if (!mayStore())
         return;
     const auto stored = AddDeleteImportEdit::returnDataObjectFor(u"general");
     if (stored.isError(Error::Kind::Unreadable))
         return reportFailure(stored.error());
-    const Summary current = summary_file::parse(stored.valueOr({}));
-    if (!current.sites && !isKept(title_folder::summaryFile, stored.valueOr({}))) // Worth mending, perhaps.
+    const QByteArray bytes = stored.valueOr({});
+    const Summary current = summary_file::parse(bytes);
+    if (!current.sites && !isKept(title_folder::summaryFile, bytes)) // The marks may be worth mending.
         return;
     const QString flag = isValid ? u"1"_s : u"0"_s;
     Summary summary;

@@ -2,6 +2,7 @@
 
 #include "editor/editor_pages.h"
 #include "pad/pad_form.h"
+#include "platform/result.h"
 #include "platform/string_dictionary.h"
 
 #include <QObject>
@@ -9,6 +10,7 @@
 namespace quillon {
 
 class AlertSheets;
+class ErrorLog;
 class ErrorPass;
 
 /**
@@ -32,8 +34,12 @@ public:
     void awakeFromNib();
 
     /// Fills the form from the stored PAD file, without checking it. A file that is missing or no PAD file at
-    /// all empties the form; what it held is kept beside it before the file is replaced.
+    /// all empties the form; what it held is kept beside it before the file is replaced. One that cannot be
+    /// read empties the form too, and nothing of the title is stored until it is loaded again.
     void loadPADData();
+
+    /// What came of the last loadPADData(); a missing file and one that is no PAD file are no errors.
+    [[nodiscard]] const Result<> &loaded() const { return m_loaded; }
 
     /// The author makes @p text the text of the single-line or multi-line field @p field: it is set,
     /// filtered, checked and stored, and counts as being edited until controlTextDidEndEditing().
@@ -80,13 +86,16 @@ Q_SIGNALS:
     void checked();
 
 private:
-    void check(ErrorPass &errors);
+    void check(const ErrorLog &log, ErrorPass &errors);
+    [[nodiscard]] bool mayStore() const;
     void storeSummary(bool isValid) const;
 
     PadForm m_form;
     AlertSheets &m_sheets;
     StringDictionary m_errors;
-    QByteArray m_unreadable; ///< What the stored PAD file held, when that is to be kept beside it first.
+    Result<> m_loaded;
+    bool m_keepsOldPad =
+        false; ///< The stored PAD file is none; it is to be kept beside before it is replaced.
 };
 
 } // namespace quillon

@@ -62,11 +62,12 @@ void OverviewController::updateOverviewDisplay()
     }
     selectTitle(m_softwareTable.swNameArray()[m_selectedRow]);
 
-    if (title_operations::pruneMarks())
-        loadSoftwareList();
-
-    center.post(notification::mwqnLPDIed);
-    center.post(notification::mwqnEdChFEr);
+    title_operations::pruneAndCheck([this, &center](bool isPruned) {
+        if (isPruned)
+            loadSoftwareList();
+        center.post(notification::mwqnLPDIed);
+        center.post(notification::mwqnEdChFEr);
+    });
     // The check may have found the title valid, or have rewritten what an import left.
     if (m_selectedRow < 0)
         return;

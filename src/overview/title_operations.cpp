@@ -34,6 +34,30 @@ QString nameConflict(const QString &name)
            u" cannot be used for a listing\nPlease choose another name."_s;
 }
 
+/// The parallel lists of marks.
+struct Marks
+{
+    QStringList sites;
+    QStringList versions;
+};
+
+/// The marks of @p summary whose sites are in the catalogue or among the author's @p ownSites.
+Marks remainingMarks(const Summary &summary, const StringDictionary &ownSites)
+{
+    const QStringList versions = summary.versionList();
+    Marks rest;
+    qsizetype at = 0;
+    for (const QString &site : summary.siteList()) {
+        if (site.isEmpty() || mwqnSCPreallSitesDict.contains(site) || ownSites.contains(site)) {
+            rest.sites.append(site);
+            rest.versions += versions.mid(at, 1);
+        }
+        ++at;
+    }
+    rest.versions += versions.mid(at);
+    return rest;
+}
+
 } // namespace
 
 NameVerdict judgeName(const QString &name)
@@ -120,30 +144,31 @@ bool pruneMarks()
     if (!bytes || mwqnSCPreallSitesDict.empty())
         return false;
     const Summary summary = summary_file::parse(*bytes);
-    QStringList sites = summary.siteList();
-    QStringList versions = summary.versionList();
-    bool changed = false;
-    for (qsizetype at = 0; at < sites.size();) {
-        if (sites[at].isEmpty() || mwqnSCPreallSitesDict.contains(sites[at])) {
-            ++at;
-            continue;
-        }
-        sites.removeAt(at);
-        if (at < versions.size())
-            versions.removeAt(at);
-        changed = true;
-    }
-    if (!changed)
+    const qsizetype count = summary.siteList().size();
+    if (remainingMarks(summary, {}).sites.size() == count)
         return false;
+    // The catalogue may have been built while they could not be read.
     const auto ownSites = site_list::stored(site_list::userSites);
     if (!ownSites && !ownSites.isError(Error::Kind::Missing)) {
-        // Nobody can tell now which sites are gone; the marks of the author's own are not to go for that.
         qCWarning(log).noquote() << "marks stay as they are:" << failureLine(ownSites.error());
         return false;
     }
-    const QString pruned = summary_file::withSubmissions(decodedXmlText(*bytes), sites, versions);
-    (void)AddDeleteImportEdit::writeToFile(u"general", pruned.toUtf8(), bytes);
-    return true;
+    const Marks rest = remainingMarks(summary, ownSites.valueOr({}));
+    if (rest.sites.size() == count)
+        return false;
+    const QString text = decodedXmlText(*bytes);
+    const QString pruned = summary_file::withSubmissions(text, rest.sites, rest.versions);
+    return AddDeleteImportEdit::writeToFile(u"general", pruned.toUtf8(), bytes).isDone() && pruned != text;
+}
+
+void pruneAndCheck(const std::function<void(bool isPruned)> &check)
+{
+    const bool isPruned = pruneMarks();
+    check(isPruned);
+    // Of lists of different lengths something may be left that reads as a mark once the check has rewritten
+    // them.
+    if (isPruned && pruneMarks())
+        check(true);
 }
 
 } // namespace quillon::title_operations

@@ -6,6 +6,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <optional>
 
 /// What can be done to titles, without a window: the title commands and the command line both call these.
@@ -62,9 +63,13 @@ Result<> exportPadFile(const QString &title, const QString &path);
 Result<QByteArray> exportedPad(const QString &title);
 
 /// Takes the selected title's marks of sites that are gone from the catalogue out of its summary file. True
-/// when there were any. Before the catalogue has been built, or while the author's own sites cannot be read,
-/// there is nothing to tell by, and nothing is done.
+/// when that changed the file. Before the catalogue has been built, or while the author's own sites cannot be
+/// read, there is nothing to tell by, and nothing is done.
 bool pruneMarks();
+
+/// Prunes the selected title's marks and has it loaded and checked by @p check, which is told whether the
+/// summary has changed; once more where that brings new marks to light.
+void pruneAndCheck(const std::function<void(bool isPruned)> &check);
 
 inline const QString importSucceeded = QStringLiteral("Import Successful");
 inline const QString exportSucceeded = QStringLiteral("PAD file export successful");

@@ -1,29 +1,30 @@
 #include "store/error_tracking.h"
 
-#include "platform/property_list.h"
-#include "store/add_delete_import_edit.h"
-#include "store/error_pass.h"
+#include "store/error_log.h"
 
 namespace quillon {
 
 void ErrorTracking::setHasError(const QString &key, const QString &message)
 {
-    ErrorPass pass = ErrorPass::ofSelectedTitle();
-    pass.setHasError(key, message);
-    pass.store();
+    if (key.isNull() || message.isNull())
+        return;
+    const ErrorLog log;
+    StringDictionary errors = log.errors();
+    errors[key] = message;
+    log.store(errors);
 }
 
 void ErrorTracking::setNoError(const QString &key)
 {
-    ErrorPass pass = ErrorPass::ofSelectedTitle();
-    pass.setNoError(key);
-    pass.store();
+    const ErrorLog log;
+    StringDictionary errors = log.errors();
+    errors.erase(key);
+    log.store(errors);
 }
 
 Result<StringDictionary> ErrorTracking::returnErrorDictionary()
 {
-    const auto bytes = AddDeleteImportEdit::returnDataObjectFor(u"error");
-    return bytes ? property_list::read(*bytes) : bytes.error();
+    return ErrorLog().stored();
 }
 
 } // namespace quillon

@@ -10,8 +10,8 @@ namespace quillon {
 /**
  * The selected title's error log: which fields break a rule, and the message for each.
  *
- * Keys are the names of the fields' controls. With no title selected, or a log that is missing or unreadable,
- * nothing is read and nothing is written.
+ * Keys are the names of the fields' controls. With no title selected, or a log that is missing or not
+ * understood, nothing is read and nothing is written; what cannot be read is not replaced.
  */
 class ErrorTracking
 {

@@ -3,7 +3,7 @@
 #include "pad/file_size.h"
 #include "pad/messages.h"
 #include "pad/pad_form.h"
-#include "store/error_pass.h"
+#include "validation/error_pass.h"
 #include "validation/numbers.h"
 #include "validation/verdict.h"
 

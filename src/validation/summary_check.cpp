@@ -1,6 +1,6 @@
 #include "pad/file_size.h"
 #include "pad/pad_form.h"
-#include "store/error_pass.h"
+#include "validation/error_pass.h"
 #include "validation/field_rules.h"
 #include "validation/numbers.h"
 #include "validation/verdict.h"

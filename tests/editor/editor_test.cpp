@@ -3,14 +3,15 @@
 #include "pad/pad_writer.h"
 #include "platform/notification_center.h"
 #include "platform/notifications.h"
-#include "store/error_pass.h"
 #include "store/error_tracking.h"
 #include "store/summary_file.h"
 #include "store/title_folder.h"
+#include "support/faults.h"
 #include "support/full_disk.h"
 #include "support/recorders.h"
 #include "support/temporary_home.h"
 #include "support/valid_form.h"
+#include "validation/error_pass.h"
 #include "validation/field_rules.h"
 
 #include <random>
@@ -340,6 +341,60 @@ TEST_F(EditorTest, ReplacesWhatItCannotReadOnlyOnceThatIsKept)
     EXPECT_EQ(stored(u"general.qnxmld.unreadable"), summaryDamage);
     EXPECT_EQ(summary().version, QString());
     EXPECT_TRUE(mwqnFailedWrites.isEmpty());
+}
+
+TEST_F(EditorTest, NothingIsStoredForATitleUntilItCouldBeRead)
+{
+    editor.typed(companyName, u"Acme"_s);
+    const QMap<QString, QByteArray> before = tree(mwqnAppSuppLoc);
+    const QString padFile = path(title_folder::padFile);
+    {
+        const FaultPlan plan(padFile, "open=EACCES");
+        load();
+        EXPECT_TRUE(plan.met());
+    }
+    for (int letter = 0; letter < 2; ++letter)
+        editor.typed(companyName, u"B"_s);
+    editor.createPADFileData();
+    editor.createGeneralFileData();
+    EXPECT_EQ(tree(mwqnAppSuppLoc), before);
+    EXPECT_EQ(mwqnFailedWrites.value(padFile).kind, Error::Kind::Unreadable);
+    EXPECT_FALSE(editor.loaded());
+
+    load();
+    editor.checkEntriesForErrors();
+    EXPECT_EQ(editor.form().value(companyName), u"Acme"_s);
+    EXPECT_EQ(tree(mwqnAppSuppLoc), before);
+    EXPECT_TRUE(mwqnFailedWrites.isEmpty() && editor.loaded());
+}
+
+TEST_F(EditorTest, NoReadThatFailsForAMomentLosesAnything)
+{
+    fillValidly(editor.form());
+    editor.form().text(companyName).setText({});
+    ASSERT_TRUE(put(path(title_folder::summaryFile), "<QN_SITES>A</QN_SITES><QN_VERSION>1</QN_VERSION>"));
+    editor.checkEntriesForErrors();
+    const StringDictionary errors = log();
+    const QString address = editor.form().value(primaryDownloadURL);
+    bool isMet = true;
+    for (int call = 1; isMet; ++call) {
+        const QByteArray rules = "reading@" + QByteArray::number(call) + "=EIO";
+        {
+            const FaultPlan plan(mwqnAppSuppLoc, rules.constData());
+            load();
+            editor.typed(programName, u"Name %1"_s.arg(call));
+            isMet = plan.met();
+        }
+        editor.typed(programVersion, u"2.%1"_s.arg(call));
+        load();
+        editor.checkEntriesForErrors();
+        EXPECT_EQ(editor.form().value(primaryDownloadURL), address) << rules.constData();
+        EXPECT_EQ(summary().sites, u"A"_s) << rules.constData();
+        EXPECT_EQ(log(), errors) << rules.constData();
+        EXPECT_EQ(summary().validated, u"0"_s) << rules.constData();
+        EXPECT_TRUE(mwqnFailedWrites.isEmpty()) << rules.constData();
+        EXPECT_EQ(names(inData(u"Title.qndata"_s)).size(), 3) << rules.constData();
+    }
 }
 
 } // namespace

@@ -1,6 +1,8 @@
+#include "editor/editor.h"
 #include "overview/overview_controller.h"
 #include "overview/title_commands.h"
 #include "platform/notifications.h"
+#include "store/site_list.h"
 #include "store/title_folder.h"
 #include "support/full_disk.h"
 #include "support/recorders.h"
@@ -8,6 +10,8 @@
 
 #include <QAbstractItemModelTester>
 #include <QDir>
+
+#include <ctime>
 
 using namespace Qt::StringLiterals;
 
@@ -228,6 +232,37 @@ TEST_F(OverviewTest, MarksOfSitesThatAreGoneArePruned)
     EXPECT_EQ(mark(0, SubmittedToTable::Version), u"2"_s);
     EXPECT_EQ(cell(0, SoftwareTable::Submissions, IconsRole), u"Here"_s);
     EXPECT_EQ(loadSummary(u"T"_s)->versions, u"2"_s) << "the unclosed list reads as it was meant";
+}
+
+TEST_F(OverviewTest, PruningGoesOnUntilNoMarkIsLeftThatNobodyKnows)
+{
+    mwqnSCPreallSitesDict[u"Here"_s] = u"http://here"_s; // Built while the own sites could not be read.
+    ASSERT_TRUE(site_list::write(site_list::userSites, {{u"Own"_s, u"http://own"_s}}));
+    addTitle(u"T"_s, summaryText({}, u"Gone"_s, u"1,0"_s)); // One mark, at the version 1,0.
+    Editor editor(sheets);
+    editor.awakeFromNib();
+    addTitle(u"U"_s, summaryText(u"1"_s, u"Own,Gone"_s, u"1,2"_s));
+    select(u"T"_s);
+    EXPECT_EQ(mark(0, SubmittedToTable::Site), u"No Submissions"_s);
+    EXPECT_EQ(loadSummary(u"T"_s)->sites, QString());
+    select(u"U"_s);
+    EXPECT_EQ(loadSummary(u"U"_s)->sites, u"Own"_s);
+}
+
+TEST_F(OverviewTest, PruningTakesTimeInProportionToTheMarks)
+{
+    mwqnSCPreallSitesDict[u"Here"_s] = u"http://here"_s;
+    addTitle(u"T"_s, summaryText(u"1"_s, {}, {}));
+    const auto timeToPrune = [](int gone) {
+        put(inData(u"T.qndata/general.qnxmld"_s),
+            summaryText(u"1"_s, u"Here"_s + u",x"_s.repeated(gone), u"1"_s + u",1"_s.repeated(gone)));
+        selectTitle(u"T"_s);
+        const std::clock_t start = std::clock(); // Of this process alone.
+        EXPECT_TRUE(title_operations::pruneMarks());
+        return double(std::clock() - start);
+    };
+    timeToPrune(1000);
+    EXPECT_LT(timeToPrune(100'000), 25 * timeToPrune(10'000));
 }
 
 TEST_F(OverviewTest, NamePanelRefusesAndReopens)

@@ -1,9 +1,9 @@
 #include "pad/pad_reader.h"
 #include "pad/pad_writer.h"
-#include "store/error_pass.h"
 #include "support/files.h"
 #include "support/printing.h"
 #include "support/valid_form.h"
+#include "validation/error_pass.h"
 #include "validation/field_rules.h"
 
 #include <gtest/gtest.h>
