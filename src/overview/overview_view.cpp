@@ -31,6 +31,7 @@ namespace {
 const QString headerKey = u"overview/softwareTable"_s;
 const QString submittedHeaderKey = u"overview/submittedToTable"_s;
 const QString splitterKey = u"overview/splitter"_s;
+const QString detailsKey = u"overview/detailsSplitter"_s;
 
 /// A table of one row at a time that has room for icons.
 QTableView *newTable(const QString &name, const QString &accessibleName, QWidget *parent)
@@ -76,7 +77,7 @@ OverviewView::OverviewView(OverviewController &overview, TitleCommands &titles, 
     connect(&overview, &OverviewController::validationErrorsChanged, this, &OverviewView::showErrors);
     connect(&overview.softwareTable(), &QAbstractItemModel::modelReset, this, &OverviewView::showListOrHint);
     restoreLayout();
-    connect(m_sorted, &QAbstractItemModel::modelReset, this, &OverviewView::keepPlace);
+    connect(m_sorted, &QAbstractItemModel::modelReset, this, &OverviewView::showLoadedList);
     connect(m_softwareTableView->horizontalHeader(), &QHeaderView::sortIndicatorChanged, this,
             [this] { showSelectedRow(m_overview.selectedRow()); });
     showListOrHint();
@@ -186,11 +187,12 @@ QWidget *OverviewView::newDetailsPanel()
 
     m_errorsCaption = new QLabel;
     m_errorsCaption->setTextFormat(Qt::PlainText);
-    auto *panel = new QSplitter(Qt::Horizontal);
-    panel->setChildrenCollapsible(false);
-    panel->addWidget(captioned(new QLabel(u"&Submitted to"_s), m_submittedToTableView));
-    panel->addWidget(captioned(m_errorsCaption, m_validationErrorsView));
-    return panel;
+    m_details = new QSplitter(Qt::Horizontal);
+    m_details->setObjectName(u"detailsSplitter"_s);
+    m_details->setChildrenCollapsible(false);
+    m_details->addWidget(captioned(new QLabel(u"&Submitted to"_s), m_submittedToTableView));
+    m_details->addWidget(captioned(m_errorsCaption, m_validationErrorsView));
+    return m_details;
 }
 
 void OverviewView::showSelectedRow(int row)
@@ -208,10 +210,40 @@ void OverviewView::showSelectedRow(int row)
     m_softwareTableView->scrollTo(index);
 }
 
+void OverviewView::showLoadedList()
+{
+    const int added = takeAddedRow();
+    if (m_overview.selectedRow() >= 0)
+        return;
+    if (added >= 0)
+        m_place = added;
+    keepPlace();
+    if (added < 0)
+        return;
+    m_softwareTableView->scrollTo(m_sorted->index(added, 0));
+    if (isVisible())
+        m_softwareTableView->setFocus();
+}
+
+/// The first row in sight's order whose title was not there before; -1 without one, and at the first load.
+int OverviewView::takeAddedRow()
+{
+    const QStringList &names = m_overview.softwareTable().swNameArray();
+    const auto before = std::exchange(m_names, QSet<QString>(names.begin(), names.end()));
+    int first = -1;
+    for (int row = 0; before && row < int(names.size()); ++row) {
+        if (before->contains(names[row]))
+            continue;
+        const int shown = m_sorted->mapFromSource(m_overview.softwareTable().index(row, 0)).row();
+        first = first < 0 ? shown : qMin(first, shown);
+    }
+    return first;
+}
+
 /// With no title selected, keys go on where the last one was.
 void OverviewView::keepPlace()
 {
-    if (m_overview.selectedRow() >= 0)
+    if (m_overview.selectedRow() >= 0 || m_place < 0)
         return;
     const QModelIndex index = m_sorted->index(qMin(m_place, m_sorted->rowCount() - 1), 0);
     // What is in sight stays there; a new current row would be scrolled to.
@@ -254,6 +286,7 @@ void OverviewView::saveLayout() const
     settings().setValue(headerKey, m_softwareTableView->horizontalHeader()->saveState());
     settings().setValue(submittedHeaderKey, m_submittedToTableView->horizontalHeader()->saveState());
     settings().setValue(splitterKey, m_splitter->saveState());
+    settings().setValue(detailsKey, m_details->saveState());
 }
 
 void OverviewView::restoreLayout()
@@ -272,6 +305,7 @@ void OverviewView::restoreLayout()
         m_submittedToTableView->setColumnWidth(SubmittedToTable::Site, 220);
     sites->setStretchLastSection(true);
     m_splitter->restoreState(settings().value(splitterKey).toByteArray());
+    m_details->restoreState(settings().value(detailsKey).toByteArray());
 }
 
 } // namespace quillon

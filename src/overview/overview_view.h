@@ -1,6 +1,9 @@
 #pragma once
 
+#include <QSet>
 #include <QWidget>
+
+#include <optional>
 
 class QLabel;
 class QListWidget;
@@ -43,6 +46,8 @@ private:
     QWidget *newButtonRow(const CommandSet &commands);
     QWidget *newDetailsPanel();
     void showSelectedRow(int row);
+    void showLoadedList();
+    int takeAddedRow();
     void keepPlace();
     void showErrors();
     void showListOrHint();
@@ -58,7 +63,9 @@ private:
     QListWidget *m_validationErrorsView = nullptr;
     QLabel *m_errorsCaption = nullptr;
     QSplitter *m_splitter = nullptr;
-    int m_place = 0; ///< The row in the view that was selected last.
+    QSplitter *m_details = nullptr;
+    int m_place = -1;                     ///< The row in the view that was selected or added last.
+    std::optional<QSet<QString>> m_names; ///< Of the titles in the list, once it was loaded.
 };
 
 } // namespace quillon

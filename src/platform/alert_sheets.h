@@ -28,13 +28,14 @@ struct Alert
 enum class AlertAnswer
 {
     Default,
-    Alternate
+    Alternate,
+    Closed ///< By Escape or the sheet's frame, with two buttons to choose from.
 };
 
 /// What a file chooser asks for.
 struct FileRequest
 {
-    QString prompt;
+    QString prompt; ///< The title of the chooser and, where something that exists is chosen, of its button.
     QString extension; ///< Without the point; empty for files of any kind.
     QString proposedName = {};
     bool severalFiles = false;
@@ -54,11 +55,11 @@ public:
 
     virtual ~AlertSheets() = default;
 
-    /// Shows @p alert; @p answered may be empty. Closing the sheet by other means is the alternate answer, or
-    /// the default one where there is no other.
+    /// Shows @p alert; @p answered may be empty. However a sheet of one button ends, that is its answer.
     virtual void show(SheetWindow window, const Alert &alert, Answered answered = {}) = 0;
 
-    /// Lets the user choose existing files; @p chosen is not called when nothing is chosen.
+    /// Lets the user choose existing files; no folder can be made meanwhile. @p chosen is not called when
+    /// nothing is chosen.
     virtual void chooseFiles(SheetWindow window, const FileRequest &request, FilesChosen chosen) = 0;
 
     /// Lets the user choose where to save; the user has agreed to replace a file that exists. @p chosen is

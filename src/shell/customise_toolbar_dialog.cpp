@@ -1,6 +1,7 @@
 #include "shell/customise_toolbar_dialog.h"
 
 #include "shell/toolbar_layout.h"
+#include "widgets/action_button.h"
 #include "widgets/command_set.h"
 
 #include <QAction>
@@ -64,22 +65,35 @@ CustomiseToolbarDialog::CustomiseToolbarDialog(const CommandSet &commands, QWidg
 
 QLayout *CustomiseToolbarDialog::newButtonColumn()
 {
-    /// A button between the lists.
-    struct ListButton
-    {
-        QString text;
-        std::function<void()> run;
+    const QList<Command> commands = {
+        {.id = u"add"_s,
+         .text = u"&Add →"_s,
+         .isEnabled = [this] { return canAdd(); },
+         .run = [this] { add(); }},
+        {.id = u"remove"_s,
+         .text = u"← &Remove"_s,
+         .isEnabled = [this] { return m_shown->currentRow() >= 0; },
+         .run = [this] { remove(); }},
+        {.id = u"up"_s,
+         .text = u"Move &Up"_s,
+         .isEnabled = [this] { return m_shown->currentRow() > 0; },
+         .run = [this] { move(-1); }},
+        {.id = u"down"_s,
+         .text = u"Move &Down"_s,
+         .isEnabled =
+             [this] { return m_shown->currentRow() >= 0 && m_shown->currentRow() + 1 < m_shown->count(); },
+         .run = [this] { move(1); }},
     };
-    const QList<ListButton> buttons = {{u"&Add →"_s, [this] { add(); }},
-                                       {u"← &Remove"_s, [this] { remove(); }},
-                                       {u"Move &Up"_s, [this] { move(-1); }},
-                                       {u"Move &Down"_s, [this] { move(1); }}};
+    auto *actions = new CommandSet(commands, this);
+    for (const QListWidget *list : {m_available, m_shown})
+        connect(list, &QListWidget::currentRowChanged, actions, &CommandSet::update);
+    connect(m_shown->model(), &QAbstractItemModel::rowsInserted, actions, &CommandSet::update);
+    connect(m_shown->model(), &QAbstractItemModel::rowsRemoved, actions, &CommandSet::update);
     auto *column = new QVBoxLayout;
     column->addStretch();
-    for (const ListButton &each : buttons) {
-        auto *button = new QPushButton(each.text);
+    for (const Command &each : commands) {
+        QPushButton *button = newActionButton(*actions->action(each.id), each.id + u"Button"_s, this);
         button->setAutoDefault(false);
-        connect(button, &QPushButton::clicked, this, each.run);
         column->addWidget(button);
     }
     column->addStretch();
@@ -99,8 +113,11 @@ QDialogButtonBox *CustomiseToolbarDialog::newButtonBox()
 
 QListWidgetItem *CustomiseToolbarDialog::newItem(const QString &identifier) const
 {
-    const bool isCommand = !toolbar_layout::mayRepeat(identifier);
-    return new QListWidgetItem(isCommand ? m_commands.action(identifier)->icon() : QIcon(), identifier);
+    if (!toolbar_layout::mayRepeat(identifier))
+        return new QListWidgetItem(m_commands.action(identifier)->icon(), identifier);
+    QPixmap nothing(m_shown->iconSize()); // Takes an icon's room, so that all names stand in one column.
+    nothing.fill(Qt::transparent);
+    return new QListWidgetItem(nothing, identifier);
 }
 
 void CustomiseToolbarDialog::showOrder(const QStringList &identifiers)
@@ -122,16 +139,19 @@ QStringList CustomiseToolbarDialog::order() const
     return identifiers;
 }
 
-void CustomiseToolbarDialog::add()
+bool CustomiseToolbarDialog::canAdd() const
 {
     const QListWidgetItem *chosen = m_available->currentItem();
-    if (!chosen)
-        return;
-    const bool there = !m_shown->findItems(chosen->text(), Qt::MatchExactly).isEmpty();
-    if (there && !toolbar_layout::mayRepeat(chosen->text()))
+    return chosen && (toolbar_layout::mayRepeat(chosen->text()) ||
+                      m_shown->findItems(chosen->text(), Qt::MatchExactly).isEmpty());
+}
+
+void CustomiseToolbarDialog::add()
+{
+    if (!canAdd())
         return;
     const int row = m_shown->currentRow() < 0 ? m_shown->count() : m_shown->currentRow() + 1;
-    m_shown->insertItem(row, newItem(chosen->text()));
+    m_shown->insertItem(row, newItem(m_available->currentItem()->text()));
     m_shown->setCurrentRow(row);
 }
 

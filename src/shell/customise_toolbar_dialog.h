@@ -31,6 +31,7 @@ private:
     [[nodiscard]] QListWidgetItem *newItem(const QString &identifier) const;
     void showOrder(const QStringList &identifiers);
     [[nodiscard]] QStringList order() const;
+    [[nodiscard]] bool canAdd() const;
     void add();
     void remove();
     void move(int step);

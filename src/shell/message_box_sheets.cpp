@@ -3,10 +3,13 @@
 #include "platform/settings.h"
 #include "shell/folder_item_dialog.h"
 
+#include <QCloseEvent>
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -60,10 +63,13 @@ QFileDialog *newFileDialog(QWidget *parent, const FileRequest &request, QFileDia
     auto *dialog = new QFileDialog(parent);
     prepare(*dialog, request);
     dialog->setAcceptMode(mode);
-    if (mode == QFileDialog::AcceptSave)
+    if (mode == QFileDialog::AcceptSave) {
         dialog->setDefaultSuffix(request.extension);
-    else
-        dialog->setFileMode(request.severalFiles ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
+        return dialog;
+    }
+    dialog->setFileMode(request.severalFiles ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
+    dialog->setLabelText(QFileDialog::Accept, request.prompt);
+    dialog->setOption(QFileDialog::ReadOnly); // No folder is made, renamed or deleted.
     return dialog;
 }
 
@@ -84,10 +90,53 @@ QFileDialog *newChooser(QWidget *parent, const FileRequest &request, QFileDialog
     return request.isFolder ? newFolderDialog(parent, request, mode) : newFileDialog(parent, request, mode);
 }
 
-/// A message box with @p alert's texts and no buttons; its details, if any, are laid open below them.
+/// A message box in which Escape and the frame's button press none of its buttons.
+class SheetBox final : public QMessageBox
+{
+public:
+    using QMessageBox::QMessageBox;
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override
+    {
+        if (event->matches(QKeySequence::Cancel))
+            reject();
+        else
+            QMessageBox::keyPressEvent(event);
+    }
+    void closeEvent(QCloseEvent *event) override { QDialog::closeEvent(event); }
+};
+
+AlertAnswer answerOf(const QMessageBox &box, const QAbstractButton *accept)
+{
+    if (box.buttons().size() == 1 || box.clickedButton() == accept)
+        return AlertAnswer::Default;
+    return box.clickedButton() ? AlertAnswer::Alternate : AlertAnswer::Closed;
+}
+
+/// Lays @p lines open between the texts and the buttons of @p box.
+void addDetails(QMessageBox &box, const QStringList &lines)
+{
+    auto *grid = qobject_cast<QGridLayout *>(box.layout());
+    auto *buttons = box.findChild<QDialogButtonBox *>();
+    if (!grid || !buttons)
+        return;
+    auto *details = new QPlainTextEdit(lines.join(u'\n'));
+    details->setObjectName(u"alertDetails"_s);
+    details->setAccessibleName(u"Details"_s);
+    details->setReadOnly(true);
+    details->setTabChangesFocus(true);
+    details->setMinimumSize(detailsSize);
+    grid->removeWidget(buttons);
+    const int row = grid->rowCount();
+    grid->addWidget(details, row, 0, 1, grid->columnCount());
+    grid->addWidget(buttons, row + 1, 0, 1, grid->columnCount());
+}
+
+/// A message box with @p alert's texts and details, and no buttons.
 QMessageBox *newMessageBox(QWidget *parent, const Alert &alert)
 {
-    auto *box = new QMessageBox(parent);
+    auto *box = new SheetBox(parent);
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->setWindowModality(Qt::WindowModal);
     box->setWindowTitle(u"Quillon"_s);
@@ -96,16 +145,8 @@ QMessageBox *newMessageBox(QWidget *parent, const Alert &alert)
     box->setInformativeText(alert.informativeText);
     box->setIcon(alert.alternateButton.isEmpty() ? QMessageBox::Information : QMessageBox::Question);
     box->setAccessibleName(alert.message);
-    auto *grid = qobject_cast<QGridLayout *>(box->layout());
-    if (grid && !alert.details.isEmpty()) {
-        auto *details = new QPlainTextEdit(alert.details.join(u'\n'));
-        details->setObjectName(u"alertDetails"_s);
-        details->setAccessibleName(u"Details"_s);
-        details->setReadOnly(true);
-        details->setTabChangesFocus(true);
-        details->setMinimumSize(detailsSize);
-        grid->addWidget(details, grid->rowCount(), 0, 1, grid->columnCount());
-    }
+    if (!alert.details.isEmpty())
+        addDetails(*box, alert.details);
     return box;
 }
 
@@ -117,12 +158,10 @@ void MessageBoxSheets::show(SheetWindow window, const Alert &alert, Answered ans
     QPushButton *accept = box->addButton(alert.defaultButton, QMessageBox::AcceptRole);
     box->setDefaultButton(accept);
     if (!alert.alternateButton.isEmpty())
-        box->setEscapeButton(box->addButton(alert.alternateButton, QMessageBox::RejectRole));
+        box->addButton(alert.alternateButton, QMessageBox::RejectRole);
     QObject::connect(box, &QMessageBox::finished, box, [box, accept, answered = std::move(answered)] {
-        const bool onlyOne = box->buttons().size() == 1;
         if (answered)
-            answered(onlyOne || box->clickedButton() == accept ? AlertAnswer::Default
-                                                               : AlertAnswer::Alternate);
+            answered(answerOf(*box, accept));
     });
     box->open();
 }

@@ -13,13 +13,16 @@ namespace quillon {
 
 namespace {
 
-/// The socket's path: short enough for one, and another for every data folder.
+/// The socket's path: short enough for one, and another for every data folder. Empty where the user has no
+/// runtime folder that is safe; nowhere else is a socket made.
 QString serverName()
 {
+    const QString folderOfSockets = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    if (folderOfSockets.isEmpty())
+        return {};
     const QByteArray folder = QCryptographicHash::hash(mwqnAppSuppLoc.toUtf8(), QCryptographicHash::Sha256);
     static constexpr qsizetype length = 16;
-    const QDir runtime(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation));
-    return runtime.absoluteFilePath(u"quillon-"_s + QString::fromLatin1(folder.toHex().first(length)));
+    return QDir(folderOfSockets).filePath(u"quillon-"_s + QString::fromLatin1(folder.toHex().first(length)));
 }
 
 } // namespace
@@ -36,15 +39,21 @@ SingleInstance::SingleInstance(QObject *parent) : QObject(parent)
 
 void SingleInstance::listen()
 {
+    const QString name = serverName();
+    if (name.isEmpty())
+        return;
     // A socket left behind by a crash belongs to nobody: the lock is ours.
-    QLocalServer::removeServer(serverName());
-    m_server.listen(serverName());
+    QLocalServer::removeServer(name);
+    m_server.listen(name);
 }
 
 bool SingleInstance::activateOther()
 {
+    const QString name = serverName();
+    if (name.isEmpty())
+        return false;
     QLocalSocket socket;
-    socket.connectToServer(serverName());
+    socket.connectToServer(name);
     static constexpr int patience = 2000; // Milliseconds.
     return socket.waitForConnected(patience);
 }

@@ -13,7 +13,7 @@ class SingleInstance : public QObject
 public:
     explicit SingleInstance(QObject *parent = nullptr);
 
-    /// Begins to listen; for the one that holds the data folder's lock.
+    /// Begins to listen; for the one that holds the data folder's lock. Nothing without a runtime folder.
     void listen();
 
     /// Asks the one that listens to come to the front. False when nobody answers.

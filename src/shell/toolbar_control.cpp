@@ -127,7 +127,7 @@ void ToolbarControl::alertDidEndSubmitWithErrors(AlertAnswer answer)
     if (answer == AlertAnswer::Default) {
         post(notification::mwqnLSLsc);
         Q_EMIT openSubmitWindow();
-    } else {
+    } else if (answer == AlertAnswer::Alternate) {
         post(notification::mwqnLPDIed);
         showEditor();
     }

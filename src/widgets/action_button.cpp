@@ -12,7 +12,8 @@ QPushButton *newActionButton(QAction &action, const QString &name, QWidget *pare
     const auto follow = [button, &action] {
         button->setIcon(action.icon());
         button->setText(action.text());
-        button->setToolTip(action.toolTip());
+        // An action without a tip of its own repeats its text.
+        button->setToolTip(action.toolTip() == action.iconText() ? QString() : action.toolTip());
         button->setEnabled(action.isEnabled());
     };
     QObject::connect(&action, &QAction::changed, button, follow);

@@ -16,7 +16,24 @@ class RowTable final : public QTableView
 public:
     using QTableView::QTableView;
 
+    /// Finds the row by its first column, whichever column was clicked.
+    void keyboardSearch(const QString &text) override
+    {
+        if (currentIndex().column() > 0)
+            selectionModel()->setCurrentIndex(currentIndex().siblingAtColumn(0),
+                                              QItemSelectionModel::NoUpdate);
+        QTableView::keyboardSearch(text);
+    }
+
 protected:
+    /// A window that comes to the front frames no row that nobody went to.
+    void focusInEvent(QFocusEvent *event) override
+    {
+        const bool hadPlace = currentIndex().isValid();
+        QTableView::focusInEvent(event);
+        if (!hadPlace && event->reason() == Qt::ActiveWindowFocusReason)
+            selectionModel()->clearCurrentIndex();
+    }
     void keyPressEvent(QKeyEvent *event) override
     {
         // Where no row is selected, as when the list has been loaded anew, the one that has the focus is what

@@ -9,17 +9,24 @@
 #include "support/program_test.h"
 #include "support/temporary_home.h"
 
+#include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
 #include <QListWidget>
+#include <QMenu>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QSplitter>
 #include <QTableView>
 #include <QToolBar>
+#include <QToolTip>
 #include <QtGui/QDropEvent>
+
+#include <pwd.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -161,13 +168,80 @@ TEST_F(MainWindowTest, TheKeyThatDeletesATitleBelongsToTheList)
     EXPECT_TRUE(answerAlert(u"Cancel"_s).startsWith(u"Do you really want to delete A"));
 }
 
+TEST_F(MainWindowTest, EscapeFromTheQuestionAboutErrorsIsNoAnswer)
+{
+    drop({padFile(u"A"_s)});
+    answerAlert(u"OK"_s);
+    clickTitle(0);
+    const auto ask = [this] {
+        window().findChild<QAction *>(u"Submit"_s)->trigger();
+        return openWindow<QMessageBox>();
+    };
+    QTest::keyClick(ask(), Qt::Key_Escape);
+    ask()->close();
+    EXPECT_EQ(openWindow<QMessageBox>(), nullptr);
+    EXPECT_TRUE(visible<QWidget>(u"overviewView"_s));
+    ask();
+    clickAlert(u"Edit PAD"_s);
+    EXPECT_TRUE(visible<QWidget>(u"editView"_s));
+}
+
+TEST_F(MainWindowTest, WhatIsAddedIsInSightAndTheNextKeyOpensIt)
+{
+    for (int number = 10; number < 60; ++number)
+        ASSERT_TRUE(AddDeleteImportEdit::createNewListing(u"M %1"_s.arg(number)));
+    start();
+    auto *table = visible<QTableView>(u"softwareTableView"_s);
+    EXPECT_FALSE(table->currentIndex().isValid()) << "nobody went to a row yet";
+    QTest::keyClicks(table, u"m 59"_s);
+    EXPECT_EQ(mwqnSelSW, u"M 59"_s) << "typing finds a title";
+    clickTitle(table->currentIndex().row());
+
+    const auto expectAdded = [&](const QString &name) {
+        EXPECT_EQ(mwqnSelSW, std::nullopt);
+        EXPECT_EQ(table->currentIndex().data(), name);
+        EXPECT_TRUE(table->viewport()->rect().contains(table->visualRect(table->currentIndex())));
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        EXPECT_EQ(window().windowTitle(), name);
+        window().findChild<QAction *>(u"Overview"_s)->trigger();
+    };
+    press(u"newSoftwareButton"_s);
+    typeName(u"A"_s);
+    expectAdded(u"A"_s);
+    drop({padFile(u"Z"_s), padFile(u"Y"_s)});
+    answerAlert(u"OK"_s);
+    expectAdded(u"Y"_s);
+}
+
+TEST_F(MainWindowTest, TheToolbarOffersToBeCustomisedAndHasNoToolTips)
+{
+    QToolBar *bar = visible<QToolBar>(u"quillonToolbar"_s);
+    QWidget *button = bar->widgetForAction(window().findChild<QAction *>(u"Overview"_s));
+    QHelpEvent hover(QEvent::ToolTip, button->rect().center(), button->mapToGlobal(button->rect().center()));
+    QApplication::sendEvent(button, &hover);
+    EXPECT_FALSE(QToolTip::isVisible());
+
+    QContextMenuEvent click(QContextMenuEvent::Mouse, button->rect().center(),
+                            button->mapToGlobal(button->rect().center()));
+    QApplication::sendEvent(button, &click);
+    const auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+    ASSERT_TRUE(menu);
+    EXPECT_EQ(menu->actions(), QList{window().findChild<QAction *>(u"customise"_s)});
+}
+
 TEST_F(MainWindowTest, FilesComeInByTheChooserAndByDropping)
 {
     press(u"importButton"_s);
+    ASSERT_TRUE(eventually([] { return openWindow<QFileDialog>() != nullptr; }));
+    EXPECT_EQ(openWindow<QFileDialog>()->labelText(QFileDialog::Accept), u"Choose PAD File"_s);
+    EXPECT_FALSE(visible<QWidget>(u"newFolderButton"_s)->isEnabled());
     chooseFile(padFile(u"A"_s));
     EXPECT_EQ(titles(), QStringList{u"A"_s});
     EXPECT_TRUE(eventually([] { return openWindow<QMessageBox>() != nullptr; }));
-    EXPECT_TRUE(visible<QPlainTextEdit>(u"alertDetails"_s)->toPlainText().contains(u"Freemium"_s));
+    const auto *details = visible<QPlainTextEdit>(u"alertDetails"_s);
+    EXPECT_TRUE(details->toPlainText().contains(u"Freemium"_s));
+    const auto *ok = openWindow<QMessageBox>()->buttons().value(0);
+    EXPECT_GT(ok->mapToGlobal(QPoint()).y(), details->mapToGlobal(details->rect().bottomLeft()).y());
     EXPECT_TRUE(answerAlert(u"OK"_s).startsWith(u"Import Successful"));
 
     drop({padFile(u"B"_s), padFile(u"C"_s)});
@@ -231,8 +305,11 @@ TEST_F(MainWindowTest, SortingAndToolbarOutliveARun)
     }
     dialog->accept();
     EXPECT_EQ(bar->actions().size(), items - 1);
+    visible<QSplitter>(u"detailsSplitter"_s)->setSizes({100, 900});
 
     start();
+    const QList<int> details = visible<QSplitter>(u"detailsSplitter"_s)->sizes();
+    EXPECT_GT(details[1], 2 * details[0]);
     EXPECT_EQ(firstRow(), u"Tool 10"_s);
     EXPECT_EQ(visible<QToolBar>(u"quillonToolbar"_s)->actions().size(), items - 1);
     EXPECT_FALSE(toolbar_layout::storedOrder().contains(u"Submit"_s));
@@ -280,6 +357,28 @@ TEST_F(MainWindowTest, ASecondStartBringsTheWindowToTheFront)
     window().hide();
     EXPECT_TRUE(SingleInstance::activateOther());
     EXPECT_TRUE(eventually([this] { return window().isVisible(); }));
+}
+
+TEST_F(MainWindowTest, WithoutARuntimeFolderNoSocketIsMade)
+{
+    const QString before = QDir::currentPath();
+    QDir::setCurrent(home());
+    // Where there is no usable one, a folder of this name is taken; this is a file.
+    const QString instead = u"runtime-"_s + QString::fromLocal8Bit(getpwuid(geteuid())->pw_name);
+    put(instead, {});
+    const std::pair<const char *, QByteArray> variables[] = {{"XDG_RUNTIME_DIR", qgetenv("XDG_RUNTIME_DIR")},
+                                                             {"TMPDIR", qgetenv("TMPDIR")}};
+    for (const auto &[name, value] : variables)
+        qputenv(name, home().toUtf8());
+    qputenv("XDG_RUNTIME_DIR", instead.toUtf8());
+    SingleInstance refused;
+    refused.listen();
+    EXPECT_FALSE(SingleInstance::activateOther());
+    EXPECT_FALSE(names(home()).join(u' ').contains(u"quillon-"))
+        << "no socket lies where the program started";
+    for (const auto &[name, value] : variables)
+        value.isEmpty() ? qunsetenv(name) : qputenv(name, value);
+    QDir::setCurrent(before);
 }
 
 } // namespace

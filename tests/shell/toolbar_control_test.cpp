@@ -104,6 +104,11 @@ TEST_F(ToolbarControlTest, SubmittingAsksOnlyAboutErrors)
     EXPECT_TRUE(mwqnWOSi78tgsda) << "on this path the flag is left as it is";
 
     toolbar.submitTBI();
+    const qsizetype views = shown.size();
+    sheets.answer(AlertAnswer::Closed);
+    EXPECT_EQ(std::pair(submitWindows, shown.size()), std::pair(2, views));
+
+    toolbar.submitTBI();
     sheets.answer(AlertAnswer::Alternate);
     EXPECT_EQ(submitWindows, 2);
     EXPECT_EQ(shown.last(), ContentView::Editor);
