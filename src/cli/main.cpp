@@ -72,6 +72,8 @@ cli::ExitStatus run(cli::Command &command)
         cli::complain(u"Quillon is running. Please quit it first, or use its window."_s);
         return cli::Refused;
     }
+    if (lock.state() == DataFolderLock::State::Held)
+        AddDeleteImportEdit::removeUnfinished();
     return command.run();
 }
 

@@ -5,6 +5,7 @@
 #include "store/add_delete_import_edit.h"
 #include "store/process_state.h"
 #include "store/site_list.h"
+#include "store/storage_status.h"
 #include "store/summary_file.h"
 #include "submission/default_sites.h"
 
@@ -19,10 +20,13 @@ namespace quillon::cli {
 
 namespace {
 
-/// One of the two site lists as it is; a missing one stays missing.
+/// One of the two site lists as it is; a missing one stays missing, and one that cannot be read is told.
 StringDictionary stored(QStringView siteList)
 {
-    return site_list::stored(siteList).valueOr({});
+    const auto sites = site_list::stored(siteList);
+    if (sites.isError(Error::Kind::Unreadable))
+        reportFailure(sites.error());
+    return sites.valueOr({});
 }
 
 /// Complains of each of @p names that stays hidden when they are restored, since another ignored site has its
@@ -120,6 +124,8 @@ private:
     {
         const SiteCatalogue catalogue = site_editing::currentCatalogue();
         const qsizetype row = catalogue.sites.indexOf(text(m_name));
+        if (const ExitStatus read = TitleSession::stored(); read != Done)
+            return read;
         if (!allExist({text(m_name)}, catalogue.sites))
             return Refused;
         const Site old{catalogue.sites[row], catalogue.urls[row]};
@@ -132,6 +138,8 @@ private:
         for (const std::string &name : m_names)
             names.append(text(name));
         const SiteCatalogue catalogue = site_editing::currentCatalogue();
+        if (const ExitStatus read = TitleSession::stored(); read != Done)
+            return read;
         if (!allExist(names, m_remove->parsed() ? catalogue.sites : catalogue.ignored))
             return Refused;
         if (m_remove->parsed())
@@ -147,27 +155,39 @@ private:
         const StringDictionary user = stored(site_list::userSites);
         const SiteCatalogue catalogue =
             mergedCatalogue(mwqnDefaultSitesDict, stored(site_list::ignoredSites), user);
-        QJsonArray sites;
-        QJsonArray ignored;
-        for (qsizetype row = 0; row < catalogue.sites.size(); ++row) {
-            const QString source = row < qsizetype(user.size()) ? u"user"_s : u"default"_s;
-            if (m_json)
-                sites.append(QJsonObject{{u"name"_s, catalogue.sites[row]},
-                                         {u"url"_s, catalogue.urls[row]},
-                                         {u"source"_s, source}});
-            else
-                printColumns({catalogue.sites[row], catalogue.urls[row], source});
-        }
-        for (qsizetype row = 0; row < catalogue.ignored.size(); ++row) {
-            if (m_json)
-                ignored.append(
-                    QJsonObject{{u"name"_s, catalogue.ignored[row]}, {u"url"_s, catalogue.ignoredUrls[row]}});
-            else
-                printColumns({catalogue.ignored[row], catalogue.ignoredUrls[row], u"removed"_s});
-        }
         if (m_json)
-            print(QJsonDocument(QJsonObject{{u"sites"_s, sites}, {u"ignored"_s, ignored}}));
-        return Done;
+            print(json(catalogue, qsizetype(user.size())));
+        else
+            printLines(catalogue, qsizetype(user.size()));
+        return TitleSession::stored();
+    }
+
+    /// Of the catalogue's sites the first @p userSites are the author's own.
+    static QString source(qsizetype row, qsizetype userSites)
+    {
+        return row < userSites ? u"user"_s : u"default"_s;
+    }
+
+    static QJsonDocument json(const SiteCatalogue &catalogue, qsizetype userSites)
+    {
+        QJsonArray sites;
+        for (qsizetype row = 0; row < catalogue.sites.size(); ++row)
+            sites.append(QJsonObject{{u"name"_s, catalogue.sites[row]},
+                                     {u"url"_s, catalogue.urls[row]},
+                                     {u"source"_s, source(row, userSites)}});
+        QJsonArray ignored;
+        for (qsizetype row = 0; row < catalogue.ignored.size(); ++row)
+            ignored.append(
+                QJsonObject{{u"name"_s, catalogue.ignored[row]}, {u"url"_s, catalogue.ignoredUrls[row]}});
+        return QJsonDocument(QJsonObject{{u"sites"_s, sites}, {u"ignored"_s, ignored}});
+    }
+
+    static void printLines(const SiteCatalogue &catalogue, qsizetype userSites)
+    {
+        for (qsizetype row = 0; row < catalogue.sites.size(); ++row)
+            printColumns({catalogue.sites[row], catalogue.urls[row], source(row, userSites)});
+        for (qsizetype row = 0; row < catalogue.ignored.size(); ++row)
+            printColumns({catalogue.ignored[row], catalogue.ignoredUrls[row], u"removed"_s});
     }
 
     [[nodiscard]] ExitStatus listForTitle() const

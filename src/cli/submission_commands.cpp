@@ -42,12 +42,13 @@ public:
             complain(u"There is no site named %1."_s.arg(text(m_site)));
             return Refused;
         }
-        if (m_change == &submission_marks::markSubmitted && !submission_marks::canBeKept(text(m_site))) {
-            complain(u"A mark for %1 cannot be kept: the name holds a comma or markup."_s.arg(text(m_site)));
+        const Result<> changed = m_change(text(m_site));
+        if (changed.isError(Error::Kind::Refused)) {
+            complain(changed.error().reason);
             return Refused;
         }
-        const ExitStatus changed = outcome(m_change(text(m_site)));
-        return changed == Done ? TitleSession::stored() : changed;
+        const ExitStatus status = outcome(changed);
+        return status == Done ? TitleSession::stored() : status;
     }
 
 private:

@@ -4,6 +4,7 @@
 #include "platform/staged_folder.h"
 #include "store/process_state.h"
 #include "store/site_list.h"
+#include "store/storage_status.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -21,18 +22,19 @@ Q_LOGGING_CATEGORY(log, "quillon.backups")
 
 constexpr std::array<QStringView, 2> siteLists = {site_list::ignoredSites, site_list::userSites};
 
-/// A failure of @p reason, which is logged as well.
-BackupResult failed(const QString &sentence, const QString &reason)
+/// Adds @p error, which is logged as well, to what @p result tells.
+void note(const Error &error, BackupResult &result)
 {
-    qCWarning(log).noquote() << reason;
-    return {BackupResult::Failed, 0, 0, sentence, {}, {reason}};
+    result.details.append(detail(error));
+    result.fileFailed = true;
+    qCWarning(log).noquote() << result.details.last();
 }
 
 BackupResult run(TitleTransfer &transfer, const Progress &progress)
 {
     while (transfer.step()) {
         if (progress && !progress(transfer.done(), transfer.total()))
-            return {BackupResult::Cancelled};
+            return {.outcome = BackupResult::Cancelled};
     }
     if (progress)
         progress(transfer.total(), transfer.total());
@@ -45,75 +47,102 @@ bool isInside(const QString &path, const QString &folder)
     return path == folder || path.startsWith(folder + u'/');
 }
 
-/// Fills @p folder with the data folder's two site lists; the reason when that fails.
-QString copySiteLists(const FolderHandle &folder)
+Error refused(const QString &reason)
+{
+    return {.kind = Error::Kind::Refused, .reason = reason};
+}
+
+/// Fills @p folder with the data folder's two site lists.
+Result<> copySiteLists(const FolderHandle &folder)
 {
     const auto data = FolderHandle::open(mwqnAppSuppLoc);
     for (const QStringView list : siteLists) {
         const QByteArray name = list.toUtf8();
         const auto bytes = data ? data->read(name) : data.error();
         if (!bytes)
-            return u"%1 cannot be read: %2"_s.arg(list, bytes.error().reason);
+            return Error{.reason = u"%1 cannot be read: %2"_s.arg(list, bytes.error().reason)};
         if (const Result<> written = folder.write(name, *bytes); !written)
-            return u"%1: %2"_s.arg(list, written.error().reason);
+            return Error{written.error().kind, list.toString(), written.error().reason};
     }
     return {};
 }
 
-/// The reason when no backup of the site lists could be made at @p to.
-QString makeSitesBackup(const QString &to, Existing existing)
+Result<> makeSitesBackup(const QString &to, Existing existing)
 {
     const QFileInfo place(QDir::cleanPath(QFileInfo(to).absoluteFilePath()));
     auto staged = StagedFolder::in(place.path());
     if (!staged)
-        return u"%1: %2"_s.arg(place.path(), staged.error().reason);
-    if (QString reason = copySiteLists(staged->folder()); !reason.isEmpty())
-        return reason;
-    const Result<> placed =
-        staged->putInPlace(place.fileName(), StagedFolder::Content::Files, existing == Existing::Replace);
-    return placed ? QString() : placed.error().reason;
-}
-
-void passOver(const QString &what, const QString &reason, BackupResult &result)
-{
-    result.details.append(u"%1 was passed over: %2"_s.arg(what, reason));
-    result.fileFailed = true;
-    qCWarning(log).noquote() << result.details.last();
+        return staged.error();
+    if (Result<> copied = copySiteLists(staged->folder()); !copied)
+        return copied;
+    return staged->putInPlace(place.fileName(), StagedFolder::Content::Files, existing == Existing::Replace);
 }
 
 /// The entries of one list in a backup; @p result tells when the file is there but no list.
 StringDictionary listIn(const FolderHandle &backup, QStringView list, BackupResult &result)
 {
-    const QByteArray name = list.toUtf8();
-    if (!backup.exists(name))
+    const auto bytes = backup.read(list.toUtf8());
+    if (bytes.isError(Error::Kind::Missing))
         return {};
-    const auto bytes = backup.read(name);
     const auto entries = bytes ? property_list::read(*bytes) : bytes.error();
-    if (!entries) {
-        passOver(list.toString(), entries.error().reason, result);
-    }
+    if (!entries)
+        note({.reason = u"%1 was passed over: %2"_s.arg(list, entries.error().reason)}, result);
     return entries.valueOr({});
+}
+
+/// Adds to @p present the entries of one list in a backup that it has not.
+StringDictionary merged(StringDictionary present, const FolderHandle &backup, QStringView list,
+                        BackupResult &result)
+{
+    for (const auto &[name, url] : listIn(backup, list, result)) {
+        if (site_list::canHold(name) && site_list::canHold(url))
+            present.emplace(name, url);
+        else
+            note({.reason = u"%1 in %2 was passed over: it holds a control character"_s.arg(name, list)},
+                 result);
+    }
+    return present;
+}
+
+void restoreList(const FolderHandle &backup, QStringView list, BackupResult &result)
+{
+    const auto present = site_list::readToChange(list);
+    if (!present)
+        return note(present.error(), result);
+    const StringDictionary all = merged(present->sites, backup, list, result);
+    const Result<> written = all == present->sites ? Result<>() : site_list::write(list, all, present->bytes);
+    if (written.isDone())
+        result.copied += int(all.size() - present->sites.size());
+    if (!written)
+        note(written.error(), result);
 }
 
 } // namespace
 
-QString refusal(const QString &to, QStringView extension, Existing existing)
+QString detail(const Error &error)
+{
+    if (error.kind == Error::Kind::NotYetSafe)
+        return failureLine(error);
+    return error.path.isEmpty() ? error.reason : u"%1: %2"_s.arg(error.path, error.reason);
+}
+
+Result<> mayBeMade(const QString &to, QStringView extension, Existing existing)
 {
     const QFileInfo place(QDir::cleanPath(QFileInfo(to).absoluteFilePath()));
     const QString parent = QFileInfo(place.path()).canonicalFilePath();
     if (to.isEmpty() || place.fileName().isEmpty() || parent.isEmpty())
-        return u"there is no folder %1 to make it in"_s.arg(place.path());
+        return refused(u"there is no folder %1 to make it in"_s.arg(place.path()));
     const QString path = QDir::cleanPath(parent + u'/' + place.fileName());
     const QString dataFolder = QFileInfo(mwqnAppSuppLoc).canonicalFilePath();
     if (isInside(path, dataFolder) || isInside(dataFolder, path))
-        return u"a backup cannot lie in the data folder nor hold it"_s;
+        return refused(u"a backup cannot lie in the data folder nor hold it"_s);
     if (!place.exists() && !place.isSymLink())
         return {};
     if (existing == Existing::Refuse)
-        return u"something is at %1 already"_s.arg(path);
-    return place.fileName().endsWith(u'.' + extension)
-               ? QString()
-               : u"%1 is not the name of such a backup, so it is not replaced"_s.arg(path);
+        return refused(u"something is at %1 already"_s.arg(path));
+    if (!place.fileName().endsWith(u'.' + extension))
+        return refused(u"%1 is not the name of such a backup, so it is not replaced"_s.arg(path));
+    return {};
 }
 
 BackupResult backupTitles(const QString &to, Existing existing, const Progress &progress)
@@ -136,42 +165,35 @@ BackupResult backupSites(const QString &to, Existing existing)
         isKnown = isKnown && sites;
     }
     if (entries == 0 && isKnown)
-        return {BackupResult::Nothing, 0, 0, nothingToBackup};
-    if (const QString reason = refusal(to, sitesExtension, existing); !reason.isEmpty()) {
-        BackupResult refused = failed(backupFailed, reason);
-        refused.outcome = BackupResult::Refused;
-        return refused;
+        return {.outcome = BackupResult::Nothing, .sentence = nothingToBackup};
+
+    BackupResult result{.outcome = BackupResult::Done, .sentence = backupSucceeded};
+    const Result<> may = mayBeMade(to, sitesExtension, existing);
+    const Result<> made = may ? makeSitesBackup(to, existing) : may;
+    if (made.isDone())
+        result.copied = entries;
+    if (!made) {
+        note(made.error(), result);
+        result.outcome = may ? BackupResult::Failed : BackupResult::Refused;
+        result.sentence = made.isDone() ? failureLine(made.error()) : backupFailed;
     }
-    const QString reason = makeSitesBackup(to, existing);
-    if (reason.isEmpty())
-        return {BackupResult::Done, entries, 0, backupSucceeded};
-    return failed(backupFailed, reason);
+    return result;
 }
 
 BackupResult restoreSites(const QString &from)
 {
-    BackupResult result{BackupResult::Done};
+    BackupResult result{.outcome = BackupResult::Done};
     const auto backup = FolderHandle::open(from);
-    if (!backup)
-        return failed({}, u"%1: %2"_s.arg(from, backup.error().reason));
-    for (const QStringView list : siteLists) {
-        const auto present = site_list::readToChange(list);
-        if (!present) {
-            result = failed({}, u"%1: %2"_s.arg(list, present.error().reason));
-            continue;
-        }
-        StringDictionary merged = *present;
-        for (const auto &[name, url] : listIn(*backup, list, result)) {
-            if (site_list::canHold(name) && site_list::canHold(url))
-                merged.emplace(name, url);
-            else
-                passOver(u"%1 in %2"_s.arg(name, list), u"it holds a control character"_s, result);
-        }
-        result.copied += int(merged.size() - present->size());
-        const Result<> written = merged == *present ? Result<>() : site_list::write(list, merged);
-        if (!written)
-            result = failed({}, u"%1 could not be stored: %2"_s.arg(list, written.error().reason));
+    if (!backup) {
+        note(backup.error(), result);
+        result.outcome = BackupResult::Failed;
     }
+    for (const QStringView list : siteLists) {
+        if (backup)
+            restoreList(*backup, list, result);
+    }
+    if (result.fileFailed)
+        result.sentence = u"Not all changes to the site list were restored"_s;
     return result;
 }
 

@@ -1,54 +1,21 @@
 #pragma once
 
-#include <QString>
-#include <QStringList>
+#include "platform/result.h"
+#include "sites/title_transfer.h"
 
 #include <functional>
-#include <memory>
-
-namespace quillon {
-
-/// What came of a backup or a restore, ready to be told.
-struct BackupResult
-{
-    enum Outcome
-    {
-        Done,
-        Nothing,  ///< There was nothing to back up, and nothing was made.
-        Refused,  ///< No backup may be made there; the details say why.
-        Failed,   ///< The details say why.
-        Cancelled ///< What was begun is removed.
-    };
-    Outcome outcome = Failed;
-    int copied = 0;  ///< Titles, or of a site list entries, that now are where they were not before.
-    int ignored = 0; ///< Titles that were left out because one of their name is there.
-    QString sentence = {};
-    QString informativeText = {};
-    QStringList details = {}; ///< One line for each thing that was passed over or failed.
-    bool fileFailed = false;  ///< Something was passed over since it could not be read or written.
-};
 
 /// Copies of all titles, or of the author's changes to the site list, in a folder of the author's choice, and
 /// the way back.
 ///
-/// Links are never followed, neither in the data folder nor in a backup; titles inside other folders, and
-/// what cannot be read, are passed over and named. Nothing is written but in the data folder or beside the
-/// chosen place.
-namespace backups {
+/// Links are never followed, neither in the data folder nor in a backup; titles inside other folders are
+/// passed over and named. So is what cannot be read: such a backup counts as failed, and what could be read
+/// is put where nothing is, but never in place of an older backup. Nothing is written but in the data folder
+/// or beside the chosen place.
+namespace quillon::backups {
 
 inline constexpr QStringView titlesExtension = u"swback";
 inline constexpr QStringView sitesExtension = u"qnback";
-
-inline const QString backupSucceeded = QStringLiteral("The backup was successful");
-inline const QString backupFailed = QStringLiteral("The backup failed  with an unknown error");
-inline const QString nothingToBackup = QStringLiteral("There is nothing to backup");
-
-/// Whether what stands at a backup's place is to go; it goes only when the new backup is complete.
-enum class Existing
-{
-    Refuse,
-    Replace ///< Only something whose name has the backup's extension.
-};
 
 /// Told after each title; false cancels.
 using Progress = std::function<bool(int done, int total)>;
@@ -65,35 +32,13 @@ BackupResult restoreTitles(const QString &from, const Progress &progress = {});
 BackupResult backupSites(const QString &to, Existing existing);
 
 /// Adds the entries of the backup @p from to the two site lists; where both have a name, the present one
-/// stays.
+/// stays. The sentence is empty when all of it is done.
 BackupResult restoreSites(const QString &from);
 
-/// Why no backup may be made at @p to, one line; empty when it may.
-QString refusal(const QString &to, QStringView extension, Existing existing);
+/// Whether a backup may be made at @p to; else it is refused, with the reason.
+Result<> mayBeMade(const QString &to, QStringView extension, Existing existing);
 
-} // namespace backups
+/// The path and the reason of @p error, or what is done and not yet safe, in one line.
+QString detail(const Error &error);
 
-/**
- * A backup or a restore of titles, one title at each step, so that a window stays alive meanwhile.
- *
- * Dropped before finish() it removes what it began.
- */
-class TitleTransfer
-{
-public:
-    static std::unique_ptr<TitleTransfer> backup(const QString &to, backups::Existing existing);
-    static std::unique_ptr<TitleTransfer> restore(const QString &from);
-    virtual ~TitleTransfer() = default;
-
-    /// How many titles there are to copy, and how many have had their turn.
-    [[nodiscard]] virtual int total() const = 0;
-    [[nodiscard]] virtual int done() const = 0;
-
-    /// Copies the next title; false when none is left, or when it makes no sense to go on.
-    virtual bool step() = 0;
-
-    /// Syncs what was copied and puts it into its place. Once.
-    virtual BackupResult finish() = 0;
-};
-
-} // namespace quillon
+} // namespace quillon::backups

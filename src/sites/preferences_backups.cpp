@@ -64,7 +64,9 @@ void PreferencesController::importSitesAction()
                          [this](const QStringList &paths) {
                              if (paths.isEmpty())
                                  return;
-                             backups::restoreSites(paths.first());
+                             const BackupResult result = backups::restoreSites(paths.first());
+                             if (!result.sentence.isEmpty())
+                                 tellLater(alertOf(result));
                              sitesListViewAction();
                              loadSitesIntoList();
                          });

@@ -2,11 +2,11 @@
 
 #include "platform/regex.h"
 #include "sites/site_renaming.h"
-#include "store/add_delete_import_edit.h"
 #include "store/process_state.h"
 #include "store/site_list.h"
 #include "store/storage_status.h"
 #include "submission/default_sites.h"
+#include "submission/submission_marks.h"
 
 #include <algorithm>
 
@@ -16,15 +16,30 @@ namespace quillon::site_editing {
 
 namespace {
 
-/// The author's changes to the catalogue, as they are stored.
+/// The author's changes to the catalogue.
 struct SiteLists
 {
     StringDictionary user;
     StringDictionary ignored;
 };
 
-/// The lists for whoever is going to change them; one that cannot be read must not be taken for an empty one.
-Result<SiteLists> listsToChange()
+SiteCatalogue catalogueOf(const SiteLists &lists)
+{
+    setDefaultSites();
+    return mergedCatalogue(mwqnDefaultSitesDict, lists.ignored, lists.user);
+}
+
+/// The two lists as they were read, once: what is decided is decided by them, and nothing else is replaced. A
+/// list that cannot be read must not be taken for an empty one, also not for the moment of a look.
+struct ReadLists
+{
+    site_list::ReadList user;
+    site_list::ReadList ignored;
+
+    [[nodiscard]] SiteLists sites() const { return {user.sites, ignored.sites}; }
+};
+
+Result<ReadLists> listsToChange()
 {
     auto user = site_list::readToChange(site_list::userSites);
     if (!user)
@@ -32,25 +47,38 @@ Result<SiteLists> listsToChange()
     auto ignored = site_list::readToChange(site_list::ignoredSites);
     if (!ignored)
         return ignored.error();
-    return SiteLists{*std::move(user), *std::move(ignored)};
+    return ReadLists{*std::move(user), *std::move(ignored)};
 }
 
 /// Writes what has changed, the list @p first before the other: of two writes the second may fail, and a site
 /// shall rather be there twice than not at all.
-Result<> store(const SiteLists &before, const SiteLists &after, QStringView first)
+Result<> store(const ReadLists &before, const SiteLists &after, QStringView first)
 {
-    const auto storeUser = [&]() -> Result<> {
-        return after.user == before.user ? Result<>() : site_list::write(site_list::userSites, after.user);
+    const auto storeList = [&](QStringView name) -> Result<> {
+        const bool isUser = name == site_list::userSites;
+        const site_list::ReadList &old = isUser ? before.user : before.ignored;
+        const StringDictionary &sites = isUser ? after.user : after.ignored;
+        return sites == old.sites ? Result<>() : site_list::write(name, sites, old.bytes);
     };
-    const auto storeIgnored = [&]() -> Result<> {
-        return after.ignored == before.ignored ? Result<>()
-                                               : site_list::write(site_list::ignoredSites, after.ignored);
-    };
-    const bool userFirst = first == site_list::userSites;
-    const Result<> stored = userFirst ? storeUser() : storeIgnored();
-    if (!stored)
-        return stored;
-    return userFirst ? storeIgnored() : storeUser();
+    const Result<> one = storeList(first);
+    if (!one.isDone())
+        return one;
+    const Result<> other =
+        storeList(first == site_list::userSites ? site_list::ignoredSites : site_list::userSites);
+    return other ? one : other;
+}
+
+/// A list for somebody who only looks; one that cannot be read is told as a failure for as long as that
+/// lasts.
+StringDictionary listToShow(QStringView fileName)
+{
+    const auto sites = site_list::read(fileName);
+    const QString path = mwqnAppSuppLoc + fileName;
+    if (sites.isError(Error::Kind::Unreadable))
+        reportFailure(sites.error());
+    else if (mwqnFailedWrites.value(path).kind == Error::Kind::Unreadable)
+        forgetFailure(path);
+    return sites.valueOr({});
 }
 
 bool isDefaultName(const QString &name)
@@ -115,6 +143,11 @@ SiteEdit judged(const Site &site, const QString &emptySentence)
     return {};
 }
 
+SiteEdit notStored(const Error &error)
+{
+    return {SiteEdit::NotStored, failureLine(error)};
+}
+
 /// What an edited site makes of the lists. @p old and @p edited may be one and the same.
 SiteLists withEdit(SiteLists lists, const Site &old, bool wasDefault, const Site &edited, bool isDefault)
 {
@@ -138,9 +171,8 @@ SiteLists withEdit(SiteLists lists, const Site &old, bool wasDefault, const Site
 
 SiteCatalogue currentCatalogue()
 {
-    setDefaultSites();
-    return mergedCatalogue(mwqnDefaultSitesDict, AddDeleteImportEdit::returnIgnoredSitesDict().valueOr({}),
-                           AddDeleteImportEdit::returnUserSitesDict().valueOr({}));
+    return catalogueOf(
+        {.user = listToShow(site_list::userSites), .ignored = listToShow(site_list::ignoredSites)});
 }
 
 QString normalisedUrl(const QString &typed)
@@ -157,7 +189,10 @@ SiteEdit addSite(const QString &name, const QString &url)
         judged(site, u"You must enter a name and URL to add an entry to the sites list"_s);
     if (refusal.outcome != SiteEdit::Done)
         return refusal;
-    const SiteCatalogue catalogue = currentCatalogue();
+    const auto before = listsToChange();
+    if (!before)
+        return notStored(before.error());
+    const SiteCatalogue catalogue = catalogueOf(before->sites());
     const bool nameExists = catalogue.sites.contains(site.name);
     const qsizetype sameUrl = catalogue.urls.indexOf(site.url);
     if (nameExists && sameUrl >= 0)
@@ -170,11 +205,10 @@ SiteEdit addSite(const QString &name, const QString &url)
         return {SiteEdit::UrlExists,
                 u"The entered URL is already associated with the site '%1'\n"
                 "Please enter a unique URL for this site"_s.arg(catalogue.sites[sameUrl])};
-    auto user = site_list::readToChange(site_list::userSites);
-    if (user)
-        (*user)[site.name] = site.url;
-    if (const Result<> stored = user ? site_list::write(site_list::userSites, *user) : user.error(); !stored)
-        return {SiteEdit::NotStored, failureLine(stored.error())};
+    SiteLists after = before->sites();
+    after.user[site.name] = site.url;
+    if (const Result<> stored = store(*before, after, site_list::userSites); !stored.isDone())
+        return notStored(stored.error());
     return {SiteEdit::Done, u"Site Added Successfully"_s};
 }
 
@@ -184,26 +218,30 @@ SiteEdit editSite(const Site &old, const QString &name, const QString &url)
     const SiteEdit refusal = judged(edited, u"The name and URL fields cannot be empty"_s);
     if (refusal.outcome != SiteEdit::Done)
         return refusal;
-    const bool wasDefault = isListedDefault(old, currentCatalogue().ignored);
+    if (old.name != edited.name && !submission_marks::canBeKept(edited.name) && isMarkedAnywhere(old.name))
+        return {SiteEdit::NotMarkable,
+                u"Titles are marked for this site, and their marks cannot bear the new name\n"
+                "Please enter a name without a comma or markup"_s};
     const auto before = listsToChange();
     if (!before)
-        return {SiteEdit::NotStored, failureLine(before.error())};
-    const bool isDefault = becomesDefault(edited, before->ignored);
+        return notStored(before.error());
+    const bool wasDefault = isListedDefault(old, catalogueOf(before->sites()).ignored);
+    const bool isDefault = becomesDefault(edited, before->ignored.sites);
     const QStringView holdsTheSite = isDefault ? site_list::ignoredSites : site_list::userSites;
-    const SiteLists after = withEdit(*before, old, wasDefault, edited, isDefault);
-    if (const Result<> stored = store(*before, after, holdsTheSite); !stored)
-        return {SiteEdit::NotStored, failureLine(stored.error())};
+    const SiteLists after = withEdit(before->sites(), old, wasDefault, edited, isDefault);
+    if (const Result<> stored = store(*before, after, holdsTheSite); !stored.isDone())
+        return notStored(stored.error());
     renameSite(old.name, edited.name);
     return {SiteEdit::Done, u"Site edited successfully"_s};
 }
 
 Result<> removeSites(const QStringList &names)
 {
-    const SiteCatalogue catalogue = currentCatalogue();
     const auto before = listsToChange();
     if (!before)
         return before.error();
-    SiteLists after = *before;
+    const SiteCatalogue catalogue = catalogueOf(before->sites());
+    SiteLists after = before->sites();
     for (const QString &name : names) {
         const auto listed = catalogue.urlByName.find(name);
         if (listed == catalogue.urlByName.end())
@@ -221,7 +259,7 @@ Result<> restoreSites(const QStringList &names)
     const auto before = listsToChange();
     if (!before)
         return before.error();
-    SiteLists after = *before;
+    SiteLists after = before->sites();
     for (const QString &name : names)
         after.ignored.erase(name);
     return store(*before, after, site_list::ignoredSites);

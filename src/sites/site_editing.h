@@ -25,8 +25,9 @@ struct SiteEdit
         NameExists,
         UrlExists,
         BothExist,
-        NotXml,   ///< The name or the address holds a character that no XML file can hold.
-        NotStored ///< The lists could not be read or written; the sentence is the failure's line.
+        NotXml,      ///< The name or the address holds a character that no XML file can hold.
+        NotMarkable, ///< Titles are marked for the site, and marks cannot bear its new name.
+        NotStored    ///< The lists could not be read or written; the sentence is the failure's line.
     };
     Outcome outcome = Done;
     QString sentence = {}; ///< What the author is told.

@@ -14,6 +14,7 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <array>
 
 using namespace Qt::StringLiterals;
@@ -37,9 +38,29 @@ std::optional<QByteArray> programImage(const QString &site, const QString &image
     return file.open(QIODevice::ReadOnly) ? std::optional(file.readAll()) : std::nullopt;
 }
 
+Result<QStringList> titleFolders()
+{
+    const auto dataFolder = FolderHandle::open(mwqnAppSuppLoc);
+    const auto entries = dataFolder ? dataFolder->entries() : dataFolder.error();
+    if (!entries)
+        return entries.error();
+    QStringList folders;
+    for (const FolderHandle::Entry &entry : *entries) {
+        const QString path = mwqnAppSuppLoc + QFile::decodeName(entry.name);
+        if (path.endsWith(title_folder::extension) && QFileInfo(path).isDir())
+            folders.append(path);
+    }
+    return folders;
+}
+
+QString summaryPath(const QString &titleFolder)
+{
+    return titleFolder + u'/' + title_folder::summaryFile;
+}
+
 void renameMark(const QString &titleFolder, const QString &from, const QString &to)
 {
-    const QString path = titleFolder + u'/' + title_folder::summaryFile;
+    const QString path = summaryPath(titleFolder);
     const auto bytes = atomic_file::read(path);
     if (bytes.isError(Error::Kind::Unreadable))
         reportFailure(bytes.error());
@@ -69,23 +90,24 @@ QString withRenamedMark(const QString &summary, const QString &from, const QStri
     return text;
 }
 
+bool isMarkedAnywhere(const QString &site)
+{
+    const auto folders = titleFolders();
+    return folders && std::ranges::any_of(*folders, [&site](const QString &folder) {
+               return marks(atomic_file::read(summaryPath(folder)).valueOr({})).contains(site);
+           });
+}
+
 void renameSite(const QString &from, const QString &to)
 {
     if (from == to)
         return;
-    const auto dataFolder = FolderHandle::open(mwqnAppSuppLoc);
-    const auto entries = dataFolder ? dataFolder->entries() : dataFolder.error();
-    if (!entries)
-        return reportFailure(entries.error());
-    bool anyTitle = false;
-    for (const FolderHandle::Entry &entry : *entries) {
-        const QString path = mwqnAppSuppLoc + QFile::decodeName(entry.name);
-        if (!path.endsWith(title_folder::extension) || !QFileInfo(path).isDir())
-            continue;
-        anyTitle = true;
-        renameMark(path, from, to);
-    }
-    if (anyTitle)
+    const auto folders = titleFolders();
+    if (!folders)
+        return reportFailure(folders.error());
+    for (const QString &folder : *folders)
+        renameMark(folder, from, to);
+    if (!folders->isEmpty())
         renameSiteImage(from, to);
 }
 
@@ -102,6 +124,8 @@ void renameSiteImage(const QString &from, const QString &to, const QString &prog
         return;
     const auto own = programImage(from, programImages);
     const Result<QByteArray> picture = own ? *own : atomic_file::read(*oldPath);
+    if (picture.isError(Error::Kind::Unreadable))
+        reportFailure(picture.error());
     if (!picture)
         return;
     // Under a name that the program has a picture for, the author's would never be shown.

@@ -11,6 +11,9 @@ namespace quillon {
 /// whose list does not hold @p from, or holds nothing else, is as it was.
 QString withRenamedMark(const QString &summary, const QString &from, const QString &to);
 
+/// Whether any title is marked for @p site, as far as their summaries can be read.
+bool isMarkedAnywhere(const QString &site);
+
 /// Gives the site @p from the name @p to in the marks of all titles and, when there is any title, in the
 /// pictures of sites. The same name changes nothing.
 void renameSite(const QString &from, const QString &to);

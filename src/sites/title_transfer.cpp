@@ -1,6 +1,9 @@
+#include "sites/title_transfer.h"
+
 #include "platform/staged_folder.h"
 #include "sites/backups.h"
 #include "store/process_state.h"
+#include "store/storage_status.h"
 #include "store/title_folder.h"
 
 #include <QDir>
@@ -37,40 +40,35 @@ public:
 
     bool step() override
     {
-        if (!m_failure.isEmpty() || m_next == m_titles.size())
+        if (!m_state || m_next == m_titles.size())
             return false;
         const qsizetype place = m_next++;
-        copyTitle(m_titles[place], stagedName(place));
-        return m_failure.isEmpty() && m_next < m_titles.size();
+        m_state = copyTitle(m_titles[place], stagedName(place));
+        return m_state && m_next < m_titles.size();
     }
 
 protected:
     /// Opens the folder that titles are copied from and the one they are staged in.
-    void open(const QString &source, const QString &parent)
+    Result<> open(const QString &source, const QString &parent)
     {
         auto folder = FolderHandle::open(source);
-        if (!folder) {
-            m_failure = u"%1: %2"_s.arg(source, folder.error().reason);
-            return;
-        }
+        if (!folder)
+            return folder.error();
         m_source.emplace(*std::move(folder));
         auto staged = StagedFolder::in(parent);
-        if (staged)
-            m_staged.emplace(*std::move(staged));
-        else
-            m_failure = u"%1: %2"_s.arg(parent, staged.error().reason);
+        if (!staged)
+            return staged.error();
+        m_staged.emplace(*std::move(staged));
+        return {};
     }
 
-    /// The names of the source's title folders; what only looks like one is noted. When the source cannot be
-    /// listed, none are known and it makes no sense to go on.
-    QList<QByteArray> findTitles()
+    /// The names of the source's title folders; what only looks like one is noted.
+    Result<QList<QByteArray>> findTitles()
     {
         QList<QByteArray> found;
         const auto entries = m_source->entries();
-        if (!entries) {
-            m_failure = u"%1: %2"_s.arg(m_source->path(), entries.error().reason);
-            return found;
-        }
+        if (!entries)
+            return entries.error();
         for (const FolderHandle::Entry &entry : *entries) {
             const bool isTitle = isTitleFolder(entry.name);
             if (isTitle && entry.kind == FolderHandle::Kind::Folder)
@@ -101,49 +99,47 @@ protected:
 
     [[nodiscard]] QStringList details() const
     {
-        return m_failure.isEmpty() ? m_notes : QStringList{m_failure} + m_notes;
+        return m_state ? m_notes : QStringList{backups::detail(m_state.error())} + m_notes;
     }
 
     std::optional<FolderHandle> m_source;
     std::optional<StagedFolder> m_staged;
     QList<QByteArray> m_titles;
     QList<qsizetype> m_copied; ///< Places in m_titles.
-    QString m_failure;         ///< Why it makes no sense to go on; empty as long as it does.
+    Result<> m_state;          ///< An error when it makes no sense to go on.
     bool m_fileFailed = false; ///< Something could not be read or written, and the others went on.
 
 private:
-    void copyTitle(const QByteArray &name, const QByteArray &stagedName)
+    /// Copies one title. What of it cannot be read is noted; the error is that of writing.
+    Result<> copyTitle(const QByteArray &name, const QByteArray &stagedName)
     {
         const auto from = m_source->openFolder(name);
-        if (!from)
-            return noteFailure(name, from.error().reason);
+        if (!from) {
+            noteFailure(name, from.error().reason);
+            return {};
+        }
         noteTitlesInside(name);
         const auto to = m_staged->folder().makeFolder(stagedName);
-        if (!to) {
-            m_failure = u"%1: %2"_s.arg(QFile::decodeName(name), to.error().reason);
-            return;
-        }
+        if (!to)
+            return Error{.path = QFile::decodeName(name), .reason = to.error().reason};
         for (const QStringView titleFile : titleFiles) {
-            const QByteArray file = titleFile.toUtf8();
-            const auto bytes = from->read(file);
-            if (bytes.isError(Error::Kind::Missing)) {
-                note(name + '/' + file, u"it is missing"_s);
-            } else if (!bytes) {
-                noteFailure(name + '/' + file, bytes.error().reason);
-            } else if (const Result<> written = to->write(file, *bytes); !written) {
-                m_failure = u"%1/%2: %3"_s.arg(QFile::decodeName(name), titleFile, written.error().reason);
-                return;
-            }
+            const QByteArray file = name + '/' + titleFile.toUtf8();
+            const auto bytes = from->read(titleFile.toUtf8());
+            if (bytes.isError(Error::Kind::Missing))
+                note(file, u"it is missing"_s);
+            else if (!bytes)
+                noteFailure(file, bytes.error().reason);
+            else if (const Result<> written = to->write(titleFile.toUtf8(), *bytes); !written)
+                return Error{.path = QFile::decodeName(file), .reason = written.error().reason};
         }
         m_copied.append(m_next - 1);
+        return {};
     }
 
     void noteTitlesInside(const QByteArray &folder)
     {
         const auto inside = m_source->openFolder(folder);
-        if (!inside)
-            return;
-        const auto entries = inside->entries();
+        const auto entries = inside ? inside->entries() : inside.error();
         if (!entries)
             return noteFailure(folder, entries.error().reason);
         for (const FolderHandle::Entry &entry : *entries) {
@@ -160,45 +156,67 @@ class TitleBackup final : public Transfer
 {
 public:
     TitleBackup(const QString &to, backups::Existing existing)
-        : m_place(QDir::cleanPath(QFileInfo(to).absoluteFilePath()))
-        , m_replace(existing == backups::Existing::Replace)
+        : m_place(QDir::cleanPath(QFileInfo(to).absoluteFilePath())), m_existing(existing)
     {
-        m_failure = backups::refusal(to, backups::titlesExtension, existing);
-        m_isRefused = !m_failure.isEmpty();
-        if (m_failure.isEmpty())
-            open(mwqnAppSuppLoc, QFileInfo(m_place).path());
-        if (m_failure.isEmpty())
-            m_titles = findTitles();
+        m_state = backups::mayBeMade(to, backups::titlesExtension, existing);
+        m_isRefused = !m_state;
+        if (m_state)
+            m_state = open(mwqnAppSuppLoc, QFileInfo(m_place).path());
+        auto found = m_state ? findTitles() : m_state.error();
+        if (found)
+            m_titles = *std::move(found);
+        else
+            m_state = found.error();
     }
 
     BackupResult finish() override
     {
-        if (m_failure.isEmpty() && m_titles.isEmpty())
-            return {BackupResult::Nothing, 0, 0, backups::nothingToBackup, {}, details()};
-        if (m_failure.isEmpty() && m_copied.isEmpty())
-            m_failure = u"no title could be read"_s;
-        if (m_failure.isEmpty()) {
-            const Result<> placed = m_staged->putInPlace(QFileInfo(m_place).fileName(),
-                                                         StagedFolder::Content::Folders, m_replace);
-            m_failure = placed ? QString() : placed.error().reason;
-        }
-        if (m_failure.isEmpty())
-            return {BackupResult::Done, int(m_copied.size()), 0, backups::backupSucceeded, {},
-                    details(),          m_fileFailed};
-        qCWarning(log).noquote() << m_failure;
-        return {m_isRefused ? BackupResult::Refused : BackupResult::Failed,
-                0,
-                0,
-                backups::backupFailed,
-                {},
-                details()};
+        if (m_state && m_titles.isEmpty() && !m_fileFailed)
+            return {
+                .outcome = BackupResult::Nothing, .sentence = backups::nothingToBackup, .details = details()};
+        if (m_state)
+            m_state = put();
+        if (!m_state)
+            qCWarning(log).noquote() << backups::detail(m_state.error());
+        return result();
     }
 
 private:
     QByteArray stagedName(qsizetype place) const override { return m_titles[place]; }
 
+    Result<> put()
+    {
+        const QString name = QFileInfo(m_place).fileName();
+        if (m_copied.isEmpty())
+            return Error{.path = m_place, .reason = u"no title could be read"_s};
+        // The older backup may hold what could not be read now.
+        if (m_fileFailed && m_staged->parent().exists(QFile::encodeName(name)))
+            return Error{.path = m_place,
+                         .reason = u"it was not replaced, since not everything could be read"_s};
+        return m_staged->putInPlace(name, StagedFolder::Content::Folders,
+                                    m_existing == backups::Existing::Replace);
+    }
+
+    [[nodiscard]] BackupResult result() const
+    {
+        const bool isWhole = m_state && !m_fileFailed;
+        BackupResult result{.outcome = isWhole       ? BackupResult::Done
+                                       : m_isRefused ? BackupResult::Refused
+                                                     : BackupResult::Failed,
+                            .sentence = isWhole ? backups::backupSucceeded : backups::backupFailed,
+                            .details = details(),
+                            .fileFailed = !isWhole && !m_isRefused};
+        if (m_state.isDone())
+            result.copied = int(m_copied.size());
+        if (m_state.isDone() && m_fileFailed)
+            result.informativeText = u"%1 holds what could be read, but not all"_s.arg(m_place);
+        else if (m_state.isDone() && !m_state)
+            result.sentence = failureLine(m_state.error());
+        return result;
+    }
+
     QString m_place;
-    bool m_replace;
+    backups::Existing m_existing;
     bool m_isRefused = false;
 };
 
@@ -207,35 +225,42 @@ class TitleRestore final : public Transfer
 public:
     explicit TitleRestore(const QString &from)
     {
-        open(from, mwqnAppSuppLoc);
-        if (!m_failure.isEmpty())
+        m_state = open(from, mwqnAppSuppLoc);
+        const auto found = m_state ? findTitles() : m_state.error();
+        if (!found) {
+            m_state = found.error();
             return;
-        const QList<QByteArray> found = findTitles();
-        for (const QByteArray &title : found)
+        }
+        for (const QByteArray &title : *found)
             (m_staged->parent().exists(title) ? m_ignored : m_titles).append(title);
     }
 
     BackupResult finish() override
     {
-        if (!m_copied.isEmpty())
-            place();
+        // Also when the last title could not be written: those that are whole come in.
+        if (!m_copied.isEmpty()) {
+            if (const Result<> placed = place(); !placed && m_state)
+                m_state = placed;
+        }
         for (const QByteArray &title : std::as_const(m_ignored))
             logImported(title);
-        const BackupResult::Outcome outcome = m_failure.isEmpty() ? BackupResult::Done : BackupResult::Failed;
-        return {outcome,       m_imported, int(m_ignored.size()), sentence(),
-                explanation(), details(),  m_fileFailed};
+        return {.outcome = m_state ? BackupResult::Done : BackupResult::Failed,
+                .copied = m_imported,
+                .ignored = int(m_ignored.size()),
+                .sentence = sentence(),
+                .informativeText = explanation(),
+                .details = details(),
+                .fileFailed = m_fileFailed || !m_state};
     }
 
 private:
     // Whatever lies in the data folder under a title's name is listed; so a staged title has another one.
     QByteArray stagedName(qsizetype place) const override { return QByteArray::number(place); }
 
-    void place()
+    Result<> place()
     {
-        if (const Result<> synced = m_staged->folder().syncFileSystem(); !synced) {
-            m_failure = synced.error().reason;
-            return;
-        }
+        if (const Result<> synced = m_staged->folder().syncFileSystem(); !synced)
+            return Error{.path = mwqnAppSuppLoc, .reason = synced.error().reason};
         for (const qsizetype place : std::as_const(m_copied)) {
             const QByteArray &title = m_titles[place];
             const Result<> moved = m_staged->folder().move(stagedName(place), m_staged->parent(), title);
@@ -246,8 +271,7 @@ private:
             ++m_imported;
             logImported(title);
         }
-        if (const Result<> synced = m_staged->parent().sync(); !synced)
-            m_failure = synced.error().reason;
+        return m_staged->parent().sync();
     }
 
     static void logImported(const QByteArray &title)

@@ -6,6 +6,7 @@
 #include "platform/staged_folder.h"
 #include "platform/unfinished_name.h"
 #include "store/process_state.h"
+#include "store/site_images.h"
 #include "store/site_list.h"
 #include "store/storage_status.h"
 #include "store/summary_file.h"
@@ -169,7 +170,8 @@ void AddDeleteImportEdit::removeUnfinished()
     if (!entries)
         return;
     for (const FolderHandle::Entry &entry : *entries) {
-        if (!QFile::decodeName(entry.name).endsWith(title_folder::extension))
+        const QString name = QFile::decodeName(entry.name);
+        if (!name.endsWith(title_folder::extension) && mwqnAppSuppLoc + name + u'/' != site_images::folder())
             continue;
         if (const auto title = data->openFolder(entry.name))
             removeUnfinishedIn(*title);

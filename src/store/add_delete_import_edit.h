@@ -25,7 +25,8 @@ public:
     /// is.
     static Result<> checkAppSuppExists();
 
-    /// Removes what crashes left half made, or half removed, in the data folder and in the titles. Only for
+    /// Removes what crashes left half made, or half removed, in the data folder, in the titles and among the
+    /// pictures of sites. Only for
     /// the one that holds the data folder's lock.
     static void removeUnfinished();
 

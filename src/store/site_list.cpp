@@ -38,14 +38,19 @@ Result<StringDictionary> read(QStringView fileName)
     return made.isDone() ? stored(fileName) : made.error();
 }
 
-Result<StringDictionary> readToChange(QStringView fileName)
+Result<ReadList> readToChange(QStringView fileName)
 {
-    auto sites = read(fileName);
-    if (sites.isError(Error::Kind::Unintelligible))
-        return StringDictionary();
-    if (!sites)
-        reportFailure(sites.error());
-    return sites;
+    auto bytes = atomic_file::read(path(fileName));
+    if (bytes.isError(Error::Kind::Missing)) {
+        const Result<> made = storeFile(path(fileName), property_list::emptyText(), bytes);
+        bytes = made.isDone() ? property_list::emptyText() : Result<QByteArray>(made.error());
+    }
+    if (!bytes) {
+        reportFailure(bytes.error());
+        return bytes.error();
+    }
+    auto sites = property_list::read(*bytes);
+    return ReadList{sites ? *std::move(sites) : StringDictionary(), *std::move(bytes)};
 }
 
 bool canHold(QStringView text)
@@ -59,8 +64,12 @@ bool canHold(QStringView text)
 
 Result<> write(QStringView fileName, const StringDictionary &sites)
 {
+    return write(fileName, sites, atomic_file::read(path(fileName)));
+}
+
+Result<> write(QStringView fileName, const StringDictionary &sites, const Result<QByteArray> &old)
+{
     const QString file = path(fileName);
-    const auto old = atomic_file::read(file);
     if (old && !old->isEmpty() && !property_list::read(*old)) {
         if (Result<> kept = keepUnreadable(file, *old); !kept)
             return kept;

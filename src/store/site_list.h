@@ -21,10 +21,16 @@ Result<StringDictionary> stored(QStringView fileName);
 /// The same, but a missing file is made, with no sites.
 Result<StringDictionary> read(QStringView fileName);
 
-/// The same for whoever is going to change and write() them: a file that is unintelligible counts as one
-/// without sites, since write() keeps it beside; one that cannot be read is kept in mwqnFailedWrites until
-/// it is written.
-Result<StringDictionary> readToChange(QStringView fileName);
+/// A list for whoever is going to change it, with the bytes that it was read from.
+struct ReadList
+{
+    StringDictionary sites;
+    QByteArray bytes;
+};
+
+/// The same, read once to be changed and written: a file that is unintelligible counts as one without sites,
+/// since write() keeps it beside. One that cannot be read is kept in mwqnFailedWrites until it is written.
+Result<ReadList> readToChange(QStringView fileName);
 
 /// Whether a list can hold @p text and be well-formed: not with a control character other than a tab and a
 /// line end.
@@ -34,5 +40,8 @@ bool canHold(QStringView text);
 /// first, under the name with ".unreadable" added; nothing is written when that cannot be done, nor in place
 /// of a file that cannot be read.
 Result<> write(QStringView fileName, const StringDictionary &sites);
+
+/// The same in place of what was read as @p old, and of nothing else.
+Result<> write(QStringView fileName, const StringDictionary &sites, const Result<QByteArray> &old);
 
 } // namespace quillon::site_list

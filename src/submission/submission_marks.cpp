@@ -162,6 +162,10 @@ bool canBeKept(const QString &site)
 
 Result<> markSubmitted(const QString &site)
 {
+    if (!canBeKept(site))
+        return Error{.kind = Error::Kind::Refused,
+                     .reason =
+                         u"A mark for %1 cannot be kept: the name holds a comma or markup."_s.arg(site)};
     return editSummary(withMark, site);
 }
 

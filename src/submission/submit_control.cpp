@@ -152,6 +152,8 @@ void SubmitControl::changeMark(Result<> (*change)(const QString &site), bool isM
         return;
     m_reloadWebView = false;
     const Result<> changed = change(m_selectedSite);
+    if (changed.isError(Error::Kind::Refused))
+        m_parts.alerts.show(SheetWindow::Submission, {changed.error().reason});
     loadSitesList();
     if (changed.isDone())
         setMarkSubmittedButtonTitle(isMarkedThen);

@@ -197,6 +197,76 @@ TEST_F(EditingCli, DatesAreInTheUsersStyleInAnyCharacterSet)
     }
 }
 
+TEST_F(EditingCli, WhatCannotBeReadIsToldAndEndsWithFour)
+{
+    ASSERT_EQ(cli({u"sites"_s, u"add"_s, u"Mine"_s, u"mine"_s}).status, 0);
+
+    const auto refuses = [this](const QStringList &arguments, const QByteArray &message) {
+        const CliResult result = cli(arguments);
+        EXPECT_EQ(result.status, 4) << arguments.join(u' ').toStdString();
+        EXPECT_TRUE(result.messages.contains(QByteArray("quillon-cli: " + message)))
+            << result.messages.constData();
+    };
+    ASSERT_TRUE(QFile::remove(inData(u"T.qndata/general.qnxmld"_s)) &&
+                QDir().mkdir(inData(u"T.qndata/general.qnxmld"_s)));
+    for (const QString &command : {u"mark"_s, u"unmark"_s})
+        refuses({command, u"T"_s, u"Mine"_s}, "Not read: ");
+    refuses({u"sites"_s, u"edit"_s, u"Mine"_s, u"Yours"_s, u"yours"_s}, "Not read: ");
+
+    ASSERT_TRUE(QFile::remove(inData(u"sites.qnrc"_s)) && QDir().mkdir(inData(u"sites.qnrc"_s)));
+    for (const QStringList &changes : QList<QStringList>{{},
+                                                         {u"--json"_s},
+                                                         {u"add"_s, u"A"_s, u"a"_s},
+                                                         {u"edit"_s, u"Yours"_s, u"B"_s, u"b"_s},
+                                                         {u"remove"_s, u"Softs"_s},
+                                                         {u"restore"_s, u"Softs"_s}})
+        refuses(QStringList{u"sites"_s} + changes, "Not read: ");
+    refuses({u"backup"_s, u"sites"_s, home() + u"/b.qnback"_s}, "sites.qnrc cannot be read");
+}
+
+/// A failed sync behind a finished change is told by each command, and the change is there.
+TEST_F(EditingCli, WhatIsDoneButNotYetSafeIsSaidSo)
+{
+    const QList<QStringList> commands = {{u"new"_s, u"N"_s},
+                                         {u"rename"_s, u"N"_s, u"M"_s},
+                                         {u"sites"_s, u"add"_s, u"Mine"_s, u"mine"_s},
+                                         {u"sites"_s, u"edit"_s, u"Softs"_s, u"S"_s, u"s"_s},
+                                         {u"sites"_s, u"remove"_s, u"Mine"_s},
+                                         {u"sites"_s, u"restore"_s, u"Softs"_s},
+                                         {u"mark"_s, u"T"_s, u"Simtel"_s},
+                                         {u"unmark"_s, u"T"_s, u"Simtel"_s}};
+    ASSERT_LE(cli({u"check"_s, u"T"_s}).status, 1);
+    for (const QStringList &command : commands) {
+        bool isTold = false;
+        for (int sync = 1; sync < 9 && !isTold; ++sync) {
+            const QTemporaryDir copy;
+            QProcess::execute(u"cp"_s, {u"-a"_s, home() + u"/Library"_s, copy.path()});
+            const CliResult result = runCli(copy.path(), command, {}, u"fsync@%1=EIO"_s.arg(sync));
+            isTold = result.status == 4 && result.messages.contains("quillon-cli: Done, but not yet safe");
+        }
+        EXPECT_TRUE(isTold) << command.join(u' ').toStdString();
+        EXPECT_EQ(cli(command).status, 0) << command.join(u' ').toStdString();
+    }
+}
+
+TEST_F(EditingCli, WhatAKillLeftBehindGoesWithTheNextChange)
+{
+    ASSERT_TRUE(QDir().mkdir(inData(u"Site Images"_s)) && QDir().mkdir(inData(u".quillon-mine.new"_s)));
+    QStringList left;
+    for (const QString &folder : {u""_s, u"T.qndata/"_s, u"Site Images/"_s}) {
+        for (const QString &end : {u"tmp"_s, u"new"_s})
+            left.append(inData(folder + u".quillon-0123456789abcdef."_s + end));
+    }
+    for (const QString &path : left)
+        ASSERT_TRUE(put(path, "half"));
+    EXPECT_EQ(cli({u"list"_s}).status, 0);
+    EXPECT_TRUE(QFile::exists(left.first())) << "what only reads changes nothing";
+    EXPECT_EQ(cli({u"new"_s, u"N"_s}).status, 0);
+    for (const QString &path : left)
+        EXPECT_FALSE(QFile::exists(path)) << path.toStdString();
+    EXPECT_TRUE(QFile::exists(inData(u".quillon-mine.new"_s)));
+}
+
 /// The whole circle: real titles with marks and changed sites are backed up, lost, and brought back byte for
 /// byte.
 TEST_F(EditingCli, BackupsBringEverythingBack)

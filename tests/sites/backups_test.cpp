@@ -2,6 +2,7 @@
 #include "sites/backups.h"
 #include "store/site_list.h"
 #include "submission/data_folder_fixture.h"
+#include "support/faults.h"
 #include "support/full_disk.h"
 
 #include <sys/stat.h>
@@ -204,6 +205,83 @@ TEST_F(Backups, ReplaceOnlyWhatTheAuthorAgreedToAndOnlyWhenComplete)
     EXPECT_EQ(backups::backupTitles(place(u"link.swback"_s), Existing::Replace).outcome, BackupResult::Done);
     EXPECT_FALSE(QFileInfo(place(u"link.swback"_s)).isSymLink());
     EXPECT_TRUE(QDir(home() + u"/real"_s).isEmpty()) << "a link is replaced, not followed";
+}
+
+/// Whatever cannot be read, no backup that lacks it is told as one, and none takes an older one's place.
+TEST_F(Backups, ThatAreNotWholeNeverReplaceAnOlderOneNorCountAsDone)
+{
+    makeTitle(u"A"_s);
+    makeTitle(u"B"_s);
+    ASSERT_EQ(backups::backupTitles(place(), Existing::Refuse).outcome, BackupResult::Done);
+    writeTo(place() + u"/old"_s, u"old"_s);
+    const QMap<QString, QByteArray> older = tree(place());
+    int failed = 0;
+    for (const char *const call : {"getdents64", "open", "read"}) {
+        bool met = true;
+        for (int turn = 1; met; ++turn) {
+            const QByteArray rule = call + ('@' + QByteArray::number(turn)) + "=EIO";
+            BackupResult replaced;
+            {
+                const FaultPlan plan(mwqnAppSuppLoc, rule.constData());
+                replaced = backups::backupTitles(place(), Existing::Replace);
+                met = plan.met();
+            }
+            if (!met) {
+                EXPECT_EQ(replaced.outcome, BackupResult::Done);
+                writeTo(place() + u"/old"_s, u"old"_s);
+                break;
+            }
+            ++failed;
+            EXPECT_EQ(replaced.outcome, BackupResult::Failed) << rule.constData();
+            EXPECT_EQ(replaced.sentence, u"The backup failed  with an unknown error") << rule.constData();
+            EXPECT_FALSE(replaced.details.isEmpty()) << rule.constData();
+            EXPECT_EQ(tree(place()), older) << rule.constData();
+        }
+    }
+    EXPECT_GE(failed, 12) << "each file, folder and list has had its turn";
+    EXPECT_EQ(names(home()).size(), 2) << "nothing is left beside";
+
+    const QString other = place(u"other.swback"_s);
+    BackupResult partial;
+    {
+        const FaultPlan plan(pathIn(u"A"_s, title_folder::padFile), "read=EIO");
+        partial = backups::backupTitles(other, Existing::Replace);
+    }
+    EXPECT_EQ(partial.outcome, BackupResult::Failed);
+    EXPECT_EQ(partial.copied, 2);
+    EXPECT_EQ(names(other + u"/A.qndata"_s), QStringList({u"error.log"_s, u"general.qnxmld"_s}));
+    EXPECT_TRUE(partial.informativeText.contains(u"holds what could be read, but not all"));
+}
+
+TEST_F(Backups, ThatAreNotYetSafeAreThereAndSaySo)
+{
+    makeTitle(u"A"_s);
+    ASSERT_TRUE(site_list::write(site_list::userSites, {{u"A"_s, u"a"_s}}));
+    const auto isTold = [](const BackupResult &result) {
+        return result.copied == 1 && result.fileFailed &&
+               QString(result.sentence + result.details.join(u'\n'))
+                   .contains(u"Done, but not yet safe on the disk");
+    };
+    const QString sites = place(u"sites.qnback"_s);
+    {
+        const FaultPlan plan(home(), "fsync@2=EIO");
+        EXPECT_TRUE(isTold(backups::backupTitles(place(), Existing::Refuse)));
+    }
+    {
+        const FaultPlan plan(home(), "fsync@4=EIO");
+        EXPECT_TRUE(isTold(backups::backupSites(sites, Existing::Refuse)));
+    }
+    ASSERT_TRUE(AddDeleteImportEdit::deleteQnDataFile(u"A"_s));
+    ASSERT_TRUE(site_list::write(site_list::userSites, {}));
+    {
+        const FaultPlan plan(home(), "fsync@2=EIO");
+        EXPECT_TRUE(isTold(backups::restoreTitles(place())));
+    }
+    {
+        const FaultPlan plan(home(), "fsync@2=EIO");
+        EXPECT_TRUE(isTold(backups::restoreSites(sites)));
+    }
+    EXPECT_EQ(AddDeleteImportEdit::returnUserSitesDict(), (StringDictionary{{u"A"_s, u"a"_s}}));
 }
 
 TEST_F(Backups, ThatFailOrAreCancelledLeaveNothingBehind)

@@ -2,6 +2,10 @@
 #include "sites/site_renaming.h"
 #include "store/site_list.h"
 #include "submission/data_folder_fixture.h"
+#include "submission/submission_marks.h"
+#include "support/faults.h"
+
+#include <functional>
 
 using namespace Qt::StringLiterals;
 using namespace quillon;
@@ -162,6 +166,64 @@ TEST_F(SiteEditing, AListThatCannotBeStoredIsNoSuccess)
     EXPECT_EQ(ignored(), StringDictionary()) << "the default site is not hidden without its copy";
     EXPECT_TRUE(mwqnFailedWrites.contains(mwqnAppSuppLoc + u"sites.qnrc"));
     EXPECT_TRUE(QFileInfo(mwqnAppSuppLoc + u"sites.qnrc").isDir());
+}
+
+/// A list that cannot be read for a moment is not taken for an empty one, neither by what is decided nor by
+/// what is written.
+TEST_F(SiteEditing, AListThatCouldNotBeReadForAMomentIsNotReplaced)
+{
+    const Site mine{u"Mine"_s, u"http://mine"_s};
+    const Site softs{u"Softs"_s, defaultUrl(u"Softs"_s)};
+    const std::function<bool()> edits[] = {
+        [&] { return site_editing::addSite(u"Mine"_s, u"http://other"_s).outcome == SiteEdit::NameExists; },
+        [&] { return site_editing::addSite(u"New"_s, u"http://new"_s).outcome == SiteEdit::Done; },
+        [&] { return site_editing::editSite(softs, u"Softs"_s, u"u:x"_s).outcome == SiteEdit::Done; },
+        [&] {
+            return bool(site_editing::removeSites({u"Mine"_s, u"Softs"_s}));
+        },
+        [&] { return bool(site_editing::restoreSites({u"Simtel"_s})); },
+    };
+    int failures = 0;
+    for (const char *const call : {"open", "read"}) {
+        for (int turn = 1; turn <= 2; ++turn) {
+            for (const auto &edit : edits) {
+                storeLists({{mine.name, mine.url}}, siteList(u"Simtel"));
+                const QByteArray rule = call + ('@' + QByteArray::number(turn)) + "=EIO";
+                bool isDone = false;
+                bool met = false;
+                {
+                    const FaultPlan plan(home(), rule.constData());
+                    isDone = edit();
+                    met = plan.met();
+                }
+                mwqnFailedWrites.clear();
+                failures += isDone ? 0 : 1;
+                EXPECT_TRUE(isDone || met);
+                if (isDone)
+                    continue;
+                EXPECT_EQ(user(), (StringDictionary{{mine.name, mine.url}})) << rule.constData();
+                EXPECT_EQ(ignored(), siteList(u"Simtel")) << rule.constData();
+            }
+        }
+    }
+    EXPECT_GE(failures, 16);
+}
+
+/// A site's name that no mark can bear is refused before it damages the marks of others.
+TEST_F(SiteEditing, ANameThatMarksCannotBearIsRefusedByMarksAndWhereMarksWouldGetIt)
+{
+    storeLists({{u"Mine"_s, u"http://mine"_s}, {u"Free"_s, u"http://free"_s}}, {});
+    makeTitle(u"One"_s, u"Mine,B"_s, u"1,2"_s);
+    const QMap<QString, QByteArray> before = tree(mwqnAppSuppLoc);
+    for (const QString &name : {u"a,b"_s, u"<b>"_s}) {
+        EXPECT_TRUE(submission_marks::markSubmitted(name).isError(Error::Kind::Refused));
+        EXPECT_EQ(site_editing::editSite({u"Mine"_s, u"http://mine"_s}, name, u"http://mine"_s).outcome,
+                  SiteEdit::NotMarkable);
+    }
+    EXPECT_EQ(tree(mwqnAppSuppLoc), before);
+    EXPECT_EQ(site_editing::editSite({u"Free"_s, u"http://free"_s}, u"a,b"_s, u"http://free"_s).outcome,
+              SiteEdit::Done);
+    EXPECT_EQ(submission_marks::removeMark(u"a,b"_s).isDone(), true);
 }
 
 TEST(MarkRenaming, ReplacesTheNameBesideCommasInTheWholeText)
