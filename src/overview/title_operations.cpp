@@ -84,7 +84,7 @@ QString sentence(NameVerdict verdict)
     return {};
 }
 
-Result<QString> padText(const QString &path)
+Result<PadDocument> readPadFile(const QString &path)
 {
     const auto bytes = atomic_file::read(path, maxPadFileSize);
     if (!bytes)
@@ -92,27 +92,26 @@ Result<QString> padText(const QString &path)
     QString text = decodedXmlText(*bytes);
     if (!text.contains(padMarker, Qt::CaseInsensitive))
         return Error{Error::Kind::Unintelligible, path, u"it is no PAD file"_s};
-    return text;
+    return PadDocument(std::move(text));
 }
 
 Import importPadFile(const QString &path, const std::optional<QString> &name)
 {
-    const Result<QString> text = padText(path);
-    if (!text)
+    const Result<PadDocument> document = readPadFile(path);
+    if (!document)
         return {Import::NotPad,
                 {},
                 u"The file you selected does not appear to be a valid PAD file and cannot be imported."_s,
                 {}};
     const QString chosen =
-        name ? *name : TolerantXml(*text).first(padField(FieldId::programName).element).value_or(QString());
+        name ? *name : document->xml().first(padField(FieldId::programName).element).value_or(QString());
     if (const NameVerdict verdict = judgeName(chosen); verdict != NameVerdict::Free)
         return {Import::NeedsName, chosen, name ? sentence(verdict) : nameConflict(chosen), {}};
 
-    const QByteArray content = text->toUtf8();
-    const Result<> stored = AddDeleteImportEdit::importExistingFile(chosen, content);
+    const Result<> stored = AddDeleteImportEdit::importExistingFile(chosen, *document);
     if (!stored.isDone())
         return {Import::NotStored, chosen, failureLine(stored.error()), {}, stored};
-    return {Import::Imported, chosen, importSucceeded, importFindings(content), stored};
+    return {Import::Imported, chosen, importSucceeded, importFindings(*document), stored};
 }
 
 Result<QByteArray> exportedPad(const QString &title)

@@ -1,5 +1,6 @@
 #include "store/add_delete_import_edit.h"
 
+#include "pad/pad_document.h"
 #include "pad/pad_writer.h"
 #include "platform/atomic_file.h"
 #include "platform/property_list.h"
@@ -185,9 +186,9 @@ Result<> AddDeleteImportEdit::createNewListing(const QString &name)
     return storeTitle(name, summary_file::emptyText().toUtf8(), pad_writer::skeleton());
 }
 
-Result<> AddDeleteImportEdit::importExistingFile(const QString &name, const QByteArray &content)
+Result<> AddDeleteImportEdit::importExistingFile(const QString &name, const PadDocument &content)
 {
-    return storeTitle(name, summary_file::textForImport(content).toUtf8(), content);
+    return storeTitle(name, summary_file::textForImport(content).toUtf8(), content.text().toUtf8());
 }
 
 Result<> AddDeleteImportEdit::storeTitle(const QString &name, const QByteArray &summary,

@@ -1,3 +1,4 @@
+#include "pad/pad_document.h"
 #include "pad/pad_writer.h"
 #include "platform/notification_center.h"
 #include "platform/notifications.h"
@@ -63,7 +64,7 @@ TEST_F(TitleStoreTest, ADataFolderThatCannotBeIsToldUntilItIsMended)
     ASSERT_TRUE(QDir(maker).removeRecursively() && put(maker, "a file in its place"));
     EXPECT_FALSE(Store::checkAppSuppExists());
     EXPECT_FALSE(Store::createNewListing(u"T"_s));
-    EXPECT_FALSE(Store::importExistingFile(u"T"_s, "<a/>"));
+    EXPECT_FALSE(Store::importExistingFile(u"T"_s, PadDocument("<a/>")));
     EXPECT_FALSE(failedWritesLine().isEmpty());
     EXPECT_EQ(contents(maker), "a file in its place");
 
@@ -98,7 +99,7 @@ TEST_F(TitleStoreTest, TakesAnyNameThatStaysInTheDataFolder)
     for (const QString &name : {u""_s, u"/"_s, u"a/b"_s, u"../up"_s, u"/etc/x"_s, u"a\0b"_s, u"\0"_s,
                                 QString(249, u'n'), QString(300, u'n'), QString(125, u'ü')}) {
         selectTitle(name);
-        EXPECT_FALSE(Store::createNewListing(name) || Store::importExistingFile(name, "<a/>") ||
+        EXPECT_FALSE(Store::createNewListing(name) || Store::importExistingFile(name, PadDocument("<a/>")) ||
                      Store::renameExistingQnDataFile(u"Tide"_s, name) ||
                      Store::renameExistingQnDataFile(name, u"New"_s) || Store::deleteQnDataFile(name) ||
                      Store::writeToFile(u"data", "x") || Store::returnDataObjectFor(u"data"))
@@ -119,9 +120,9 @@ TEST_F(TitleStoreTest, AnImportKeepsTheBytesAndFillsTheSummary)
     QByteArray summary = emptySummary;
     summary.replace("_VERSION></OTS", "_VERSION>2.0</OTS").replace("_DATE></", "_DATE>5/3/2009</");
     summary.replace("_SYSTEMS></", "_SYSTEMS>Win98,Other</");
-    EXPECT_TRUE(Store::importExistingFile(u"T"_s, "<other/>"));
+    EXPECT_TRUE(Store::importExistingFile(u"T"_s, PadDocument("<other/>")));
     ASSERT_TRUE(put(inData(u"T.qndata/error.log"_s), "old") && put(inData(u"T.qndata/notes"_s), "mine"));
-    EXPECT_TRUE(Store::importExistingFile(u"T"_s, pad));
+    EXPECT_TRUE(Store::importExistingFile(u"T"_s, PadDocument(pad)));
     EXPECT_EQ(files(u"T"_s), (QList<QByteArray>{summary, pad, emptyList}));
     EXPECT_EQ(contents(inData(u"T.qndata/notes"_s)), "mine");
 }
@@ -186,7 +187,7 @@ TEST_F(TitleStoreTest, AFailedWriteIsToldUntilALaterOneSucceeds)
     {
         const FullDisk full(1000);
         EXPECT_FALSE(Store::writeToFile(u"data", big) || Store::createNewListing(u"New"_s) ||
-                     Store::importExistingFile(u"Imported"_s, big));
+                     Store::importExistingFile(u"Imported"_s, PadDocument(big)));
     }
     EXPECT_EQ(told, 3);
     EXPECT_EQ(names(mwqnAppSuppLoc), (QStringList{title + u".qndata", u"ignore.qnrc"_s, u"sites.qnrc"_s}));
@@ -211,8 +212,9 @@ TEST_F(TitleStoreTest, ACrashLeavesNoHalfATitle)
     };
     EXPECT_EXIT(storeAndCrash([] { (void)Store::createNewListing(u"New"_s); }),
                 testing::KilledBySignal(SIGXFSZ), "");
-    EXPECT_EXIT(storeAndCrash([] { (void)Store::importExistingFile(u"T"_s, QByteArray(10'000, 'x')); }),
-                testing::KilledBySignal(SIGXFSZ), "");
+    EXPECT_EXIT(
+        storeAndCrash([] { (void)Store::importExistingFile(u"T"_s, PadDocument(QByteArray(10'000, 'x'))); }),
+        testing::KilledBySignal(SIGXFSZ), "");
     EXPECT_EQ(titles(), QStringList());
 }
 
