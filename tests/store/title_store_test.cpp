@@ -64,7 +64,7 @@ TEST_F(TitleStoreTest, ADataFolderThatCannotBeIsToldUntilItIsMended)
     ASSERT_TRUE(QDir(maker).removeRecursively() && put(maker, "a file in its place"));
     EXPECT_FALSE(Store::checkAppSuppExists());
     EXPECT_FALSE(Store::createNewListing(u"T"_s));
-    EXPECT_FALSE(Store::importExistingFile(u"T"_s, PadDocument("<a/>")));
+    EXPECT_FALSE(Store::importExistingFile(u"T"_s, PadDocument(QByteArray("<a/>"))));
     EXPECT_FALSE(failedWritesLine().isEmpty());
     EXPECT_EQ(contents(maker), "a file in its place");
 
@@ -99,7 +99,8 @@ TEST_F(TitleStoreTest, TakesAnyNameThatStaysInTheDataFolder)
     for (const QString &name : {u""_s, u"/"_s, u"a/b"_s, u"../up"_s, u"/etc/x"_s, u"a\0b"_s, u"\0"_s,
                                 QString(249, u'n'), QString(300, u'n'), QString(125, u'ü')}) {
         selectTitle(name);
-        EXPECT_FALSE(Store::createNewListing(name) || Store::importExistingFile(name, PadDocument("<a/>")) ||
+        EXPECT_FALSE(Store::createNewListing(name) ||
+                     Store::importExistingFile(name, PadDocument(QByteArray("<a/>"))) ||
                      Store::renameExistingQnDataFile(u"Tide"_s, name) ||
                      Store::renameExistingQnDataFile(name, u"New"_s) || Store::deleteQnDataFile(name) ||
                      Store::writeToFile(u"data", "x") || Store::returnDataObjectFor(u"data"))
@@ -120,7 +121,7 @@ TEST_F(TitleStoreTest, AnImportKeepsTheBytesAndFillsTheSummary)
     QByteArray summary = emptySummary;
     summary.replace("_VERSION></OTS", "_VERSION>2.0</OTS").replace("_DATE></", "_DATE>5/3/2009</");
     summary.replace("_SYSTEMS></", "_SYSTEMS>Win98,Other</");
-    EXPECT_TRUE(Store::importExistingFile(u"T"_s, PadDocument("<other/>")));
+    EXPECT_TRUE(Store::importExistingFile(u"T"_s, PadDocument(QByteArray("<other/>"))));
     ASSERT_TRUE(put(inData(u"T.qndata/error.log"_s), "old") && put(inData(u"T.qndata/notes"_s), "mine"));
     EXPECT_TRUE(Store::importExistingFile(u"T"_s, PadDocument(pad)));
     EXPECT_EQ(files(u"T"_s), (QList<QByteArray>{summary, pad, emptyList}));
