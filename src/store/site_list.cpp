@@ -74,7 +74,8 @@ Result<> write(QStringView fileName, const StringDictionary &sites, const Result
     const QString file = path(fileName);
     const QByteArray bytes = property_list::write(sites);
     if (!property_list::read(bytes))
-        return reported(file, Error{Error::Kind::Refused, file, u"the list would be too large to be read again"_s});
+        return reported(file,
+                        Error{Error::Kind::Refused, file, u"the list would be too large to be read again"_s});
     if (old && !old->isEmpty() && !property_list::read(*old)) {
         if (Result<> kept = keepUnreadable(file, *old); !kept)
             return kept;
