@@ -1,7 +1,7 @@
 #include "submission/browser_bar.h"
 
 #include "store/process_state.h"
-#include "submission/submit_control.h"
+#include "submission/page_load.h"
 #include "submission/web_engine_browser.h"
 
 #include <QAction>
@@ -15,9 +15,8 @@ using namespace Qt::StringLiterals;
 
 namespace quillon {
 
-BrowserBar::BrowserBar(SubmitControl &control, WebEngineBrowser &browser, QAction *drawerAction,
-                       QWidget *parent)
-    : QWidget(parent), m_control(control), m_browser(browser), m_urlField(new QLineEdit)
+BrowserBar::BrowserBar(PageLoad &load, WebEngineBrowser &browser, QAction *drawerAction, QWidget *parent)
+    : QWidget(parent), m_load(load), m_browser(browser), m_urlField(new QLineEdit)
 {
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -35,12 +34,12 @@ BrowserBar::BrowserBar(SubmitControl &control, WebEngineBrowser &browser, QActio
     layout->addWidget(m_urlField, 1);
     addButton(m_openInDefaultBrowser);
 
-    connect(m_urlField, &QLineEdit::textEdited, &control, &SubmitControl::setUrlField);
+    connect(m_urlField, &QLineEdit::textEdited, &load, &PageLoad::setUrlField);
     connect(m_urlField, &QLineEdit::returnPressed, this, [this] {
         m_urlField->setModified(false);
-        m_control.loadSiteToWebview(m_urlField->text());
+        m_load.loadSiteToWebview(m_urlField->text());
     });
-    connect(&control, &SubmitControl::urlFieldChanged, this, &BrowserBar::showAddress);
+    connect(&load, &PageLoad::urlFieldChanged, this, &BrowserBar::showAddress);
     connect(&browser, &WebEngineBrowser::stateChanged, this, &BrowserBar::takeAddress);
     connect(&browser, &WebEngineBrowser::stateChanged, this, &BrowserBar::showState);
     showState();
@@ -63,7 +62,7 @@ void BrowserBar::buildActions()
     m_stop = newAction(u"stop"_s, u"Stop"_s, u"stop"_s, {u"Esc"_s}, [this] { m_browser.stop(); });
     m_openInDefaultBrowser =
         newAction(u"openInDefaultBrowser"_s, u"Open in your own browser"_s, u"open-external"_s, {u"Ctrl+O"_s},
-                  [this] { m_control.openInDefaultBrowserAction(); });
+                  [this] { m_load.openInDefaultBrowserAction(); });
 }
 
 QAction *BrowserBar::newAction(const QString &name, const QString &text, const QString &icon,
@@ -96,9 +95,9 @@ void BrowserBar::focusAddress()
 
 void BrowserBar::showAddress()
 {
-    if (m_urlField->text() == m_control.urlField())
+    if (m_urlField->text() == m_load.urlField())
         return;
-    m_urlField->setText(m_control.urlField());
+    m_urlField->setText(m_load.urlField());
     m_urlField->setCursorPosition(0);
 }
 
@@ -106,7 +105,7 @@ void BrowserBar::takeAddress()
 {
     // Redirections and scripts change the address; what is being typed is the author's.
     if (!m_urlField->hasFocus() || !m_urlField->isModified())
-        m_control.setUrlField(m_browser.currentUrl());
+        m_load.setUrlField(m_browser.currentUrl());
 }
 
 void BrowserBar::showState()

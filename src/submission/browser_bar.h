@@ -7,7 +7,7 @@ class QLineEdit;
 
 namespace quillon {
 
-class SubmitControl;
+class PageLoad;
 class WebEngineBrowser;
 
 /// Buttons that go from page to page, and the address field.
@@ -16,8 +16,7 @@ class BrowserBar : public QWidget
     Q_OBJECT
 public:
     /// @p drawerAction shows and hides the drawer with the sites.
-    BrowserBar(SubmitControl &control, WebEngineBrowser &browser, QAction *drawerAction,
-               QWidget *parent = nullptr);
+    BrowserBar(PageLoad &load, WebEngineBrowser &browser, QAction *drawerAction, QWidget *parent = nullptr);
 
     void focusAddress();
 
@@ -30,7 +29,7 @@ private:
     void takeAddress();
     void showState();
 
-    SubmitControl &m_control;
+    PageLoad &m_load;
     WebEngineBrowser &m_browser;
     QAction *m_back = nullptr;
     QAction *m_forward = nullptr;

@@ -54,11 +54,11 @@ SitesDrawer::SitesDrawer(SubmitControl &control, QWidget *parent)
     layout->addWidget(m_count);
 
     connect(m_filter, &QLineEdit::textChanged, this, &SitesDrawer::filter);
-    connect(&control, &SubmitControl::selectedRowChanged, this, &SitesDrawer::showSelectedRow);
-    connect(&control, &SubmitControl::focusSitesTable, this, &SitesDrawer::focusTable);
-    connect(&control.sitesTable(), &QAbstractItemModel::modelReset, this, &SitesDrawer::showCount);
-    connect(&control.sitesTable(), &QAbstractItemModel::dataChanged, this, &SitesDrawer::showCount);
-    showSelectedRow(control.selectedRow());
+    connect(&control.sites(), &SubmissionSites::selectedRowChanged, this, &SitesDrawer::showSelectedRow);
+    connect(&control.pageLoad(), &PageLoad::focusSitesTable, this, &SitesDrawer::focusTable);
+    connect(&control.sites().table(), &QAbstractItemModel::modelReset, this, &SitesDrawer::showCount);
+    connect(&control.sites().table(), &QAbstractItemModel::dataChanged, this, &SitesDrawer::showCount);
+    showSelectedRow(control.sites().selectedRow());
     showCount();
 }
 
@@ -69,7 +69,7 @@ SitesDrawer::~SitesDrawer()
 
 void SitesDrawer::buildTable()
 {
-    m_sorted->setSourceModel(&m_control.sitesTable());
+    m_sorted->setSourceModel(&m_control.sites().table());
     m_sorted->setSortRole(SortRole);
     m_sorted->setSortCaseSensitivity(Qt::CaseInsensitive);
     m_sorted->setFilterCaseSensitivity(Qt::CaseInsensitive);
@@ -113,7 +113,7 @@ void SitesDrawer::filter(const QString &text)
         const QSignalBlocker blocker(m_sitesTableView->selectionModel());
         m_sorted->setFilterFixedString(text.trimmed());
     }
-    showSelectedRow(m_control.selectedRow());
+    showSelectedRow(m_control.sites().selectedRow());
     showCount();
 }
 
@@ -126,7 +126,7 @@ void SitesDrawer::selectionChanged()
 
 void SitesDrawer::showSelectedRow(int row)
 {
-    const QModelIndex index = m_sorted->mapFromSource(m_control.sitesTable().index(row, 0));
+    const QModelIndex index = m_sorted->mapFromSource(m_control.sites().table().index(row, 0));
     if (!index.isValid()) {
         m_sitesTableView->clearSelection();
         m_sitesTableView->setCurrentIndex({});
@@ -139,8 +139,9 @@ void SitesDrawer::showSelectedRow(int row)
 
 void SitesDrawer::showCount()
 {
-    const auto submitted = m_control.submittedToArraySTR().count(u"1"_s);
-    m_count->setText(u"%1 of %2 sites submitted to"_s.arg(submitted).arg(m_control.allSitesArray().size()));
+    const auto submitted = m_control.sites().submittedToArraySTR().count(u"1"_s);
+    m_count->setText(
+        u"%1 of %2 sites submitted to"_s.arg(submitted).arg(m_control.sites().allSitesArray().size()));
 }
 
 void SitesDrawer::focusTable()

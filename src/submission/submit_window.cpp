@@ -6,7 +6,7 @@
 #include "submission/browser_bar.h"
 #include "submission/field_copy_view.h"
 #include "submission/pop_up_window.h"
-#include "submission/progress_bar_view.h"
+#include "submission/prog_view.h"
 #include "submission/sites_drawer.h"
 #include "submission/web_engine_browser.h"
 
@@ -98,7 +98,7 @@ void SubmitWindow::buildActions()
 
 QWidget *SubmitWindow::newContent()
 {
-    m_browserBar = new BrowserBar(*m_control, *m_qnWebView, m_drawerAction);
+    m_browserBar = new BrowserBar(m_control->pageLoad(), *m_qnWebView, m_drawerAction);
     m_sitesDrawer = new SitesDrawer(*m_control);
     m_fieldCopyView = new FieldCopyView(m_control->fieldCopyPanel());
     m_splitter = new QSplitter;
@@ -189,14 +189,10 @@ void SubmitWindow::connectControl()
 {
     SubmitControl *control = m_control.get();
     connect(control, &SubmitControl::openSitesDrawer, this, [this] { openDrawer(true); });
-    connect(control, &SubmitControl::loadStateChanged, this, &SubmitWindow::showLoadState);
-    connect(control, &SubmitControl::submittingToFieldChanged, this, &SubmitWindow::showSubmittingTo);
-    connect(control, &SubmitControl::markSubmittedButtonTitleChanged, this, &SubmitWindow::showMarkButtons);
-    connect(control, &SubmitControl::selectedRowChanged, this, &SubmitWindow::showMarkButtons);
-    connect(m_progressBarView, &ProgView::resized, this, [this](const QRectF &bounds) {
-        m_control->setProgressBarBounds(bounds);
-        m_control->windowDidResize();
-    });
+    connect(&control->pageLoad(), &PageLoad::loadStateChanged, this, &SubmitWindow::showLoadState);
+    connect(&control->sites(), &SubmissionSites::textsChanged, this, &SubmitWindow::showSelectedSite);
+    connect(&control->sites(), &SubmissionSites::selectedRowChanged, this, &SubmitWindow::showSelectedSite);
+    connect(m_progressBarView, &ProgView::resized, &control->pageLoad(), &PageLoad::windowDidResize);
     connect(m_qnWebView, &WebEngineBrowser::notice, m_notice, &QLabel::setText);
     connect(&m_popUpBrowserWindow->browser(), &WebEngineBrowser::notice, m_notice, &QLabel::setText);
     qApp->installEventFilter(this);
@@ -204,7 +200,7 @@ void SubmitWindow::connectControl()
             [this] { m_qnWebView->setPasteTarget(nullptr); });
     connect(m_fieldCopyView, &FieldCopyView::pressedByKeyboard, m_qnWebView,
             [this] { m_qnWebView->setFocus(); });
-    showMarkButtons();
+    showSelectedSite();
 }
 
 bool SubmitWindow::eventFilter(QObject *watched, QEvent *event)
@@ -219,28 +215,24 @@ bool SubmitWindow::eventFilter(QObject *watched, QEvent *event)
         else if (m_qnWebView->isAncestorOf(widget))
             m_qnWebView->setPasteTarget(nullptr);
         if (widget && (widget->window() == this || widget->window() == m_popUpBrowserWindow.get()))
-            m_control->authorActed();
+            m_control->questions().authorActed();
     }
     return QMainWindow::eventFilter(watched, event);
 }
 
-void SubmitWindow::showMarkButtons()
+void SubmitWindow::showSelectedSite()
 {
-    m_markSubmittedButton->setText(m_control->markSubmittedButtonTitle());
-    const int row = m_control->selectedRow();
-    m_markSubmittedButton->setEnabled(row >= 0);
-    m_removeMarkButton->setEnabled(m_control->submittedToArraySTR().value(row) == u"1");
-}
-
-void SubmitWindow::showSubmittingTo()
-{
-    m_submittingToField->setText(m_control->submittingToField());
+    const SubmissionSites &sites = m_control->sites();
+    m_submittingToField->setText(sites.submittingToField());
+    m_markSubmittedButton->setText(sites.markSubmittedButtonTitle());
+    m_markSubmittedButton->setEnabled(sites.selectedRow() >= 0);
+    m_removeMarkButton->setEnabled(sites.isMarked());
 }
 
 void SubmitWindow::showLoadState()
 {
-    m_webViewLoadProgress->setValue(m_control->webViewLoadProgress());
-    m_webViewLoadProgress->setVisible(m_control->continueViewUpdate());
+    m_webViewLoadProgress->setValue(m_control->pageLoad().webViewLoadProgress());
+    m_webViewLoadProgress->setVisible(m_control->pageLoad().continueViewUpdate());
 }
 
 void SubmitWindow::openDrawer(bool isOpen)

@@ -43,7 +43,6 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    void build();
     QWidget *newContent();
     QWidget *newSubmitRow();
     QWidget *newPagePanel();
@@ -52,9 +51,8 @@ private:
     QAction *newAction(const QString &name, const QString &text, const QList<QKeySequence> &shortcuts,
                        std::function<void()> run);
     void connectControl();
-    void showMarkButtons();
     void showLoadState();
-    void showSubmittingTo();
+    void showSelectedSite();
     void openDrawer(bool isOpen);
     void zoom(double factor);
     void restoreLayout();

@@ -196,7 +196,7 @@ TEST_F(SubmitWindowTest, ClosingStopsAndReopeningBringsItBack)
     visible<QToolButton>(u"drawerButton"_s)->click();
     window().close();
     EXPECT_TRUE(mwqnWOSi78tgsda);
-    EXPECT_TRUE(eventually([this] { return !control().continueViewUpdate(); }));
+    EXPECT_TRUE(eventually([this] { return !control().pageLoad().continueViewUpdate(); }));
     control().tableViewSelectionDidChange(1);
     EXPECT_EQ(server.count(u"/windows.html"_s), 0);
 
