@@ -143,11 +143,6 @@ QStringView FieldCopyButton::page() const
     return page == pages.end() ? QStringView() : page->label;
 }
 
-bool FieldCopyButton::isDate() const
-{
-    return dateOf(field) != nullptr;
-}
-
 const FieldCopyButton *fieldCopyButtonNamed(QStringView action)
 {
     const auto button = std::ranges::find(fieldCopyButtons, action, &FieldCopyButton::action);
@@ -173,10 +168,9 @@ void FieldCopyPanel::setPasteData()
     Flags enabled;
     for (size_t place = 0; place < fieldCopyButtons.size(); ++place)
         enabled.set(place, !xml.first(fieldCopyButtons[place].tag()).value_or(QString()).isEmpty());
-    if (enabled == m_enabled)
-        return;
-    m_enabled = enabled;
-    Q_EMIT changed();
+    if (std::exchange(m_enabled, enabled) != enabled)
+        Q_EMIT changed();
+    Q_EMIT valuesRead();
 }
 
 void FieldCopyPanel::press(int place)

@@ -27,7 +27,6 @@ struct FieldCopyButton
     [[nodiscard]] QStringView tag() const { return padField(field).element; }
     /// The label of the editor's page that the field is on.
     [[nodiscard]] QStringView page() const;
-    [[nodiscard]] bool isDate() const;
 };
 
 inline constexpr int fieldCopyButtonCount = 59;
@@ -71,6 +70,8 @@ public:
 Q_SIGNALS:
     /// A button can be used, cannot be used, or is on, other than before.
     void changed();
+    /// setPasteData() has read the file.
+    void valuesRead();
 
 private:
     using Flags = std::bitset<fieldCopyButtonCount>;

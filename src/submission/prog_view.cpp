@@ -14,6 +14,7 @@ namespace quillon {
 namespace {
 
 constexpr int usualWidth = 240;
+constexpr int smallestWidth = 40;
 
 /// The rectangle on whose middle a line of width 1 is drawn that stays inside @p outer.
 QRectF line(const QRectF &outer)
@@ -23,19 +24,32 @@ QRectF line(const QRectF &outer)
 
 } // namespace
 
-ProgView::ProgView(QWidget *parent) : QWidget(parent)
+ProgView::ProgView(QWidget *parent) : QProgressBar(parent)
 {
     setAccessibleName(u"Load progress"_s);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setFixedHeight(load_progress::frameHeight);
     NotificationCenter &center = NotificationCenter::defaultCenter();
-    center.addObserver(notification::mwqnPVdr, this, [this] { update(); });
+    center.addObserver(notification::mwqnPVdr, this, [this] { showState(); });
     center.addObserver(notification::mwqnPVjhj342sa9, this, [this] { updateUrlView(); });
 }
 
 QSize ProgView::sizeHint() const
 {
     return {usualWidth, load_progress::frameHeight};
+}
+
+QSize ProgView::minimumSizeHint() const
+{
+    return {smallestWidth, load_progress::frameHeight};
+}
+
+void ProgView::showState()
+{
+    const ProgressBarState &state = progressBarState;
+    const double part = state.isReset || width() == 0 ? 0 : double(state.width) / width();
+    setValue(qRound(part * maximum()));
+    update();
 }
 
 void ProgView::paintEvent(QPaintEvent *)
@@ -61,7 +75,7 @@ void ProgView::paintEvent(QPaintEvent *)
 
 void ProgView::resizeEvent(QResizeEvent *event)
 {
-    QWidget::resizeEvent(event);
+    QProgressBar::resizeEvent(event);
     Q_EMIT resized(rect());
 }
 

@@ -22,6 +22,14 @@ void SubmissionSites::showMarks(const Summary &summary)
     m_table.setSites(m_allSitesArray, m_submittedToArray);
 }
 
+void SubmissionSites::forgetMarks()
+{
+    m_submittedToArray.clear();
+    m_submittedToArraySTR.clear();
+    m_table.setSites(m_allSitesArray, m_submittedToArray);
+    keepSelection();
+}
+
 void SubmissionSites::selectFirst()
 {
     m_selectedSite = m_allSitesArray.value(0);

@@ -18,6 +18,8 @@ public:
     void takeCatalogue();
     /// Shows the sites with the state that @p summary gives each.
     void showMarks(const Summary &summary);
+    /// Shows the sites without a state.
+    void forgetMarks();
     /// Selects the first site, if there is any, and otherwise keeps the site that is selected, wherever it
     /// stands now; without it, none is selected.
     void selectFirst();
@@ -31,6 +33,7 @@ public:
     void setMarkSubmittedButtonTitle(bool isMarked);
 
     [[nodiscard]] const QStringList &allSitesArray() const { return m_allSitesArray; }
+    /// The state of each site; empty when it is not known.
     [[nodiscard]] const QList<SiteState> &submittedToArray() const { return m_submittedToArray; }
     /// "1" for each site that the title is marked for, in any version, else "0".
     [[nodiscard]] const QStringList &submittedToArraySTR() const { return m_submittedToArraySTR; }
@@ -57,7 +60,7 @@ private:
     QStringList m_submittedToArraySTR;
     QString m_selectedSite;
     QString m_submittingToField;
-    QString m_markSubmittedButtonTitle;
+    QString m_markSubmittedButtonTitle = QStringLiteral("Mark As Submitted");
 };
 
 } // namespace quillon

@@ -3,8 +3,11 @@
 #include "platform/notification_center.h"
 #include "platform/notifications.h"
 #include "store/add_delete_import_edit.h"
+#include "store/error_tracking.h"
 #include "store/process_state.h"
 #include "submission/submission_marks.h"
+
+using namespace Qt::StringLiterals;
 
 namespace quillon {
 
@@ -86,6 +89,7 @@ void SubmitControl::loadSitesList()
         Q_EMIT openSitesDrawer();
     NotificationCenter::defaultCenter().post(notification::mwqnPClSiL432ds);
     m_sites.takeCatalogue();
+    takeTitle();
     const auto summary = AddDeleteImportEdit::returnDataObjectFor(u"general");
     if (!summary)
         return;
@@ -98,6 +102,38 @@ void SubmitControl::loadSitesList()
     m_sites.keepSelection();
     if (m_sites.selectedRow() >= 0)
         m_sites.setMarkSubmittedButtonTitle(m_sites.isMarked());
+}
+
+void SubmitControl::takeTitle()
+{
+    if (m_title == mwqnSelSW)
+        return;
+    m_title = mwqnSelSW;
+    m_fieldCopyPanel.setPasteData();
+    Q_EMIT titleChanged();
+}
+
+void SubmitControl::titleIsGone()
+{
+    m_sites.forgetMarks();
+    takeTitle();
+}
+
+QString SubmitControl::hindrance() const
+{
+    return m_title ? QString()
+                   : u"The title is no longer selected. To go on, close this window, select a title in the "
+                     "main window and submit it."_s;
+}
+
+QString SubmitControl::whyNoPages() const
+{
+    if (!mwqnWOSi78tgsda || !m_title) // Of a title that is gone hindrance() tells.
+        return {};
+    if (ErrorTracking::returnErrorDictionary().value_or(StringDictionary()).empty())
+        return u"Pages of sites are loaded once the title is submitted: press Submit in the main window."_s;
+    return u"Pages of sites are not loaded while errors are left in the title's PAD file.\n\n"
+           "Correct them in the editor, close this window and submit the title again."_s;
 }
 
 void SubmitControl::tableViewSelectionDidChange(int row)
@@ -126,7 +162,7 @@ void SubmitControl::removeMark()
 
 void SubmitControl::changeMark(Result<> (*change)(const QString &site), bool isMarkedThen)
 {
-    if (m_sites.selectedRow() < 0)
+    if (!canMark())
         return;
     m_reloadWebView = false;
     const Result<> changed = change(m_sites.selectedSite());

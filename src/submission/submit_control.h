@@ -11,6 +11,7 @@
 #include <QObject>
 
 #include <memory>
+#include <optional>
 
 namespace quillon {
 
@@ -48,9 +49,20 @@ public:
     /// as it is.
     void tableViewSelectionDidChange(int row);
 
-    /// Marks the selected site as submitted, or takes its mark away; nothing without a selected site.
+    /// The title that was submitted is selected no more: from now on there is nothing to mark or to paste.
+    void titleIsGone();
+
+    /// Marks the selected site as submitted, or takes its mark away; nothing unless canMark().
     void markSubmitted();
     void removeMark();
+    /// Whether a site and a title are selected.
+    [[nodiscard]] bool canMark() const { return m_title && m_sites.selectedRow() >= 0; }
+
+    /// What the author cannot do now and what helps, in plain sentences; empty when nothing is in the way.
+    [[nodiscard]] QString hindrance() const;
+    /// The same of pages, as long as there is a title; none is loaded while the process takes the window for
+    /// closed.
+    [[nodiscard]] QString whyNoPages() const;
 
     void closePopUpWindowAction() { Q_EMIT closePopUpWindow(); }
     void windowWillClose();
@@ -63,6 +75,8 @@ public:
     [[nodiscard]] bool reloadWebView() const { return m_reloadWebView; }
 
 Q_SIGNALS:
+    /// Another title is selected, or none, and with it hindrance() and whyNoPages() may say something else.
+    void titleChanged();
     /// Make sure that the drawer with the sites is open.
     void openSitesDrawer();
     /// Bring the window of popUpWebView to the front, or hide it.
@@ -72,6 +86,7 @@ Q_SIGNALS:
 private:
     class Reports;
 
+    void takeTitle();
     void showSite();
     void changeMark(Result<> (*change)(const QString &site), bool isMarkedThen);
 
@@ -82,6 +97,7 @@ private:
     FieldCopyPanel m_fieldCopyPanel;
     std::unique_ptr<Reports> m_reports;
     std::unique_ptr<Reports> m_popUpReports;
+    std::optional<QString> m_title; ///< The one whose marks and values are on show.
     bool m_reloadWebView = false;
 };
 
