@@ -5,6 +5,7 @@
 #include "platform/text_decoding.h"
 #include "platform/tolerant_xml.h"
 #include "store/add_delete_import_edit.h"
+#include "store/storage_status.h"
 #include "submission/browser.h"
 
 #include <algorithm>
@@ -163,7 +164,8 @@ FieldCopyPanel::FieldCopyPanel(Browser &browser, Desktop &desktop, QObject *pare
 
 void FieldCopyPanel::setPasteData()
 {
-    const auto bytes = AddDeleteImportEdit::returnDataObjectFor(u"data");
+    const Result<QByteArray> bytes = AddDeleteImportEdit::returnDataObjectFor(u"data");
+    m_readError = bytes || bytes.isError(Error::Kind::Missing) ? std::nullopt : std::optional(bytes.error());
     const TolerantXml xml(decodedXmlText(bytes.valueOr({})));
     Flags enabled;
     for (size_t place = 0; place < fieldCopyButtons.size(); ++place)
@@ -179,10 +181,16 @@ void FieldCopyPanel::press(int place)
         m_on.set(size_t(place));
         Q_EMIT changed();
     }
-    const auto bytes = AddDeleteImportEdit::returnDataObjectFor(u"data");
-    const auto text = pasteText(fieldCopyButtons[size_t(place)], bytes.valueOr({}));
-    if (!text)
+    const Result<QByteArray> bytes = AddDeleteImportEdit::returnDataObjectFor(u"data");
+    if (!bytes) {
+        Q_EMIT nothingPasted(failureLine(bytes.error()));
         return;
+    }
+    const auto text = pasteText(fieldCopyButtons[size_t(place)], *bytes);
+    if (!text) {
+        Q_EMIT nothingPasted(u"Nothing was pasted: this field of the PAD file is empty."_s);
+        return;
+    }
     m_browser.paste([&desktop = m_desktop, text = *text] { desktop.setClipboardText(text); });
 }
 

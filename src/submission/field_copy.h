@@ -1,6 +1,7 @@
 #pragma once
 
 #include "pad/field_catalogue.h"
+#include "platform/result.h"
 
 #include <QByteArray>
 #include <QLocale>
@@ -64,6 +65,8 @@ public:
     /// nothing to paste the clipboard stays as it is.
     void press(int place);
 
+    /// Why setPasteData() could not read the file, if it is there.
+    [[nodiscard]] const std::optional<Error> &readError() const { return m_readError; }
     [[nodiscard]] bool isEnabled(int place) const { return m_enabled.test(size_t(place)); }
     [[nodiscard]] bool isOn(int place) const { return m_on.test(size_t(place)); }
 
@@ -72,12 +75,15 @@ Q_SIGNALS:
     void changed();
     /// setPasteData() has read the file.
     void valuesRead();
+    /// Why a press has pasted nothing, in a sentence.
+    void nothingPasted(const QString &reason);
 
 private:
     using Flags = std::bitset<fieldCopyButtonCount>;
 
     Browser &m_browser;
     Desktop &m_desktop;
+    std::optional<Error> m_readError;
     Flags m_enabled;
     Flags m_on;
 };

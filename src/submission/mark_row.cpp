@@ -41,7 +41,7 @@ MarkRow::MarkRow(SubmitControl &control, const CommandSet &commands, QWidget *pa
     layout->addWidget(m_hindrance);
 
     connect(&control.sites(), &SubmissionSites::textsChanged, this, &MarkRow::showTexts);
-    connect(&control, &SubmitControl::titleChanged, this, &MarkRow::showTexts);
+    connect(&control, &SubmitControl::hindranceChanged, this, &MarkRow::showTexts);
     showTexts();
 }
 

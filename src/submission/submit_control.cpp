@@ -5,6 +5,7 @@
 #include "store/add_delete_import_edit.h"
 #include "store/error_tracking.h"
 #include "store/process_state.h"
+#include "store/storage_status.h"
 #include "submission/submission_marks.h"
 
 using namespace Qt::StringLiterals;
@@ -90,9 +91,16 @@ void SubmitControl::loadSitesList()
     NotificationCenter::defaultCenter().post(notification::mwqnPClSiL432ds);
     m_sites.takeCatalogue();
     takeTitle();
-    const auto summary = AddDeleteImportEdit::returnDataObjectFor(u"general");
-    if (!summary)
+    const Result<QByteArray> summary = AddDeleteImportEdit::returnDataObjectFor(u"general");
+    const bool isMissing = summary.isError(Error::Kind::Missing);
+    m_marksError = summary || isMissing ? std::nullopt : std::optional(summary.error());
+    Q_EMIT hindranceChanged();
+    if (isMissing)
+        return; // With the marks on show as they are, on purpose.
+    if (!summary) {
+        m_sites.forgetMarks();
         return;
+    }
     m_sites.showMarks(summary_file::parse(*summary));
     if (m_reloadWebView && !m_sites.allSitesArray().isEmpty()) {
         m_sites.selectFirst();
@@ -109,8 +117,9 @@ void SubmitControl::takeTitle()
     if (m_title == mwqnSelSW)
         return;
     m_title = mwqnSelSW;
+    m_refusal.clear();
     m_fieldCopyPanel.setPasteData();
-    Q_EMIT titleChanged();
+    Q_EMIT hindranceChanged();
 }
 
 void SubmitControl::titleIsGone()
@@ -121,16 +130,22 @@ void SubmitControl::titleIsGone()
 
 QString SubmitControl::hindrance() const
 {
-    return m_title ? QString()
-                   : u"The title is no longer selected. To go on, close this window, select a title in the "
-                     "main window and submit it."_s;
+    if (!m_title)
+        return u"The title is no longer selected. To go on, close this window, select a title in the main "
+               "window and submit it."_s;
+    if (m_marksError)
+        return u"Nothing can be marked, because the marks that are there could not be read. "_s +
+               failureLine(*m_marksError);
+    if (const auto error = m_fieldCopyPanel.readError())
+        return u"Nothing can be pasted, because the PAD file could not be read. "_s + failureLine(*error);
+    return m_refusal;
 }
 
 QString SubmitControl::whyNoPages() const
 {
     if (!mwqnWOSi78tgsda || !m_title) // Of a title that is gone hindrance() tells.
         return {};
-    if (ErrorTracking::returnErrorDictionary().value_or(StringDictionary()).empty())
+    if (ErrorTracking::returnErrorDictionary().valueOr({}).empty())
         return u"Pages of sites are loaded once the title is submitted: press Submit in the main window."_s;
     return u"Pages of sites are not loaded while errors are left in the title's PAD file.\n\n"
            "Correct them in the editor, close this window and submit the title again."_s;
@@ -145,6 +160,8 @@ void SubmitControl::tableViewSelectionDidChange(int row)
 void SubmitControl::showSite()
 {
     m_sites.showSelected();
+    m_refusal.clear();
+    Q_EMIT hindranceChanged();
     const auto url = mwqnSCPreallSitesDict.find(m_sites.selectedSite());
     if (url != mwqnSCPreallSitesDict.end())
         m_pageLoad.loadSiteToWebview(url->second);
@@ -166,6 +183,7 @@ void SubmitControl::changeMark(Result<> (*change)(const QString &site), bool isM
         return;
     m_reloadWebView = false;
     const Result<> changed = change(m_sites.selectedSite());
+    m_refusal = changed ? QString() : failureLine(changed.error());
     loadSitesList();
     if (changed.isDone())
         m_sites.setMarkSubmittedButtonTitle(isMarkedThen);

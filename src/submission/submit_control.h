@@ -55,10 +55,11 @@ public:
     /// Marks the selected site as submitted, or takes its mark away; nothing unless canMark().
     void markSubmitted();
     void removeMark();
-    /// Whether a site and a title are selected.
-    [[nodiscard]] bool canMark() const { return m_title && m_sites.selectedRow() >= 0; }
+    /// Whether a site and a title are selected, and the title's marks are known.
+    [[nodiscard]] bool canMark() const { return m_title && !m_marksError && m_sites.selectedRow() >= 0; }
 
-    /// What the author cannot do now and what helps, in plain sentences; empty when nothing is in the way.
+    /// What the author cannot do now, or what became of the last mark if it is not as it should be, in plain
+    /// sentences; empty when nothing is in the way.
     [[nodiscard]] QString hindrance() const;
     /// The same of pages, as long as there is a title; none is loaded while the process takes the window for
     /// closed.
@@ -75,8 +76,8 @@ public:
     [[nodiscard]] bool reloadWebView() const { return m_reloadWebView; }
 
 Q_SIGNALS:
-    /// Another title is selected, or none, and with it hindrance() and whyNoPages() may say something else.
-    void titleChanged();
+    /// canMark(), hindrance() or whyNoPages() may be another one.
+    void hindranceChanged();
     /// Make sure that the drawer with the sites is open.
     void openSitesDrawer();
     /// Bring the window of popUpWebView to the front, or hide it.
@@ -97,7 +98,9 @@ private:
     FieldCopyPanel m_fieldCopyPanel;
     std::unique_ptr<Reports> m_reports;
     std::unique_ptr<Reports> m_popUpReports;
-    std::optional<QString> m_title; ///< The one whose marks and values are on show.
+    std::optional<QString> m_title;    ///< The one whose marks and values are on show.
+    std::optional<Error> m_marksError; ///< Why the title's marks are not known.
+    QString m_refusal;                 ///< Why the last mark is not set, removed or safe.
     bool m_reloadWebView = false;
 };
 

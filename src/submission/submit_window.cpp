@@ -104,11 +104,13 @@ void SubmitWindow::connectControl()
 {
     SubmitControl *control = m_control.get();
     connect(control, &SubmitControl::openSitesDrawer, this, [this] { openDrawer(true); });
-    connect(control, &SubmitControl::titleChanged, this, &SubmitWindow::showStates);
+    connect(control, &SubmitControl::hindranceChanged, this, &SubmitWindow::showStates);
     connect(&control->sites(), &SubmissionSites::textsChanged, this, &SubmitWindow::showStates);
     connect(&control->sites(), &SubmissionSites::selectedRowChanged, this, &SubmitWindow::showStates);
     for (WebEngineBrowser *browser : {m_qnWebView, &m_popUpBrowserWindow->browser()})
         connect(browser, &WebEngineBrowser::notice, m_statusRow, &LoadStatusRow::showNotice);
+    connect(&control->fieldCopyPanel(), &FieldCopyPanel::nothingPasted, m_statusRow,
+            &LoadStatusRow::showNotice);
     connect(m_qnWebView, &WebEngineBrowser::stateChanged, m_commands, &CommandSet::update);
     qApp->installEventFilter(this);
     connect(control, &SubmitControl::closePopUpWindow, this,

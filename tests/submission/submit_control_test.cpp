@@ -7,6 +7,7 @@
 #include "support/recorders.h"
 
 #include <QAbstractItemModelTester>
+#include <QDir>
 #include <QSignalSpy>
 
 using namespace Qt::StringLiterals;
@@ -135,6 +136,40 @@ TEST_F(SubmitControlTest, WithoutASummaryTheTableStaysAsItWas)
     EXPECT_EQ(reset.count(), 0);
     m_control.markSubmitted();
     EXPECT_FALSE(QFileInfo::exists(pathIn(u"Mine"_s, title_folder::summaryFile))) << "none is made up";
+}
+
+TEST_F(SubmitControlTest, MarksThatCannotBeReadAreNotWrittenOver)
+{
+    const QString summary = pathIn(u"Mine"_s, title_folder::summaryFile);
+    openWindow();
+    EXPECT_EQ(m_control.hindrance(), QString());
+    ASSERT_TRUE(QFile::rename(summary, summary + u".kept") && QDir().mkdir(summary));
+    openWindow();
+    EXPECT_TRUE(m_control.hindrance().startsWith(u"Nothing can be marked"));
+    EXPECT_EQ(stateAt(1), QString()) << "no mark is shown that nobody knows";
+    EXPECT_FALSE(m_control.canMark());
+    m_control.markSubmitted();
+    EXPECT_EQ(m_listReloads, 0);
+
+    ASSERT_TRUE(QDir().rmdir(summary) && QFile::rename(summary + u".kept", summary));
+    openWindow();
+    EXPECT_TRUE(m_control.canMark());
+    EXPECT_EQ(m_control.hindrance(), QString());
+    EXPECT_EQ(stateAt(1), u"Validated");
+    ASSERT_TRUE(QFile::rename(summary, summary + u".kept") && QDir().mkdir(summary));
+    m_control.removeMark();
+    EXPECT_FALSE(m_control.hindrance().isEmpty()) << "nor is a mark that fails passed over";
+
+    const QString pad = pathIn(u"Mine"_s, title_folder::padFile);
+    ASSERT_TRUE(QDir().rmdir(summary) && QFile::rename(summary + u".kept", summary));
+    ASSERT_TRUE((!QFileInfo::exists(pad) || QFile::remove(pad)) && QDir().mkdir(pad));
+    QSignalSpy nothing(&m_control.fieldCopyPanel(), &FieldCopyPanel::nothingPasted);
+    NotificationCenter::defaultCenter().post(notification::mwqnSClpd);
+    openWindow();
+    EXPECT_TRUE(m_control.hindrance().startsWith(u"Nothing can be pasted"));
+    m_control.fieldCopyPanel().press(0);
+    EXPECT_EQ(nothing.count(), 1);
+    EXPECT_EQ(m_desktop.clipboard, u"untouched");
 }
 
 TEST_F(SubmitControlTest, ALoadMovesTheBarEveryFifthOfASecondUntilItEnds)
