@@ -2,6 +2,7 @@
 
 #include "platform/settings.h"
 #include "store/process_state.h"
+#include "submission/accessible_roles.h"
 #include "submission/browser_bar.h"
 #include "submission/field_copy_view.h"
 #include "submission/load_status_row.h"
@@ -44,6 +45,7 @@ SubmitWindow::SubmitWindow(QWebEngineProfile &profile, AlertSheets &alerts, Desk
     , m_control(std::make_unique<SubmitControl>(
           SubmitControl::Parts{*m_qnWebView, m_popUpBrowserWindow->browser(), alerts, desktop, delayedCalls}))
 {
+    installAccessibleRoles();
     setObjectName(u"submitWindow"_s);
     setWindowTitle(u"Submitting"_s);
     m_popUpBrowserWindow->bindTo(*m_control);

@@ -284,11 +284,8 @@ TEST_F(SubmitWindowTest, SitesWithoutAMarkAreQuietAndLongNamesEndInDots)
 {
     auto *table = visible<QTableView>(u"sitesTableView"_s);
     const auto ink = [&](int row) {
-        const QImage cell =
-            table
-                ->grab(table->visualRect(table->model()->index(row, SubmissionSitesTable::Status))
-                           .translated(0, table->horizontalHeader()->height()))
-                .toImage();
+        const QModelIndex status = table->model()->index(row, SubmissionSitesTable::Status);
+        const QImage cell = table->viewport()->grab(table->visualRect(status)).toImage();
         int pixels = 0;
         for (int at = 0; at < cell.width() * cell.height(); ++at)
             pixels += cell.pixel(at % cell.width(), at / cell.width()) != cell.pixel(1, 1);
@@ -321,6 +318,12 @@ TEST_F(SubmitWindowTest, KeysReachEverythingAndEveryStopHasAName)
     }
     for (QAction *action : window().actions())
         EXPECT_TRUE(inMenus.contains(action)) << action->objectName().toStdString() << " cannot be found";
+    const auto role = [](QObject *widget) { return QAccessible::queryAccessibleInterface(widget)->role(); };
+    EXPECT_EQ(role(window().findChild<QWidget *>(u"webViewLoadProgress"_s)), QAccessible::Animation);
+    for (QWidget *each : QApplication::topLevelWidgets()) {
+        if (each->objectName() == u"popUpBrowserWindow")
+            EXPECT_EQ(role(each), QAccessible::Window);
+    }
     auto *bar = visible<QWidget>(u"progressBarView"_s);
     QAccessibleInterface *told = QAccessible::queryAccessibleInterface(bar);
     EXPECT_EQ(told->role(), QAccessible::ProgressBar);
