@@ -22,7 +22,7 @@ struct FieldCopyButton
 {
     QStringView action;  ///< The button's name is this with "Button" after it.
     QStringView caption; ///< What the author reads on it.
-    FieldId field;       ///< Of a date, the year.
+    FieldId field;       ///< For a date, its year.
 
     /// The element whose value is pasted; a button can be used when it has one.
     [[nodiscard]] QStringView tag() const { return padField(field).element; }

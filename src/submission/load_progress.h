@@ -1,6 +1,6 @@
 #pragma once
 
-/// The load progress bar's operations; its state is the process's, its drawing a view's.
+/// What the load progress bar shows. It is kept in the process's state and drawn by ProgView.
 namespace quillon::load_progress {
 
 /// Height of the bar's frame in points; its width is barWidth of the state.

@@ -136,7 +136,7 @@ void SitesDrawer::showCount()
 
 void SitesDrawer::focusTable()
 {
-    // A key that finds a site must not lose its field to the page that it loads.
+    // Pages begin to load while the author types the next site's name.
     if (m_sitesTableView->isVisible() && !m_filter->hasFocus())
         m_sitesTableView->setFocus();
 }

@@ -12,6 +12,16 @@ using namespace Qt::StringLiterals;
 
 namespace quillon {
 
+namespace {
+
+/// What became of a mark; a refusal's reason is a sentence already.
+QString sentence(const Error &error)
+{
+    return error.kind == Error::Kind::Refused ? error.reason : failureLine(error);
+}
+
+} // namespace
+
 /// Passes on what a browser reports: its loads to @p load, where anybody cares for them, and what its pages
 /// ask for.
 class SubmitControl::Reports final : public BrowserDelegate
@@ -183,7 +193,7 @@ void SubmitControl::changeMark(Result<> (*change)(const QString &site), bool isM
         return;
     m_reloadWebView = false;
     const Result<> changed = change(m_sites.selectedSite());
-    m_refusal = changed ? QString() : failureLine(changed.error());
+    m_refusal = changed ? QString() : sentence(changed.error());
     loadSitesList();
     if (changed.isDone())
         m_sites.setMarkSubmittedButtonTitle(isMarkedThen);

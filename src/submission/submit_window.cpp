@@ -206,7 +206,6 @@ void SubmitWindow::closeEvent(QCloseEvent *event)
     m_qnWebView->restWhileHidden();
     m_popUpBrowserWindow->close();
     QMainWindow::closeEvent(event);
-    Q_EMIT closed();
 }
 
 void SubmitWindow::saveLayout() const

@@ -44,9 +44,6 @@ public:
     /// Shows pages in that part of their usual size, from now on and in later runs.
     void zoom(double factor);
 
-Q_SIGNALS:
-    void closed();
-
 protected:
     void closeEvent(QCloseEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;

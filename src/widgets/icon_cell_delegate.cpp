@@ -24,7 +24,7 @@ constexpr int step = iconCellSize + gap;
 /// empty when neither has one.
 QString picturePath(const QString &own, const QString &name)
 {
-    for (const QString &image : {own + name, name}) {
+    for (const QString &image : {QString(own + name), name}) {
         if (QString path = site_images::programImage(image); QFile::exists(path))
             return path;
     }
