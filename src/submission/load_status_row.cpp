@@ -6,6 +6,7 @@
 #include "widgets/elided_label.h"
 
 #include <QHBoxLayout>
+#include <QLabel>
 
 using namespace Qt::StringLiterals;
 
@@ -25,6 +26,7 @@ LoadStatusRow::LoadStatusRow(PageLoad &load, QWidget *parent)
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_notice, 3);
+    layout->addWidget(new QLabel(u"Load progress:"_s));
     layout->addWidget(bar, 1);
     layout->addWidget(m_webViewLoadProgress);
 

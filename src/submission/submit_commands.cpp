@@ -52,7 +52,7 @@ QList<Command> submitCommands(SubmitWindow &window)
         {.id = u"close"_s, .text = u"&Close"_s, .menu = site, .opensGroup = true, .keys = {QKeySequence::Close},
          .run = [&window] { window.close(); }},
 
-        {.id = u"findField"_s, .text = u"&Paste a Field"_s, .menu = page, .keys = {u"Ctrl+J"_s},
+        {.id = u"findField"_s, .text = u"&Paste a Field…"_s, .menu = page, .keys = {u"Ctrl+J"_s},
          .run = [&window] { window.findField(); }},
         {.id = u"back"_s, .text = u"&Back"_s, .menu = page, .opensGroup = true, .icon = u"back"_s,
          .keys = {u"Alt+Left"_s}, .isEnabled = [&browser] { return browser.canGoBack(); },
@@ -67,7 +67,7 @@ QList<Command> submitCommands(SubmitWindow &window)
         // The key is the page's while nothing is to be stopped.
         {.id = u"stop"_s, .text = u"&Stop"_s, .menu = page, .icon = u"stop"_s, .keys = {u"Esc"_s},
          .isEnabled = [&browser] { return browser.isLoading(); }, .run = [&browser] { browser.stop(); }},
-        {.id = u"address"_s, .text = u"&Address"_s, .menu = page, .opensGroup = true, .keys = {u"Ctrl+L"_s},
+        {.id = u"address"_s, .text = u"Type an &Address"_s, .menu = page, .opensGroup = true, .keys = {u"Ctrl+L"_s},
          .run = [&window] { window.findAddress(); }},
         {.id = u"openInDefaultBrowser"_s, .text = u"&Open in Your Own Browser"_s, .menu = page,
          .icon = u"open-external"_s, .keys = {u"Ctrl+O"_s},

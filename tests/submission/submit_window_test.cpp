@@ -321,8 +321,8 @@ TEST_F(SubmitWindowTest, KeysReachEverythingAndEveryStopHasAName)
     const auto role = [](QObject *widget) { return QAccessible::queryAccessibleInterface(widget)->role(); };
     EXPECT_EQ(role(window().findChild<QWidget *>(u"webViewLoadProgress"_s)), QAccessible::Animation);
     for (QWidget *each : QApplication::topLevelWidgets()) {
-        if (each->objectName() == u"popUpBrowserWindow")
-            EXPECT_EQ(role(each), QAccessible::Window);
+        const bool isPopUp = each->objectName() == u"popUpBrowserWindow";
+        EXPECT_TRUE(!isPopUp || role(each) == QAccessible::Window);
     }
     auto *bar = visible<QWidget>(u"progressBarView"_s);
     QAccessibleInterface *told = QAccessible::queryAccessibleInterface(bar);
