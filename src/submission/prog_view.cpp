@@ -48,8 +48,9 @@ void ProgView::showState()
 {
     const ProgressBarState &state = progressBarState;
     const double part = state.isReset || width() == 0 ? 0 : double(state.width) / width();
+    setUpdatesEnabled(false); // A new value would be drawn at once, and then again.
     setValue(qRound(part * maximum()));
-    update();
+    setUpdatesEnabled(true);
 }
 
 void ProgView::paintEvent(QPaintEvent *)

@@ -16,9 +16,9 @@ inline QStringList accessibilityFaults(const QWidget &window)
     QStringList faults;
     QHash<std::pair<int, QString>, QString> known;
     for (QWidget *widget : window.findChildren<QWidget *>()) {
-        // What hands the focus on is a part of the widget that gets it.
+        // What hands the focus on is a part of the widget that gets it; an embedded page tells of itself.
         if (widget->focusPolicy() == Qt::NoFocus || widget->focusProxy() || !widget->isVisible() ||
-            widget->window() != &window)
+            widget->window() != &window || widget->inherits("QQuickWidget"))
             continue;
         const QString which = QLatin1String(widget->metaObject()->className()) + u' ' + widget->objectName();
         const QAccessibleInterface *told = QAccessible::queryAccessibleInterface(widget);
