@@ -160,8 +160,17 @@ TEST_F(SubmitControlTest, MarksThatCannotBeReadAreNotWrittenOver)
     m_control.removeMark();
     EXPECT_FALSE(m_control.hindrance().isEmpty()) << "nor is a mark that fails passed over";
 
-    const QString pad = pathIn(u"Mine"_s, title_folder::padFile);
     ASSERT_TRUE(QDir().rmdir(summary) && QFile::rename(summary + u".kept", summary));
+    m_catalogue.emplace(u"0, with a comma"_s, u"http://0"_s);
+    openWindow();
+    m_control.tableViewSelectionDidChange(0);
+    m_control.markSubmitted();
+    EXPECT_TRUE(m_control.hindrance().startsWith(u"A mark for 0, with a comma cannot be kept"));
+    EXPECT_EQ(stateAt(0), u"NotValidated");
+    m_control.tableViewSelectionDidChange(1);
+    EXPECT_EQ(m_control.hindrance(), QString());
+
+    const QString pad = pathIn(u"Mine"_s, title_folder::padFile);
     ASSERT_TRUE((!QFileInfo::exists(pad) || QFile::remove(pad)) && QDir().mkdir(pad));
     QSignalSpy nothing(&m_control.fieldCopyPanel(), &FieldCopyPanel::nothingPasted);
     NotificationCenter::defaultCenter().post(notification::mwqnSClpd);
