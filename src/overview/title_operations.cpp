@@ -3,6 +3,7 @@
 #include "pad/field_catalogue.h"
 #include "pad/import_findings.h"
 #include "pad/pad_writer.h"
+#include "platform/abandoned.h"
 #include "platform/atomic_file.h"
 #include "platform/text_decoding.h"
 #include "platform/tolerant_xml.h"
@@ -130,11 +131,14 @@ Result<> exportPadFile(const QString &title, const QString &path)
         return Error{content.error().kind, path,
                      u"the title's own PAD file cannot be read: %1"_s.arg(content.error().reason)};
     const QFileInfo there(path);
-    if (!there.exists() && !there.isSymLink())
-        return atomic_file::write(path, *content);
-    if (!there.isFile())
+    const bool isNew = !there.exists() && !there.isSymLink();
+    if (!isNew && !there.isFile())
         return Error{Error::Kind::Refused, path, u"what has that name is no file"_s};
-    return atomic_file::write(there.canonicalFilePath(), *content); // A link stays one.
+    const QString place = isNew ? path : there.canonicalFilePath(); // A link stays one.
+    Result<> written = atomic_file::write(place, *content);
+    if (written)
+        removeAbandoned(QFileInfo(place).absolutePath());
+    return written;
 }
 
 bool pruneMarks()
