@@ -61,8 +61,8 @@ public:
     /// as they were, when the old title is missing or something has the new name.
     static Result<> renameExistingQnDataFile(const QString &oldName, const QString &newName);
 
-    /// Removes the title and everything in its folder; links inside are removed, never followed. In a crash
-    /// it is there whole or not at all.
+    /// Removes the title and everything in its folder; links inside are removed, never followed. After a
+    /// crash it is there whole or not at all, and removeUnfinished() removes what is left.
     static Result<> deleteQnDataFile(const QString &name);
 
     /// Address by name of the sites that the author added. A missing file is made empty.

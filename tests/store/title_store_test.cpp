@@ -4,8 +4,13 @@
 #include "platform/notifications.h"
 #include "platform/unfinished_name.h"
 #include "store/storage_status.h"
+#include "store/title_folder.h"
+#include "support/faults.h"
 #include "support/full_disk.h"
 #include "support/temporary_home.h"
+
+#include <sys/wait.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 using namespace quillon;
@@ -40,6 +45,26 @@ TEST_F(TitleStoreTest, MakesTheDataFolderOnceWithItsSiteLists)
     EXPECT_TRUE(Store::checkAppSuppExists());
     EXPECT_EQ(names(mwqnAppSuppLoc), QStringList{u"sites.qnrc"_s});
     EXPECT_EQ(contents(inData(u"sites.qnrc"_s)), "mine");
+}
+
+TEST_F(TitleStoreTest, ADataFolderThatCannotBeSeenForAMomentIsNotMadeAnew)
+{
+    ASSERT_TRUE(put(inData(u"sites.qnrc"_s), "mine") && Store::createNewListing(u"T"_s));
+    bool isMet = true;
+    for (int call = 1; isMet; ++call) {
+        const QByteArray rules = "reading@" + QByteArray::number(call) + "=EIO";
+        const FaultPlan plan(home(), rules.constData());
+        (void)Store::checkAppSuppExists();
+        (void)Store::createNewListing(u"T"_s);
+        isMet = plan.met();
+    }
+    EXPECT_EQ(contents(inData(u"sites.qnrc"_s)), "mine");
+    EXPECT_TRUE(Store::checkAppSuppExists() && mwqnFailedWrites.isEmpty());
+    {
+        const FaultPlan plan(home(), "stat=EIO");
+        EXPECT_TRUE(title_folder::exists(u"T"_s)) << "nobody knows that it is not there";
+    }
+    EXPECT_EQ(names(mwqnAppSuppLoc), (QStringList{u"T.qndata"_s, u"ignore.qnrc"_s, u"sites.qnrc"_s}));
 }
 
 TEST_F(TitleStoreTest, WhatACrashLeftHalfMadeGoesAndNothingElse)
@@ -217,6 +242,58 @@ TEST_F(TitleStoreTest, ACrashLeavesNoHalfATitle)
         storeAndCrash([] { (void)Store::importExistingFile(u"T"_s, PadDocument(QByteArray(10'000, 'x'))); }),
         testing::KilledBySignal(SIGXFSZ), "");
     EXPECT_EQ(titles(), QStringList());
+}
+
+TEST_F(TitleStoreTest, ACrashLeavesNoHalfDeletedTitle)
+{
+    bool isDone = false;
+    for (int call = 1; !isDone; ++call) {
+        ASSERT_TRUE(Store::createNewListing(u"T"_s));
+        const pid_t child = ::fork();
+        if (child == 0) {
+            const QByteArray rules = "writing@" + QByteArray::number(call) + "=kill";
+            const FaultPlan plan(home(), rules.constData());
+            ::_exit(Store::deleteQnDataFile(u"T"_s) ? 0 : 1);
+        }
+        int status = -1;
+        ::waitpid(child, &status, 0);
+        isDone = WIFEXITED(status);
+        EXPECT_TRUE(!title_folder::exists(u"T"_s) || files(u"T"_s) == newFiles) << call;
+        Store::removeUnfinished();
+        const QStringList left = names(mwqnAppSuppLoc).filter(u".quillon-"_s);
+        EXPECT_EQ(left, QStringList()) << call;
+    }
+    EXPECT_FALSE(title_folder::exists(u"T"_s));
+}
+
+TEST_F(TitleStoreTest, WhatIsDoneButNotYetSafeIsToldUntilItIs)
+{
+    const auto expectUnsafe = [](const Result<> &result) {
+        EXPECT_TRUE(result.isError(Error::Kind::NotYetSafe) && result.isDone());
+        EXPECT_TRUE(failedWritesLine().startsWith(u"Done, but not yet safe"_s))
+            << failedWritesLine().toStdString();
+        EXPECT_TRUE(Store::checkAppSuppExists()); // Syncs the data folder.
+        EXPECT_EQ(failedWritesLine(), QString());
+    };
+    const auto withoutSync = [](int call, auto change) {
+        const QByteArray rules = "fsync@" + QByteArray::number(call) + "+=EIO";
+        const FaultPlan plan(mwqnAppSuppLoc, rules.constData());
+        return change();
+    };
+    // Its three files and its folder are synced first.
+    expectUnsafe(withoutSync(5, [] { return Store::createNewListing(u"A"_s); }));
+    expectUnsafe(withoutSync(5, [] { return Store::importExistingFile(u"I"_s, "<a/>"); }));
+    expectUnsafe(withoutSync(1, [] { return Store::renameExistingQnDataFile(u"A"_s, u"B"_s); }));
+    EXPECT_EQ(files(u"B"_s), newFiles);
+    expectUnsafe(withoutSync(1, [] { return Store::deleteQnDataFile(u"I"_s); }));
+    EXPECT_EQ(titles(), QStringList{u"B.qndata"_s});
+
+    selectTitle(u"B"_s);
+    const auto write = [] { return Store::writeToFile(u"data", "new"); };
+    EXPECT_TRUE(withoutSync(2, write).isError(Error::Kind::NotYetSafe));
+    EXPECT_TRUE(withoutSync(1, write).isError(Error::Kind::NotYetSafe)) << "equal bytes are no sync";
+    EXPECT_EQ(mwqnFailedWrites.size(), 1);
+    EXPECT_TRUE(write() && mwqnFailedWrites.isEmpty());
 }
 
 TEST_F(TitleStoreTest, FailuresGoWithTheirTitleOnly)
