@@ -1,5 +1,3 @@
-#include "pad/import_findings.h"
-#include "pad/pad_document.h"
 #include "pad/pad_form.h"
 #include "pad/pad_reader.h"
 #include "pad/pad_writer.h"
@@ -14,13 +12,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     const QByteArray bytes(reinterpret_cast<const char *>(data), qsizetype(size));
     static PadForm form;
-    const PadDocument document(bytes);
-    loadPADData(document, form);
+    loadPADData(bytes, form);
     const QByteArray once = pad_writer::document(form);
-    loadPADData(document, form);
+    loadPADData(bytes, form);
     if (pad_writer::document(form) != once)
         std::abort();
-    summary_file::parse(summary_file::textForImport(document).toUtf8());
-    importFindings(document);
+    summary_file::parse(summary_file::textForImport(bytes).toUtf8());
     return 0;
 }

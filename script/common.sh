@@ -30,9 +30,9 @@ quietly() {
     fi
 }
 
-# configure PRESET [OPTION...]: the options are CMake's, and stay set in the preset's build.
+# configure PRESET
 configure() {
-    quietly "Configuring ($1)" cmake --preset "$@"
+    quietly "Configuring ($1)" cmake --preset "$1"
 }
 
 # build PRESET [TARGET...]: without a target, everything.

@@ -1,20 +1,12 @@
 #pragma once
 
-#include <QSet>
 #include <QWidget>
 
-#include <optional>
-
-class QLabel;
-class QListWidget;
 class QSplitter;
-class QStackedWidget;
-class QTableView;
 
 namespace quillon {
 
 class CommandSet;
-class NaturalSortProxy;
 class OverviewController;
 class TitleCommands;
 
@@ -41,31 +33,9 @@ protected:
     void dropEvent(QDropEvent *event) override;
 
 private:
-    QWidget *newTitlesPanel(const CommandSet &commands);
-    QWidget *newEmptyPage();
-    QWidget *newButtonRow(const CommandSet &commands);
-    QWidget *newDetailsPanel();
-    void showSelectedRow(int row);
-    void showLoadedList();
-    int takeAddedRow();
-    void keepPlace();
-    void showErrors();
-    void showListOrHint();
-    void saveLayout() const;
-    void restoreLayout();
-
     OverviewController &m_overview;
     TitleCommands &m_titles;
-    NaturalSortProxy *m_sorted;
-    QStackedWidget *m_titlesOrHint = nullptr;
-    QTableView *m_softwareTableView = nullptr;
-    QTableView *m_submittedToTableView = nullptr;
-    QListWidget *m_validationErrorsView = nullptr;
-    QLabel *m_errorsCaption = nullptr;
-    QSplitter *m_splitter = nullptr;
-    QSplitter *m_details = nullptr;
-    int m_place = -1;                     ///< The row in the view that was selected or added last.
-    std::optional<QSet<QString>> m_names; ///< Of the titles in the list, once it was loaded.
+    QSplitter *m_splitter;
 };
 
 } // namespace quillon

@@ -15,14 +15,12 @@
 
 #include <QAction>
 #include <QCloseEvent>
-#include <QDesktopServices>
 #include <QMenu>
 #include <QMenuBar>
 #include <QProgressBar>
 #include <QScreen>
 #include <QStackedWidget>
 #include <QStatusBar>
-#include <QUrl>
 
 using namespace Qt::StringLiterals;
 
@@ -56,8 +54,6 @@ MainWindow::MainWindow(ToolbarControl &toolbar, OverviewController &overview, Ti
         connect(m_commands->action(view), &QAction::triggered, this, &MainWindow::checkShownView);
     connect(&toolbar, &ToolbarControl::showView, this, &MainWindow::showContent);
     connect(&titles, &TitleCommands::importProgress, this, &MainWindow::showImportProgress);
-    connect(&titles, &TitleCommands::openWebAddress, this,
-            [](const QString &address) { QDesktopServices::openUrl(QUrl(address)); });
     restoreLayout();
 }
 

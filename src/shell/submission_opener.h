@@ -1,6 +1,6 @@
 #pragma once
 
-#include "widgets/qt_desktop.h"
+#include "shell/qt_desktop.h"
 
 #include <QObject>
 
@@ -36,7 +36,6 @@ public:
 private:
     void open();
     void setTitle(const QString &title);
-    void titleIsGone();
 
     MessageBoxSheets &m_alerts;
     DelayedCalls &m_delayedCalls;

@@ -10,6 +10,8 @@ Workbench::Workbench()
     m_alerts.setWidget(SheetWindow::Preferences, new PreferencesWindow(m_preferences, &m_window));
     QObject::connect(&m_window, &MainWindow::closed, &m_submission, &SubmissionOpener::close);
     QObject::connect(&m_instance, &SingleInstance::activated, &m_window, &MainWindow::bringToFront);
+    QObject::connect(&m_titles, &TitleCommands::openWebAddress, &m_window,
+                     [this](const QString &address) { m_desktop.openWebAddress(QUrl(address)); });
 
     m_toolbar.awakeFromNib();
     m_editor.awakeFromNib();      // Before the overview, whose selection it is to hear of.

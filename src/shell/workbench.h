@@ -6,6 +6,7 @@
 #include "platform/delayed_calls.h"
 #include "shell/main_window.h"
 #include "shell/message_box_sheets.h"
+#include "shell/qt_desktop.h"
 #include "shell/single_instance.h"
 #include "shell/submission_opener.h"
 #include "shell/toolbar_control.h"
@@ -36,6 +37,7 @@ public:
 private:
     MessageBoxSheets m_alerts;
     TimedCalls m_delayedCalls;
+    QtDesktop m_desktop;
     OverviewController m_overview{m_alerts};
     TitleCommands m_titles{m_overview, m_alerts, m_delayedCalls};
     ToolbarControl m_toolbar{m_overview, m_alerts};

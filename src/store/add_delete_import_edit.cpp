@@ -1,6 +1,5 @@
 #include "store/add_delete_import_edit.h"
 
-#include "pad/pad_document.h"
 #include "pad/pad_writer.h"
 #include "platform/atomic_file.h"
 #include "platform/property_list.h"
@@ -15,7 +14,6 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QLoggingCategory>
 
 #include <array>
 
@@ -24,8 +22,6 @@ using namespace Qt::StringLiterals;
 namespace quillon {
 
 namespace {
-
-Q_LOGGING_CATEGORY(log, "quillon.store")
 
 /// A file of a title, with the key that reads it and the two that write it.
 struct TitleFile
@@ -131,13 +127,6 @@ Result<> moved(const QString &path, const QByteArray &to)
     return moved ? data->sync() : moved;
 }
 
-/// Removes what is no longer anything; what stays of it goes at the next start.
-void removeLeft(const QString &path)
-{
-    if (const Result<> removed = atomic_file::removeAll(path); !removed)
-        qCWarning(log).noquote() << path << "stays:" << removed.error().reason;
-}
-
 void removeUnfinishedIn(const FolderHandle &folder)
 {
     const auto entries = folder.entries();
@@ -147,7 +136,7 @@ void removeUnfinishedIn(const FolderHandle &folder)
         const auto isLeft = [&entry](QByteArrayView end) { return unfinished_name::is(entry.name, end); };
         if (isLeft(unfinished_name::file) || isLeft(unfinished_name::folder) ||
             isLeft(unfinished_name::deleted))
-            removeLeft(inFolder(folder.path(), QFile::decodeName(entry.name)));
+            (void)atomic_file::removeAll(inFolder(folder.path(), QFile::decodeName(entry.name)));
     }
 }
 
@@ -155,19 +144,18 @@ void removeUnfinishedIn(const FolderHandle &folder)
 
 Result<> AddDeleteImportEdit::checkAppSuppExists()
 {
-    const auto there = FolderHandle::open(dataFolder());
-    if (there)
+    if (QFileInfo::exists(mwqnAppSuppLoc)) {
         settleDataFolder();
-    if (!there.isError(Error::Kind::Missing))
-        return there ? Result<>() : reported(dataFolder(), there.error());
+        return {};
+    }
     if (!QDir().mkpath(mwqnAppSuppLoc))
         return reported(dataFolder(),
                         Error{.path = dataFolder(), .reason = u"the data folder could not be made"_s});
     forgetFailure(dataFolder());
     Result<> made;
     for (const QStringView siteList : {site_list::userSites, site_list::ignoredSites}) {
-        if (const auto sites = site_list::read(siteList); !sites)
-            made = sites.error();
+        if (Result<> stored = storeFile(mwqnAppSuppLoc + siteList, property_list::emptyText()); !stored)
+            made = stored;
     }
     return made;
 }
@@ -197,9 +185,9 @@ Result<> AddDeleteImportEdit::createNewListing(const QString &name)
     return storeTitle(name, summary_file::emptyText().toUtf8(), pad_writer::skeleton());
 }
 
-Result<> AddDeleteImportEdit::importExistingFile(const QString &name, const PadDocument &content)
+Result<> AddDeleteImportEdit::importExistingFile(const QString &name, const QByteArray &content)
 {
-    return storeTitle(name, summary_file::textForImport(content).toUtf8(), content.text().toUtf8());
+    return storeTitle(name, summary_file::textForImport(content).toUtf8(), content);
 }
 
 Result<> AddDeleteImportEdit::storeTitle(const QString &name, const QByteArray &summary,
@@ -274,15 +262,9 @@ Result<> AddDeleteImportEdit::deleteQnDataFile(const QString &name)
         return folder.error();
     if (!title_folder::exists(name))
         return refused(*folder, u"there is no such title"_s);
-    // Renamed first, so that no crash leaves half of a title; removed when no crash can bring it back.
-    const QByteArray gone = unfinished_name::make(unfinished_name::deleted);
-    const Result<> hidden = moved(*folder, gone);
-    if (!hidden.isDone())
-        return reported(*folder, Error{hidden.error().kind, *folder, hidden.error().reason});
+    if (Result<> removed = atomic_file::removeAll(*folder); !removed)
+        return reported(*folder, removed);
     forgetFailures(*folder);
-    if (!hidden)
-        return reported(dataFolder(), ofDataFolder(hidden.error()));
-    removeLeft(inFolder(dataFolder(), QFile::decodeName(gone)));
     return {};
 }
 

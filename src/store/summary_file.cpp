@@ -1,6 +1,5 @@
 #include "store/summary_file.h"
 
-#include "pad/pad_document.h"
 #include "platform/regex.h"
 #include "platform/text_decoding.h"
 #include "platform/tolerant_xml.h"
@@ -44,9 +43,9 @@ QString emptyText()
     return u"<?xml version=\"1.0\" encoding=\"UTF-8\" ?>\n"_s + text(summary);
 }
 
-QString textForImport(const PadDocument &document)
+QString textForImport(const QByteArray &padFile)
 {
-    const TolerantXml &pad = document.xml();
+    const TolerantXml pad(decodedXmlText(padFile));
     const auto version = pad.first(u"Program_Version");
     const auto day = pad.first(u"Program_Release_Day");
     const auto month = pad.first(u"Program_Release_Month");

@@ -3,9 +3,7 @@
 #include "store/process_state.h"
 
 #include <QFile>
-
-#include <cerrno>
-#include <sys/stat.h>
+#include <QFileInfo>
 
 namespace quillon::title_folder {
 
@@ -26,9 +24,7 @@ std::optional<QString> path(QStringView name)
 bool exists(QStringView name)
 {
     const std::optional<QString> folder = path(name);
-    struct stat status = {};
-    return folder && (::lstat(QFile::encodeName(*folder).constData(), &status) == 0 ||
-                      (errno != ENOENT && errno != ENOTDIR));
+    return folder && (QFileInfo::exists(*folder) || QFileInfo(*folder).isSymLink());
 }
 
 } // namespace quillon::title_folder

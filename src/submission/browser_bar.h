@@ -7,8 +7,7 @@ class QLineEdit;
 
 namespace quillon {
 
-class CommandSet;
-class PageLoad;
+class SubmitControl;
 class WebEngineBrowser;
 
 /// Buttons that go from page to page, and the address field.
@@ -16,19 +15,28 @@ class BrowserBar : public QWidget
 {
     Q_OBJECT
 public:
-    /// @p commands has those that the buttons stand for. All must outlive the bar.
-    BrowserBar(PageLoad &load, WebEngineBrowser &browser, const CommandSet &commands,
+    /// @p drawerAction shows and hides the drawer with the sites.
+    BrowserBar(SubmitControl &control, WebEngineBrowser &browser, QAction *drawerAction,
                QWidget *parent = nullptr);
 
     void focusAddress();
 
 private:
+    QAction *newAction(const QString &name, const QString &text, const QString &icon,
+                       const QList<QKeySequence> &shortcuts, std::function<void()> run);
     void addButton(QAction *action);
+    void buildActions();
     void showAddress();
     void takeAddress();
+    void showState();
 
-    PageLoad &m_load;
+    SubmitControl &m_control;
     WebEngineBrowser &m_browser;
+    QAction *m_back = nullptr;
+    QAction *m_forward = nullptr;
+    QAction *m_reload = nullptr;
+    QAction *m_stop = nullptr;
+    QAction *m_openInDefaultBrowser = nullptr;
     QLineEdit *m_urlField;
 };
 

@@ -1,5 +1,7 @@
 #include "submission/field_copy_view.h"
 
+#include "platform/notification_center.h"
+#include "platform/notifications.h"
 #include "platform/plain_text.h"
 #include "store/add_delete_import_edit.h"
 #include "submission/hover_button.h"
@@ -51,7 +53,7 @@ FieldCopyView::FieldCopyView(FieldCopyPanel &panel, QWidget *parent)
     layout->addWidget(m_scrollArea, 1);
 
     connect(&panel, &FieldCopyPanel::changed, this, &FieldCopyView::showStates);
-    connect(&panel, &FieldCopyPanel::valuesRead, this, &FieldCopyView::showValues);
+    NotificationCenter::defaultCenter().addObserver(notification::mwqnSClpd, this, [this] { showValues(); });
     arrange();
     showStates();
     showValues();
@@ -195,7 +197,6 @@ void FieldCopyView::pressFirst()
         if (!isFound(place) || !m_panel.isEnabled(place))
             continue;
         m_panel.press(place);
-        m_filter->clear(); // The next field may be any.
         Q_EMIT pressedByKeyboard();
         return;
     }

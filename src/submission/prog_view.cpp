@@ -3,81 +3,38 @@
 #include "platform/notification_center.h"
 #include "platform/notifications.h"
 #include "store/process_state.h"
-#include "submission/load_progress.h"
 
-#include <QPainter>
-
-using namespace Qt::StringLiterals;
-
-namespace quillon {
+namespace quillon::prog_view {
 
 namespace {
 
-constexpr int usualWidth = 240;
-constexpr int smallestWidth = 40;
-
-/// The rectangle on whose middle a line of width 1 is drawn that stays inside @p outer.
-QRectF line(const QRectF &outer)
+void show(int x, int y, int width, int height, bool isReset)
 {
-    return outer.adjusted(0.5, 0.5, -0.5, -0.5);
+    progressBarState.x = float(x);
+    progressBarState.y = float(y);
+    progressBarState.width = float(width);
+    progressBarState.height = float(height);
+    progressBarState.isReset = isReset;
+    NotificationCenter::defaultCenter().post(notification::mwqnPVdr);
 }
 
 } // namespace
 
-ProgView::ProgView(QWidget *parent) : QProgressBar(parent)
+void updateRectProgress(int x, int y, int width, int height)
 {
-    setAccessibleName(u"Load progress"_s);
-    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    setFixedHeight(load_progress::frameHeight);
-    NotificationCenter &center = NotificationCenter::defaultCenter();
-    center.addObserver(notification::mwqnPVdr, this, [this] { showState(); });
-    center.addObserver(notification::mwqnPVjhj342sa9, this, [this] { updateUrlView(); });
+    show(x, y, width, height, false);
 }
 
-QSize ProgView::sizeHint() const
+void resetRectProgress(int x, int y, int width, int height)
 {
-    return {usualWidth, load_progress::frameHeight};
+    show(x, y, width, height, true);
+    NotificationCenter::defaultCenter().post(notification::mwqnPVjhj342sa9);
 }
 
-QSize ProgView::minimumSizeHint() const
+void setViewWidth(double width)
 {
-    return {smallestWidth, load_progress::frameHeight};
+    if (width >= 1)
+        progressBarState.barWidth = int(width);
 }
 
-void ProgView::showState()
-{
-    const ProgressBarState &state = progressBarState;
-    const double part = state.isReset || width() == 0 ? 0 : double(state.width) / width();
-    setUpdatesEnabled(false); // A new value would be drawn at once, and then again.
-    setValue(qRound(part * maximum()));
-    setUpdatesEnabled(true);
-}
-
-void ProgView::paintEvent(QPaintEvent *)
-{
-    load_progress::setViewWidth(width());
-    const ProgressBarState &state = progressBarState;
-    const QRectF frame(0, 0, state.barWidth, load_progress::frameHeight);
-    const QRectF loaded(state.x, state.y, state.width, state.height);
-
-    QPainter painter(this);
-    painter.fillRect(frame, Qt::white);
-    painter.setPen(Qt::gray);
-    if (state.isReset) {
-        painter.fillRect(loaded, Qt::white);
-    } else {
-        painter.fillRect(loaded, QColor(load_progress::red, load_progress::green, load_progress::blue));
-        if (state.width >= 1)
-            painter.drawRect(line(loaded));
-    }
-    painter.drawRect(line(frame));
-    NotificationCenter::defaultCenter().post(notification::mwqnTCRstVw);
-}
-
-void ProgView::resizeEvent(QResizeEvent *event)
-{
-    QProgressBar::resizeEvent(event);
-    Q_EMIT resized(rect());
-}
-
-} // namespace quillon
+} // namespace quillon::prog_view

@@ -4,7 +4,6 @@
 #include "platform/plain_text.h"
 
 #include <array>
-#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -13,24 +12,24 @@ namespace quillon {
 namespace {
 
 /// What a state's picture says in words.
-QString description(std::optional<SiteState> state)
+QString description(SiteState state)
 {
     static constexpr std::array<QStringView, 3> words = {u"Not submitted", u"Submitted at an older version",
                                                          u"Submitted at the current version"};
-    return state ? words[size_t(*state)].toString() : u"Not known"_s;
+    return words[size_t(state)].toString();
 }
 
 } // namespace
 
 void SubmissionSitesTable::setSites(const QStringList &sites, const QList<SiteState> &states)
 {
-    Q_ASSERT(states.isEmpty() || sites.size() == states.size());
+    Q_ASSERT(sites.size() == states.size());
     if (sites != m_sites) {
         beginResetModel();
         m_sites = sites;
         m_states = states;
         endResetModel();
-    } else if (states != m_states && !sites.isEmpty()) {
+    } else if (states != m_states) {
         m_states = states;
         Q_EMIT dataChanged(index(0, Status), index(rowCount() - 1, Status));
     }
@@ -50,7 +49,7 @@ QVariant SubmissionSitesTable::data(const QModelIndex &index, int role) const
 {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
-    const auto state = m_states.isEmpty() ? std::nullopt : std::optional(m_states[index.row()]);
+    const SiteState state = m_states[index.row()];
     const bool isStatus = index.column() == Status;
     const QString text = isStatus ? description(state) : m_sites[index.row()];
     switch (role) {
@@ -63,7 +62,7 @@ QVariant SubmissionSitesTable::data(const QModelIndex &index, int role) const
     case Qt::TextAlignmentRole:
         return isStatus ? QVariant(Qt::AlignCenter) : QVariant();
     case IconsRole:
-        return isStatus && state ? QStringList{name(*state)} : QVariant();
+        return isStatus ? QStringList{name(state)} : QVariant();
     case SortRole:
         return text;
     default:

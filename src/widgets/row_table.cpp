@@ -1,5 +1,7 @@
 #include "widgets/row_table.h"
 
+#include "controls/icon_cell.h"
+
 #include <QBoxLayout>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -78,6 +80,14 @@ QTableView *newRowTable(const QString &name, const QString &accessibleName, QWid
     table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + 8);
     table->horizontalHeader()->setHighlightSections(false);
     table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    return table;
+}
+
+QTableView *newIconRowTable(const QString &name, const QString &accessibleName, QWidget *parent)
+{
+    QTableView *table = newRowTable(name, accessibleName, parent);
+    QHeaderView *rows = table->verticalHeader();
+    rows->setDefaultSectionSize(qMax(rows->defaultSectionSize(), iconCellSize + 8));
     return table;
 }
 

@@ -13,6 +13,9 @@ namespace quillon {
 /// parent.
 QTableView *newRowTable(const QString &name, const QString &accessibleName, QWidget *parent);
 
+/// The same with rows that are high enough for icon cells.
+QTableView *newIconRowTable(const QString &name, const QString &accessibleName, QWidget *parent);
+
 /// @p content under @p caption, which becomes its label; both belong to the result.
 QWidget *captioned(QLabel *caption, QWidget *content);
 

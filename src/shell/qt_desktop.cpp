@@ -1,4 +1,4 @@
-#include "widgets/qt_desktop.h"
+#include "shell/qt_desktop.h"
 
 #include <QClipboard>
 #include <QDesktopServices>

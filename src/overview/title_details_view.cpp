@@ -1,0 +1,96 @@
+#include "overview/title_details_view.h"
+
+#include "overview/overview_controller.h"
+#include "platform/settings.h"
+#include "widgets/icon_cell_delegate.h"
+#include "widgets/row_table.h"
+
+#include <QHeaderView>
+#include <QLabel>
+#include <QListWidget>
+#include <QTableView>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+
+namespace {
+
+const QString headerKey = u"overview/submittedToTable"_s;
+const QString splitterKey = u"overview/detailsSplitter"_s;
+constexpr int siteWidth = 220;
+
+} // namespace
+
+TitleDetailsView::TitleDetailsView(OverviewController &overview, QWidget *parent)
+    : QSplitter(Qt::Horizontal, parent)
+    , m_overview(overview)
+    , m_submittedToTableView(newIconRowTable(u"submittedToTableView"_s, u"Submitted to"_s, this))
+    , m_validationErrorsView(new QListWidget(this))
+    , m_errorsCaption(new QLabel(this))
+{
+    setObjectName(u"detailsSplitter"_s);
+    setChildrenCollapsible(false);
+    buildMarks();
+    buildErrors();
+    restoreLayout();
+    connect(&overview, &OverviewController::validationErrorsChanged, this, &TitleDetailsView::showErrors);
+    showErrors();
+}
+
+TitleDetailsView::~TitleDetailsView()
+{
+    settings().setValue(headerKey, m_submittedToTableView->horizontalHeader()->saveState());
+    settings().setValue(splitterKey, saveState());
+}
+
+void TitleDetailsView::buildMarks()
+{
+    m_submittedToTableView->setModel(&m_overview.submittedToTable());
+    m_submittedToTableView->setItemDelegateForColumn(SubmittedToTable::Status,
+                                                     new IconCellDelegate({}, this));
+    connect(&m_overview, &OverviewController::selectedRowChanged, this, [this](int row) {
+        if (row < 0)
+            m_submittedToTableView->clearSelection();
+    });
+    addWidget(captioned(new QLabel(u"&Submitted to"_s), m_submittedToTableView));
+}
+
+void TitleDetailsView::buildErrors()
+{
+    m_validationErrorsView->setObjectName(u"validationErrorsView"_s);
+    m_validationErrorsView->setAccessibleName(u"Errors in the PAD file"_s);
+    m_validationErrorsView->setWordWrap(true);
+    connect(m_validationErrorsView, &QListWidget::itemActivated, this, &TitleDetailsView::askForField);
+    connect(m_validationErrorsView, &QListWidget::itemClicked, this, &TitleDetailsView::askForField);
+    m_errorsCaption->setTextFormat(Qt::PlainText);
+    addWidget(captioned(m_errorsCaption, m_validationErrorsView));
+}
+
+void TitleDetailsView::restoreLayout()
+{
+    QHeaderView *header = m_submittedToTableView->horizontalHeader();
+    if (!header->restoreState(settings().value(headerKey).toByteArray()))
+        m_submittedToTableView->setColumnWidth(SubmittedToTable::Site, siteWidth);
+    header->setStretchLastSection(true);
+    restoreState(settings().value(splitterKey).toByteArray());
+}
+
+void TitleDetailsView::askForField(const QListWidgetItem *item)
+{
+    Q_EMIT fieldRequested(item->data(Qt::UserRole).toString());
+}
+
+void TitleDetailsView::showErrors()
+{
+    const StringDictionary &errors = m_overview.validationErrors();
+    m_validationErrorsView->clear();
+    for (const auto &[key, message] : errors) {
+        auto *item = new QListWidgetItem(message, m_validationErrorsView);
+        item->setData(Qt::UserRole, key);
+    }
+    m_errorsCaption->setText(errors.empty() ? u"&Errors in the PAD file"_s
+                                            : u"&Errors in the PAD file (%1)"_s.arg(errors.size()));
+}
+
+} // namespace quillon

@@ -1,0 +1,193 @@
+#include "platform/notification_center.h"
+#include "platform/notifications.h"
+#include "shell/main_window_fixture.h"
+#include "store/title_folder.h"
+
+#include <QLabel>
+#include <QListView>
+#include <QPlainTextEdit>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+namespace {
+
+using OverviewViewTest = MainWindowTest;
+
+TEST_F(OverviewViewTest, ATitleFromItsCreationToItsEnd)
+{
+    EXPECT_TRUE(visible<QWidget>(u"emptyListPage"_s)) << "an empty list says what to do first";
+    press(u"newSoftwareButton"_s);
+    expectNamedTabStops(*visible<QDialog>(u"swNamePanel"_s), 3);
+    typeName({});
+    EXPECT_EQ(visible<QLabel>(u"swNamePanelMessage"_s)->text(),
+              u"You Must Enter a Name for the Software Title"_s);
+    typeName(u"First <b>title"_s);
+    EXPECT_EQ(titles(), QStringList{u"First <b>title"_s});
+    EXPECT_FALSE(visible<QPushButton>(u"deleteButton"_s)->isEnabled());
+
+    clickTitle(0);
+    EXPECT_EQ(mwqnSelSW, u"First <b>title"_s);
+    command(u"Edit"_s)->trigger();
+    EXPECT_EQ(window().windowTitle(), u"First <b>title"_s) << "the editor says whose PAD file it shows";
+    command(u"Overview"_s)->trigger();
+    EXPECT_EQ(window().windowTitle(), u"Quillon"_s);
+    overview().deselectAll();
+    command(u"Edit"_s)->trigger();
+    answerAlert(u"OK"_s);
+    EXPECT_TRUE(command(u"Overview"_s)->isChecked());
+    QTest::keyClick(visible<QTableView>(u"softwareTableView"_s), Qt::Key_Down);
+    EXPECT_EQ(mwqnSelSW, u"First <b>title"_s) << "the place is kept, and a key selects it";
+    for (const bool enabled : {false, true}) {
+        enabled ? overview().fileMenu().enableAll() : overview().fileMenu().disableAll();
+        for (const QString &button : {u"importButton"_s, u"renameButton"_s, u"deleteButton"_s})
+            EXPECT_EQ(visible<QPushButton>(button)->isEnabled(), enabled) << button.toStdString();
+        QMimeData data;
+        EXPECT_EQ(drag({home()}, data), enabled);
+    }
+    press(u"renameButton"_s);
+    typeName(u"Second"_s);
+    EXPECT_EQ(titles(), QStringList{u"Second"_s});
+
+    clickTitle(0);
+    const QString exported = home() + u"/Second 1.0.xml"_s;
+    put(exported, "old");
+    for (const auto &[answer, replaced] : {std::pair{u"Cancel"_s, false}, std::pair{u"Replace"_s, true}}) {
+        press(u"exportButton"_s);
+        EXPECT_EQ(visible<QLineEdit>(u"fileNameEdit"_s)->text(), u"Second.xml"_s);
+        chooseFile(home() + u"/Second 1.0"_s);
+        EXPECT_EQ(answerAlert(answer), u"“Second 1.0.xml” already exists. Do you want to replace it?|"
+                                       "What it holds now will be lost."_s);
+        EXPECT_EQ(contents(exported) != "old", replaced);
+    }
+    EXPECT_EQ(answerAlert(u"OK"_s), u"PAD file export successful"_s);
+    EXPECT_EQ(contents(exported), contents(inData(u"Second.qndata/data.qnxml"_s)));
+
+    press(u"deleteButton"_s);
+    EXPECT_EQ(answerAlert(u"Cancel"_s),
+              u"Do you really want to delete Second|Deleting listings cannot be undone."_s);
+    EXPECT_EQ(titles().size(), 1);
+    EXPECT_TRUE(title_folder::exists(u"Second"_s));
+    press(u"deleteButton"_s);
+    answerAlert(u"Delete"_s);
+    EXPECT_TRUE(titles().isEmpty());
+    EXPECT_FALSE(title_folder::exists(u"Second"_s));
+}
+
+TEST_F(OverviewViewTest, TheHintOfAnEmptyListStandsOutWithAFontOfPixelsToo)
+{
+    const QFont before = QApplication::font();
+    QFont font = before;
+    font.setPixelSize(20);
+    QApplication::setFont(font);
+    start();
+    int tallest = 0;
+    for (const QLabel *label : visible<QWidget>(u"emptyListPage"_s)->findChildren<QLabel *>())
+        tallest = qMax(tallest, label->fontInfo().pixelSize());
+    QApplication::setFont(before);
+    EXPECT_EQ(tallest, 28);
+}
+
+TEST_F(OverviewViewTest, TheKeyThatDeletesATitleBelongsToTheList)
+{
+    drop({padFile(u"A"_s)});
+    answerAlert(u"OK"_s);
+    clickTitle(0);
+    command(u"Edit"_s)->trigger();
+    // As when the submission window was closed: the commands of the File menu can be used again.
+    NotificationCenter::defaultCenter().post(notification::mwqnRS87968tJHKgfds);
+    const QList<QListView *> lists = visible<QWidget>(u"editView"_s)->findChildren<QListView *>();
+    ASSERT_FALSE(lists.isEmpty());
+    for (QListView *list : lists) {
+        list->setFocus();
+        QTest::keyClick(list, Qt::Key_Delete);
+        EXPECT_EQ(openWindow<QMessageBox>(), nullptr) << list->objectName().toStdString();
+    }
+    command(u"Overview"_s)->trigger();
+    visible<QTableView>(u"softwareTableView"_s)->setFocus();
+    QTest::keyClick(visible<QTableView>(u"softwareTableView"_s), Qt::Key_Delete);
+    EXPECT_TRUE(answerAlert(u"Cancel"_s).startsWith(u"Do you really want to delete A"));
+}
+
+TEST_F(OverviewViewTest, WhatIsAddedIsInSightAndTheNextKeyOpensIt)
+{
+    for (int number = 10; number < 60; ++number)
+        ASSERT_TRUE(AddDeleteImportEdit::createNewListing(u"M %1"_s.arg(number)));
+    start();
+    auto *table = visible<QTableView>(u"softwareTableView"_s);
+    EXPECT_FALSE(table->currentIndex().isValid()) << "nobody went to a row yet";
+    QTest::keyClicks(table, u"m 59"_s);
+    EXPECT_EQ(mwqnSelSW, u"M 59"_s) << "typing finds a title";
+    clickTitle(table->currentIndex().row());
+
+    const auto expectAdded = [&](const QString &name) {
+        EXPECT_EQ(mwqnSelSW, std::nullopt);
+        EXPECT_EQ(table->currentIndex().data(), name);
+        EXPECT_TRUE(table->viewport()->rect().contains(table->visualRect(table->currentIndex())));
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        EXPECT_EQ(window().windowTitle(), name);
+        command(u"Overview"_s)->trigger();
+    };
+    press(u"newSoftwareButton"_s);
+    typeName(u"A"_s);
+    expectAdded(u"A"_s);
+    drop({padFile(u"Z"_s), padFile(u"Y"_s)});
+    answerAlert(u"OK"_s);
+    expectAdded(u"Y"_s);
+}
+
+TEST_F(OverviewViewTest, FilesComeInByTheChooserAndByDropping)
+{
+    press(u"importButton"_s);
+    ASSERT_TRUE(eventually([] { return openWindow<QFileDialog>() != nullptr; }));
+    EXPECT_EQ(openWindow<QFileDialog>()->labelText(QFileDialog::Accept), u"Choose PAD File"_s);
+    EXPECT_FALSE(visible<QWidget>(u"newFolderButton"_s)->isEnabled());
+    chooseFile(padFile(u"A"_s));
+    EXPECT_EQ(titles(), QStringList{u"A"_s});
+    EXPECT_TRUE(eventually([] { return openWindow<QMessageBox>() != nullptr; }));
+    const auto *details = visible<QPlainTextEdit>(u"alertDetails"_s);
+    EXPECT_TRUE(details->toPlainText().contains(u"Freemium"_s));
+    const auto *ok = openWindow<QMessageBox>()->buttons().value(0);
+    EXPECT_GT(ok->mapToGlobal(QPoint()).y(), details->mapToGlobal(details->rect().bottomLeft()).y());
+    EXPECT_TRUE(answerAlert(u"OK"_s).startsWith(u"Import Successful"));
+
+    drop({padFile(u"B"_s), padFile(u"C"_s)});
+    EXPECT_TRUE(answerAlert(u"OK"_s).startsWith(u"Import Successful"));
+    EXPECT_EQ(titles(), QStringList({u"A"_s, u"B"_s, u"C"_s}));
+
+    drop({padFile(u"B"_s)}); // Taken: another name is asked for.
+    ASSERT_TRUE(eventually([] {
+        const auto all = QApplication::topLevelWidgets();
+        return std::any_of(all.begin(), all.end(), [](QWidget *each) {
+            return each->objectName() == u"swNamePanel" && each->isVisible();
+        });
+    }));
+    typeName(u"B again"_s);
+    EXPECT_TRUE(answerAlert(u"OK"_s).startsWith(u"Import Successful"));
+    EXPECT_TRUE(titles().contains(u"B again"_s));
+}
+
+TEST_F(OverviewViewTest, SelectionStaysWhileTheSubmissionWindowIsOpen)
+{
+    drop({padFile(u"A"_s), padFile(u"B"_s)});
+    answerAlert(u"OK"_s);
+    clickTitle(0);
+    mwqnWOSi78tgsda = false;
+    clickTitle(1);
+    EXPECT_EQ(answerAlert(u"OK"_s),
+              u"The submission window must be closed to select a different software title"_s);
+    QTest::keyClick(visible<QTableView>(u"softwareTableView"_s), Qt::Key_Down);
+    answerAlert(u"OK"_s);
+    auto *table = visible<QTableView>(u"softwareTableView"_s);
+    QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, table->viewport()->rect().bottomLeft());
+    QTest::mouseClick(table->viewport(), Qt::LeftButton, Qt::ControlModifier,
+                      table->visualRect(table->currentIndex()).center());
+    EXPECT_EQ(mwqnSelSW, u"A"_s) << "nor is it given up";
+    EXPECT_EQ(table->currentIndex().row(), 0);
+    mwqnWOSi78tgsda = true;
+    QTest::keyClick(visible<QTableView>(u"softwareTableView"_s), Qt::Key_Down);
+    EXPECT_EQ(mwqnSelSW, u"B"_s);
+}
+
+} // namespace
+} // namespace quillon
