@@ -1,4 +1,5 @@
 #include "measuring.h"
+#include "pad/pad_document.h"
 #include "platform/atomic_file.h"
 #include "store/add_delete_import_edit.h"
 #include "store/process_state.h"
@@ -68,13 +69,15 @@ void importPad(benchmark::State &state)
     (void)AddDeleteImportEdit::checkAppSuppExists();
     const QByteArray pad = typicalPad();
     const QByteArray parent = QFile::encodeName(mwqnAppSuppLoc);
-    auto isDone = bool(AddDeleteImportEdit::importExistingFile(u"import"_s, pad));
+    auto isDone = bool(AddDeleteImportEdit::importExistingFile(u"import"_s, PadDocument(pad)));
     QList<File> files;
     const QDir imported(mwqnAppSuppLoc + u"import.qndata");
     for (const QString &name : imported.entryList(QDir::Files))
         files.append({QFile::encodeName(name), *atomic_file::read(imported.filePath(name))});
 
-    const auto importIt = [&] { isDone &= bool(AddDeleteImportEdit::importExistingFile(u"import"_s, pad)); };
+    const auto importIt = [&] {
+        isDone &= bool(AddDeleteImportEdit::importExistingFile(u"import"_s, PadDocument(pad)));
+    };
     const auto writeIt = [&] { isDone &= makePlainly(parent, "floor.qndata", files); };
     std::vector<double> imports;
     std::vector<double> floors;

@@ -1,6 +1,7 @@
 # One interface target carries what every target of ours is compiled with.
 add_library(quillon_options INTERFACE)
-target_compile_options(quillon_options INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Werror)
+target_compile_options(quillon_options INTERFACE -Wall -Wextra -Wpedantic -Wconversion
+                                                 $<$<BOOL:${QUILLON_WERROR}>:-Werror>)
 target_compile_definitions(
     quillon_options
     INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_CAST_FROM_BYTEARRAY QT_NO_URL_CAST_FROM_STRING

@@ -1,3 +1,5 @@
+#include "pad/import_findings.h"
+#include "pad/pad_document.h"
 #include "pad/pad_form.h"
 #include "pad/pad_reader.h"
 #include "pad/pad_writer.h"
@@ -12,11 +14,13 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     const QByteArray bytes(reinterpret_cast<const char *>(data), qsizetype(size));
     static PadForm form;
-    loadPADData(bytes, form);
+    const PadDocument document(bytes);
+    loadPADData(document, form);
     const QByteArray once = pad_writer::document(form);
-    loadPADData(bytes, form);
+    loadPADData(document, form);
     if (pad_writer::document(form) != once)
         std::abort();
-    summary_file::parse(summary_file::textForImport(bytes).toUtf8());
+    summary_file::parse(summary_file::textForImport(document).toUtf8());
+    importFindings(document);
     return 0;
 }

@@ -30,9 +30,9 @@ quietly() {
     fi
 }
 
-# configure PRESET
+# configure PRESET [OPTION...]: the options are CMake's, and stay set in the preset's build.
 configure() {
-    quietly "Configuring ($1)" cmake --preset "$1"
+    quietly "Configuring ($1)" cmake --preset "$@"
 }
 
 # build PRESET [TARGET...]: without a target, everything.

@@ -51,7 +51,7 @@ private:
     [[nodiscard]] ExitStatus checkFile() const
     {
         const QString file = text(m_target);
-        const auto pad = title_operations::padText(file);
+        const auto pad = title_operations::readPadFile(file);
         if (!pad) {
             const bool readable = isReadableFile(file);
             complain(readable ? file + u": this does not appear to be a PAD file."_s
@@ -59,7 +59,7 @@ private:
             return readable ? Refused : FileFailed;
         }
         PadForm form;
-        loadPADData(pad->toUtf8(), form);
+        loadPADData(*pad, form);
         ErrorPass errors;
         field_rules::checkEntries(form, errors);
         return tell(u"file"_s, errors.errors());

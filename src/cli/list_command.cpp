@@ -72,10 +72,13 @@ public:
 
     ExitStatus run() override
     {
-        // Only who holds the folder may change it; nobody waits for it here.
-        const DataFolderLock lock(std::chrono::milliseconds(0));
-        const bool mayWrite = lock.state() == DataFolderLock::State::Held;
-        const auto list = loadTitles(mayWrite ? OldLayout::Convert : OldLayout::Leave);
+        auto list = loadTitles(OldLayout::Leave);
+        if (list && list->hasOldLayout) {
+            // Only who holds the folder may change it; nobody waits for it here.
+            const DataFolderLock lock(std::chrono::milliseconds(0));
+            if (lock.state() == DataFolderLock::State::Held)
+                list = loadTitles(OldLayout::Convert);
+        }
         if (!list)
             return outcome(list.error());
         QJsonArray array;

@@ -68,6 +68,8 @@ cli::ExitStatus run(cli::Command &command)
         return command.run();
     (void)AddDeleteImportEdit::checkAppSuppExists(); // What cannot be stored there is told by the command.
     const DataFolderLock lock;
+    if (lock.state() == DataFolderLock::State::Obstructed)
+        return cli::outcome(lock.obstruction());
     if (lock.state() == DataFolderLock::State::HeldByAnother) {
         cli::complain(u"Quillon is running. Please quit it first, or use its window."_s);
         return cli::Refused;

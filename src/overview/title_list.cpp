@@ -199,6 +199,7 @@ Result<TitleList> loadTitles(OldLayout oldLayout)
     if (!found)
         return found.error();
     found->list.failures += failures;
+    found->list.hasOldLayout = !found->oldFolders.isEmpty();
     for (const Error &failure : std::as_const(found->list.failures))
         qCWarning(log).noquote() << failureLine(failure);
     std::ranges::sort(found->list.titles, CaseInsensitiveOrder(), &Title::name);

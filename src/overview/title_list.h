@@ -20,6 +20,7 @@ struct TitleList
 {
     QList<Title> titles;
     QList<Error> failures = {}; ///< What could not be listed, read or moved to today's layout.
+    bool hasOldLayout = false;  ///< There are folders of the older layout.
 };
 
 /// What is done with folders of the older layout.

@@ -3,6 +3,7 @@
 #include "pad/field_catalogue.h"
 #include "pad/import_findings.h"
 #include "pad/pad_writer.h"
+#include "platform/abandoned.h"
 #include "platform/atomic_file.h"
 #include "platform/text_decoding.h"
 #include "platform/tolerant_xml.h"
@@ -84,7 +85,7 @@ QString sentence(NameVerdict verdict)
     return {};
 }
 
-Result<QString> padText(const QString &path)
+Result<PadDocument> readPadFile(const QString &path)
 {
     const auto bytes = atomic_file::read(path, maxPadFileSize);
     if (!bytes)
@@ -92,27 +93,26 @@ Result<QString> padText(const QString &path)
     QString text = decodedXmlText(*bytes);
     if (!text.contains(padMarker, Qt::CaseInsensitive))
         return Error{Error::Kind::Unintelligible, path, u"it is no PAD file"_s};
-    return text;
+    return PadDocument(std::move(text));
 }
 
 Import importPadFile(const QString &path, const std::optional<QString> &name)
 {
-    const Result<QString> text = padText(path);
-    if (!text)
+    const Result<PadDocument> document = readPadFile(path);
+    if (!document)
         return {Import::NotPad,
                 {},
                 u"The file you selected does not appear to be a valid PAD file and cannot be imported."_s,
                 {}};
     const QString chosen =
-        name ? *name : TolerantXml(*text).first(padField(FieldId::programName).element).value_or(QString());
+        name ? *name : document->xml().first(padField(FieldId::programName).element).value_or(QString());
     if (const NameVerdict verdict = judgeName(chosen); verdict != NameVerdict::Free)
         return {Import::NeedsName, chosen, name ? sentence(verdict) : nameConflict(chosen), {}};
 
-    const QByteArray content = text->toUtf8();
-    const Result<> stored = AddDeleteImportEdit::importExistingFile(chosen, content);
+    const Result<> stored = AddDeleteImportEdit::importExistingFile(chosen, *document);
     if (!stored.isDone())
         return {Import::NotStored, chosen, failureLine(stored.error()), {}, stored};
-    return {Import::Imported, chosen, importSucceeded, importFindings(content), stored};
+    return {Import::Imported, chosen, importSucceeded, importFindings(*document), stored};
 }
 
 Result<QByteArray> exportedPad(const QString &title)
@@ -131,11 +131,14 @@ Result<> exportPadFile(const QString &title, const QString &path)
         return Error{content.error().kind, path,
                      u"the title's own PAD file cannot be read: %1"_s.arg(content.error().reason)};
     const QFileInfo there(path);
-    if (!there.exists() && !there.isSymLink())
-        return atomic_file::write(path, *content);
-    if (!there.isFile())
+    const bool isNew = !there.exists() && !there.isSymLink();
+    if (!isNew && !there.isFile())
         return Error{Error::Kind::Refused, path, u"what has that name is no file"_s};
-    return atomic_file::write(there.canonicalFilePath(), *content); // A link stays one.
+    const QString place = isNew ? path : there.canonicalFilePath(); // A link stays one.
+    Result<> written = atomic_file::write(place, *content);
+    if (written)
+        removeAbandoned(QFileInfo(place).absolutePath());
+    return written;
 }
 
 bool pruneMarks()

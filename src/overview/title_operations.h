@@ -1,5 +1,6 @@
 #pragma once
 
+#include "pad/pad_document.h"
 #include "platform/result.h"
 
 #include <QByteArray>
@@ -44,12 +45,11 @@ struct Import
     Result<> stored = {}; ///< What came of storing the title; after an import it may not yet be safe.
 };
 
-/// Files larger than this (bytes) are not taken for PAD files; real ones have some 10 to 100 kB.
-inline constexpr qint64 maxPadFileSize = 16LL * 1024 * 1024;
+/// Files larger than this (bytes) are not taken for PAD files; real ones have 10 to 100 kB.
+inline constexpr qint64 maxPadFileSize = 2LL * 1024 * 1024;
 
-/// The text of the PAD file at @p path; one that is too large is unreadable, one without the PAD marker
-/// unintelligible.
-Result<QString> padText(const QString &path);
+/// The PAD file at @p path; one that is too large is unreadable, one without the PAD marker unintelligible.
+Result<PadDocument> readPadFile(const QString &path);
 
 /// Makes a title of the PAD file at @p path, under the file's own program name or under @p name.
 Import importPadFile(const QString &path, const std::optional<QString> &name = std::nullopt);

@@ -1,16 +1,16 @@
 #include "pad/import_findings.h"
 
+#include "pad/file_size.h"
 #include "pad/layout.h"
+#include "pad/pad_document.h"
 #include "pad/pad_form.h"
 #include "pad/pad_reader.h"
+#include "pad/unread_texts.h"
 #include "pad/vocabularies.h"
-#include "platform/text_decoding.h"
-#include "platform/tolerant_xml.h"
 
-#include <QMap>
-#include <QSet>
+#include <QStringTokenizer>
 
-#include <pugixml.hpp>
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -18,165 +18,204 @@ namespace quillon {
 
 namespace {
 
-/// @p value as a sentence can hold it.
-QString quoted(const QString &value)
-{
-    static constexpr qsizetype longest = 60;
-    const QString line = value.simplified();
-    return u'“' + (line.size() > longest ? QString(line.first(longest - 1) + u'…') : line) + u'”';
-}
-
-bool isKnownTag(QStringView tag)
-{
-    static const QSet<QStringView> known = [] {
-        QSet<QStringView> tags = {padRootElement};
-        for (const LayoutLine &line : padLayout)
-            tags.insert(line.tag);
-        return tags;
-    }();
-    return known.contains(tag);
-}
-
-/// Values of pop-ups and check lists that their vocabulary does not hold.
-void findUnknownValues(const TolerantXml &xml, const PadForm &form, QStringList &findings)
-{
-    for (const PadField &field : padFields) {
-        const QString value = xml.first(field.element).value_or(QString());
-        if (field.kind == FieldKind::PopUp && !value.isEmpty() && form.value(field.id).isEmpty()) {
-            findings += u"%1: %2 is not in the list of PAD 3.10 and will be lost at the first check."_s.arg(
-                field.element, quoted(value));
-        } else if (field.kind == FieldKind::CheckList) {
-            const QStringList pieces = value.split(u',');
-            for (const QString &piece : pieces) {
-                const QString name = piece.trimmed();
-                if (name.isEmpty() || vocabulary::of(field.id).contains(piece))
-                    continue;
-                const bool onlyBlanks = vocabulary::of(field.id).contains(name);
-                findings +=
-                    onlyBlanks
-                        ? u"%1: %2 has blanks around it, is not understood and will be lost at the first check."_s
-                              .arg(field.element, quoted(name))
-                        : u"%1: %2 is not in the list of PAD 3.10 and will be lost at the first check."_s.arg(
-                              field.element, quoted(name));
-            }
-        } else if (field.kind == FieldKind::MultiLine && !value.isEmpty() && form.value(field.id).isEmpty()) {
-            findings +=
-                u"%1: %2 cannot be read from a tag written like this and will be lost at the first check."_s
-                    .arg(field.element, quoted(value));
-        }
-    }
-}
-
-/// Walks the whole tree and gathers what lies outside the layout and what stands twice. Iterative, as the
-/// depth of the tree is untrusted.
-class StructureWalk
+/// Sentences, as many as anybody reads.
+class Findings
 {
 public:
-    explicit StructureWalk(const pugi::xml_node &document)
+    /// Adds what @p sentence, a function, says; beyond the limit it is only counted.
+    template<typename Sentence>
+    void add(const Sentence &sentence)
     {
-        for (pugi::xml_node node = document.first_child(); node;) {
-            if (node.type() == pugi::node_element && !visit(node)) {
-                node = nextAfter(node, document);
-                continue;
-            }
-            node = node.first_child() ? node.first_child() : nextAfter(node, document);
-        }
+        if (m_sentences.size() < mostFindings)
+            m_sentences.append(sentence());
+        else
+            ++m_more;
     }
 
-    void report(QStringList &findings) const
+    [[nodiscard]] QStringList sentences() const
     {
-        for (auto section = m_unknown.cbegin(); section != m_unknown.cend(); ++section) {
-            findings +=
-                section.value().values == 1
-                    ? u"%1 is not part of PAD 3.10; its value %2 will be lost at the first check."_s.arg(
-                          section.key(), quoted(section.value().example))
-                    : u"%1 is not part of PAD 3.10; its %2 values will be lost at the first check."_s.arg(
-                          section.key(), QString::number(section.value().values));
-        }
-        for (const PadField &field : padFields) {
-            const QStringList values = m_values.value(field.element.toString());
-            const QString lost = values.size() > 1 ? lostValue(values) : QString();
-            if (!lost.isEmpty())
-                findings +=
-                    u"%1 stands %2 times; only the first is kept, %3 will be lost at the first check."_s.arg(
-                        field.element, QString::number(values.size()), quoted(lost));
-        }
+        return m_more == 0 ? m_sentences : m_sentences + QStringList(u"…and %1 more."_s.arg(m_more));
     }
 
 private:
-    struct Unknown
-    {
-        int values = 0;
-        QString example;
-    };
-
-    static pugi::xml_node nextAfter(pugi::xml_node node, const pugi::xml_node &top)
-    {
-        for (; node && node != top; node = node.parent()) {
-            if (const pugi::xml_node sibling = node.next_sibling())
-                return sibling;
-        }
-        return {};
-    }
-
-    /// The first later value that differs from the one that is kept.
-    static QString lostValue(const QStringList &values)
-    {
-        for (const QString &value : values) {
-            if (!value.isEmpty() && value != values.first())
-                return value;
-        }
-        return {};
-    }
-
-    /// Takes note of one element; whether its children are to be visited too.
-    bool visit(const pugi::xml_node &node)
-    {
-        const QString tag = QString::fromUtf8(node.name());
-        if (fieldOfElement(tag)) {
-            m_values[tag].append(TolerantXml::stringValue(node));
-            return false;
-        }
-        if (isKnownTag(tag))
-            return true;
-        noteUnknown(tag, node);
-        return false;
-    }
-
-    void noteUnknown(const QString &tag, const pugi::xml_node &section)
-    {
-        Unknown &unknown = m_unknown[tag];
-        for (pugi::xml_node node = section; node;) {
-            if (const QString text = QString::fromUtf8(node.value()).trimmed(); !text.isEmpty()) {
-                ++unknown.values;
-                unknown.example = text;
-            }
-            // Descriptions in other languages come under the same names: the first of a name is the one kept.
-            const QString name = QString::fromUtf8(node.name());
-            if (fieldOfElement(name) && !m_values.contains(name))
-                m_values[name].append(TolerantXml::stringValue(node));
-            node = node.first_child() ? node.first_child() : nextAfter(node, section);
-        }
-        if (unknown.values == 0)
-            m_unknown.remove(tag);
-    }
-
-    QMap<QString, Unknown> m_unknown;
-    QHash<QString, QStringList> m_values;
+    QStringList m_sentences;
+    qsizetype m_more = 0;
 };
+
+/// @p value as a sentence can hold it.
+QString quoted(QStringView value)
+{
+    static constexpr qsizetype longest = 60;
+    const QString line = value.toString().simplified();
+    return u'“' + (line.size() > longest ? QString(line.first(longest - 1) + u'…') : line) + u'”';
+}
+
+/// How the form reads one field of a document.
+struct Reading
+{
+    const PadField &field;
+    QString value; ///< As the document has it.
+    const PadForm &form;
+};
+
+void findUnknownName(const PadField &field, QStringView written, Findings &findings)
+{
+    const bool onlyBlanks = vocabulary::of(field.id).contains(written.trimmed());
+    findings.add([&] {
+        return onlyBlanks ? u"%1: %2 has blanks around it, is not understood and will be lost."_s.arg(
+                                field.element, quoted(written))
+                          : u"%1: %2 is not in the list of PAD 3.10 and will be lost."_s.arg(field.element,
+                                                                                             quoted(written));
+    });
+}
+
+void findInPopUp(const Reading &reading, Findings &findings)
+{
+    if (reading.form.value(reading.field.id).isEmpty())
+        findUnknownName(reading.field, reading.value, findings);
+}
+
+void findInCheckList(const Reading &reading, Findings &findings)
+{
+    const QStringList ticked = reading.form.checkList(reading.field.id).tickedEntries();
+    for (const QStringView name : QStringTokenizer(reading.value, u',')) {
+        if (!name.trimmed().isEmpty() && !ticked.contains(name.trimmed()))
+            findUnknownName(reading.field, name, findings);
+    }
+}
+
+void findInCheckBox(const Reading &reading, Findings &findings)
+{
+    const QString kept = reading.form.value(reading.field.id);
+    if (reading.value.trimmed().compare(kept, Qt::CaseInsensitive) != 0)
+        findings.add([&] {
+            return u"%1: %2 will become %3."_s.arg(reading.field.element, quoted(reading.value),
+                                                   quoted(kept));
+        });
+}
+
+void findInMultiLine(const Reading &reading, Findings &findings)
+{
+    if (reading.form.value(reading.field.id).isEmpty())
+        findings.add([&] {
+            return u"%1: %2 cannot be read from a tag written like this and will be lost."_s.arg(
+                reading.field.element, quoted(reading.value));
+        });
+}
+
+/// The full check takes the blanks out of e-mail addresses.
+void findInText(const Reading &reading, Findings &findings)
+{
+    if (reading.field.element.endsWith(u"_Email") && reading.value.trimmed().contains(u' '))
+        findings.add([&] {
+            return u"%1: the blanks in %2 will be removed."_s.arg(reading.field.element,
+                                                                  quoted(reading.value));
+        });
+}
+
+/// The kilobytes and megabytes are reckoned anew from the bytes; a rounding is no loss.
+void findInComputed(const Reading &reading, Findings &findings)
+{
+    static constexpr double rounding = 1.0;
+    const QString kept = reading.form.value(reading.field.id);
+    const QString before = file_size::withoutUnit(reading.value);
+    bool isNumber = false;
+    const double number = before.toDouble(&isNumber);
+    if (before == kept || (isNumber && std::abs(number - kept.toDouble()) <= rounding))
+        return;
+    findings.add([&] {
+        return u"%1: %2 will become %3, reckoned from File_Size_Bytes."_s.arg(
+            reading.field.element, quoted(reading.value), quoted(kept));
+    });
+}
+
+void findInFields(const PadDocument &document, Findings &findings)
+{
+    PadForm form;
+    loadPADData(document, form);
+    for (const PadField &field : padFields) {
+        const Reading reading{field, document.value(field).value_or(QString()), form};
+        if (reading.value.isEmpty())
+            continue;
+        switch (field.kind) {
+        case FieldKind::PopUp:
+            findInPopUp(reading, findings);
+            break;
+        case FieldKind::CheckList:
+            findInCheckList(reading, findings);
+            break;
+        case FieldKind::CheckBox:
+            findInCheckBox(reading, findings);
+            break;
+        case FieldKind::MultiLine:
+            findInMultiLine(reading, findings);
+            break;
+        case FieldKind::Computed:
+            findInComputed(reading, findings);
+            break;
+        case FieldKind::Text:
+            findInText(reading, findings);
+            break;
+        }
+    }
+}
+
+QString itsValues(const UnreadTexts::Texts &texts)
+{
+    return texts.count == 1 ? u"its value "_s + quoted(texts.example) : u"its %1 values"_s.arg(texts.count);
+}
+
+void findSections(const UnreadTexts &unread, Findings &findings)
+{
+    for (auto [tag, texts] : unread.unknown.asKeyValueRange()) {
+        const QStringView meant = padTag(tag);
+        findings.add([&] {
+            return meant.isNull()
+                       ? u"%1 is not part of PAD 3.10; %2 will be lost."_s.arg(tag, itsValues(texts))
+                       : u"%1 is not written %2; %3 will be lost."_s.arg(tag, meant, itsValues(texts));
+        });
+    }
+    for (auto [tag, texts] : unread.stray.asKeyValueRange())
+        findings.add([&] {
+            return u"%1 holds text outside of its elements; %2 will be lost."_s.arg(tag, itsValues(texts));
+        });
+}
+
+void findLanguages(const UnreadTexts &unread, Findings &findings)
+{
+    for (auto [language, lost] : unread.languages.asKeyValueRange())
+        findings.add([&] {
+            return u"%1: %2 will be lost; of several languages the first is kept, which is %3."_s.arg(
+                language, itsValues(lost.texts), lost.kept.join(u" and "));
+        });
+}
+
+void findRepetitions(const PadDocument &document, const UnreadTexts &unread, Findings &findings)
+{
+    for (auto [field, texts] : unread.repeated.asKeyValueRange())
+        findings.add([&] {
+            const QStringView element = padField(field).element;
+            const QString others = texts.count == 1 ? QString() : u" and %1 more"_s.arg(texts.count - 1);
+            return u"%1 stands %2 times; %3 is kept, %4%5 will be lost."_s.arg(
+                element, QString::number(document.xml().count(element)),
+                quoted(document.value(padField(field)).value_or(QString())), quoted(texts.example), others);
+        });
+}
 
 } // namespace
 
-QStringList importFindings(const QByteArray &padFile)
+QStringList importFindings(const PadDocument &document)
 {
-    const TolerantXml xml(decodedXmlText(padFile));
-    PadForm form;
-    loadPADData(padFile, form);
-
-    QStringList findings;
-    findUnknownValues(xml, form, findings);
-    StructureWalk(xml.document()).report(findings);
-    return findings;
+    Findings findings;
+    findInFields(document, findings);
+    // What is laid out as the writer does it has a place for all of its texts.
+    if (!document.isWritten()) {
+        const UnreadTexts unread = unreadTexts(document);
+        findSections(unread, findings);
+        findLanguages(unread, findings);
+        findRepetitions(document, unread, findings);
+    }
+    return findings.sentences();
 }
 
 } // namespace quillon

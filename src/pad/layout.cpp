@@ -2,6 +2,8 @@
 
 #include "pad/field_catalogue.h"
 
+#include <QHash>
+
 using namespace Qt::StringLiterals;
 
 namespace quillon {
@@ -105,6 +107,17 @@ const std::array<LayoutLine, layoutLineCount> padLayout = {{
     {1, LayoutLine::Close, u"Permissions"},
 }};
 // clang-format on
+
+QStringView padTag(QStringView name)
+{
+    static const QHash<QString, QStringView> tags = [] {
+        QHash<QString, QStringView> found{{padRootElement.toString().toLower(), padRootElement}};
+        for (const LayoutLine &line : padLayout)
+            found.insert(line.tag.toString().toLower(), line.tag);
+        return found;
+    }();
+    return tags.value(name.toString().toLower());
+}
 
 QString startTag(QStringView tag)
 {

@@ -26,6 +26,9 @@ inline constexpr int layoutLineCount = 93;
 /// Lines 3 to 95 of the document, between the root's tags.
 extern const std::array<LayoutLine, layoutLineCount> padLayout;
 
+/// The tag of the layout, or the root's, that @p name is in some case; null without one.
+QStringView padTag(QStringView name);
+
 /// "<TAG>" and "</TAG>".
 QString startTag(QStringView tag);
 QString endTag(QStringView tag);

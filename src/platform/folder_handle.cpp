@@ -70,7 +70,7 @@ Result<QList<FolderHandle::Entry>> FolderHandle::entries() const
 
 FolderHandle::Kind FolderHandle::kindOf(const dirent64 &record) const
 {
-    mode_t mode = DTTOIF(record.d_type);
+    auto mode = mode_t(DTTOIF(record.d_type));
     struct stat status = {};
     // Some file systems leave the kind out of a folder's list.
     if (record.d_type == DT_UNKNOWN &&

@@ -13,12 +13,27 @@ namespace {
 using Node = std::unique_ptr<void, decltype(&plist_free)>;
 using Text = std::unique_ptr<char, decltype(&std::free)>;
 
-/// Whether @p xml cannot nest deeper than maxContainers. libplist descends without a bound, and counting what
-/// is open at a time would have to agree with it on every comment and declaration; counting all containers
-/// need not.
-bool isShallow(const QByteArray &xml)
+/// How many bytes libplist moves at most to decode the references in @p xml: for each, the rest of its text.
+qsizetype bytesMoved(QByteArrayView xml)
 {
-    return xml.count("<dict") + xml.count("<array") <= maxContainers;
+    qsizetype moved = 0;
+    while (!xml.isEmpty()) {
+        const qsizetype next = xml.indexOf('<', 1);
+        const QByteArrayView text = next < 0 ? xml : xml.first(next);
+        moved += text.count('&') * text.size();
+        xml = xml.sliced(text.size());
+    }
+    return moved;
+}
+
+/// Whether libplist can take @p xml. It ends the process on a NUL, looks through the keys before for each
+/// one, and descends into containers without a bound; to count those that are open at a time would have to
+/// agree with it on every comment and declaration, to count all of them need not.
+bool isBearable(const QByteArray &xml)
+{
+    return !xml.isEmpty() && xml.size() <= maxSize && !xml.contains('\0') &&
+           xml.count("<dict") + xml.count("<array") <= maxContainers && xml.count("<key") <= maxEntries &&
+           bytesMoved(xml) <= maxMoves;
 }
 
 } // namespace
@@ -26,7 +41,7 @@ bool isShallow(const QByteArray &xml)
 Result<StringDictionary> read(const QByteArray &bytes)
 {
     const Error notOne{.kind = Error::Kind::Unintelligible, .reason = u"it is no property list of texts"_s};
-    if (bytes.isEmpty() || bytes.size() > maxSize || !isShallow(bytes))
+    if (!isBearable(bytes))
         return notOne;
     plist_t root = nullptr;
     plist_from_xml(bytes.constData(), static_cast<uint32_t>(bytes.size()), &root);

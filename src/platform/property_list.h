@@ -8,13 +8,18 @@
 /// XML property lists whose root is one dictionary of texts.
 namespace quillon::property_list {
 
-/// A property list is not read when it is larger (bytes) or holds more dictionaries and arrays than this;
-/// ours hold one.
-inline constexpr qsizetype maxSize = qsizetype{16} * 1024 * 1024;
+/// What a property list may hold for it to be read, so that a stranger's takes no longer than a large one of
+/// ours. A list of sites fifty times as long as the catalogue has 10,000 entries, of some 400 bytes each.
+inline constexpr qsizetype maxEntries = 10'000;
+inline constexpr qsizetype maxSize = qsizetype{4} * 1024 * 1024; ///< Bytes.
+/// Dictionaries and arrays; ours hold one.
 inline constexpr qsizetype maxContainers = 1000;
+/// What references such as "&amp;" cost: for each, the bytes of the text that it stands in, summed up. An
+/// address of 2,000 bytes with 100 of them costs 200,000; the largest list of them a twentieth of this.
+inline constexpr qsizetype maxMoves = 10'000'000'000;
 
-/// The dictionary in @p bytes; unintelligible when they are malformed, too large, hold too many of those or
-/// are no dictionary. Entries whose value is no text are left out.
+/// The dictionary in @p bytes; unintelligible when they are malformed, no dictionary, hold a NUL or more than
+/// may be. Entries whose value is no text are left out.
 Result<StringDictionary> read(const QByteArray &bytes);
 
 /// The XML form of @p dictionary, entries in its order. No entries give emptyText().

@@ -13,9 +13,6 @@ namespace {
 // Blanks and line ends stay as they stand.
 constexpr unsigned parseFlags = pugi::parse_cdata | pugi::parse_escapes | pugi::parse_ws_pcdata;
 
-// How the repair tells of a start tag that its author never closed: its first attribute.
-constexpr const char *unclosedMark = "quillon.unclosed";
-
 /// The element after @p node in document order; a null node after the last. No recursion: depth is untrusted.
 pugi::xml_node nextNode(pugi::xml_node node, const pugi::xml_node &top)
 {
@@ -95,7 +92,8 @@ struct TolerantXml::Entry
     int count = 0;
 };
 
-TolerantXml::TolerantXml(const QString &text) : m_document(std::make_unique<pugi::xml_document>())
+TolerantXml::TolerantXml(const QString &text, IsElementName isElementName)
+    : m_document(std::make_unique<pugi::xml_document>())
 {
     QByteArray utf8 = withReferencesToCharactersOnly(text.toUtf8());
     if (utf8.contains('\0')) // The parser would end at a NUL; U+FFFD stands for it.
@@ -107,7 +105,7 @@ TolerantXml::TolerantXml(const QString &text) : m_document(std::make_unique<pugi
     const auto result = load(utf8);
     const bool isSound = result || result.status == pugi::status_no_document_element;
     if (!isSound)
-        load(repairedXml(utf8));
+        load(repairedXml(utf8, isElementName));
     buildIndex(!isSound);
 }
 
@@ -121,8 +119,10 @@ void TolerantXml::buildIndex(bool isRepaired)
             continue;
         const pugi::xml_attribute mark = node.first_attribute();
         const bool closed = !isRepaired || std::strcmp(mark.name(), unclosedMark) != 0;
-        if (!closed)
+        if (!closed) {
             node.remove_attribute(mark);
+            m_unclosed.insert(node.hash_value());
+        }
         const QByteArrayView name(node.name());
         Entry &entry = m_index[QByteArray::fromRawData(name.data(), name.size())];
         if (entry.count++ == 0 || (closed && !entry.closed)) {
@@ -134,8 +134,18 @@ void TolerantXml::buildIndex(bool isRepaired)
 
 std::optional<QString> TolerantXml::first(QStringView tag) const
 {
-    const auto entry = m_index.constFind(tag.toUtf8());
-    return entry == m_index.cend() ? std::nullopt : std::optional(stringValue(entry->node));
+    const pugi::xml_node node = firstNode(tag);
+    return node ? std::optional(stringValue(node)) : std::nullopt;
+}
+
+pugi::xml_node TolerantXml::firstNode(QStringView tag) const
+{
+    return m_index.value(tag.toUtf8()).node;
+}
+
+bool TolerantXml::isClosed(const pugi::xml_node &node) const
+{
+    return !m_unclosed.contains(node.hash_value());
 }
 
 int TolerantXml::count(QStringView tag) const

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "platform/xml_repair.h"
+
 #include <QByteArray>
 #include <QHash>
+#include <QSet>
 #include <QString>
 
 #include <memory>
@@ -27,13 +30,21 @@ namespace quillon {
 class TolerantXml
 {
 public:
-    explicit TolerantXml(const QString &text);
+    /// Reads @p text. With @p isElementName, a start tag that is never closed and bears another name is text
+    /// as well: what an author typed in angle brackets.
+    explicit TolerantXml(const QString &text, IsElementName isElementName = nullptr);
     TolerantXml(TolerantXml &&) noexcept;
     ~TolerantXml();
 
     /// The string value of the first element named @p tag (case-sensitive) at any depth; none without one.
     /// An element that its author never closed gives way to a later one that was.
     [[nodiscard]] std::optional<QString> first(QStringView tag) const;
+
+    /// The element whose string value first() gives; a null node without one.
+    [[nodiscard]] pugi::xml_node firstNode(QStringView tag) const;
+
+    /// Whether its author closed the element @p node.
+    [[nodiscard]] bool isClosed(const pugi::xml_node &node) const;
 
     /// How many elements named @p tag there are.
     [[nodiscard]] int count(QStringView tag) const;
@@ -54,22 +65,7 @@ private:
 
     std::unique_ptr<pugi::xml_document> m_document;
     QHash<QByteArray, Entry> m_index;
+    QSet<size_t> m_unclosed; ///< Elements that their author never closed, by their hash values.
 };
-
-/// @p utf8 made well-formed by the rules above, start tags that were never closed marked by a first attribute
-/// "quillon.unclosed". pugixml reads whatever comes out. No NUL may be in it.
-QByteArray repairedXml(const QByteArray &utf8);
-
-/// The element named @p tag whose value TolerantXml::first() gives, as it stands in @p utf8 from its start
-/// tag to its end tag; for editing a document as text. Null without one.
-///
-/// A start tag that was never closed reaches to the next such tag of its name in the same parent, else over
-/// the text that follows it, without the blanks at that text's end.
-QByteArrayView firstElementSource(QByteArrayView utf8, QByteArrayView tag);
-
-/// What stands in @p utf8 between "<TAG>" of that element and the first "</TAG>" after it, markup or not: a
-/// text in which other end tags, or more start tags of its name, are what its author typed. Null where the
-/// element's tags are not written in this very way.
-QByteArrayView firstElementText(QByteArrayView utf8, QByteArrayView tag);
 
 } // namespace quillon

@@ -5,6 +5,7 @@
 #include "store/add_delete_import_edit.h"
 #include "store/data_folder_lock.h"
 #include "store/process_state.h"
+#include "store/storage_status.h"
 #include "submission/web_engine_profile.h"
 
 #include <QApplication>
@@ -59,6 +60,10 @@ int main(int argc, char *argv[])
     (void)
         AddDeleteImportEdit::checkAppSuppExists(); // The lock lies in the data folder; the status bar tells.
     const DataFolderLock lock;
+    if (lock.state() == DataFolderLock::State::Obstructed) {
+        std::fputs(qPrintable(failureLine(lock.obstruction()) + u'\n'), stderr);
+        return EXIT_FAILURE;
+    }
     if (lock.state() == DataFolderLock::State::HeldByAnother) {
         const bool shown = SingleInstance::activateOther();
         std::fputs(shown ? "Quillon is running already; its window was brought to the front.\n"

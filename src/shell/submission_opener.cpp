@@ -9,6 +9,8 @@
 
 #include <QWebEngineProfile>
 
+using namespace Qt::StringLiterals;
+
 namespace quillon {
 
 SubmissionOpener::SubmissionOpener(ToolbarControl &toolbar, OverviewController &overview,
@@ -17,6 +19,10 @@ SubmissionOpener::SubmissionOpener(ToolbarControl &toolbar, OverviewController &
 {
     connect(&toolbar, &ToolbarControl::openSubmitWindow, this, &SubmissionOpener::open);
     connect(&overview, &OverviewController::submissionTitleChanged, this, &SubmissionOpener::setTitle);
+    connect(&overview, &OverviewController::selectedRowChanged, this, [this](int row) {
+        if (row < 0)
+            titleIsGone();
+    });
 }
 
 SubmissionOpener::~SubmissionOpener() = default;
@@ -31,7 +37,6 @@ void SubmissionOpener::open()
         // What was posted before there was a window to observe it.
         SubmitControl &control = m_window->control();
         control.awakeFromNib();
-        control.fieldCopyPanel().setPasteData();
         control.loadSitesList();
     }
     m_window->bringToFront();
@@ -42,6 +47,13 @@ void SubmissionOpener::setTitle(const QString &title)
     m_title = title;
     if (m_window)
         m_window->setWindowTitle(plainWindowTitle(title));
+}
+
+void SubmissionOpener::titleIsGone()
+{
+    setTitle(u"Submitting"_s);
+    if (m_window)
+        m_window->control().titleIsGone();
 }
 
 void SubmissionOpener::close()

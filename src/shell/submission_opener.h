@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/qt_desktop.h"
+#include "widgets/qt_desktop.h"
 
 #include <QObject>
 
@@ -36,6 +36,7 @@ public:
 private:
     void open();
     void setTitle(const QString &title);
+    void titleIsGone();
 
     MessageBoxSheets &m_alerts;
     DelayedCalls &m_delayedCalls;

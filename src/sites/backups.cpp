@@ -1,5 +1,6 @@
 #include "sites/backups.h"
 
+#include "platform/abandoned.h"
 #include "platform/property_list.h"
 #include "platform/staged_folder.h"
 #include "store/process_state.h"
@@ -172,6 +173,8 @@ BackupResult backupSites(const QString &to, Existing existing)
     const Result<> made = may ? makeSitesBackup(to, existing) : may;
     if (made.isDone())
         result.copied = entries;
+    if (made)
+        removeAbandoned(QFileInfo(QFileInfo(to).absoluteFilePath()).path());
     if (!made) {
         note(made.error(), result);
         result.outcome = may ? BackupResult::Failed : BackupResult::Refused;

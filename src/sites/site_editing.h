@@ -47,16 +47,18 @@ QString normalisedUrl(const QString &typed);
 /// new in the catalogue; those of default sites that were removed may be used again.
 SiteEdit addSite(const QString &name, const QString &url);
 
-/// Gives the catalogue's site @p old another name and address, and its marks in all titles the new name. A
-/// default site is left out and takes on the life of an own one; given back its name and address, it is the
-/// default one again, unless another that is left out hides that by its address. Whether others have the new
-/// name or address is not looked at.
+/// Gives the catalogue's site @p old another name and address, and its marks in all titles the new name.
+///
+/// A default site cannot be changed: it is hidden, as if removed, and an own site stands for it. When an own
+/// site gets the name and an address of default sites, it goes, and the default site of that name is on show
+/// again; but the own site stays where another removed site has that one's address and so keeps it hidden.
+/// Another site that has the new name or address already is no obstacle.
 SiteEdit editSite(const Site &old, const QString &name, const QString &url);
 
-/// Removes sites of the catalogue by name: default ones are left out from now on, own ones are gone.
+/// Removes sites of the catalogue by name: default ones are hidden from now on, own ones are gone.
 Result<> removeSites(const QStringList &names);
 
-/// Brings back default sites that were left out under these names.
+/// Shows default sites again that were removed under these names.
 Result<> restoreSites(const QStringList &names);
 
 } // namespace site_editing

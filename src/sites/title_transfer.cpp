@@ -1,5 +1,6 @@
 #include "sites/title_transfer.h"
 
+#include "platform/abandoned.h"
 #include "platform/staged_folder.h"
 #include "sites/backups.h"
 #include "store/process_state.h"
@@ -178,6 +179,8 @@ public:
             m_state = put();
         if (!m_state)
             qCWarning(log).noquote() << backups::detail(m_state.error());
+        else // Only now: an older backup may still bear such a name while the new one is not safe.
+            removeAbandoned(QFileInfo(m_place).path());
         return result();
     }
 

@@ -1,5 +1,6 @@
 #include "store/add_delete_import_edit.h"
 
+#include "pad/pad_document.h"
 #include "pad/pad_writer.h"
 #include "platform/atomic_file.h"
 #include "platform/property_list.h"
@@ -14,6 +15,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QLoggingCategory>
 
 #include <array>
 
@@ -22,6 +24,8 @@ using namespace Qt::StringLiterals;
 namespace quillon {
 
 namespace {
+
+Q_LOGGING_CATEGORY(log, "quillon.store")
 
 /// A file of a title, with the key that reads it and the two that write it.
 struct TitleFile
@@ -127,6 +131,13 @@ Result<> moved(const QString &path, const QByteArray &to)
     return moved ? data->sync() : moved;
 }
 
+/// Removes what is no longer anything; what stays of it goes at the next start.
+void removeLeft(const QString &path)
+{
+    if (const Result<> removed = atomic_file::removeAll(path); !removed)
+        qCWarning(log).noquote() << path << "stays:" << removed.error().reason;
+}
+
 void removeUnfinishedIn(const FolderHandle &folder)
 {
     const auto entries = folder.entries();
@@ -136,7 +147,7 @@ void removeUnfinishedIn(const FolderHandle &folder)
         const auto isLeft = [&entry](QByteArrayView end) { return unfinished_name::is(entry.name, end); };
         if (isLeft(unfinished_name::file) || isLeft(unfinished_name::folder) ||
             isLeft(unfinished_name::deleted))
-            (void)atomic_file::removeAll(inFolder(folder.path(), QFile::decodeName(entry.name)));
+            removeLeft(inFolder(folder.path(), QFile::decodeName(entry.name)));
     }
 }
 
@@ -144,18 +155,19 @@ void removeUnfinishedIn(const FolderHandle &folder)
 
 Result<> AddDeleteImportEdit::checkAppSuppExists()
 {
-    if (QFileInfo::exists(mwqnAppSuppLoc)) {
+    const auto there = FolderHandle::open(dataFolder());
+    if (there)
         settleDataFolder();
-        return {};
-    }
+    if (!there.isError(Error::Kind::Missing))
+        return there ? Result<>() : reported(dataFolder(), there.error());
     if (!QDir().mkpath(mwqnAppSuppLoc))
         return reported(dataFolder(),
                         Error{.path = dataFolder(), .reason = u"the data folder could not be made"_s});
     forgetFailure(dataFolder());
     Result<> made;
     for (const QStringView siteList : {site_list::userSites, site_list::ignoredSites}) {
-        if (Result<> stored = storeFile(mwqnAppSuppLoc + siteList, property_list::emptyText()); !stored)
-            made = stored;
+        if (const auto sites = site_list::read(siteList); !sites)
+            made = sites.error();
     }
     return made;
 }
@@ -185,9 +197,9 @@ Result<> AddDeleteImportEdit::createNewListing(const QString &name)
     return storeTitle(name, summary_file::emptyText().toUtf8(), pad_writer::skeleton());
 }
 
-Result<> AddDeleteImportEdit::importExistingFile(const QString &name, const QByteArray &content)
+Result<> AddDeleteImportEdit::importExistingFile(const QString &name, const PadDocument &content)
 {
-    return storeTitle(name, summary_file::textForImport(content).toUtf8(), content);
+    return storeTitle(name, summary_file::textForImport(content).toUtf8(), content.text().toUtf8());
 }
 
 Result<> AddDeleteImportEdit::storeTitle(const QString &name, const QByteArray &summary,
@@ -262,9 +274,15 @@ Result<> AddDeleteImportEdit::deleteQnDataFile(const QString &name)
         return folder.error();
     if (!title_folder::exists(name))
         return refused(*folder, u"there is no such title"_s);
-    if (Result<> removed = atomic_file::removeAll(*folder); !removed)
-        return reported(*folder, removed);
+    // Renamed first, so that no crash leaves half of a title; removed when no crash can bring it back.
+    const QByteArray gone = unfinished_name::make(unfinished_name::deleted);
+    const Result<> hidden = moved(*folder, gone);
+    if (!hidden.isDone())
+        return reported(*folder, Error{hidden.error().kind, *folder, hidden.error().reason});
     forgetFailures(*folder);
+    if (!hidden)
+        return reported(dataFolder(), ofDataFolder(hidden.error()));
+    removeLeft(inFolder(dataFolder(), QFile::decodeName(gone)));
     return {};
 }
 

@@ -8,6 +8,8 @@
 
 namespace quillon {
 
+class PadDocument;
+
 /**
  * Creates, imports, renames and deletes title folders, and reads and writes the files of the selected title.
  *
@@ -34,8 +36,8 @@ public:
     /// error.
     static Result<> createNewListing(const QString &name);
 
-    /// Makes a title of a PAD file's text as UTF-8; existing files are overwritten.
-    static Result<> importExistingFile(const QString &name, const QByteArray &content);
+    /// Makes a title of a PAD file, its text stored as UTF-8; existing files are overwritten.
+    static Result<> importExistingFile(const QString &name, const PadDocument &content);
 
     /// Makes a title of a summary and a PAD file, with an empty error log. A new one comes into being whole
     /// or, even in a crash, not at all; files of an existing one are overwritten.
@@ -59,8 +61,8 @@ public:
     /// as they were, when the old title is missing or something has the new name.
     static Result<> renameExistingQnDataFile(const QString &oldName, const QString &newName);
 
-    /// Removes the title and everything in its folder; links inside are removed, never followed. In a crash
-    /// it is there whole or not at all.
+    /// Removes the title and everything in its folder; links inside are removed, never followed. After a
+    /// crash it is there whole or not at all, and removeUnfinished() removes what is left.
     static Result<> deleteQnDataFile(const QString &name);
 
     /// Address by name of the sites that the author added. A missing file is made empty.

@@ -2,36 +2,82 @@
 
 #include "store/process_state.h"
 
+#include <QFile>
+
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <thread>
+
 using namespace Qt::StringLiterals;
 
 namespace quillon {
 
 namespace {
 
-/// Takes over @p file if nobody lives who holds it. What the file says of its owner is not asked: the number
-/// may be another process's by now, or from another machine or container. A living owner is known by the
-/// system's own lock on the file.
-bool takeOver(QLockFile &file)
+QString lockPath()
 {
-    // One program at a time, or the second would remove what the first has just taken. QLockFile itself
-    // removes stale files under a lock of this name.
-    QLockFile removal(file.fileName() + u".rmlock"_s);
-    static constexpr int patience = 1000; // Milliseconds.
-    return file.error() == QLockFile::LockFailedError && removal.tryLock(patience) &&
-           file.removeStaleLockFile() && file.tryLock(0);
+    return mwqnAppSuppLoc + u"quillon.lock"_s;
+}
+
+/// Whether the path still leads to the open @p file.
+bool isInPlace(const Descriptor &file)
+{
+    struct stat open = {};
+    struct stat there = {};
+    return ::fstat(file.get(), &open) == 0 &&
+           ::lstat(QFile::encodeName(lockPath()).constData(), &there) == 0 && open.st_dev == there.st_dev &&
+           open.st_ino == there.st_ino;
 }
 
 } // namespace
 
 DataFolderLock::DataFolderLock(std::chrono::milliseconds patience)
-    : m_file(std::make_unique<QLockFile>(mwqnAppSuppLoc + u"quillon.lock"_s))
 {
-    // However long the window stays open, its lock does not go stale; only a dead owner's does.
-    m_file->setStaleLockTime(0);
-    if (m_file->tryLock(int(patience.count())) || takeOver(*m_file))
-        m_state = State::Held;
-    else if (m_file->error() == QLockFile::LockFailedError)
-        m_state = State::HeldByAnother;
+    static constexpr std::chrono::milliseconds pause(10);
+    const auto end = std::chrono::steady_clock::now() + patience;
+    m_state = tryOnce();
+    while (m_state == State::HeldByAnother && std::chrono::steady_clock::now() < end) {
+        std::this_thread::sleep_for(pause);
+        m_state = tryOnce();
+    }
+    if (m_state != State::Held)
+        m_file.close();
+}
+
+DataFolderLock::State DataFolderLock::tryOnce()
+{
+    const QByteArray path = QFile::encodeName(lockPath());
+    struct stat status = {};
+    // Neither a pipe nor a link in its place; and none but the user may open it, for whoever can could lock
+    // it.
+    m_file =
+        Descriptor(::open(path.constData(), O_RDWR | O_CREAT | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC, 0600));
+    if (!m_file.isOpen()) {
+        const bool isReadOnly = errno == EROFS;
+        const State state = obstructed(u"it cannot be opened"_s);
+        const bool isThere = ::lstat(path.constData(), &status) == 0;
+        return isThere && !isReadOnly ? state : State::Unavailable;
+    }
+    if (::fstat(m_file.get(), &status) != 0)
+        return obstructed(u"it cannot be looked at"_s);
+    if (!S_ISREG(status.st_mode)) {
+        m_obstruction = {Error::Kind::Unreadable, lockPath(), u"it is no regular file"_s};
+        return State::Obstructed;
+    }
+    if ((status.st_mode & 077) != 0 && ::fchmod(m_file.get(), 0600) != 0)
+        return obstructed(u"others may lock it"_s);
+    if (::flock(m_file.get(), LOCK_EX | LOCK_NB) != 0)
+        return errno == EWOULDBLOCK ? State::HeldByAnother : obstructed(u"it cannot be locked"_s);
+    // Somebody may have removed the file meanwhile; the next one would lock another.
+    return isInPlace(m_file) ? State::Held : State::HeldByAnother;
+}
+
+DataFolderLock::State DataFolderLock::obstructed(const QString &step)
+{
+    m_obstruction = systemError(Error::Kind::NotDone, lockPath(), step);
+    return State::Obstructed;
 }
 
 } // namespace quillon

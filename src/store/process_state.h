@@ -33,7 +33,7 @@ inline StringDictionary mwqnDefaultSitesDict;
 /// first.
 inline StringDictionary mwqnSCPreallSitesDict;
 
-/// What the submission window's load progress bar draws. Set by the functions of submission/prog_view.h.
+/// What the submission window's load progress bar draws. Set by the functions of submission/load_progress.h.
 struct ProgressBarState
 {
     float x = 0; ///< The progress rectangle, in points from the bar's top left corner.

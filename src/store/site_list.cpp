@@ -7,6 +7,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace quillon::site_list {
 
 namespace {
@@ -70,11 +72,15 @@ Result<> write(QStringView fileName, const StringDictionary &sites)
 Result<> write(QStringView fileName, const StringDictionary &sites, const Result<QByteArray> &old)
 {
     const QString file = path(fileName);
+    const QByteArray bytes = property_list::write(sites);
+    if (!property_list::read(bytes))
+        return reported(file,
+                        Error{Error::Kind::Refused, file, u"the list would be too large to be read again"_s});
     if (old && !old->isEmpty() && !property_list::read(*old)) {
         if (Result<> kept = keepUnreadable(file, *old); !kept)
             return kept;
     }
-    return storeFile(file, property_list::write(sites), old);
+    return storeFile(file, bytes, old);
 }
 
 } // namespace quillon::site_list

@@ -38,7 +38,7 @@ bool canHold(QStringView text);
 
 /// Replaces the file @p fileName of the data folder. What is there but cannot be understood is kept beside it
 /// first, under the name with ".unreadable" added; nothing is written when that cannot be done, nor in place
-/// of a file that cannot be read.
+/// of a file that cannot be read. A list too large to be read again (property_list.h) is refused.
 Result<> write(QStringView fileName, const StringDictionary &sites);
 
 /// The same in place of what was read as @p old, and of nothing else.

@@ -1,5 +1,6 @@
 #include "store/summary_file.h"
 
+#include "pad/pad_document.h"
 #include "platform/regex.h"
 #include "platform/text_decoding.h"
 #include "platform/tolerant_xml.h"
@@ -43,9 +44,9 @@ QString emptyText()
     return u"<?xml version=\"1.0\" encoding=\"UTF-8\" ?>\n"_s + text(summary);
 }
 
-QString textForImport(const QByteArray &padFile)
+QString textForImport(const PadDocument &document)
 {
-    const TolerantXml pad(decodedXmlText(padFile));
+    const TolerantXml &pad = document.xml();
     const auto version = pad.first(u"Program_Version");
     const auto day = pad.first(u"Program_Release_Day");
     const auto month = pad.first(u"Program_Release_Month");

@@ -8,6 +8,8 @@
 
 namespace quillon {
 
+class PadDocument;
+
 /// What a summary file says; none where it lacks the element.
 struct Summary
 {
@@ -34,7 +36,7 @@ QString emptyText();
 
 /// The summary of an imported PAD file. Values are a template's replacement text, so that a "$1" in one of
 /// them is expanded (to nothing) as it goes in.
-QString textForImport(const QByteArray &padFile);
+QString textForImport(const PadDocument &document);
 
 /// What the editor writes: all elements in their lines, without an XML declaration.
 QString text(const Summary &summary);

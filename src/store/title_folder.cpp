@@ -3,7 +3,9 @@
 #include "store/process_state.h"
 
 #include <QFile>
-#include <QFileInfo>
+
+#include <cerrno>
+#include <sys/stat.h>
 
 namespace quillon::title_folder {
 
@@ -24,7 +26,9 @@ std::optional<QString> path(QStringView name)
 bool exists(QStringView name)
 {
     const std::optional<QString> folder = path(name);
-    return folder && (QFileInfo::exists(*folder) || QFileInfo(*folder).isSymLink());
+    struct stat status = {};
+    return folder && (::lstat(QFile::encodeName(*folder).constData(), &status) == 0 ||
+                      (errno != ENOENT && errno != ENOTDIR));
 }
 
 } // namespace quillon::title_folder

@@ -20,7 +20,8 @@ bool isUsableName(QStringView name);
 /// could lead out of the data folder.
 std::optional<QString> path(QStringView name);
 
-/// Whether anything, file or folder or broken link, has the title folder's name.
+/// Whether anything, file or folder or broken link, has the title folder's name; also when that cannot be
+/// told.
 bool exists(QStringView name);
 
 } // namespace quillon::title_folder

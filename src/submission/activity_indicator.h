@@ -12,7 +12,7 @@ class ActivityIndicator : public QWidget
 public:
     explicit ActivityIndicator(QWidget *parent = nullptr);
 
-    /// How much is done, from 0.0 to 1.0, for those who ask.
+    /// How much is done, from 0.0 to 1.0; the tool tip and screen readers say it.
     void setValue(double value);
 
     [[nodiscard]] QSize sizeHint() const override;

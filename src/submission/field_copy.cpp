@@ -5,6 +5,7 @@
 #include "platform/text_decoding.h"
 #include "platform/tolerant_xml.h"
 #include "store/add_delete_import_edit.h"
+#include "store/storage_status.h"
 #include "submission/browser.h"
 
 #include <algorithm>
@@ -143,11 +144,6 @@ QStringView FieldCopyButton::page() const
     return page == pages.end() ? QStringView() : page->label;
 }
 
-bool FieldCopyButton::isDate() const
-{
-    return dateOf(field) != nullptr;
-}
-
 const FieldCopyButton *fieldCopyButtonNamed(QStringView action)
 {
     const auto button = std::ranges::find(fieldCopyButtons, action, &FieldCopyButton::action);
@@ -168,15 +164,15 @@ FieldCopyPanel::FieldCopyPanel(Browser &browser, Desktop &desktop, QObject *pare
 
 void FieldCopyPanel::setPasteData()
 {
-    const auto bytes = AddDeleteImportEdit::returnDataObjectFor(u"data");
+    const Result<QByteArray> bytes = AddDeleteImportEdit::returnDataObjectFor(u"data");
+    m_readError = bytes || bytes.isError(Error::Kind::Missing) ? std::nullopt : std::optional(bytes.error());
     const TolerantXml xml(decodedXmlText(bytes.valueOr({})));
     Flags enabled;
     for (size_t place = 0; place < fieldCopyButtons.size(); ++place)
         enabled.set(place, !xml.first(fieldCopyButtons[place].tag()).value_or(QString()).isEmpty());
-    if (enabled == m_enabled)
-        return;
-    m_enabled = enabled;
-    Q_EMIT changed();
+    if (std::exchange(m_enabled, enabled) != enabled)
+        Q_EMIT changed();
+    Q_EMIT valuesRead();
 }
 
 void FieldCopyPanel::press(int place)
@@ -185,10 +181,16 @@ void FieldCopyPanel::press(int place)
         m_on.set(size_t(place));
         Q_EMIT changed();
     }
-    const auto bytes = AddDeleteImportEdit::returnDataObjectFor(u"data");
-    const auto text = pasteText(fieldCopyButtons[size_t(place)], bytes.valueOr({}));
-    if (!text)
+    const Result<QByteArray> bytes = AddDeleteImportEdit::returnDataObjectFor(u"data");
+    if (!bytes) {
+        Q_EMIT nothingPasted(failureLine(bytes.error()));
         return;
+    }
+    const auto text = pasteText(fieldCopyButtons[size_t(place)], *bytes);
+    if (!text) {
+        Q_EMIT nothingPasted(u"Nothing was pasted: this field of the PAD file is empty."_s);
+        return;
+    }
     m_browser.paste([&desktop = m_desktop, text = *text] { desktop.setClipboardText(text); });
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "pad/field_catalogue.h"
+#include "platform/result.h"
 
 #include <QByteArray>
 #include <QLocale>
@@ -21,13 +22,12 @@ struct FieldCopyButton
 {
     QStringView action;  ///< The button's name is this with "Button" after it.
     QStringView caption; ///< What the author reads on it.
-    FieldId field;       ///< Of a date, the year.
+    FieldId field;       ///< For a date, its year.
 
     /// The element whose value is pasted; a button can be used when it has one.
     [[nodiscard]] QStringView tag() const { return padField(field).element; }
     /// The label of the editor's page that the field is on.
     [[nodiscard]] QStringView page() const;
-    [[nodiscard]] bool isDate() const;
 };
 
 inline constexpr int fieldCopyButtonCount = 59;
@@ -65,18 +65,25 @@ public:
     /// nothing to paste the clipboard stays as it is.
     void press(int place);
 
+    /// Why setPasteData() could not read the file, if it is there.
+    [[nodiscard]] const std::optional<Error> &readError() const { return m_readError; }
     [[nodiscard]] bool isEnabled(int place) const { return m_enabled.test(size_t(place)); }
     [[nodiscard]] bool isOn(int place) const { return m_on.test(size_t(place)); }
 
 Q_SIGNALS:
     /// A button can be used, cannot be used, or is on, other than before.
     void changed();
+    /// setPasteData() has read the file.
+    void valuesRead();
+    /// Why a press has pasted nothing, in a sentence.
+    void nothingPasted(const QString &reason);
 
 private:
     using Flags = std::bitset<fieldCopyButtonCount>;
 
     Browser &m_browser;
     Desktop &m_desktop;
+    std::optional<Error> m_readError;
     Flags m_enabled;
     Flags m_on;
 };

@@ -1,7 +1,5 @@
 #include "submission/field_copy_view.h"
 
-#include "platform/notification_center.h"
-#include "platform/notifications.h"
 #include "platform/plain_text.h"
 #include "store/add_delete_import_edit.h"
 #include "submission/hover_button.h"
@@ -53,7 +51,7 @@ FieldCopyView::FieldCopyView(FieldCopyPanel &panel, QWidget *parent)
     layout->addWidget(m_scrollArea, 1);
 
     connect(&panel, &FieldCopyPanel::changed, this, &FieldCopyView::showStates);
-    NotificationCenter::defaultCenter().addObserver(notification::mwqnSClpd, this, [this] { showValues(); });
+    connect(&panel, &FieldCopyPanel::valuesRead, this, &FieldCopyView::showValues);
     arrange();
     showStates();
     showValues();
@@ -197,6 +195,7 @@ void FieldCopyView::pressFirst()
         if (!isFound(place) || !m_panel.isEnabled(place))
             continue;
         m_panel.press(place);
+        m_filter->clear(); // The next field may be any.
         Q_EMIT pressedByKeyboard();
         return;
     }

@@ -17,7 +17,7 @@ constexpr int smallestWidth = 90;
 
 const QString blanks = u"        "_s;
 
-/// Whether the image under the mouse needs room that the title has to make.
+/// Whether @p title moves aside under the mouse, to make room for the image there.
 bool makesRoom(const QString &title)
 {
     return title.size() > longTitle || title == u"Company Website" || title == u"Company Country";

@@ -3,38 +3,81 @@
 #include "platform/notification_center.h"
 #include "platform/notifications.h"
 #include "store/process_state.h"
+#include "submission/load_progress.h"
 
-namespace quillon::prog_view {
+#include <QPainter>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
 
 namespace {
 
-void show(int x, int y, int width, int height, bool isReset)
+constexpr int usualWidth = 240;
+constexpr int smallestWidth = 40;
+
+/// The rectangle on whose middle a line of width 1 is drawn that stays inside @p outer.
+QRectF line(const QRectF &outer)
 {
-    progressBarState.x = float(x);
-    progressBarState.y = float(y);
-    progressBarState.width = float(width);
-    progressBarState.height = float(height);
-    progressBarState.isReset = isReset;
-    NotificationCenter::defaultCenter().post(notification::mwqnPVdr);
+    return outer.adjusted(0.5, 0.5, -0.5, -0.5);
 }
 
 } // namespace
 
-void updateRectProgress(int x, int y, int width, int height)
+ProgView::ProgView(QWidget *parent) : QProgressBar(parent)
 {
-    show(x, y, width, height, false);
+    setAccessibleName(u"Load progress"_s);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    setFixedHeight(load_progress::frameHeight);
+    NotificationCenter &center = NotificationCenter::defaultCenter();
+    center.addObserver(notification::mwqnPVdr, this, [this] { showState(); });
+    center.addObserver(notification::mwqnPVjhj342sa9, this, [this] { updateUrlView(); });
 }
 
-void resetRectProgress(int x, int y, int width, int height)
+QSize ProgView::sizeHint() const
 {
-    show(x, y, width, height, true);
-    NotificationCenter::defaultCenter().post(notification::mwqnPVjhj342sa9);
+    return {usualWidth, load_progress::frameHeight};
 }
 
-void setViewWidth(double width)
+QSize ProgView::minimumSizeHint() const
 {
-    if (width >= 1)
-        progressBarState.barWidth = int(width);
+    return {smallestWidth, load_progress::frameHeight};
 }
 
-} // namespace quillon::prog_view
+void ProgView::showState()
+{
+    const ProgressBarState &state = progressBarState;
+    const double part = state.isReset || width() == 0 ? 0 : double(state.width) / width();
+    setUpdatesEnabled(false); // A new value would be drawn at once, and then again.
+    setValue(qRound(part * maximum()));
+    setUpdatesEnabled(true);
+}
+
+void ProgView::paintEvent(QPaintEvent *)
+{
+    load_progress::setViewWidth(width());
+    const ProgressBarState &state = progressBarState;
+    const QRectF frame(0, 0, state.barWidth, load_progress::frameHeight);
+    const QRectF loaded(state.x, state.y, state.width, state.height);
+
+    QPainter painter(this);
+    painter.fillRect(frame, Qt::white);
+    painter.setPen(Qt::gray);
+    if (state.isReset) {
+        painter.fillRect(loaded, Qt::white);
+    } else {
+        painter.fillRect(loaded, QColor(load_progress::red, load_progress::green, load_progress::blue));
+        if (state.width >= 1)
+            painter.drawRect(line(loaded));
+    }
+    painter.drawRect(line(frame));
+    NotificationCenter::defaultCenter().post(notification::mwqnTCRstVw);
+}
+
+void ProgView::resizeEvent(QResizeEvent *event)
+{
+    QProgressBar::resizeEvent(event);
+    Q_EMIT resized(rect());
+}
+
+} // namespace quillon

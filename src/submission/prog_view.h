@@ -1,24 +1,33 @@
 #pragma once
 
-/// The load progress bar's operations; its state is the process's, its drawing a view's.
-namespace quillon::prog_view {
+#include <QProgressBar>
 
-/// Height of the bar's frame in points; its width is barWidth of the state.
-inline constexpr int frameHeight = 22;
+namespace quillon {
 
-/// The colour of the part that is loaded, of 255.
-inline constexpr int red = 56;
-inline constexpr int green = 147;
-inline constexpr int blue = 215;
+/// The load progress bar: draws the process's one state of it. Wherever the state is changed, the view
+/// follows. To screen readers it is a progress bar with a value of 0 to 100.
+class ProgView : public QProgressBar
+{
+    Q_OBJECT
+public:
+    explicit ProgView(QWidget *parent = nullptr);
 
-/// Shows the progress as a rectangle, in points from the bar's top left corner: stores it and has the bar
-/// drawn.
-void updateRectProgress(int x, int y, int width, int height);
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
 
-/// Shows the bar empty: stores the rectangle, and has the bar drawn and displayed anew.
-void resetRectProgress(int x, int y, int width, int height);
+    /// Displays the view anew.
+    void updateUrlView() { update(); }
 
-/// Makes the bar as wide as its view, in whole points; less than one point leaves it as wide as it was.
-void setViewWidth(double width);
+Q_SIGNALS:
+    /// The view has other bounds.
+    void resized(const QRectF &bounds);
 
-} // namespace quillon::prog_view
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    void showState();
+};
+
+} // namespace quillon

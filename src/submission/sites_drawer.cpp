@@ -4,6 +4,7 @@
 #include "platform/settings.h"
 #include "submission/submit_control.h"
 #include "widgets/icon_cell_delegate.h"
+#include "widgets/row_table.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -29,17 +30,16 @@ SitesDrawer::SitesDrawer(SubmitControl &control, QWidget *parent)
     , m_control(control)
     , m_sorted(new QSortFilterProxyModel(this))
     , m_filter(new QLineEdit)
-    , m_sitesTableView(new QTableView)
+    , m_sitesTableView(newRowTable(u"sitesTableView"_s, u"Sites"_s, this))
     , m_count(new QLabel)
 {
     setObjectName(u"sitesDrawer"_s);
     m_filter->setObjectName(u"sitesFilter"_s);
-    m_filter->setAccessibleName(u"Sites"_s);
-    m_filter->setPlaceholderText(u"Find a site"_s);
+    m_filter->setAccessibleName(u"Find a site"_s);
     m_filter->setToolTip(u"Shows the sites of that name (Ctrl+F)"_s);
     m_filter->setClearButtonEnabled(true);
     m_filter->installEventFilter(this);
-    auto *caption = new QLabel(u"S&ites:"_s);
+    auto *caption = new QLabel(u"F&ind a site:"_s);
     caption->setBuddy(m_filter);
     buildTable();
     m_count->setObjectName(u"sitesCount"_s);
@@ -54,11 +54,11 @@ SitesDrawer::SitesDrawer(SubmitControl &control, QWidget *parent)
     layout->addWidget(m_count);
 
     connect(m_filter, &QLineEdit::textChanged, this, &SitesDrawer::filter);
-    connect(&control, &SubmitControl::selectedRowChanged, this, &SitesDrawer::showSelectedRow);
-    connect(&control, &SubmitControl::focusSitesTable, this, &SitesDrawer::focusTable);
-    connect(&control.sitesTable(), &QAbstractItemModel::modelReset, this, &SitesDrawer::showCount);
-    connect(&control.sitesTable(), &QAbstractItemModel::dataChanged, this, &SitesDrawer::showCount);
-    showSelectedRow(control.selectedRow());
+    connect(&control.sites(), &SubmissionSites::selectedRowChanged, this, &SitesDrawer::showSelectedRow);
+    connect(&control.pageLoad(), &PageLoad::focusSitesTable, this, &SitesDrawer::focusTable);
+    connect(&control.sites().table(), &QAbstractItemModel::modelReset, this, &SitesDrawer::showCount);
+    connect(&control.sites().table(), &QAbstractItemModel::dataChanged, this, &SitesDrawer::showCount);
+    showSelectedRow(control.sites().selectedRow());
     showCount();
 }
 
@@ -69,7 +69,7 @@ SitesDrawer::~SitesDrawer()
 
 void SitesDrawer::buildTable()
 {
-    m_sorted->setSourceModel(&m_control.sitesTable());
+    m_sorted->setSourceModel(&m_control.sites().table());
     m_sorted->setSortRole(SortRole);
     m_sorted->setSortCaseSensitivity(Qt::CaseInsensitive);
     m_sorted->setFilterCaseSensitivity(Qt::CaseInsensitive);
@@ -77,24 +77,12 @@ void SitesDrawer::buildTable()
     m_sorted->setFilterRole(SortRole);
 
     QTableView &table = *m_sitesTableView;
-    table.setObjectName(u"sitesTableView"_s);
-    table.setAccessibleName(u"Sites"_s);
     table.setModel(m_sorted);
-    table.setSelectionBehavior(QAbstractItemView::SelectRows);
-    table.setSelectionMode(QAbstractItemView::SingleSelection);
-    table.setEditTriggers(QAbstractItemView::NoEditTriggers);
-    table.setAlternatingRowColors(true);
-    table.setShowGrid(false);
-    table.setTabKeyNavigation(false);
-    table.setWordWrap(false);
-    table.verticalHeader()->hide();
-    table.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     table.verticalHeader()->setDefaultSectionSize(qMax(table.fontMetrics().height(), iconCellSize) + 8);
-    table.setItemDelegateForColumn(SubmissionSitesTable::Status, new IconCellDelegate({}, this));
+    table.setItemDelegateForColumn(SubmissionSitesTable::Status,
+                                   new IconCellDelegate({}, this, u"submission/"_s));
 
     QHeaderView *header = table.horizontalHeader();
-    header->setHighlightSections(false);
-    header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     table.setSortingEnabled(true);
     if (!header->restoreState(settings().value(headerKey).toByteArray()))
         table.sortByColumn(SubmissionSitesTable::Sites, Qt::AscendingOrder);
@@ -113,7 +101,7 @@ void SitesDrawer::filter(const QString &text)
         const QSignalBlocker blocker(m_sitesTableView->selectionModel());
         m_sorted->setFilterFixedString(text.trimmed());
     }
-    showSelectedRow(m_control.selectedRow());
+    showSelectedRow(m_control.sites().selectedRow());
     showCount();
 }
 
@@ -126,7 +114,7 @@ void SitesDrawer::selectionChanged()
 
 void SitesDrawer::showSelectedRow(int row)
 {
-    const QModelIndex index = m_sorted->mapFromSource(m_control.sitesTable().index(row, 0));
+    const QModelIndex index = m_sorted->mapFromSource(m_control.sites().table().index(row, 0));
     if (!index.isValid()) {
         m_sitesTableView->clearSelection();
         m_sitesTableView->setCurrentIndex({});
@@ -139,13 +127,16 @@ void SitesDrawer::showSelectedRow(int row)
 
 void SitesDrawer::showCount()
 {
-    const auto submitted = m_control.submittedToArraySTR().count(u"1"_s);
-    m_count->setText(u"%1 of %2 sites submitted to"_s.arg(submitted).arg(m_control.allSitesArray().size()));
+    const SubmissionSites &sites = m_control.sites();
+    const auto submitted = sites.submittedToArraySTR().count(u"1"_s);
+    m_count->setText(sites.submittedToArray().isEmpty()
+                         ? u"%1 sites"_s.arg(sites.allSitesArray().size())
+                         : u"%1 of %2 sites submitted to"_s.arg(submitted).arg(sites.allSitesArray().size()));
 }
 
 void SitesDrawer::focusTable()
 {
-    // A key that finds a site must not lose its field to the page that it loads.
+    // Pages begin to load while the author types the next site's name.
     if (m_sitesTableView->isVisible() && !m_filter->hasFocus())
         m_sitesTableView->setFocus();
 }

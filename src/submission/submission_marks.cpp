@@ -2,6 +2,7 @@
 
 #include "platform/text_decoding.h"
 #include "platform/tolerant_xml.h"
+#include "platform/xml_source.h"
 #include "store/add_delete_import_edit.h"
 #include "store/storage_status.h"
 #include "store/summary_file.h"
@@ -27,7 +28,7 @@ struct Element
 {
     Element(const QByteArray &summary, QStringView tag)
     {
-        const QByteArrayView found = firstElementSource(summary, tag.toUtf8());
+        const QByteArrayView found = XmlSource(summary).element(tag.toUtf8());
         source = QString::fromUtf8(found);
         value = TolerantXml(source).first(tag).value_or(QString());
     }

@@ -4,6 +4,7 @@
 #include "platform/plain_text.h"
 
 #include <array>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -12,24 +13,24 @@ namespace quillon {
 namespace {
 
 /// What a state's picture says in words.
-QString description(SiteState state)
+QString description(std::optional<SiteState> state)
 {
     static constexpr std::array<QStringView, 3> words = {u"Not submitted", u"Submitted at an older version",
                                                          u"Submitted at the current version"};
-    return words[size_t(state)].toString();
+    return state ? words[size_t(*state)].toString() : u"Not known"_s;
 }
 
 } // namespace
 
 void SubmissionSitesTable::setSites(const QStringList &sites, const QList<SiteState> &states)
 {
-    Q_ASSERT(sites.size() == states.size());
+    Q_ASSERT(states.isEmpty() || sites.size() == states.size());
     if (sites != m_sites) {
         beginResetModel();
         m_sites = sites;
         m_states = states;
         endResetModel();
-    } else if (states != m_states) {
+    } else if (states != m_states && !sites.isEmpty()) {
         m_states = states;
         Q_EMIT dataChanged(index(0, Status), index(rowCount() - 1, Status));
     }
@@ -49,7 +50,7 @@ QVariant SubmissionSitesTable::data(const QModelIndex &index, int role) const
 {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
-    const SiteState state = m_states[index.row()];
+    const auto state = m_states.isEmpty() ? std::nullopt : std::optional(m_states[index.row()]);
     const bool isStatus = index.column() == Status;
     const QString text = isStatus ? description(state) : m_sites[index.row()];
     switch (role) {
@@ -62,7 +63,7 @@ QVariant SubmissionSitesTable::data(const QModelIndex &index, int role) const
     case Qt::TextAlignmentRole:
         return isStatus ? QVariant(Qt::AlignCenter) : QVariant();
     case IconsRole:
-        return isStatus ? QStringList{name(state)} : QVariant();
+        return isStatus && state ? QStringList{name(*state)} : QVariant();
     case SortRole:
         return text;
     default:

@@ -20,7 +20,8 @@ public:
 
     using QAbstractTableModel::QAbstractTableModel;
 
-    /// Shows @p sites with a state each. Rows stay selected where the sites are the same as before.
+    /// Shows @p sites with a state each; no @p states at all when they are not known. Rows stay selected
+    /// where the sites are the same as before.
     void setSites(const QStringList &sites, const QList<SiteState> &states);
 
     /// The site in @p row; null without one.

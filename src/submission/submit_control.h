@@ -4,27 +4,20 @@
 #include "submission/browser.h"
 #include "submission/default_sites.h"
 #include "submission/field_copy.h"
-#include "submission/script_alerts.h"
-#include "submission/submission_sites_table.h"
+#include "submission/page_load.h"
+#include "submission/page_questions.h"
+#include "submission/submission_sites.h"
 
 #include <QObject>
-#include <QRectF>
 
-#include <chrono>
 #include <memory>
+#include <optional>
 
 namespace quillon {
 
-class AlertSheets;
-class DelayedCalls;
-
-/**
- * The submission window without its screen: the table of sites, the page of the selected one, its progress,
- * the marks and the field copy panel.
- *
- * Nothing is loaded while the process's flag says that the window is closed.
- */
-class SubmitControl : public QObject, private BrowserDelegate
+/// The submission window without its screen: brings together its sites, the page of the selected one, what
+/// pages ask, the marks and the field copy panel.
+class SubmitControl : public QObject
 {
     Q_OBJECT
 public:
@@ -37,9 +30,6 @@ public:
         Desktop &desktop;
         DelayedCalls &delayedCalls;
     };
-
-    /// How often the progress is looked at while a page loads.
-    static constexpr std::chrono::milliseconds progressInterval{200};
 
     explicit SubmitControl(const Parts &parts, QObject *parent = nullptr);
     ~SubmitControl() override;
@@ -59,101 +49,59 @@ public:
     /// as it is.
     void tableViewSelectionDidChange(int row);
 
-    /// Marks the selected site as submitted, or takes its mark away; nothing without a selected site.
+    /// The title that was submitted is selected no more: from now on there is nothing to mark or to paste.
+    void titleIsGone();
+
+    /// Marks the selected site as submitted, or takes its mark away; nothing unless canMark().
     void markSubmitted();
     void removeMark();
+    /// Whether a site and a title are selected, and the title's marks are known.
+    [[nodiscard]] bool canMark() const { return m_title && !m_marksError && m_sites.selectedRow() >= 0; }
 
-    /// Begins to load @p url into the browser, unless the window is closed.
-    void loadSiteToWebview(const QString &url);
+    /// What the author cannot do now, or what became of the last mark if it is not as it should be, in plain
+    /// sentences; empty when nothing is in the way.
+    [[nodiscard]] QString hindrance() const;
+    /// The same of pages, as long as there is a title; none is loaded while the process takes the window for
+    /// closed.
+    [[nodiscard]] QString whyNoPages() const;
 
-    /// Opens the address field's text in the author's own browser when it is a web address.
-    void openInDefaultBrowserAction();
     void closePopUpWindowAction() { Q_EMIT closePopUpWindow(); }
-
-    /// Where the progress bar is drawn, in points of its view.
-    void setProgressBarBounds(const QRectF &bounds) { m_progressBarBounds = bounds; }
-    /// The window, and with it the progress bar, has another size.
-    void windowDidResize() { showProgress(); }
     void windowWillClose();
-    /// The author has pressed a key or a mouse button in the window or in the pop-up window.
-    void authorActed() { m_scriptAlerts.authorActed(); }
 
-    [[nodiscard]] const QStringList &allSitesArray() const { return m_allSitesArray; }
-    [[nodiscard]] const QList<SiteState> &submittedToArray() const { return m_submittedToArray; }
-    /// "1" for each site that the title is marked for, in any version, else "0".
-    [[nodiscard]] const QStringList &submittedToArraySTR() const { return m_submittedToArraySTR; }
-    [[nodiscard]] SubmissionSitesTable &sitesTable() { return m_sitesTable; }
+    [[nodiscard]] SubmissionSites &sites() { return m_sites; }
+    [[nodiscard]] PageLoad &pageLoad() { return m_pageLoad; }
+    [[nodiscard]] PageQuestions &questions() { return m_questions; }
     [[nodiscard]] FieldCopyPanel &fieldCopyPanel() { return m_fieldCopyPanel; }
-    /// -1 when none is selected.
-    [[nodiscard]] int selectedRow() const { return m_sitesTable.rowOf(m_selectedSite); }
-
     /// Whether a rebuilt list may select the first site and load it.
     [[nodiscard]] bool reloadWebView() const { return m_reloadWebView; }
-    /// Whether the main page is loading; the activity indicator shows then.
-    [[nodiscard]] bool continueViewUpdate() const { return m_continueViewUpdate; }
-    /// How much of the page is there, from 0.0 to 1.0, as last looked at.
-    [[nodiscard]] double webViewLoadProgress() const { return m_webViewLoadProgress; }
-    [[nodiscard]] QString urlField() const { return m_urlField; }
-    void setUrlField(const QString &text);
-    [[nodiscard]] QString submittingToField() const { return m_submittingToField; }
-    [[nodiscard]] QString markSubmittedButtonTitle() const { return m_markSubmittedButtonTitle; }
 
 Q_SIGNALS:
+    /// canMark(), hindrance() or whyNoPages() may be another one.
+    void hindranceChanged();
     /// Make sure that the drawer with the sites is open.
     void openSitesDrawer();
-    /// The row to be shown as selected; -1 for none.
-    void selectedRowChanged(int row);
-    /// The activity indicator, or one of the texts, is to be shown anew.
-    void loadStateChanged();
-    void urlFieldChanged();
-    void submittingToFieldChanged();
-    void markSubmittedButtonTitleChanged();
-    /// Put the keyboard focus into the table of sites.
-    void focusSitesTable();
     /// Bring the window of popUpWebView to the front, or hide it.
     void openPopUpWindow();
     void closePopUpWindow();
 
 private:
-    class PopUpDelegate;
+    class Reports;
 
-    void didStartProvisionalLoad() override;
-    void didFinishLoad() override;
-    void didFailLoad(const QString &description) override;
-    Browser &createWebView() override;
-    void runJavaScriptAlertPanel(const QString &message) override;
-    void runJavaScriptConfirmPanel(const QString &message, Confirmed confirmed) override;
-    void runOpenPanelForFileButton(FileChosen chosen) override;
-
-    void showSite(const QString &site);
-    void readStates(const QByteArray &summary);
+    void takeTitle();
+    void showSite();
     void changeMark(Result<> (*change)(const QString &site), bool isMarkedThen);
-    void setMarkSubmittedButtonTitle(bool isMarked);
-    void endLoad();
-    void showProgress();
-    void loadProgressUpdate();
-    void scheduleProgressUpdate(int timer);
 
     Parts m_parts;
+    SubmissionSites m_sites;
+    PageLoad m_pageLoad;
+    PageQuestions m_questions;
     FieldCopyPanel m_fieldCopyPanel;
-    SubmissionSitesTable m_sitesTable;
-    ScriptAlerts m_scriptAlerts;
-    std::unique_ptr<PopUpDelegate> m_popUpDelegate;
-
-    QStringList m_allSitesArray;
-    QList<SiteState> m_submittedToArray;
-    QStringList m_submittedToArraySTR;
-    QString m_selectedSite;
-
+    std::unique_ptr<Reports> m_reports;
+    std::unique_ptr<Reports> m_popUpReports;
+    std::optional<QString> m_title;    ///< The one whose marks and values are on show.
+    std::optional<Error> m_marksError; ///< Why the title's marks are not known.
+    QString m_refusal;                 ///< Why the last mark is not set, removed or safe.
     bool m_reloadWebView = false;
-    bool m_continueViewUpdate = false;
-    bool m_showsErrorPage = false; ///< From the begin of its load to the end, or to another load.
-    int m_timer = 0;               ///< The running one; others have been stopped.
-    double m_webViewLoadProgress = 0;
-    QRectF m_progressBarBounds;
-    QString m_urlField;
-    QString m_submittingToField;
-    QString m_markSubmittedButtonTitle;
 };
 
 } // namespace quillon

@@ -5,18 +5,17 @@
 #include <QMainWindow>
 
 class QLabel;
-class QPushButton;
 class QSplitter;
 class QStackedWidget;
 class QWebEngineProfile;
 
 namespace quillon {
 
-class ActivityIndicator;
 class BrowserBar;
+class CommandSet;
 class FieldCopyView;
+class LoadStatusRow;
 class PopUpWindow;
-class ProgView;
 class SitesDrawer;
 class WebEngineBrowser;
 
@@ -31,32 +30,32 @@ public:
     ~SubmitWindow() override;
 
     [[nodiscard]] SubmitControl &control() { return *m_control; }
+    [[nodiscard]] WebEngineBrowser &browser() { return *m_qnWebView; }
 
     /// Shows the window above all others with the keyboard focus.
     void bringToFront();
 
-Q_SIGNALS:
-    void closed();
+    /// Each puts the keyboard focus into the field that finds one.
+    void findSite();
+    void findField();
+    void findAddress();
+    /// Shows the drawer with the sites, or hides it.
+    void toggleDrawer();
+    /// Shows pages in that part of their usual size, from now on and in later runs.
+    void zoom(double factor);
 
 protected:
     void closeEvent(QCloseEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    void build();
+    void buildCommands();
     QWidget *newContent();
-    QWidget *newSubmitRow();
     QWidget *newPagePanel();
-    QWidget *newStatusRow();
-    void buildActions();
-    QAction *newAction(const QString &name, const QString &text, const QList<QKeySequence> &shortcuts,
-                       std::function<void()> run);
     void connectControl();
-    void showMarkButtons();
-    void showLoadState();
-    void showSubmittingTo();
+    void showStates();
+    void showPageOrHint();
     void openDrawer(bool isOpen);
-    void zoom(double factor);
     void restoreLayout();
     void saveLayout() const;
 
@@ -64,18 +63,14 @@ private:
     std::unique_ptr<PopUpWindow> m_popUpBrowserWindow;
     std::unique_ptr<SubmitControl> m_control;
 
-    QAction *m_drawerAction = nullptr;
+    CommandSet *m_commands = nullptr;
     BrowserBar *m_browserBar = nullptr;
     SitesDrawer *m_sitesDrawer = nullptr;
     FieldCopyView *m_fieldCopyView = nullptr;
+    LoadStatusRow *m_statusRow = nullptr;
     QSplitter *m_splitter = nullptr;
     QStackedWidget *m_pageOrHint = nullptr;
-    QLabel *m_submittingToField = nullptr;
-    QPushButton *m_markSubmittedButton = nullptr;
-    QPushButton *m_removeMarkButton = nullptr;
-    QLabel *m_notice = nullptr;
-    ProgView *m_progressBarView = nullptr;
-    ActivityIndicator *m_webViewLoadProgress = nullptr;
+    QLabel *m_notLoadedHint = nullptr;
 };
 
 } // namespace quillon

@@ -20,20 +20,22 @@ namespace {
 constexpr int gap = 3;
 constexpr int step = iconCellSize + gap;
 
-/// The picture that the program or, for a site, the data folder has under @p name; empty when neither has
-/// one.
-QString picturePath(const QString &name)
+/// The picture that the program, first in its folder @p own, or for a site the data folder has under @p name;
+/// empty when neither has one.
+QString picturePath(const QString &own, const QString &name)
 {
-    if (QString own = site_images::programImage(name); QFile::exists(own))
-        return own;
+    for (const QString &image : {QString(own + name), name}) {
+        if (QString path = site_images::programImage(image); QFile::exists(path))
+            return path;
+    }
     const auto kept = site_images::authorImage(name);
     return kept && QFile::exists(*kept) ? *kept : QString();
 }
 
 } // namespace
 
-IconCellDelegate::IconCellDelegate(const QString &fallback, QObject *parent)
-    : QStyledItemDelegate(parent), m_fallback(fallback)
+IconCellDelegate::IconCellDelegate(const QString &fallback, QObject *parent, const QString &own)
+    : QStyledItemDelegate(parent), m_fallback(fallback), m_own(own)
 {
 }
 
@@ -41,7 +43,7 @@ const QIcon &IconCellDelegate::icon(const QString &name) const
 {
     auto found = m_icons.constFind(name);
     if (found == m_icons.cend()) {
-        const QString path = picturePath(name);
+        const QString path = picturePath(m_own, name);
         found = m_icons.insert(name, QIcon(path.isEmpty() ? m_fallback : path));
     }
     return *found;

@@ -8,11 +8,13 @@ namespace quillon {
 
 /// Draws cells of small pictures; where a cell has several, each has a tool tip of its own. Names that have
 /// no picture of their own are drawn as @p fallback; pictures that do not fit into the cell are counted.
+/// Among the program's pictures those of the folder @p own, which ends in "/", go before the others of their
+/// name.
 class IconCellDelegate : public QStyledItemDelegate
 {
     Q_OBJECT
 public:
-    explicit IconCellDelegate(const QString &fallback, QObject *parent = nullptr);
+    explicit IconCellDelegate(const QString &fallback, QObject *parent = nullptr, const QString &own = {});
 
     void paint(QPainter *painter, const QStyleOptionViewItem &option,
                const QModelIndex &index) const override;
@@ -33,6 +35,7 @@ private:
     [[nodiscard]] const QIcon &icon(const QString &name) const;
 
     QString m_fallback;
+    QString m_own;
     mutable QHash<QString, QIcon> m_icons;
 };
 

@@ -123,6 +123,20 @@ TEST(PadReaderTest, WhatWasWrittenComesBackAsTyped)
             EXPECT_EQ(pad_writer::document(again), written);
         }
     }
+    // In a single line, markup is read as such; what only stands in angle brackets is text.
+    const std::pair<QString, QString> lines[] = {{u"Foo <bar> baz"_s, {}},
+                                                 {u"<me@example.org>, a <b c='d'> & <E"_s, {}},
+                                                 {u"<i>Foo</i> <br/>bar"_s, u"Foo bar"_s},
+                                                 {u"Foo <english> bar"_s, u"Foo  bar"_s}};
+    for (const auto &[typed, read] : lines) {
+        PadForm form;
+        form.text(FieldId::companyName).setText(typed);
+        form.text(FieldId::programName).setText(u"<Bell>"_s);
+        PadForm again;
+        loadPADData(pad_writer::document(form), again);
+        EXPECT_EQ(again.value(FieldId::companyName), read.isEmpty() ? typed : read);
+        EXPECT_EQ(again.value(FieldId::programName), u"<Bell>"_s);
+    }
     // A value's own end tag ends it, and nothing else.
     QByteArray written = pad_writer::skeleton();
     written.replace("<Keywords>", "<Keywords>a</Keywords> b").replace("<EULA>", "<EULA>text");

@@ -27,8 +27,8 @@ TEST(PropertyListTest, WhatIsWrittenReadsBackInTheOrderOfTheNames)
         EXPECT_EQ(property_list::read(property_list::write(one)), one) << text.toStdString();
         all[text] = u"v"_s;
     }
-    for (int number = 0; number < 3000; ++number)
-        all[QString::number(number)] = u"v"_s;
+    for (int number = 0; number < 8000; ++number)
+        all[QString::number(number)] = u"https://site.example/?"_s + u"a=1&"_s.repeated(40);
     EXPECT_EQ(property_list::read(property_list::write(all)), all);
     EXPECT_EQ(property_list::read(property_list::write({})), StringDictionary());
     EXPECT_TRUE(property_list::write({{u"b"_s, u"2"_s}, {u"A"_s, u"1"_s}})
@@ -47,17 +47,23 @@ TEST(PropertyListTest, TakesTheTextsOfWhatOthersWrite)
 
 TEST(PropertyListTest, RefusesWhatIsNoDictionary)
 {
+    const QByteArray entry("<key>k</key><string></string>");
     // Nested too deep also where end tags that are none would make a careless count forget it.
-    const QByteArray refused[] = {QByteArray("garbage"),
-                                  plist("<array><string>a</string></array>"),
-                                  plist("<string>a</string>"),
-                                  plist("<dict><key>a</key></key></dict>"),
-                                  plist("<dict><string>no key</string></dict>"),
-                                  QByteArray("bplist00\xd1\x01\x02QaQb"),
-                                  nested(""),
-                                  nested("<!-- </a></a> -->"),
-                                  nested("<?\"?></dict>\"?>"),
-                                  property_list::emptyText() + QByteArray(property_list::maxSize, ' ')};
+    const QByteArray refused[] = {
+        QByteArray("garbage"),
+        plist("<array><string>a</string></array>"),
+        plist("<string>a</string>"),
+        plist("<dict><key>a</key></key></dict>"),
+        plist("<dict><string>no key</string></dict>"),
+        QByteArray("bplist00\xd1\x01\x02QaQb"),
+        nested(""),
+        nested("<!-- </a></a> -->"),
+        nested("<?\"?></dict>\"?>"),
+        property_list::emptyText() + QByteArray(property_list::maxSize, ' '),
+        plist(QByteArray("<dict><key>a</key><string>b\0c</string></dict>", 45)),
+        plist(QByteArray("<dict><key>a\0b</key><string>c</string></dict>", 45)),
+        plist("<dict>" + entry.repeated(10'001) + "</dict>"),
+        plist("<dict><key>a</key><string>" + QByteArray("&amp;").repeated(800'000) + "</string></dict>")};
     for (const QByteArray &list : refused)
         EXPECT_FALSE(property_list::read(list)) << list.left(200).toStdString();
 }

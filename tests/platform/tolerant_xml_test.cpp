@@ -1,4 +1,7 @@
+#include "platform/text_decoding.h"
 #include "platform/tolerant_xml.h"
+#include "platform/xml_source.h"
+#include "support/growth.h"
 #include "support/printing.h"
 
 #include <QStringList>
@@ -142,5 +145,25 @@ TEST(TolerantXmlTest, AFaultInOneFieldChangesNoOther)
         Fields values = valuesOf(fields);
         values[name] = expected.at(name);
         EXPECT_EQ(values, expected) << "seed " << seed << "\n" << documentOf(fields).toStdString();
+    }
+}
+
+TEST(TolerantXmlTest, TheWorkGrowsWithTheLengthOfWhateverIsPiledUp)
+{
+    for (const QByteArray &piece :
+         {QByteArray("<a>"), QByteArray("</a>"), QByteArray("<a x='"), QByteArray("<!--"),
+          QByteArray("<!-- </r>"), QByteArray("<![CDATA["), QByteArray("<?"), QByteArray("&#00"),
+          QByteArray("<!DOCTYPE "), QByteArray("<a><b></a>"), QByteArray("<a/>&"), QByteArray("\xe9<"),
+          QByteArray("/>")}) {
+        const double growth = growthOfEightfold(2'000, [&piece](qsizetype count) {
+            const QString text = decodedXmlText("<r>" + piece.repeated(count) + "--></r><z>end</z>");
+            EXPECT_EQ(TolerantXml(text).first(u"z"), u"end"_s);
+            const QByteArray utf8 = text.toUtf8();
+            const XmlSource source(utf8);
+            EXPECT_EQ(source.text("z"), "end");
+            EXPECT_EQ(source.element("z"), "<z>end</z>");
+            EXPECT_LE(source.element("a").size(), utf8.size());
+        });
+        EXPECT_LT(growth, tolerableGrowth) << piece.toStdString();
     }
 }

@@ -1,3 +1,4 @@
+#include "overview/title_operations.h"
 #include "platform/property_list.h"
 #include "sites/backups.h"
 #include "store/site_list.h"
@@ -5,6 +6,8 @@
 #include "support/faults.h"
 #include "support/full_disk.h"
 
+#include <fcntl.h>
+#include <functional>
 #include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
@@ -251,6 +254,33 @@ TEST_F(Backups, ThatAreNotWholeNeverReplaceAnOlderOneNorCountAsDone)
     EXPECT_EQ(partial.copied, 2);
     EXPECT_EQ(names(other + u"/A.qndata"_s), QStringList({u"error.log"_s, u"general.qnxmld"_s}));
     EXPECT_TRUE(partial.informativeText.contains(u"holds what could be read, but not all"));
+}
+
+TEST_F(Backups, AndExportsClearAwayWhatAKillLeftBesideThemAnHourAgo)
+{
+    makeTitle(u"A"_s);
+    ASSERT_TRUE(site_list::write(site_list::userSites, {{u"A"_s, u"a"_s}}));
+    const std::function<bool()> ways[] = {
+        [&] { return backups::backupTitles(place(), Existing::Replace).outcome == BackupResult::Done; },
+        [&] {
+            return backups::backupSites(place(u"s.qnback"_s), Existing::Replace).outcome ==
+                   BackupResult::Done;
+        },
+        [&] { return bool(title_operations::exportPadFile(u"A"_s, place(u"a.xml"_s))); },
+    };
+    for (const auto &way : ways) {
+        for (const QString &name :
+             {u".quillon-0123456789abcdef.tmp"_s, u".quillon-0123456789abcde0.tmp"_s, u".quillon-my.tmp"_s})
+            writeTo(place(name), u"half"_s);
+        ASSERT_TRUE(QDir().mkpath(place(u".quillon-0123456789abcdef.new/A.qndata"_s)));
+        const timespec times[2] = {{.tv_sec = 1, .tv_nsec = 0}, {.tv_sec = 1, .tv_nsec = 0}};
+        for (const char *const old :
+             {"/.quillon-0123456789abcdef.tmp", "/.quillon-0123456789abcdef.new", "/.quillon-my.tmp"})
+            ::utimensat(AT_FDCWD, QByteArray(home().toUtf8() + old).constData(), times, 0);
+        EXPECT_TRUE(way());
+        EXPECT_EQ(QDir(home()).entryList({u".quillon*"_s}, QDir::AllEntries | QDir::Hidden),
+                  QStringList({u".quillon-0123456789abcde0.tmp"_s, u".quillon-my.tmp"_s}));
+    }
 }
 
 TEST_F(Backups, ThatAreNotYetSafeAreThereAndSaySo)

@@ -1,3 +1,4 @@
+#include "pad/pad_document.h"
 #include "store/summary_file.h"
 #include "support/files.h"
 
@@ -26,7 +27,7 @@ TEST(SummaryFileTest, AnImportTakesWhatThePadFileSays)
                  {"<Program_Version>1 & < 2</Program_Version>", u"1 & < 2"_s, u""_s, u""_s},
                  {sample(u"old_tool.xml"_s), u"v3 {Build}"_s, u"27/Feb/2004"_s, u"Win98,WinME,\nWinXP"_s}};
     for (const auto &each : cases) {
-        const QString text = summary_file::textForImport("<r>" + each.pad + "</r>");
+        const QString text = summary_file::textForImport(PadDocument(QByteArray("<r>" + each.pad + "</r>")));
         const Summary summary = summary_file::parse(text.toUtf8());
         EXPECT_EQ(summary.version, each.version) << text.toStdString();
         EXPECT_EQ(summary.releaseDate, each.date) << text.toStdString();

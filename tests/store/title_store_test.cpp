@@ -1,10 +1,16 @@
+#include "pad/pad_document.h"
 #include "pad/pad_writer.h"
 #include "platform/notification_center.h"
 #include "platform/notifications.h"
 #include "platform/unfinished_name.h"
 #include "store/storage_status.h"
+#include "store/title_folder.h"
+#include "support/faults.h"
 #include "support/full_disk.h"
 #include "support/temporary_home.h"
+
+#include <sys/wait.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 using namespace quillon;
@@ -41,6 +47,26 @@ TEST_F(TitleStoreTest, MakesTheDataFolderOnceWithItsSiteLists)
     EXPECT_EQ(contents(inData(u"sites.qnrc"_s)), "mine");
 }
 
+TEST_F(TitleStoreTest, ADataFolderThatCannotBeSeenForAMomentIsNotMadeAnew)
+{
+    ASSERT_TRUE(put(inData(u"sites.qnrc"_s), "mine") && Store::createNewListing(u"T"_s));
+    bool isMet = true;
+    for (int call = 1; isMet; ++call) {
+        const QByteArray rules = "reading@" + QByteArray::number(call) + "=EIO";
+        const FaultPlan plan(home(), rules.constData());
+        (void)Store::checkAppSuppExists();
+        (void)Store::createNewListing(u"T"_s);
+        isMet = plan.met();
+    }
+    EXPECT_EQ(contents(inData(u"sites.qnrc"_s)), "mine");
+    EXPECT_TRUE(Store::checkAppSuppExists() && mwqnFailedWrites.isEmpty());
+    {
+        const FaultPlan plan(home(), "stat=EIO");
+        EXPECT_TRUE(title_folder::exists(u"T"_s)) << "nobody knows that it is not there";
+    }
+    EXPECT_EQ(names(mwqnAppSuppLoc), (QStringList{u"T.qndata"_s, u"ignore.qnrc"_s, u"sites.qnrc"_s}));
+}
+
 TEST_F(TitleStoreTest, WhatACrashLeftHalfMadeGoesAndNothingElse)
 {
     ASSERT_TRUE(Store::createNewListing(u".quillon-mine"_s) && Store::createNewListing(u"T"_s));
@@ -63,7 +89,7 @@ TEST_F(TitleStoreTest, ADataFolderThatCannotBeIsToldUntilItIsMended)
     ASSERT_TRUE(QDir(maker).removeRecursively() && put(maker, "a file in its place"));
     EXPECT_FALSE(Store::checkAppSuppExists());
     EXPECT_FALSE(Store::createNewListing(u"T"_s));
-    EXPECT_FALSE(Store::importExistingFile(u"T"_s, "<a/>"));
+    EXPECT_FALSE(Store::importExistingFile(u"T"_s, PadDocument(QByteArray("<a/>"))));
     EXPECT_FALSE(failedWritesLine().isEmpty());
     EXPECT_EQ(contents(maker), "a file in its place");
 
@@ -98,7 +124,8 @@ TEST_F(TitleStoreTest, TakesAnyNameThatStaysInTheDataFolder)
     for (const QString &name : {u""_s, u"/"_s, u"a/b"_s, u"../up"_s, u"/etc/x"_s, u"a\0b"_s, u"\0"_s,
                                 QString(249, u'n'), QString(300, u'n'), QString(125, u'ü')}) {
         selectTitle(name);
-        EXPECT_FALSE(Store::createNewListing(name) || Store::importExistingFile(name, "<a/>") ||
+        EXPECT_FALSE(Store::createNewListing(name) ||
+                     Store::importExistingFile(name, PadDocument(QByteArray("<a/>"))) ||
                      Store::renameExistingQnDataFile(u"Tide"_s, name) ||
                      Store::renameExistingQnDataFile(name, u"New"_s) || Store::deleteQnDataFile(name) ||
                      Store::writeToFile(u"data", "x") || Store::returnDataObjectFor(u"data"))
@@ -119,9 +146,9 @@ TEST_F(TitleStoreTest, AnImportKeepsTheBytesAndFillsTheSummary)
     QByteArray summary = emptySummary;
     summary.replace("_VERSION></OTS", "_VERSION>2.0</OTS").replace("_DATE></", "_DATE>5/3/2009</");
     summary.replace("_SYSTEMS></", "_SYSTEMS>Win98,Other</");
-    EXPECT_TRUE(Store::importExistingFile(u"T"_s, "<other/>"));
+    EXPECT_TRUE(Store::importExistingFile(u"T"_s, PadDocument(QByteArray("<other/>"))));
     ASSERT_TRUE(put(inData(u"T.qndata/error.log"_s), "old") && put(inData(u"T.qndata/notes"_s), "mine"));
-    EXPECT_TRUE(Store::importExistingFile(u"T"_s, pad));
+    EXPECT_TRUE(Store::importExistingFile(u"T"_s, PadDocument(pad)));
     EXPECT_EQ(files(u"T"_s), (QList<QByteArray>{summary, pad, emptyList}));
     EXPECT_EQ(contents(inData(u"T.qndata/notes"_s)), "mine");
 }
@@ -186,7 +213,7 @@ TEST_F(TitleStoreTest, AFailedWriteIsToldUntilALaterOneSucceeds)
     {
         const FullDisk full(1000);
         EXPECT_FALSE(Store::writeToFile(u"data", big) || Store::createNewListing(u"New"_s) ||
-                     Store::importExistingFile(u"Imported"_s, big));
+                     Store::importExistingFile(u"Imported"_s, PadDocument(big)));
     }
     EXPECT_EQ(told, 3);
     EXPECT_EQ(names(mwqnAppSuppLoc), (QStringList{title + u".qndata", u"ignore.qnrc"_s, u"sites.qnrc"_s}));
@@ -211,9 +238,62 @@ TEST_F(TitleStoreTest, ACrashLeavesNoHalfATitle)
     };
     EXPECT_EXIT(storeAndCrash([] { (void)Store::createNewListing(u"New"_s); }),
                 testing::KilledBySignal(SIGXFSZ), "");
-    EXPECT_EXIT(storeAndCrash([] { (void)Store::importExistingFile(u"T"_s, QByteArray(10'000, 'x')); }),
-                testing::KilledBySignal(SIGXFSZ), "");
+    EXPECT_EXIT(
+        storeAndCrash([] { (void)Store::importExistingFile(u"T"_s, PadDocument(QByteArray(10'000, 'x'))); }),
+        testing::KilledBySignal(SIGXFSZ), "");
     EXPECT_EQ(titles(), QStringList());
+}
+
+TEST_F(TitleStoreTest, ACrashLeavesNoHalfDeletedTitle)
+{
+    bool isDone = false;
+    for (int call = 1; !isDone; ++call) {
+        ASSERT_TRUE(Store::createNewListing(u"T"_s));
+        const pid_t child = ::fork();
+        if (child == 0) {
+            const QByteArray rules = "writing@" + QByteArray::number(call) + "=kill";
+            const FaultPlan plan(home(), rules.constData());
+            ::_exit(Store::deleteQnDataFile(u"T"_s) ? 0 : 1);
+        }
+        int status = -1;
+        ::waitpid(child, &status, 0);
+        isDone = WIFEXITED(status);
+        EXPECT_TRUE(!title_folder::exists(u"T"_s) || files(u"T"_s) == newFiles) << call;
+        Store::removeUnfinished();
+        const QStringList left = names(mwqnAppSuppLoc).filter(u".quillon-"_s);
+        EXPECT_EQ(left, QStringList()) << call;
+    }
+    EXPECT_FALSE(title_folder::exists(u"T"_s));
+}
+
+TEST_F(TitleStoreTest, WhatIsDoneButNotYetSafeIsToldUntilItIs)
+{
+    const auto expectUnsafe = [](const Result<> &result) {
+        EXPECT_TRUE(result.isError(Error::Kind::NotYetSafe) && result.isDone());
+        EXPECT_TRUE(failedWritesLine().startsWith(u"Done, but not yet safe"_s))
+            << failedWritesLine().toStdString();
+        EXPECT_TRUE(Store::checkAppSuppExists()); // Syncs the data folder.
+        EXPECT_EQ(failedWritesLine(), QString());
+    };
+    const auto withoutSync = [](int call, auto change) {
+        const QByteArray rules = "fsync@" + QByteArray::number(call) + "+=EIO";
+        const FaultPlan plan(mwqnAppSuppLoc, rules.constData());
+        return change();
+    };
+    // Its three files and its folder are synced first.
+    expectUnsafe(withoutSync(5, [] { return Store::createNewListing(u"A"_s); }));
+    expectUnsafe(withoutSync(5, [] { return Store::importExistingFile(u"I"_s, "<a/>"); }));
+    expectUnsafe(withoutSync(1, [] { return Store::renameExistingQnDataFile(u"A"_s, u"B"_s); }));
+    EXPECT_EQ(files(u"B"_s), newFiles);
+    expectUnsafe(withoutSync(1, [] { return Store::deleteQnDataFile(u"I"_s); }));
+    EXPECT_EQ(titles(), QStringList{u"B.qndata"_s});
+
+    selectTitle(u"B"_s);
+    const auto write = [] { return Store::writeToFile(u"data", "new"); };
+    EXPECT_TRUE(withoutSync(2, write).isError(Error::Kind::NotYetSafe));
+    EXPECT_TRUE(withoutSync(1, write).isError(Error::Kind::NotYetSafe)) << "equal bytes are no sync";
+    EXPECT_EQ(mwqnFailedWrites.size(), 1);
+    EXPECT_TRUE(write() && mwqnFailedWrites.isEmpty());
 }
 
 TEST_F(TitleStoreTest, FailuresGoWithTheirTitleOnly)

@@ -2,8 +2,8 @@
 #include "platform/notifications.h"
 #include "store/process_state.h"
 #include "submission/hover_button.h"
+#include "submission/load_progress.h"
 #include "submission/prog_view.h"
-#include "submission/progress_bar_view.h"
 #include "support/gui.h"
 #include "support/printing.h"
 
@@ -64,15 +64,15 @@ TEST(HoverButtonTest, MovesLongTitlesAsideUnderTheMouseOnceItIsOn)
 TEST(ProgViewTest, DrawsTheProcessesStateOnceForEachChange)
 {
     ProgView bar;
-    bar.resize(200, prog_view::frameHeight);
+    bar.resize(200, load_progress::frameHeight);
     bar.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&bar));
     int drawn = 0;
     NotificationCenter::defaultCenter().addObserver(notification::mwqnTCRstVw, &bar, [&drawn] { ++drawn; });
     const auto colourAt = [&bar](int x) { return bar.grab().toImage().pixelColor(x, 10); };
-    const QColor blue(prog_view::red, prog_view::green, prog_view::blue);
+    const QColor blue(load_progress::red, load_progress::green, load_progress::blue);
 
-    prog_view::updateRectProgress(0, 0, 80, 22);
+    load_progress::updateRectProgress(0, 0, 80, 22);
     EXPECT_TRUE(eventually([&drawn] { return drawn > 0; }));
     QApplication::processEvents();
     EXPECT_EQ(drawn, 1) << "drawing must not ask for drawing";
@@ -83,7 +83,7 @@ TEST(ProgViewTest, DrawsTheProcessesStateOnceForEachChange)
     EXPECT_EQ(colourAt(199), QColor(Qt::gray));
     EXPECT_EQ(progressBarState.barWidth, 200);
 
-    prog_view::resetRectProgress(0, 0, 200, 22);
+    load_progress::resetRectProgress(0, 0, 200, 22);
     EXPECT_EQ(colourAt(40), QColor(Qt::white));
 }
 

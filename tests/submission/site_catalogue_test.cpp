@@ -166,6 +166,15 @@ TEST_F(SiteListFiles, AMissingOneIsMadeEmptyAndABrokenOneIsNone)
     EXPECT_EQ(AddDeleteImportEdit::returnUserSitesDict(), StringDictionary());
 }
 
+TEST_F(SiteListFiles, OneThatCouldNotBeReadAgainIsRefused)
+{
+    const StringDictionary sites = {{u"A"_s, u"http://a"_s}};
+    ASSERT_TRUE(site_list::write(site_list::userSites, sites));
+    for (const QString &url : {QString(u'&').repeated(60'000), QString(property_list::maxSize, u'u')})
+        EXPECT_TRUE(site_list::write(site_list::userSites, {{u"A"_s, url}}).isError(Error::Kind::Refused));
+    EXPECT_EQ(AddDeleteImportEdit::returnUserSitesDict(), sites);
+}
+
 TEST_F(SiteListFiles, WhatCannotBeUnderstoodIsKeptBesideBeforeItIsReplaced)
 {
     const StringDictionary sites = {{u"A & <B>"_s, u"http://a/?x=1&y"_s}, {u"a & <b>"_s, u"http://b"_s}};

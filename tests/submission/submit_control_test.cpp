@@ -7,6 +7,7 @@
 #include "support/recorders.h"
 
 #include <QAbstractItemModelTester>
+#include <QDir>
 #include <QSignalSpy>
 
 using namespace Qt::StringLiterals;
@@ -31,7 +32,7 @@ protected:
         center.addObserver(notification::mwqnRS87968tJHKgfds, &m_observer, [this] { ++m_closings; });
         makeTitle(u"Mine"_s, u"Beta"_s, u"1"_s, u"1"_s);
         m_control.awakeFromNib();
-        m_control.setProgressBarBounds({2, 3, 200.9, 22});
+        m_control.pageLoad().windowDidResize({2, 3, 200.9, 22});
     }
 
     void openWindow()
@@ -42,7 +43,7 @@ protected:
     [[nodiscard]] BrowserDelegate &engine() const { return *m_browser.delegate; }
     [[nodiscard]] QString stateAt(int row)
     {
-        const QModelIndex status = m_control.sitesTable().index(row, SubmissionSitesTable::Status);
+        const QModelIndex status = m_control.sites().table().index(row, SubmissionSitesTable::Status);
         return status.data(IconsRole).toStringList().join(u' ');
     }
 
@@ -56,7 +57,7 @@ protected:
     RecordingSheets m_alerts;
     ManualCalls m_calls;
     SubmitControl m_control{{m_browser, m_popUp, m_alerts, m_desktop, m_calls}};
-    QAbstractItemModelTester m_tester{&m_control.sitesTable()};
+    QAbstractItemModelTester m_tester{&m_control.sites().table()};
 };
 
 } // namespace
@@ -67,11 +68,11 @@ TEST_F(SubmitControlTest, AnOpenWindowLoadsEachSelectedSiteOnce)
     NotificationCenter::defaultCenter().post(notification::mwqnLSLsc);
     EXPECT_EQ(drawer.count(), 0);
     EXPECT_TRUE(m_browser.loaded.isEmpty()) << "a closed window loads nothing";
-    EXPECT_EQ(m_control.selectedRow(), 0);
+    EXPECT_EQ(m_control.sites().selectedRow(), 0);
 
     openWindow();
     EXPECT_EQ(drawer.count(), 1);
-    EXPECT_EQ(m_control.submittedToArraySTR(), QStringList({u"0"_s, u"1"_s, u"0"_s}));
+    EXPECT_EQ(m_control.sites().submittedToArraySTR(), QStringList({u"0"_s, u"1"_s, u"0"_s}));
     EXPECT_EQ(stateAt(0) + stateAt(1) + stateAt(2), u"NotValidatedValidatedNotValidated");
     for (int time = 0; time < 2; ++time)
         m_control.tableViewSelectionDidChange(1);
@@ -81,9 +82,9 @@ TEST_F(SubmitControlTest, AnOpenWindowLoadsEachSelectedSiteOnce)
     EXPECT_TRUE(mwqnWOSi78tgsda);
     EXPECT_EQ(m_closings, 1);
     m_control.tableViewSelectionDidChange(2);
-    m_control.loadSiteToWebview(u"http://elsewhere/"_s);
+    m_control.pageLoad().loadSiteToWebview(u"http://elsewhere/"_s);
     EXPECT_EQ(m_browser.loaded.size(), 2);
-    EXPECT_EQ(m_control.submittingToField(), u"Submitting To Gamma");
+    EXPECT_EQ(m_control.sites().submittingToField(), u"Submitting To Gamma");
 
     m_control.tableViewSelectionDidChange(-1);
     m_control.markSubmitted();
@@ -97,27 +98,27 @@ TEST_F(SubmitControlTest, MarkingKeepsThePageAndTheSelectedSite)
     openWindow();
     m_control.tableViewSelectionDidChange(2);
     m_control.markSubmitted();
-    EXPECT_EQ(m_control.markSubmittedButtonTitle(), u"Mark Re-Submitted");
+    EXPECT_EQ(m_control.sites().markSubmittedButtonTitle(), u"Mark Re-Submitted");
     EXPECT_EQ(stateAt(2), u"Validated");
     EXPECT_EQ(m_listReloads, 1);
     EXPECT_FALSE(m_control.reloadWebView());
 
     m_catalogue.emplace(u"Aaa"_s, u"http://new"_s);
-    QSignalSpy selection(&m_control, &SubmitControl::selectedRowChanged);
+    QSignalSpy selection(&m_control.sites(), &SubmissionSites::selectedRowChanged);
     openWindow();
     ASSERT_EQ(selection.count(), 1);
     EXPECT_EQ(selection.first().first().toInt(), 3) << "the site moved down by one row";
     EXPECT_EQ(m_browser.loaded.size(), 2) << "the page on show stays";
 
     m_control.removeMark();
-    EXPECT_EQ(m_control.markSubmittedButtonTitle(), u"Mark As Submitted");
+    EXPECT_EQ(m_control.sites().markSubmittedButtonTitle(), u"Mark As Submitted");
     EXPECT_EQ(stateAt(3), u"NotValidated");
-    EXPECT_EQ(m_control.submittedToArraySTR()[2], u"1") << "the other mark stays";
+    EXPECT_EQ(m_control.sites().submittedToArraySTR()[2], u"1") << "the other mark stays";
     EXPECT_EQ(m_listReloads, 2);
 
     m_catalogue.erase(u"Gamma"_s);
     openWindow();
-    EXPECT_EQ(m_control.selectedRow(), -1) << "no other site takes the place of one that is gone";
+    EXPECT_EQ(m_control.sites().selectedRow(), -1) << "no other site takes the place of one that is gone";
     m_control.markSubmitted();
     EXPECT_EQ(m_listReloads, 2);
 }
@@ -127,14 +128,57 @@ TEST_F(SubmitControlTest, WithoutASummaryTheTableStaysAsItWas)
     openWindow();
     QFile::remove(pathIn(u"Mine"_s, title_folder::summaryFile));
     m_catalogue.erase(u"alpha"_s);
-    QSignalSpy reset(&m_control.sitesTable(), &QAbstractItemModel::modelReset);
+    QSignalSpy reset(&m_control.sites().table(), &QAbstractItemModel::modelReset);
     openWindow();
-    EXPECT_EQ(m_control.allSitesArray(), QStringList({u"Beta"_s, u"Gamma"_s}));
-    EXPECT_EQ(m_control.submittedToArraySTR().size(), 3);
-    EXPECT_EQ(m_control.sitesTable().rowCount(), 3);
+    EXPECT_EQ(m_control.sites().allSitesArray(), QStringList({u"Beta"_s, u"Gamma"_s}));
+    EXPECT_EQ(m_control.sites().submittedToArraySTR().size(), 3);
+    EXPECT_EQ(m_control.sites().table().rowCount(), 3);
     EXPECT_EQ(reset.count(), 0);
     m_control.markSubmitted();
     EXPECT_FALSE(QFileInfo::exists(pathIn(u"Mine"_s, title_folder::summaryFile))) << "none is made up";
+}
+
+TEST_F(SubmitControlTest, MarksThatCannotBeReadAreNotWrittenOver)
+{
+    const QString summary = pathIn(u"Mine"_s, title_folder::summaryFile);
+    openWindow();
+    EXPECT_EQ(m_control.hindrance(), QString());
+    ASSERT_TRUE(QFile::rename(summary, summary + u".kept") && QDir().mkdir(summary));
+    openWindow();
+    EXPECT_TRUE(m_control.hindrance().startsWith(u"Nothing can be marked"));
+    EXPECT_EQ(stateAt(1), QString()) << "no mark is shown that nobody knows";
+    EXPECT_FALSE(m_control.canMark());
+    m_control.markSubmitted();
+    EXPECT_EQ(m_listReloads, 0);
+
+    ASSERT_TRUE(QDir().rmdir(summary) && QFile::rename(summary + u".kept", summary));
+    openWindow();
+    EXPECT_TRUE(m_control.canMark());
+    EXPECT_EQ(m_control.hindrance(), QString());
+    EXPECT_EQ(stateAt(1), u"Validated");
+    ASSERT_TRUE(QFile::rename(summary, summary + u".kept") && QDir().mkdir(summary));
+    m_control.removeMark();
+    EXPECT_FALSE(m_control.hindrance().isEmpty()) << "nor is a mark that fails passed over";
+
+    ASSERT_TRUE(QDir().rmdir(summary) && QFile::rename(summary + u".kept", summary));
+    m_catalogue.emplace(u"0, with a comma"_s, u"http://0"_s);
+    openWindow();
+    m_control.tableViewSelectionDidChange(0);
+    m_control.markSubmitted();
+    EXPECT_TRUE(m_control.hindrance().startsWith(u"A mark for 0, with a comma cannot be kept"));
+    EXPECT_EQ(stateAt(0), u"NotValidated");
+    m_control.tableViewSelectionDidChange(1);
+    EXPECT_EQ(m_control.hindrance(), QString());
+
+    const QString pad = pathIn(u"Mine"_s, title_folder::padFile);
+    ASSERT_TRUE((!QFileInfo::exists(pad) || QFile::remove(pad)) && QDir().mkdir(pad));
+    QSignalSpy nothing(&m_control.fieldCopyPanel(), &FieldCopyPanel::nothingPasted);
+    NotificationCenter::defaultCenter().post(notification::mwqnSClpd);
+    openWindow();
+    EXPECT_TRUE(m_control.hindrance().startsWith(u"Nothing can be pasted"));
+    m_control.fieldCopyPanel().press(0);
+    EXPECT_EQ(nothing.count(), 1);
+    EXPECT_EQ(m_desktop.clipboard, u"untouched");
 }
 
 TEST_F(SubmitControlTest, ALoadMovesTheBarEveryFifthOfASecondUntilItEnds)
@@ -144,44 +188,43 @@ TEST_F(SubmitControlTest, ALoadMovesTheBarEveryFifthOfASecondUntilItEnds)
     NotificationCenter::defaultCenter().addObserver(notification::mwqnPVjhj342sa9, &m_observer,
                                                     [&displays] { ++displays; });
     openWindow();
-    QSignalSpy focus(&m_control, &SubmitControl::focusSitesTable);
-    QSignalSpy states(&m_control, &SubmitControl::loadStateChanged);
+    QSignalSpy focus(&m_control.pageLoad(), &PageLoad::focusSitesTable);
+    QSignalSpy states(&m_control.pageLoad(), &PageLoad::loadStateChanged);
     m_browser.url = u"http://a/redirected"_s;
     m_browser.progress = 0.5;
     engine().didStartProvisionalLoad();
     engine().didStartProvisionalLoad();
     EXPECT_EQ(focus.count(), 2);
-    EXPECT_EQ(m_control.urlField(), u"http://a/redirected");
-    EXPECT_TRUE(m_control.continueViewUpdate());
+    EXPECT_EQ(m_control.pageLoad().urlField(), u"http://a/redirected");
+    EXPECT_TRUE(m_control.pageLoad().continueViewUpdate());
 
     states.clear();
     m_calls.pass(199ms);
     EXPECT_EQ(states.count(), 0);
     m_calls.pass(1ms);
     EXPECT_EQ(states.count(), 1) << "a second start does not double the pace";
-    EXPECT_EQ(m_control.webViewLoadProgress(), 0.5);
+    EXPECT_EQ(m_control.pageLoad().webViewLoadProgress(), 0.5);
     EXPECT_EQ(progressBarState.width, 100.F) << "half of 200.9, cut to a whole number";
     EXPECT_FALSE(progressBarState.isReset);
     m_browser.progress = 0.75;
     m_calls.pass(600ms);
     EXPECT_EQ(states.count(), 4);
     EXPECT_EQ(progressBarState.width, 150.F);
-    m_control.setProgressBarBounds({2, 3, 101, 22});
-    m_control.windowDidResize();
+    m_control.pageLoad().windowDidResize({2, 3, 101, 22});
     EXPECT_EQ(progressBarState.width, 75.F);
 
     engine().didFinishLoad();
     states.clear();
     m_calls.pass(600ms);
     EXPECT_EQ(states.count(), 0);
-    EXPECT_FALSE(m_control.continueViewUpdate());
+    EXPECT_FALSE(m_control.pageLoad().continueViewUpdate());
     EXPECT_TRUE(progressBarState.isReset);
     EXPECT_EQ(progressBarState.width, 101.F);
     EXPECT_EQ(displays, 1);
 
     m_control.windowWillClose();
     engine().didStartProvisionalLoad();
-    EXPECT_FALSE(m_control.continueViewUpdate()) << "a closed window shows no progress";
+    EXPECT_FALSE(m_control.pageLoad().continueViewUpdate()) << "a closed window shows no progress";
 }
 
 TEST_F(SubmitControlTest, AFailedLoadShowsTheReasonAsPlainText)
@@ -200,7 +243,7 @@ TEST_F(SubmitControlTest, AFailedLoadShowsTheReasonAsPlainText)
         "align=\"center\"><p>&nbsp;</p><p>&nbsp;</p><p>&nbsp;</p><h3>An error occurred while loading the "
         "page</h3><p><p>&nbsp;</p>The following error message was returned:<p>no &lt;b&gt;host&lt;/b&gt; "
         "&amp; &quot;%1&quot;</p></p></div></body></html>");
-    EXPECT_FALSE(m_control.continueViewUpdate());
+    EXPECT_FALSE(m_control.pageLoad().continueViewUpdate());
     EXPECT_TRUE(progressBarState.isReset);
 
     engine().didFailLoad(u"the page itself"_s);
@@ -230,7 +273,7 @@ TEST_F(SubmitControlTest, PagesMayAlertButNotForEver)
     std::optional<bool> confirmed;
     engine().runJavaScriptConfirmPanel(u"Sure?"_s, [&](bool agreed) { confirmed = agreed; });
     EXPECT_EQ(confirmed, false) << "nor by asking";
-    m_control.authorActed();
+    m_control.questions().authorActed();
     m_popUp.delegate->runJavaScriptAlertPanel(u"again"_s);
     EXPECT_EQ(m_alerts.alerts.size(), 11);
 
@@ -245,8 +288,8 @@ TEST_F(SubmitControlTest, OnlyWebAddressesLeaveTheProgram)
          {u"javascript:alert(1)"_s, u"file:///etc/passwd"_s, u"mailto:a@b"_s, u"example.com"_s, u""_s,
           u"http://"_s, u"x-app://run"_s, u"http://example.com/a b"_s, u"HTTPS://example.com/"_s,
           u"ftp://example.com/"_s}) {
-        m_control.setUrlField(address);
-        m_control.openInDefaultBrowserAction();
+        m_control.pageLoad().setUrlField(address);
+        m_control.pageLoad().openInDefaultBrowserAction();
     }
     EXPECT_EQ(m_desktop.opened,
               QStringList({u"http://example.com/a b"_s, u"https://example.com/"_s, u"ftp://example.com/"_s}));

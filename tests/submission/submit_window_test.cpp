@@ -1,10 +1,17 @@
 #include "store/error_tracking.h"
 #include "submission/field_copy.h"
+#include "submission/load_progress.h"
 #include "submission/submission_sites_table.h"
 #include "submission/submit_window_fixture.h"
+#include "support/accessibility.h"
 
 #include <QFileDialog>
+#include <QHeaderView>
+#include <QHelpEvent>
+#include <QMenu>
+#include <QMenuBar>
 #include <QToolButton>
+#include <QToolTip>
 
 using namespace Qt::StringLiterals;
 
@@ -196,7 +203,7 @@ TEST_F(SubmitWindowTest, ClosingStopsAndReopeningBringsItBack)
     visible<QToolButton>(u"drawerButton"_s)->click();
     window().close();
     EXPECT_TRUE(mwqnWOSi78tgsda);
-    EXPECT_TRUE(eventually([this] { return !control().continueViewUpdate(); }));
+    EXPECT_TRUE(eventually([this] { return !control().pageLoad().continueViewUpdate(); }));
     control().tableViewSelectionDidChange(1);
     EXPECT_EQ(server.count(u"/windows.html"_s), 0);
 
@@ -224,16 +231,110 @@ TEST_F(SubmitWindowTest, ClosingStopsAndReopeningBringsItBack)
         << "with errors left no page is loaded, and the author is told";
 }
 
+TEST_F(SubmitWindowTest, ATitleThatIsRenamedLeavesNothingToMarkOrPaste)
+{
+    ASSERT_TRUE(AddDeleteImportEdit::renameExistingQnDataFile(u"Mine"_s, u"Other"_s));
+    program().overview.deselectAll();
+    program().overview.loadSoftwareList();
+    EXPECT_EQ(window().windowTitle(), u"Submitting"_s);
+    for (const QString &button : {u"markSubmittedButton"_s, u"removeMarkButton"_s, u"companyNameButton"_s,
+                                  u"companyCityTownButton"_s})
+        EXPECT_FALSE(visible<QPushButton>(button)->isEnabled()) << button.toStdString();
+    EXPECT_EQ(visible<QLabel>(u"sitesCount"_s)->text(), u"3 sites"_s);
+    EXPECT_TRUE(visible<QWidget>(u"qnWebView"_s)) << "what is filled in there may still be wanted";
+    const auto *hindrance = window().findChild<QLabel *>(u"hindrance"_s);
+    ASSERT_TRUE(hindrance && hindrance->isVisible());
+    EXPECT_TRUE(hindrance->text().contains(u"close this window"));
+
+    window().close();
+    program().overview.tableViewSelectionDidChange(0);
+    submit();
+    EXPECT_EQ(window().windowTitle(), u"Submitting Other"_s);
+    EXPECT_FALSE(hindrance->isVisible());
+    EXPECT_TRUE(visible<QPushButton>(u"markSubmittedButton"_s)->isEnabled());
+    EXPECT_TRUE(visible<QPushButton>(u"companyCityTownButton"_s)->isEnabled());
+}
+
+TEST_F(SubmitWindowTest, AnotherTitleSelectedAfterErrorsBringsItsOwnValues)
+{
+    makeTitle(u"Second"_s, {}, {}, u"2"_s);
+    writeTo(pathIn(u"Second"_s, title_folder::padFile), u"<City_Town>York</City_Town>"_s);
+    selectTitle(u"Mine"_s);
+    ErrorTracking::setHasError(u"companyName"_s, u"message"_s);
+    window().close();
+    submit();
+    answerAlert(u"Submit"_s);
+    const auto *hint = visible<QLabel>(u"notLoadedHint"_s);
+    EXPECT_TRUE(hint->text().contains(u"errors are left"));
+    const auto *company = visible<QPushButton>(u"companyNameButton"_s);
+    const auto *town = visible<QPushButton>(u"companyCityTownButton"_s);
+    EXPECT_TRUE(company->isEnabled());
+
+    program().overview.loadSoftwareList();
+    const auto row = program().overview.softwareTable().swNameArray().indexOf(u"Second"_s);
+    program().overview.tableViewSelectionDidChange(int(row));
+    EXPECT_EQ(window().windowTitle(), u"Submitting Second"_s);
+    EXPECT_FALSE(company->isEnabled());
+    EXPECT_EQ(town->accessibleDescription(), u"York"_s);
+    EXPECT_FALSE(hint->text().contains(u"errors are left"));
+    EXPECT_TRUE(hint->text().contains(u"press Submit"));
+}
+
+TEST_F(SubmitWindowTest, SitesWithoutAMarkAreQuietAndLongNamesEndInDots)
+{
+    auto *table = visible<QTableView>(u"sitesTableView"_s);
+    const auto ink = [&](int row) {
+        const QModelIndex status = table->model()->index(row, SubmissionSitesTable::Status);
+        const QImage cell = table->viewport()->grab(table->visualRect(status)).toImage();
+        int pixels = 0;
+        for (int at = 0; at < cell.width() * cell.height(); ++at)
+            pixels += cell.pixel(at % cell.width(), at / cell.width()) != cell.pixel(1, 1);
+        return pixels;
+    };
+    EXPECT_GT(ink(2), 0);
+    EXPECT_GT(ink(1), 4 * ink(2)) << "of hundreds of sites the marked ones are to be seen";
+
+    auto *label = visible<QLabel>(u"submittingToField"_s);
+    const auto tip = [&] {
+        QHelpEvent help(QEvent::ToolTip, {5, 5}, label->mapToGlobal(QPoint(5, 5)));
+        QApplication::sendEvent(label, &help);
+        return QToolTip::text();
+    };
+    EXPECT_EQ(tip(), QString());
+    const QString longName = u"Submitting To <b>"_s + QString(900, u'x');
+    label->setText(longName);
+    EXPECT_TRUE(tip().contains(longName.toHtmlEscaped()));
+    EXPECT_LE(window().minimumSizeHint().width(), 1280);
+}
+
 TEST_F(SubmitWindowTest, KeysReachEverythingAndEveryStopHasAName)
 {
     EXPECT_TRUE(QRect(0, 0, 1280, 720).contains(QRect({0, 0}, window().minimumSizeHint())));
+    EXPECT_EQ(accessibilityFaults(window()), QStringList());
+    QSet<QAction *> inMenus;
+    for (const QMenu *menu : window().menuBar()->findChildren<QMenu *>()) {
+        for (QAction *action : menu->actions())
+            inMenus.insert(action);
+    }
+    for (QAction *action : window().actions())
+        EXPECT_TRUE(inMenus.contains(action)) << action->objectName().toStdString() << " cannot be found";
+    const auto role = [](QObject *widget) { return QAccessible::queryAccessibleInterface(widget)->role(); };
+    EXPECT_EQ(role(window().findChild<QWidget *>(u"webViewLoadProgress"_s)), QAccessible::Animation);
+    for (QWidget *each : QApplication::topLevelWidgets()) {
+        const bool isPopUp = each->objectName() == u"popUpBrowserWindow";
+        EXPECT_TRUE(!isPopUp || role(each) == QAccessible::Window);
+    }
+    auto *bar = visible<QWidget>(u"progressBarView"_s);
+    QAccessibleInterface *told = QAccessible::queryAccessibleInterface(bar);
+    EXPECT_EQ(told->role(), QAccessible::ProgressBar);
+    ASSERT_TRUE(told->valueInterface());
+    load_progress::updateRectProgress(0, 0, bar->width() / 2, load_progress::frameHeight);
+    EXPECT_NEAR(told->valueInterface()->currentValue().toInt(), 50, 1);
     click(u"text"_s);
     ask(u"keys = 0; addEventListener('keydown', () => ++keys)"_s);
     QSet<QWidget *> stops;
     for (QWidget *stop = QApplication::focusWidget(); !stops.contains(stop);
          stop = QApplication::focusWidget()) {
-        EXPECT_FALSE(accessibleName(stop).isEmpty())
-            << stop->metaObject()->className() << ' ' << stop->objectName().toStdString();
         stops.insert(stop);
         QTest::keyClick(stop, Qt::Key_Tab);
         // The page has its own stops, and gives the key back after the last of them.
@@ -251,6 +352,7 @@ TEST_F(SubmitWindowTest, KeysReachEverythingAndEveryStopHasAName)
     QTest::keyClick(&window(), Qt::Key_J, Qt::ControlModifier);
     QTest::keyClicks(visible<QLineEdit>(u"fieldFilter"_s), u"town"_s);
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(visible<QLineEdit>(u"fieldFilter"_s)->text(), QString()) << "the next field may be any";
     EXPECT_TRUE(eventually([] { return ask(u"document.getElementById('text').value"_s) == u"Leeds"_s; }));
     EXPECT_TRUE(visible<QWidget>(u"qnWebView"_s)->isAncestorOf(QApplication::focusWidget()));
 

@@ -1,4 +1,4 @@
-#include "shell/qt_desktop.h"
+#include "widgets/qt_desktop.h"
 
 #include <QClipboard>
 #include <QDesktopServices>

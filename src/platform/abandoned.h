@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QString>
+
+namespace quillon {
+
+/// Removes from @p folder, which may be anybody's, what a Quillon that was killed left incomplete there:
+/// files and folders under names of Quillon's own that nobody has touched for an hour. A younger one may
+/// still be somebody's work.
+void removeAbandoned(const QString &folder);
+
+} // namespace quillon

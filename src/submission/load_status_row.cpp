@@ -1,0 +1,48 @@
+#include "submission/load_status_row.h"
+
+#include "submission/activity_indicator.h"
+#include "submission/page_load.h"
+#include "submission/prog_view.h"
+#include "widgets/elided_label.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+
+LoadStatusRow::LoadStatusRow(PageLoad &load, QWidget *parent)
+    : QWidget(parent)
+    , m_load(load)
+    , m_notice(new ElidedLabel(u"notice"_s))
+    , m_webViewLoadProgress(new ActivityIndicator)
+{
+    auto *bar = new ProgView;
+    bar->setObjectName(u"progressBarView"_s);
+    m_webViewLoadProgress->setObjectName(u"webViewLoadProgress"_s);
+    m_webViewLoadProgress->hide();
+
+    auto *layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_notice, 3);
+    layout->addWidget(new QLabel(u"Load progress:"_s));
+    layout->addWidget(bar, 1);
+    layout->addWidget(m_webViewLoadProgress);
+
+    connect(bar, &ProgView::resized, &load, &PageLoad::windowDidResize);
+    connect(&load, &PageLoad::loadStateChanged, this, &LoadStatusRow::showLoadState);
+}
+
+void LoadStatusRow::showNotice(const QString &text)
+{
+    m_notice->setText(text);
+}
+
+void LoadStatusRow::showLoadState()
+{
+    m_webViewLoadProgress->setValue(m_load.webViewLoadProgress());
+    m_webViewLoadProgress->setVisible(m_load.continueViewUpdate());
+}
+
+} // namespace quillon

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QWidget>
+
+namespace quillon {
+
+class ActivityIndicator;
+class ElidedLabel;
+class PageLoad;
+
+/// How far the page's load is, and beside it the newest thing that the author should know.
+class LoadStatusRow : public QWidget
+{
+    Q_OBJECT
+public:
+    /// @p load must outlive the row.
+    explicit LoadStatusRow(PageLoad &load, QWidget *parent = nullptr);
+
+    /// Shows @p text in one line, in place of what was there; empty for nothing.
+    void showNotice(const QString &text);
+
+private:
+    void showLoadState();
+
+    PageLoad &m_load;
+    ElidedLabel *m_notice;
+    ActivityIndicator *m_webViewLoadProgress;
+};
+
+} // namespace quillon

@@ -1,0 +1,120 @@
+#include "submission/page_load.h"
+
+#include "platform/delayed_calls.h"
+#include "platform/desktop.h"
+#include "store/process_state.h"
+#include "submission/browser.h"
+#include "submission/load_error_page.h"
+#include "submission/load_progress.h"
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+
+namespace {
+
+/// Whether @p url may be handed to the desktop: what a page's address says must not start other programs.
+bool isWebAddress(const QUrl &url)
+{
+    const QString scheme = url.scheme();
+    return url.isValid() && !url.host().isEmpty() &&
+           (scheme == u"http" || scheme == u"https" || scheme == u"ftp");
+}
+
+} // namespace
+
+PageLoad::PageLoad(Browser &qnWebView, Desktop &desktop, DelayedCalls &delayedCalls, QObject *parent)
+    : QObject(parent), m_qnWebView(qnWebView), m_desktop(desktop), m_delayedCalls(delayedCalls)
+{
+}
+
+void PageLoad::loadSiteToWebview(const QString &url)
+{
+    if (mwqnWOSi78tgsda)
+        return;
+    m_showsErrorPage = false;
+    m_qnWebView.loadUrl(url);
+}
+
+void PageLoad::openInDefaultBrowserAction()
+{
+    if (const QUrl url(m_urlField); isWebAddress(url))
+        m_desktop.openWebAddress(url);
+}
+
+void PageLoad::setUrlField(const QString &text)
+{
+    if (text == m_urlField)
+        return;
+    m_urlField = text;
+    Q_EMIT urlFieldChanged();
+}
+
+void PageLoad::didStartProvisionalLoad()
+{
+    if (!mwqnWOSi78tgsda) {
+        Q_EMIT focusSitesTable();
+        m_continueViewUpdate = true;
+        scheduleProgressUpdate(++m_timer);
+    }
+    setUrlField(m_qnWebView.currentUrl());
+    Q_EMIT loadStateChanged();
+}
+
+void PageLoad::didFinishLoad()
+{
+    m_showsErrorPage = false;
+    endLoad();
+}
+
+void PageLoad::didFailLoad(const QString &description)
+{
+    // An engine that fails on the error page itself must not be asked for another one.
+    m_showsErrorPage = !m_showsErrorPage;
+    if (m_showsErrorPage)
+        m_qnWebView.loadHtml(loadErrorPage(description), m_urlField);
+    endLoad();
+}
+
+void PageLoad::endLoad()
+{
+    ++m_timer;
+    m_continueViewUpdate = false;
+    const QRectF &bounds = m_progressBarBounds;
+    load_progress::resetRectProgress(int(bounds.x()), int(bounds.y()), int(bounds.width()),
+                                     int(bounds.height()));
+    Q_EMIT loadStateChanged();
+}
+
+void PageLoad::windowDidResize(const QRectF &bounds)
+{
+    m_progressBarBounds = bounds;
+    showProgress();
+}
+
+void PageLoad::showProgress()
+{
+    const QRectF &bounds = m_progressBarBounds;
+    const double width = bounds.width() * m_qnWebView.estimatedProgress();
+    load_progress::updateRectProgress(int(bounds.x()), int(bounds.y()), int(width), int(bounds.height()));
+}
+
+void PageLoad::loadProgressUpdate()
+{
+    if (m_continueViewUpdate)
+        showProgress();
+    m_webViewLoadProgress = m_qnWebView.estimatedProgress();
+    Q_EMIT loadStateChanged();
+}
+
+void PageLoad::scheduleProgressUpdate(int timer)
+{
+    m_delayedCalls.after(progressInterval, this, [this, timer] {
+        if (timer != m_timer)
+            return;
+        loadProgressUpdate();
+        scheduleProgressUpdate(timer);
+    });
+}
+
+} // namespace quillon
