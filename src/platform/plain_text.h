@@ -2,19 +2,36 @@
 
 #include <QString>
 
-/// Texts of the author's and of files, for places that would read something else into some of them.
+/// Texts of the author's, of files and of pages, for places that would read something else into some of them.
 namespace quillon {
 
-/// @p text for a tool tip that shows it as it stands: tool tips would take a text with tags in it for markup.
+/// @p text for a tool tip that shows it as it stands, blanks and line breaks included: tool tips would take a
+/// text with tags in it for markup.
 inline QString plainToolTip(const QString &text)
 {
-    return text.isEmpty() ? QString() : QStringLiteral("<span>%1</span>").arg(text.toHtmlEscaped());
+    return text.isEmpty()
+               ? QString()
+               : QStringLiteral("<span style=\"white-space: pre-wrap\">%1</span>").arg(text.toHtmlEscaped());
 }
 
 /// @p text for the title of a window, which would take a bracketed asterisk for the mark of unsaved changes.
 inline QString plainWindowTitle(QString text)
 {
     return text.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
+}
+
+/// @p text as one line of at most @p longest UTF-16 units, for texts of strangers: what breaks a line or
+/// turns the direction of writing is a blank.
+inline QString plainLine(const QString &text, qsizetype longest)
+{
+    QString line = text.left(longest);
+    for (QChar &unit : line) {
+        const auto category = unit.category();
+        if (category == QChar::Other_Control || category == QChar::Other_Format ||
+            category == QChar::Separator_Line || category == QChar::Separator_Paragraph)
+            unit = u' ';
+    }
+    return line.simplified();
 }
 
 } // namespace quillon

@@ -10,6 +10,7 @@
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -143,6 +144,9 @@ QMessageBox *newMessageBox(QWidget *parent, const Alert &alert)
     box->setTextFormat(Qt::PlainText);
     box->setText(alert.message);
     box->setInformativeText(alert.informativeText);
+    // The box's own setting holds for its first text only.
+    for (QLabel *label : box->findChildren<QLabel *>())
+        label->setTextFormat(Qt::PlainText);
     box->setIcon(alert.alternateButton.isEmpty() ? QMessageBox::Information : QMessageBox::Question);
     box->setAccessibleName(alert.message);
     if (!alert.details.isEmpty())

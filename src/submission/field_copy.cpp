@@ -191,7 +191,7 @@ void FieldCopyPanel::press(int place)
         Q_EMIT nothingPasted(u"Nothing was pasted: this field of the PAD file is empty."_s);
         return;
     }
-    m_browser.paste([&desktop = m_desktop, text = *text] { desktop.setClipboardText(text); });
+    m_browser.paste(*text, [&desktop = m_desktop, text = *text] { desktop.setClipboardText(text); });
 }
 
 } // namespace quillon

@@ -2,6 +2,7 @@
 
 #include "platform/delayed_calls.h"
 #include "platform/desktop.h"
+#include "platform/web_address.h"
 #include "store/process_state.h"
 #include "submission/browser.h"
 #include "submission/load_error_page.h"
@@ -10,18 +11,6 @@
 using namespace Qt::StringLiterals;
 
 namespace quillon {
-
-namespace {
-
-/// Whether @p url may be handed to the desktop: what a page's address says must not start other programs.
-bool isWebAddress(const QUrl &url)
-{
-    const QString scheme = url.scheme();
-    return url.isValid() && !url.host().isEmpty() &&
-           (scheme == u"http" || scheme == u"https" || scheme == u"ftp");
-}
-
-} // namespace
 
 PageLoad::PageLoad(Browser &qnWebView, Desktop &desktop, DelayedCalls &delayedCalls, QObject *parent)
     : QObject(parent), m_qnWebView(qnWebView), m_desktop(desktop), m_delayedCalls(delayedCalls)

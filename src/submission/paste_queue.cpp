@@ -2,46 +2,65 @@
 
 #include <QPointer>
 
+#include <utility>
+
 namespace quillon {
 
-PasteQueue::PasteQueue(Paste paste, QObject *parent) : QObject(parent), m_paste(std::move(paste))
+PasteQueue::PasteQueue(QObject *parent) : QObject(parent)
 {
     m_patience.setSingleShot(true);
     m_patience.setInterval(patience);
-    connect(&m_patience, &QTimer::timeout, this, &PasteQueue::startNext);
+    connect(&m_patience, &QTimer::timeout, this, &PasteQueue::giveUp);
 }
 
-void PasteQueue::add(std::function<void()> fillClipboard)
+void PasteQueue::add(Paste paste)
 {
-    m_waiting.push(std::move(fillClipboard));
-    if (!m_isPasting)
+    m_waiting.push_back(std::move(paste));
+    if (!m_current)
         startNext();
 }
 
-void PasteQueue::clear()
+bool PasteQueue::drop(const void *page)
 {
-    m_patience.stop();
-    m_isPasting = false;
-    ++m_current;
-    if (m_waiting.empty())
-        return;
-    m_waiting.back()();
-    m_waiting = {};
+    std::function<void()> fillWithLast;
+    const auto dropped = std::erase_if(m_waiting, [&](const Paste &each) {
+        if (each.page == page)
+            fillWithLast = each.fillClipboard;
+        return each.page == page;
+    });
+    const bool wasCurrent = m_current && m_current->page == page;
+    if (wasCurrent)
+        m_current.reset();
+    if (!m_current && m_waiting.empty() && fillWithLast)
+        fillWithLast();
+    if (!m_current)
+        startNext();
+    return wasCurrent || dropped > 0;
 }
 
 void PasteQueue::startNext()
 {
     m_patience.stop();
-    m_isPasting = !m_waiting.empty();
-    if (!m_isPasting)
+    m_current.reset();
+    if (m_waiting.empty())
         return;
-    m_waiting.front()();
-    m_waiting.pop();
+    m_current = std::move(m_waiting.front());
+    m_waiting.pop_front();
+    m_current->fillClipboard();
     m_patience.start();
-    m_paste([self = QPointer(this), number = ++m_current] {
-        if (self && self->m_isPasting && number == self->m_current)
+    const auto begin = m_current->begin; // The paste may be done, and gone, before this has returned.
+    begin([self = QPointer(this), number = ++m_number] {
+        if (self && self->m_current && number == self->m_number)
             self->startNext();
     });
+}
+
+void PasteQueue::giveUp()
+{
+    if (const auto late = std::exchange(m_current, std::nullopt))
+        late->giveUp();
+    if (!m_current)
+        startNext();
 }
 
 } // namespace quillon

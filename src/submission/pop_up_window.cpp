@@ -1,16 +1,20 @@
 #include "submission/pop_up_window.h"
 
+#include "platform/plain_text.h"
 #include "platform/settings.h"
 #include "submission/load_error_page.h"
 #include "submission/submit_control.h"
 #include "submission/web_engine_browser.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -20,11 +24,22 @@ namespace {
 
 const QString geometryKey = u"popUpBrowserWindow/geometry"_s;
 constexpr QSize usualSize(760, 560);
+constexpr qsizetype longestTitle = 100;
+constexpr int frameRoom =
+    16; ///< For the frames of two windows; how wide they are is known when they are shown.
+
+/// Whether @p widget lies in a page.
+bool isInPage(const QWidget *widget)
+{
+    while (widget && !qobject_cast<const WebEngineBrowser *>(widget))
+        widget = widget->parentWidget();
+    return widget;
+}
 
 } // namespace
 
-PopUpWindow::PopUpWindow(QWebEngineProfile &profile)
-    : m_browser(new WebEngineBrowser(profile, u"popUpWebView"_s)), m_address(new QLabel)
+PopUpWindow::PopUpWindow(QWebEngineProfile &profile, PasteQueue &pastes)
+    : m_browser(new WebEngineBrowser(profile, pastes, u"popUpWebView"_s)), m_address(new QLabel)
 {
     setObjectName(u"popUpBrowserWindow"_s);
     setWindowTitle(u"Window of the page"_s);
@@ -51,7 +66,11 @@ PopUpWindow::PopUpWindow(QWebEngineProfile &profile)
     connect(closeKey, &QAction::triggered, this, &QWidget::close);
     connect(m_browser, &WebEngineBrowser::closeRequested, this, &QWidget::close);
     connect(m_browser, &WebEngineBrowser::stateChanged, this, &PopUpWindow::showAddress);
-    connect(m_browser, &WebEngineBrowser::titleChanged, this, &QWidget::setWindowTitle);
+    connect(m_browser, &WebEngineBrowser::stateChanged, this, &PopUpWindow::showTitle);
+    connect(m_browser, &WebEngineBrowser::titleChanged, this, [this](const QString &title) {
+        m_title = title;
+        showTitle();
+    });
     connect(m_browser, &WebEngineBrowser::loadFailed, this, [this](const QString &description) {
         m_browser->loadHtml(loadErrorPage(description), m_browser->currentUrl());
     });
@@ -59,22 +78,60 @@ PopUpWindow::PopUpWindow(QWebEngineProfile &profile)
     restoreGeometry(settings().value(geometryKey).toByteArray());
 }
 
-void PopUpWindow::bindTo(SubmitControl &control)
+void PopUpWindow::bindTo(SubmitControl &control, const QWidget &panel)
 {
     m_control = &control;
-    connect(&control, &SubmitControl::openPopUpWindow, this, [this] {
-        show();
-        raise();
-        activateWindow();
-        m_browser->setFocus();
-    });
+    connect(&control, &SubmitControl::openPopUpWindow, this, [this, &panel] { open(panel); });
     connect(&control, &SubmitControl::closePopUpWindow, this, &QWidget::hide);
+}
+
+void PopUpWindow::open(const QWidget &panel)
+{
+    // What the author types elsewhere in the program goes on where it is typed.
+    const bool takesKeyboard = isInPage(QApplication::focusWidget());
+    setAttribute(Qt::WA_ShowWithoutActivating, !takesKeyboard);
+    if (!isVisible())
+        keepClearOf(panel);
+    QWidget *const active = QApplication::activeWindow();
+    show();
+    if (!takesKeyboard) {
+        if (active && active != this)
+            active->activateWindow(); // Some window systems activate what they show all the same.
+        return;
+    }
+    raise();
+    activateWindow();
+    m_browser->setFocus();
+}
+
+void PopUpWindow::keepClearOf(const QWidget &panel)
+{
+    const QRect kept(panel.mapToGlobal(QPoint()), panel.size());
+    if (!frameGeometry().intersects(kept))
+        return;
+    const QRect screenArea = panel.screen()->availableGeometry();
+    const int left = kept.left() - screenArea.left() - frameRoom;
+    const int right = screenArea.right() - kept.right() - frameRoom;
+    const int room = std::max(left, right);
+    if (room < minimumSizeHint().width())
+        return;
+    resize(std::min(width(), room), height());
+    move(left >= right ? kept.left() - frameRoom - width() : kept.right() + frameRoom, y());
 }
 
 void PopUpWindow::showAddress()
 {
     m_address->setText(m_browser->currentUrl());
-    m_address->setToolTip(m_browser->currentUrl().toHtmlEscaped());
+    m_address->setToolTip(plainToolTip(m_browser->currentUrl()));
+}
+
+void PopUpWindow::showTitle()
+{
+    const QString host = m_browser->host();
+    const QString title = plainLine(m_title, longestTitle);
+    setWindowTitle(host.isEmpty()    ? u"Window of the page"_s
+                   : title.isEmpty() ? host
+                                     : plainWindowTitle(u"%1 – “%2”"_s.arg(host, title)));
 }
 
 void PopUpWindow::closeEvent(QCloseEvent *event)

@@ -40,17 +40,17 @@ constexpr QSize usualSize(1240, 680);
 
 SubmitWindow::SubmitWindow(QWebEngineProfile &profile, AlertSheets &alerts, Desktop &desktop,
                            DelayedCalls &delayedCalls)
-    : m_qnWebView(new WebEngineBrowser(profile, u"qnWebView"_s, this))
-    , m_popUpBrowserWindow(std::make_unique<PopUpWindow>(profile))
+    : m_qnWebView(new WebEngineBrowser(profile, m_pastes, u"qnWebView"_s, this))
+    , m_popUpBrowserWindow(std::make_unique<PopUpWindow>(profile, m_pastes))
     , m_control(std::make_unique<SubmitControl>(
           SubmitControl::Parts{*m_qnWebView, m_popUpBrowserWindow->browser(), alerts, desktop, delayedCalls}))
 {
     installAccessibleRoles();
     setObjectName(u"submitWindow"_s);
     setWindowTitle(u"Submitting"_s);
-    m_popUpBrowserWindow->bindTo(*m_control);
     buildCommands();
     setCentralWidget(newContent());
+    m_popUpBrowserWindow->bindTo(*m_control, *m_fieldCopyView);
     connectControl();
     restoreLayout();
 }
@@ -129,10 +129,14 @@ bool SubmitWindow::eventFilter(QObject *watched, QEvent *event)
     if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::KeyPress) {
         WebEngineBrowser &popUp = m_popUpBrowserWindow->browser();
         const auto *widget = watched->isWidgetType() ? static_cast<const QWidget *>(watched) : nullptr;
-        if (popUp.isAncestorOf(widget))
+        const bool isMouse = event->type() == QEvent::MouseButtonPress;
+        if (popUp.isAncestorOf(widget)) {
             m_qnWebView->setPasteTarget(&popUp);
-        else if (m_qnWebView->isAncestorOf(widget))
+            popUp.authorActed(isMouse);
+        } else if (m_qnWebView->isAncestorOf(widget)) {
             m_qnWebView->setPasteTarget(nullptr);
+            m_qnWebView->authorActed(isMouse);
+        }
         if (widget && (widget->window() == this || widget->window() == m_popUpBrowserWindow.get()))
             m_control->questions().authorActed();
     }

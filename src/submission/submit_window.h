@@ -1,5 +1,6 @@
 #pragma once
 
+#include "submission/paste_queue.h"
 #include "submission/submit_control.h"
 
 #include <QMainWindow>
@@ -59,6 +60,7 @@ private:
     void restoreLayout();
     void saveLayout() const;
 
+    PasteQueue m_pastes;
     WebEngineBrowser *m_qnWebView;
     std::unique_ptr<PopUpWindow> m_popUpBrowserWindow;
     std::unique_ptr<SubmitControl> m_control;

@@ -1,5 +1,6 @@
 #include "submission/web_engine_browser.h"
 
+#include "platform/web_address.h"
 #include "submission/load_error_page.h"
 #include "submission/load_errors.h"
 #include "submission/web_engine_page.h"
@@ -22,20 +23,11 @@ namespace quillon {
 
 namespace {
 
-/// Whether the focus of the page is where a paste can do something. Of frames from elsewhere nobody can tell.
-const QString focusScript = uR"((() => {
-    let element = document.activeElement;
-    while (element?.contentDocument)
-        element = element.contentDocument.activeElement;
-    return !!element && (element.matches(':read-write') || /FRAME|-/.test(element.tagName));
-})())"_s;
-
 const QString contentScript =
     u"!!document.body && (document.body.childNodes.length > 0 || document.body.tagName == 'FRAMESET')"_s;
 
-/// How long a page that has answered takes at most to begin a paste that it was told of before. Commands and
-/// scripts come to it by different ways, of which either may be the faster one.
-constexpr std::chrono::milliseconds pasteGrace{500};
+/// How long after the author's press a page may open a window.
+constexpr std::chrono::seconds windowPatience{5};
 
 constexpr double smallestZoom = 0.25;
 constexpr double greatestZoom = 5.0;
@@ -58,12 +50,13 @@ QString scriptLiteral(const QString &text)
 
 } // namespace
 
-WebEngineBrowser::WebEngineBrowser(QWebEngineProfile &profile, const QString &name, QWidget *parent)
+WebEngineBrowser::WebEngineBrowser(QWebEngineProfile &profile, PasteQueue &pastes, const QString &name,
+                                   QWidget *parent)
     : QWidget(parent)
     , m_profile(profile)
     , m_view(new WebEngineView(this))
     , m_page(new WebEnginePage(&profile, this))
-    , m_pastes([this](PasteQueue::Done done) { pasteNow(std::move(done)); })
+    , m_pasting(pastes)
 {
     setObjectName(name + u"Browser"_s);
     m_view->setObjectName(name);
@@ -72,6 +65,7 @@ WebEngineBrowser::WebEngineBrowser(QWebEngineProfile &profile, const QString &na
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_view);
     setFocusProxy(m_view);
+    connect(&m_pasting, &WebEnginePasting::notice, this, &WebEngineBrowser::notice);
     connectPage();
 }
 
@@ -79,6 +73,7 @@ WebEngineBrowser::~WebEngineBrowser() = default;
 
 void WebEngineBrowser::connectPage()
 {
+    m_pasting.setPage(*m_page);
     connect(m_page, &QWebEnginePage::loadingChanged, this, &WebEngineBrowser::loadingChanged);
     connect(m_page, &QWebEnginePage::loadProgress, this, [this](int percent) {
         if (m_isLoading)
@@ -93,16 +88,15 @@ void WebEngineBrowser::connectPage()
                 if (status != QWebEnginePage::NormalTerminationStatus)
                     renderProcessEnded();
             });
-    connect(m_page, &QWebEnginePage::linkHovered, this, &WebEngineBrowser::notice);
+    connect(m_page, &QWebEnginePage::linkHovered, this, &WebEngineBrowser::showLink);
     connect(m_page, &WebEnginePage::fileOffered, this, &WebEngineBrowser::showFile);
     connect(m_page, &WebEnginePage::fileRefused, this, [this](const QString &name) {
         Q_EMIT notice(u"The page offers the file “%1”; files are not stored here."_s.arg(name));
     });
-    connect(m_page, &WebEnginePage::pasteBegun, this, &WebEngineBrowser::pasteBegun);
     connect(m_page, &WebEnginePage::navigationAccepted, this, [this](const QUrl &url) {
         // A load that takes another one's place is not told as begun.
         if (m_page->isLoading())
-            begin(url, url.toString());
+            begin(url, unmistakableAddress(url));
     });
     connect(m_page, &WebEnginePage::navigationRefused, this, [this](const QUrl &url) {
         Q_EMIT notice(u"Addresses of the kind “%1:” are not opened here."_s.arg(url.scheme()));
@@ -118,7 +112,6 @@ void WebEngineBrowser::renew()
     connectPage();
     m_view->setPage(m_page);
     old->giveUp(); // It may be the one that asks for this.
-    forgetPastes();
     ++m_loads;
     m_isLoading = false;
     m_showsOwnPage = false;
@@ -167,9 +160,21 @@ void WebEngineBrowser::loadHtml(const QString &html, const QString &baseUrl)
     m_page->setHtml(html, WebEnginePage::isWebPage(base) ? base : QUrl(u"about:blank"_s));
 }
 
-void WebEngineBrowser::paste(std::function<void()> fillClipboard)
+void WebEngineBrowser::paste(const QString &text, std::function<void()> fillClipboard)
 {
-    (m_pasteTarget ? *m_pasteTarget : *this).m_pastes.add(std::move(fillClipboard));
+    (m_pasteTarget ? *m_pasteTarget : *this).m_pasting.paste(text, std::move(fillClipboard));
+}
+
+void WebEngineBrowser::authorActed(bool isMouse)
+{
+    m_mayOpenWindow.setRemainingTime(windowPatience);
+    if (isMouse)
+        m_pasting.mousePressed();
+}
+
+QString WebEngineBrowser::host() const
+{
+    return unmistakableHost(m_showsOwnPage ? QUrl(m_address) : m_page->url());
 }
 
 void WebEngineBrowser::goBack()
@@ -215,7 +220,7 @@ void WebEngineBrowser::loadingChanged(const QWebEngineLoadingInfo &info)
 {
     switch (info.status()) {
     case QWebEngineLoadingInfo::LoadStartedStatus:
-        begin(info.url(), info.url().toString());
+        begin(info.url(), unmistakableAddress(info.url()));
         break;
     case QWebEngineLoadingInfo::LoadSucceededStatus:
         end();
@@ -238,11 +243,12 @@ void WebEngineBrowser::loadingChanged(const QWebEngineLoadingInfo &info)
 
 void WebEngineBrowser::begin(const QUrl &url, const QString &address)
 {
+    if (!m_isLoading) // Else what was told of this load stays.
+        Q_EMIT notice({});
     ++m_loads;
     m_isLoading = true;
     m_progress = 0;
-    forgetPastes();
-    Q_EMIT notice({});
+    m_pasting.documentGoes();
     m_showsOwnPage = WebEnginePage::isOwnPage(url);
     if (!m_showsOwnPage) {
         m_address = address;
@@ -263,7 +269,7 @@ void WebEngineBrowser::end()
     m_isLoading = false;
     m_page->setZoomFactor(m_zoomFactor); // The engine remembers it for each server.
     showFileText();
-    m_page->watchForPastes();
+    m_pasting.documentCame();
     if (m_delegate)
         m_delegate->didFinishLoad();
     m_progress = 0;
@@ -308,21 +314,34 @@ void WebEngineBrowser::failUnlessPageHasContent(int httpStatus)
 
 void WebEngineBrowser::renderProcessEnded()
 {
-    forgetPastes();
+    m_pasting.documentGoes();
     failLater(u"The process that shows the page has ended unexpectedly. Reload the page to try again."_s);
 }
 
 void WebEngineBrowser::addressChanged(const QUrl &url)
 {
     if (!m_showsOwnPage || !m_ownPageAddress)
-        m_address = url.toString();
+        m_address = unmistakableAddress(url);
     Q_EMIT stateChanged();
+}
+
+void WebEngineBrowser::showLink(const QString &url)
+{
+    // The engine tells of no link also when there was none; another notice stays then.
+    if (!url.isEmpty() || m_showsLink)
+        Q_EMIT notice(unmistakableAddress(QUrl(url)));
+    m_showsLink = !url.isEmpty();
 }
 
 void WebEngineBrowser::openWindow(QWebEngineNewWindowRequest &request)
 {
     if (!m_delegate)
         return;
+    if (m_mayOpenWindow.hasExpired()) {
+        Q_EMIT notice(u"The page wanted to open a window by itself; it was not opened."_s);
+        return;
+    }
+    m_mayOpenWindow.setRemainingTime(0);
     // The delegate has no other browsers than those of this engine.
     auto &target = static_cast<WebEngineBrowser &>(m_delegate->createWebView());
     target.renew(); // A page cannot take its own place, and keeps the name that another page gave it.
@@ -342,42 +361,6 @@ void WebEngineBrowser::showFileText()
     m_page->ask(u"document.getElementById(%1).textContent = %2"_s.arg(scriptLiteral(shownTextId.toString()),
                                                                       scriptLiteral(*m_fileText)));
     m_fileText.reset();
-}
-
-void WebEngineBrowser::pasteNow(PasteQueue::Done done)
-{
-    const auto paste = std::make_shared<const PasteQueue::Done>(std::move(done));
-    m_openPaste = paste;
-    m_page->watchForPastes();
-    m_page->triggerAction(QWebEnginePage::Paste); // At once, so that a click after the press comes after it.
-    m_page->ask(u"0"_s, [this, paste](const QVariant &) {
-        QTimer::singleShot(pasteGrace, this, [this, paste] {
-            m_page->ask(focusScript,
-                        [this, paste](const QVariant &canPaste) { endPaste(paste, canPaste.toBool()); });
-        });
-    });
-}
-
-void WebEngineBrowser::pasteBegun(bool isIntoText)
-{
-    Q_EMIT notice({});
-    m_page->ask(u"0"_s,
-                [this, isIntoText, paste = m_openPaste](const QVariant &) { endPaste(paste, isIntoText); });
-}
-
-void WebEngineBrowser::endPaste(const OpenPaste &paste, bool isIntoText)
-{
-    if (!paste || paste != m_openPaste)
-        return;
-    m_openPaste.reset();
-    Q_EMIT notice(isIntoText ? QString() : u"Nothing was pasted: click a field of the page first."_s);
-    (*paste)();
-}
-
-void WebEngineBrowser::forgetPastes()
-{
-    m_openPaste.reset();
-    m_pastes.clear();
 }
 
 } // namespace quillon

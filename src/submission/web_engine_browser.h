@@ -2,8 +2,9 @@
 
 #include "submission/browser.h"
 #include "submission/download_page.h"
-#include "submission/paste_queue.h"
+#include "submission/web_engine_pasting.h"
 
+#include <QDeadlineTimer>
 #include <QPointer>
 #include <QWidget>
 
@@ -30,8 +31,10 @@ class WebEngineBrowser final : public QWidget, public Browser
 {
     Q_OBJECT
 public:
-    /// @p profile must outlive the browser; @p name is the inner view's object name.
-    WebEngineBrowser(QWebEngineProfile &profile, const QString &name, QWidget *parent = nullptr);
+    /// @p profile and @p pastes, which all browsers share, must outlive the browser; @p name is the inner
+    /// view's object name.
+    WebEngineBrowser(QWebEngineProfile &profile, PasteQueue &pastes, const QString &name,
+                     QWidget *parent = nullptr);
     ~WebEngineBrowser() override;
 
     void setDelegate(BrowserDelegate *delegate) override;
@@ -41,7 +44,7 @@ public:
     void loadHtml(const QString &html, const QString &baseUrl) override;
     [[nodiscard]] double estimatedProgress() const override { return m_progress; }
     [[nodiscard]] QString currentUrl() const override { return m_address; }
-    void paste(std::function<void()> fillClipboard) override;
+    void paste(const QString &text, std::function<void()> fillClipboard) override;
     void goBack() override;
     void goForward() override;
     void reload() override;
@@ -53,6 +56,14 @@ public:
     /// Has paste() paste into the page of @p browser, which is then the one that the author works in; null
     /// for the own page.
     void setPasteTarget(WebEngineBrowser *browser) { m_pasteTarget = browser; }
+
+    /// The author has pressed a key or, with @p isMouse, a mouse button in the page; the page may open one
+    /// window for it, soon.
+    void authorActed(bool isMouse);
+
+    /// The server of the page on show, as nobody can mistake it; empty for an empty page or one of the
+    /// program's own without an address.
+    [[nodiscard]] QString host() const;
 
     /// Begins anew with an empty page; what the old one would still do does not happen.
     void renew();
@@ -75,9 +86,6 @@ Q_SIGNALS:
     void notice(const QString &text);
 
 private:
-    /// A paste that the page was told of, for as long as it may be under way.
-    using OpenPaste = std::shared_ptr<const PasteQueue::Done>;
-
     void connectPage();
     void loadingChanged(const QWebEngineLoadingInfo &info);
     void begin(const QUrl &url, const QString &address);
@@ -87,20 +95,17 @@ private:
     void failUnlessPageHasContent(int httpStatus);
     void renderProcessEnded();
     void addressChanged(const QUrl &url);
+    void showLink(const QString &url);
     void openWindow(QWebEngineNewWindowRequest &request);
     void showFile(const OfferedFile &file);
     void showFileText();
-    void pasteNow(PasteQueue::Done done);
-    void pasteBegun(bool isIntoText);
-    void endPaste(const OpenPaste &paste, bool isIntoText);
-    void forgetPastes();
 
     QWebEngineProfile &m_profile;
     WebEngineView *m_view;
     WebEnginePage *m_page;
     BrowserDelegate *m_delegate = nullptr;
-    PasteQueue m_pastes;
-    OpenPaste m_openPaste;
+    WebEnginePasting m_pasting;
+    QDeadlineTimer m_mayOpenWindow{0};
     QPointer<WebEngineBrowser> m_pasteTarget;
     QString m_address;
     std::optional<QString> m_ownPageAddress; ///< That of the page that loadHtml() was given last.
@@ -108,6 +113,7 @@ private:
     double m_progress = 0;
     double m_zoomFactor = 1;
     bool m_isLoading = false;
+    bool m_showsLink = false;
     bool m_showsOwnPage = false;
     int m_loads = 0; ///< Number of the load that is under way or was the last.
 };

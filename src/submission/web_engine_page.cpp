@@ -1,5 +1,7 @@
 #include "submission/web_engine_page.h"
 
+#include "platform/web_address.h"
+
 #include <QAuthenticator>
 #include <QCoreApplication>
 #include <QEventLoop>
@@ -14,14 +16,13 @@
 #include <array>
 #include <memory>
 #include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace quillon {
 
 namespace {
-
-constexpr std::array<QStringView, 3> webSchemes = {u"http", u"https", u"ftp"};
 
 /// What frames inside a page, and windows that it opens, may show beside pages of the web: what the page
 /// itself made.
@@ -34,27 +35,90 @@ const QString &pasteToken()
     return token;
 }
 
-/// Has a window, and those in it that are from the same site, tell when something is pasted there, before the
-/// clipboard is read.
+/// Has a window, and those in it that are from the same site and have no script of their own, ask before
+/// something is pasted there, and before it is written into a field. The question is a prompt, because the
+/// page waits for its answer; none is shown. Frames that may not ask take what the author pastes by a key.
 const QString &pasteWatch()
 {
-    static const QString script = uR"(
-        globalThis.tellOfPaste ??= event => {
-            const place = event.composedPath()[0];
-            const isIntoText = place.matches(':read-write') || place.localName.includes('-');
-            if (event.isTrusted)
-                console.debug('%1' + isIntoText);
+    static const QString script = uR"((globalThis.quillonPastes ??= (() => {
+        const token = '%1';
+        const patience = 1000;
+        let isPasting = false, lastPress = 0, lastKey = 0;
+        const isRefused = question => {
+            const answer = prompt(token + question);
+            return answer == 'no' || (answer === null && Date.now() - lastKey > patience);
         };
-        (function watch(frame) {
+        const stop = event => {
+            event.preventDefault();
+            event.stopImmediatePropagation();
+        };
+        const kindOf = place => {
+            if (place.matches(':read-write') || place.localName.includes('-'))
+                return 'text';
+            return place.readOnly || place.matches('input:disabled, textarea:disabled') ? 'locked' : 'none';
+        };
+        const paste = event => {
+            if (!event.isTrusted)
+                return;
+            isPasting = true;
+            setTimeout(() => {
+                isPasting = false;
+                console.debug(token);
+            });
+            if (isRefused(` paste ${kindOf(event.composedPath()[0])} ${window == top} ${lastPress}`))
+                stop(event);
+        };
+        const insert = event => {
+            const isPaste = event.type == 'textInput' || event.inputType == 'insertFromPaste';
+            if (isPasting && event.isTrusted && isPaste && isRefused(' insert'))
+                stop(event);
+        };
+        const key = event => {
+            if (event.isTrusted && (event.ctrlKey || event.shiftKey) && /^(v|insert)$/i.test(event.key))
+                lastKey = Date.now();
+        };
+        const press = event => {
+            if (event.isTrusted)
+                lastPress = Date.now();
+        };
+        const watchAll = () => watch(window);
+        const listeners = { paste, beforeinput: insert, textInput: insert, keydown: key, pointerdown: press,
+                            blur: watchAll };
+        const watch = frame => {
             try {
-                frame.addEventListener('paste', tellOfPaste, true);
+                if (frame != window && frame.quillonPastes)
+                    return frame.quillonPastes();
+                for (const type in listeners)
+                    frame.addEventListener(type, listeners[type], true);
             } catch {
                 return;
             }
             for (let inner = 0; inner < frame.length; ++inner)
                 watch(frame[inner]);
-        })(window))"_s.arg(pasteToken());
+        };
+        // Frames that a script makes have no address of their own, and may take the focus at once.
+        new MutationObserver(() => window.length && watchAll()).observe(document, { childList: true, subtree: true });
+        setInterval(() => window.length && watchAll(), 200);
+        return watchAll;
+    })())())"_s.arg(pasteToken());
     return script;
+}
+
+const std::array<std::pair<QStringView, PastePlace::Kind>, 3> placeKinds = {{
+    {u"text", PastePlace::Kind::Text},
+    {u"locked", PastePlace::Kind::Locked},
+    {u"none", PastePlace::Kind::None},
+}};
+
+/// The place that the words of pasteWatch() after "paste" tell of, in the frame of @p origin.
+PastePlace pastePlace(const QUrl &origin, const QStringList &words)
+{
+    const auto kind = std::ranges::find(placeKinds, QStringView(words.value(1)),
+                                        &std::pair<QStringView, PastePlace::Kind>::first);
+    return {.kind = kind == placeKinds.end() ? PastePlace::Kind::None : kind->second,
+            .isMainFrame = words.value(2) == u"true",
+            .origin = origin,
+            .lastPress = words.value(3).toLongLong()};
 }
 
 template<size_t count>
@@ -112,6 +176,7 @@ Answer WebEnginePage::awaited(const std::function<void(std::function<void(Answer
 void WebEnginePage::giveUp()
 {
     m_delegate = nullptr;
+    m_pasteGuard = nullptr;
     m_isGivenUp = true;
     if (m_openQuestions == 0)
         deleteLater();
@@ -167,8 +232,7 @@ std::optional<int> WebEnginePage::navigationTo(const QUrl &url) const
 
 bool WebEnginePage::isWebPage(const QUrl &url)
 {
-    return url.isValid() &&
-           ((isOneOf(webSchemes, url) && !url.host().isEmpty()) || url == QUrl(u"about:blank"_s));
+    return isWebAddress(url) || url == QUrl(u"about:blank"_s);
 }
 
 bool WebEnginePage::acceptNavigationRequest(const QUrl &url, NavigationType type, bool isMainFrame)
@@ -176,7 +240,7 @@ bool WebEnginePage::acceptNavigationRequest(const QUrl &url, NavigationType type
     const bool isAsked =
         type == NavigationTypeTyped || type == NavigationTypeBackForward || type == NavigationTypeReload;
     const bool isInner = isOneOf(innerSchemes, url) && (!isOwnPage(url) || !isMainFrame || isAsked);
-    if (!isOneOf(webSchemes, url) && !isInner) {
+    if (!hasWebScheme(url) && !isInner) {
         if (isMainFrame)
             Q_EMIT navigationRefused(url);
         return false;
@@ -229,17 +293,30 @@ bool WebEnginePage::javaScriptConfirm(const QUrl &, const QString &message)
         false);
 }
 
-bool WebEnginePage::javaScriptPrompt(const QUrl &, const QString &, const QString &, QString *)
+bool WebEnginePage::javaScriptPrompt(const QUrl &securityOrigin, const QString &message, const QString &,
+                                     QString *result)
 {
-    return false; // As if the author had cancelled it.
+    if (!message.startsWith(pasteToken()))
+        return false; // As if the author had cancelled it.
+    const QStringList words = message.sliced(pasteToken().size()).split(u' ', Qt::SkipEmptyParts);
+    *result = mayPaste(securityOrigin, words) ? u"yes"_s : u"no"_s;
+    return true;
+}
+
+bool WebEnginePage::mayPaste(const QUrl &origin, const QStringList &words)
+{
+    if (!m_pasteGuard)
+        return false;
+    return words.value(0) == u"paste" ? m_pasteGuard->mayPaste(pastePlace(origin, words))
+                                      : m_pasteGuard->mayInsert();
 }
 
 void WebEnginePage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel, const QString &message, int,
                                              const QString &)
 {
     // What the page's own scripts write for their makers is no message of this program.
-    if (message.startsWith(pasteToken()))
-        Q_EMIT pasteBegun(message.endsWith(u"true"));
+    if (m_pasteGuard && message == pasteToken())
+        m_pasteGuard->pasteEnded();
 }
 
 } // namespace quillon

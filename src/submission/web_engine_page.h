@@ -2,6 +2,7 @@
 
 #include "submission/browser.h"
 #include "submission/download_page.h"
+#include "submission/web_engine_pasting.h"
 
 #include <QWebEnginePage>
 #include <QWebEngineScript>
@@ -34,7 +35,10 @@ public:
     /// page it ran in is gone. Not answered when this object goes first.
     void ask(const QString &script, std::function<void(const QVariant &)> answer = {});
 
-    /// Has pasteBegun() tell also of the frames that there are by now and that have no address of their own.
+    /// Who is asked before something is pasted; without one nothing is. It must outlive the page, or be taken
+    /// away by null.
+    void setPasteGuard(PasteGuard *guard) { m_pasteGuard = guard; }
+    /// Has the guard asked also for the frames that there are by now and that have no address of their own.
     void watchForPastes();
 
     /// The number of the main frame's navigation that asks for @p url; none when it is something else that
@@ -51,10 +55,6 @@ Q_SIGNALS:
     void fileOffered(const quillon::OfferedFile &file);
     /// Something in the page offers a file without the page being left for it; nothing is fetched.
     void fileRefused(const QString &name);
-    /// The author pastes into a frame of the page, @p isIntoText where text can be written or nobody can
-    /// tell. The clipboard is read before the page runs its next script; not at all if the page will not have
-    /// it.
-    void pasteBegun(bool isIntoText);
     /// giveUp() was called.
     void givenUp();
 
@@ -76,10 +76,13 @@ private:
     template<typename Answer>
     Answer awaited(const std::function<void(std::function<void(Answer)>)> &ask, const Answer &none);
 
+    /// The answer to what a script of ours asks the paste guard.
+    bool mayPaste(const QUrl &origin, const QStringList &words);
     void refusePermissions();
     void refuseToLogIn();
 
     BrowserDelegate *m_delegate = nullptr;
+    PasteGuard *m_pasteGuard = nullptr;
     int m_openQuestions = 0; ///< awaited() is at work for so many.
     bool m_isGivenUp = false;
     int m_navigation = 0; ///< Number of the main frame's last one.

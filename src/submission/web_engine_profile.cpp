@@ -1,6 +1,7 @@
 #include "submission/web_engine_profile.h"
 
 #include "platform/settings.h"
+#include "platform/web_address.h"
 #include "submission/web_engine_page.h"
 
 #include <QCoreApplication>
@@ -26,7 +27,9 @@ namespace {
 using Settings = QWebEngineSettings;
 
 /// What pages may do, as far as it is not as the engine has it.
-constexpr std::array<std::pair<Settings::WebAttribute, bool>, 11> pageSettings = {{
+constexpr std::array<std::pair<Settings::WebAttribute, bool>, 13> pageSettings = {{
+    {Settings::JavascriptCanOpenWindows, false}, // But for what the author presses.
+    {Settings::AllowWindowActivationFromJavaScript, false},
     {Settings::JavascriptCanAccessClipboard, false},
     {Settings::JavascriptCanPaste, false},
     {Settings::LocalContentCanAccessFileUrls, false},
@@ -145,8 +148,11 @@ void Downloads::finish(QWebEngineDownloadRequest *request, const Asker &asker, s
 {
     const QPointer page = asker.page; // The connection that holds the asker goes first.
     disconnect(request, nullptr, this, nullptr);
-    OfferedFile file{
-        request->suggestedFileName(), request->mimeType(), request->url().toString(), {}, std::move(text)};
+    OfferedFile file{request->suggestedFileName(),
+                     request->mimeType(),
+                     unmistakableAddress(request->url()),
+                     {},
+                     std::move(text)};
     if (request->isFinished())
         file.size = request->receivedBytes();
     else if (request->totalBytes() > 0)

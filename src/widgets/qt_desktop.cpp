@@ -1,11 +1,11 @@
 #include "widgets/qt_desktop.h"
 
+#include "platform/web_address.h"
+
 #include <QClipboard>
 #include <QDesktopServices>
 #include <QGuiApplication>
 #include <QUrl>
-
-using namespace Qt::StringLiterals;
 
 namespace quillon {
 
@@ -16,7 +16,7 @@ void QtDesktop::setClipboardText(const QString &text)
 
 void QtDesktop::openWebAddress(const QUrl &address)
 {
-    if (QStringList{u"http"_s, u"https"_s, u"ftp"_s}.contains(address.scheme()))
+    if (isWebAddress(address))
         QDesktopServices::openUrl(address);
 }
 

@@ -18,7 +18,7 @@ public:
     void loadHtml(const QString &html, const QString &baseUrl) override { pages.append({html, baseUrl}); }
     [[nodiscard]] double estimatedProgress() const override { return progress; }
     [[nodiscard]] QString currentUrl() const override { return url; }
-    void paste(std::function<void()> fillClipboard) override { fillClipboard(); }
+    void paste(const QString &, std::function<void()> fillClipboard) override { fillClipboard(); }
     void goBack() override {}
     void goForward() override {}
     void reload() override {}

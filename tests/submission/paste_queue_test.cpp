@@ -12,31 +12,38 @@ using namespace Qt::StringLiterals;
 namespace quillon {
 namespace {
 
-TEST(PasteQueueTest, FillsTheClipboardOnlyWhenThePasteBeforeIsDone)
+TEST(PasteQueueTest, FillsTheClipboardForOnePageAfterTheOther)
 {
-    QStringList filled;
+    QStringList told;
     QList<PasteQueue::Done> begun;
-    PasteQueue queue([&begun](PasteQueue::Done done) { begun.append(std::move(done)); });
-    const auto add = [&](const QString &text) { queue.add([&filled, text] { filled.append(text); }); };
-
-    add(u"a"_s);
-    add(u"b"_s);
-    add(u"c"_s);
-    EXPECT_EQ(filled, QStringList{u"a"_s});
+    PasteQueue queue;
+    const int pages[] = {0, 1};
+    const auto add = [&](int page, const QString &text) {
+        queue.add({.page = &pages[page],
+                   .fillClipboard = [&told, text] { told.append(text); },
+                   .begin = [&begun](PasteQueue::Done done) { begun.append(std::move(done)); },
+                   .giveUp = [&told, text] { told.append(u"late "_s + text); }});
+    };
+    add(0, u"a"_s);
+    add(1, u"b"_s);
+    add(0, u"c"_s);
+    EXPECT_EQ(told, QStringList{u"a"_s});
     begun[0]();
     begun[0]();
-    EXPECT_EQ(filled, QStringList({u"a"_s, u"b"_s})) << "a paste is done once";
-
-    queue.clear();
-    EXPECT_EQ(filled, QStringList({u"a"_s, u"b"_s, u"c"_s}))
-        << "the last value is there to be pasted by hand";
-    EXPECT_EQ(begun.size(), 2);
+    EXPECT_EQ(told, QStringList({u"a"_s, u"b"_s})) << "a paste is done once";
+    EXPECT_TRUE(queue.drop(&pages[0]));
+    EXPECT_FALSE(queue.drop(&pages[0]));
+    EXPECT_EQ(told.size(), 2) << "the clipboard is the other page's for now";
+    add(1, u"d"_s);
+    add(1, u"e"_s);
+    EXPECT_TRUE(queue.drop(&pages[1]));
+    EXPECT_EQ(told.last(), u"e"_s) << "the last value is there to be pasted by hand";
     begun[1]();
-    add(u"d"_s);
-    EXPECT_EQ(begun.size(), 3);
-    begun[2]();
-    add(u"e"_s);
-    EXPECT_EQ(filled.last(), u"e"_s);
+    add(0, u"f"_s);
+    EXPECT_EQ(begun.size(), 3) << "what is dropped is not begun";
+    add(1, u"g"_s);
+    queue.giveUp();
+    EXPECT_EQ(told.mid(told.size() - 3), QStringList({u"f"_s, u"late f"_s, u"g"_s}));
 }
 
 TEST(DownloadPageTest, TellsTextFromOtherFilesAndShowsNamesAsTheyStand)

@@ -1,8 +1,13 @@
+#include "platform/plain_text.h"
+#include "platform/web_address.h"
+#include "widgets/qt_desktop.h"
 #include "submission/pop_up_window.h"
 #include "submission/submit_window_fixture.h"
 #include "submission/web_engine_page.h"
 
+#include <QDesktopServices>
 #include <QSignalSpy>
+#include <QTextDocument>
 #include <QWebEngineProfile>
 
 #include <csignal>
@@ -11,6 +16,30 @@ using namespace Qt::StringLiterals;
 
 namespace quillon {
 namespace {
+
+/// Takes what the program hands to the desktop, whatever its scheme.
+class AddressCatcher : public QObject
+{
+    Q_OBJECT
+public:
+    static QStringList schemes()
+    {
+        return {u"file"_s, u"smb"_s, u"ftp"_s, u"mailto"_s, u"http"_s, u"https"_s};
+    }
+    AddressCatcher()
+    {
+        for (const QString &scheme : schemes())
+            QDesktopServices::setUrlHandler(scheme, this, "take");
+    }
+    ~AddressCatcher() override
+    {
+        for (const QString &scheme : schemes())
+            QDesktopServices::unsetUrlHandler(scheme);
+    }
+    Q_SLOT void take(const QUrl &address) { opened.append(address.toString()); }
+
+    QStringList opened;
+};
 
 /// How the window treats pages of every kind.
 class WebPagesTest : public SubmitWindowTest
@@ -146,7 +175,8 @@ TEST_F(WebPagesTest, OfferedFilesTakeThePlaceOfNoForm)
     ASSERT_TRUE(open(u"/form.html"_s)) << "a file that the author has left meanwhile";
     EXPECT_EQ(page().title(), u"Submit"_s);
 
-    page().runJavaScript(u"window.open('/late.csv')"_s);
+    ask(u"document.getElementById('heading').onclick = () => window.open('/late.csv'); 0"_s);
+    click(u"heading"_s);
     EXPECT_TRUE(eventually([&] { return offered.count() == 2 && openWindow<PopUpWindow>(); }));
     press(u"closePopUpWindowButton"_s);
     server.release();
@@ -221,6 +251,57 @@ TEST_F(WebPagesTest, OtherWindowsAreOneWindow)
     EXPECT_TRUE(open(u"/frames.html"_s));
 }
 
+TEST_F(WebPagesTest, WindowsOpenForThePressesOfTheAuthorOnly)
+{
+    const QString popUp = u"popUpWebView"_s;
+    auto *filter = visible<QLineEdit>(u"sitesFilter"_s);
+    ASSERT_TRUE(open(u"/windows.html"_s));
+    ask(u"tries = 0; setInterval(() => { ++tries; open('/form.html'); }, 50); 0"_s);
+    filter->setFocus();
+    EXPECT_TRUE(eventually([] { return ask(u"tries"_s).toInt() > 5; }));
+    EXPECT_EQ(openWindow<PopUpWindow>(), nullptr);
+
+    ASSERT_TRUE(open(u"/windows.html"_s));
+    click(u"text"_s);
+    ask(u"onclick = () => setTimeout(() => [1, 2, 3].forEach(() => open('/windows.html?again')), 300); 0"_s);
+    click(u"text"_s);
+    filter->setFocus();
+    ASSERT_TRUE(eventually([] { return openWindow<PopUpWindow>() != nullptr; }));
+    EXPECT_EQ(QApplication::focusWidget(), filter) << "what the author types in keeps the keyboard";
+    ASSERT_TRUE(waitForPage(u"Windows", popUp));
+    const QString host = unmistakableHost(QUrl(server.url({})));
+    EXPECT_EQ(openWindow<PopUpWindow>()->windowTitle(), host + u" – “Windows”");
+    ask(u"document.title = 'Quillon\\u202e[*]' + 'x'.repeat(300)"_s, popUp);
+    EXPECT_TRUE(eventually(
+        [&] { return openWindow<PopUpWindow>()->windowTitle().startsWith(host + u" – “Quillon [*]"); }));
+    EXPECT_LT(openWindow<PopUpWindow>()->windowTitle().size(), 150);
+    const QWidget *panel = visible<QWidget>(u"fieldCopyPanel"_s);
+    EXPECT_FALSE(openWindow<PopUpWindow>()->frameGeometry().intersects(
+        QRect(panel->mapToGlobal(QPoint()), panel->size())))
+        << "the window lies beside the panel that it needs";
+}
+
+TEST_F(WebPagesTest, WhatAPageSaysIsNoMarkup)
+{
+    ASSERT_TRUE(open(u"/windows.html"_s));
+    ask(u"setTimeout(() => alert('<a href=\"file:///\">Go</a> <img src=\"/etc/x.png\">')); 0"_s);
+    ASSERT_TRUE(eventually([] { return openWindow<QMessageBox>() != nullptr; }));
+    for (const QLabel *label : openWindow<QMessageBox>()->findChildren<QLabel *>())
+        EXPECT_EQ(label->textFormat(), Qt::PlainText) << label->text().toStdString();
+    answerAlert(u"OK"_s);
+
+    AddressCatcher catcher;
+    for (const QString &scheme : AddressCatcher::schemes())
+        QtDesktop().openWebAddress(QUrl(scheme + u"://host.example/x"_s));
+    EXPECT_EQ(catcher.opened, QStringList({u"ftp://host.example/x"_s, u"http://host.example/x"_s,
+                                           u"https://host.example/x"_s}));
+    for (const QString &text : {u"a\nb"_s, u"  two  blanks"_s, u"<b>&amp;"_s}) {
+        QTextDocument document;
+        document.setHtml(plainToolTip(text));
+        EXPECT_EQ(document.toPlainText(), text);
+    }
+}
+
 TEST_F(WebPagesTest, ScriptsMayTellAndAsk)
 {
     ASSERT_TRUE(open(u"/windows.html"_s));
@@ -276,3 +357,5 @@ TEST_F(WebPagesTest, ADeadRendererIsAnErrorThatReloadingMends)
 
 } // namespace
 } // namespace quillon
+
+#include "web_pages_test.moc"

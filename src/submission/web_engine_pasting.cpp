@@ -1,0 +1,253 @@
+#include "submission/web_engine_pasting.h"
+
+#include "platform/web_address.h"
+#include "submission/web_engine_page.h"
+
+#include <QClipboard>
+#include <QDateTime>
+#include <QGuiApplication>
+#include <QTimer>
+
+#include <chrono>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+
+namespace {
+
+/// Whether a frame of another site has the focus. Such a frame may run in a process of its own, and answers
+/// at another time than the page.
+const QString focusIsForeign = uR"((() => {
+    let element = document.activeElement;
+    while (element?.contentDocument)
+        element = element.contentDocument.activeElement;
+    return /FRAME/.test(element?.tagName);
+})())"_s;
+
+/// How long a page that has answered takes at most to begin a paste that it was told of before. Commands and
+/// scripts come to it by different ways, of which either may be the faster one.
+constexpr std::chrono::milliseconds pasteGrace{500};
+
+const QString noField = u"Nothing was pasted: click a field of the page first."_s;
+const QString lockedField = u"Nothing was pasted: the field cannot be changed, it is read-only."_s;
+const QString otherClipboard = u"Nothing was pasted: the clipboard holds something else by now."_s;
+const QString foreignFrame = u"Nothing was pasted: a part of the page that comes from “%1” has taken the "
+                             "focus. Click the field that you mean."_s;
+const QString noAnswer = u"Nothing was pasted: the page did not answer."_s;
+const QString pageLeft = u"Nothing was pasted: the page was left before it took the value."_s;
+
+bool isSameOrigin(const QUrl &one, const QUrl &other)
+{
+    const auto port = [](const QUrl &url) { return url.port(url.scheme() == u"https" ? 443 : 80); };
+    return one.scheme() == other.scheme() && one.host() == other.host() && port(one) == port(other);
+}
+
+} // namespace
+
+WebEnginePasting::WebEnginePasting(PasteQueue &queue, QObject *parent) : QObject(parent), m_queue(&queue) {}
+
+WebEnginePasting::~WebEnginePasting()
+{
+    leaveQueue();
+    if (m_page)
+        m_page->setPasteGuard(nullptr);
+}
+
+/// Gives whether something was under way or waiting.
+bool WebEnginePasting::leaveQueue()
+{
+    return m_queue && m_queue->drop(this);
+}
+
+void WebEnginePasting::setPage(WebEnginePage &page)
+{
+    documentGoes();
+    m_page = &page;
+    m_page->setPasteGuard(this);
+    m_state = State::Idle;
+    m_isWaiting = false;
+    m_frameLurks = false;
+    ++m_command;
+}
+
+void WebEnginePasting::paste(const QString &text, std::function<void()> fillClipboard)
+{
+    if (!m_queue)
+        return;
+    m_queue->add({.page = this,
+                  .fillClipboard = std::move(fillClipboard),
+                  .begin = [this, text](PasteQueue::Done done) { begin(text, std::move(done)); },
+                  .giveUp = [this] { giveUp(); }});
+}
+
+void WebEnginePasting::documentGoes()
+{
+    const bool wasPasting = leaveQueue();
+    expire();
+    if (wasPasting)
+        Q_EMIT notice(pageLeft);
+}
+
+void WebEnginePasting::documentCame()
+{
+    m_frameLurks = false; // With the document before it, its frames have gone.
+    m_page->watchForPastes();
+    if (m_state == State::Expired)
+        awaitAnswer();
+}
+
+void WebEnginePasting::mousePressed()
+{
+    m_lastPress = QDateTime::currentMSecsSinceEpoch();
+}
+
+void WebEnginePasting::begin(const QString &text, PasteQueue::Done done)
+{
+    m_text = text;
+    m_done = std::move(done);
+    m_isWaiting = m_state != State::Idle;
+    if (m_isWaiting)
+        awaitAnswer();
+    else
+        tellPage();
+}
+
+void WebEnginePasting::tellPage()
+{
+    m_state = State::Told;
+    m_outcome.clear();
+    m_page->watchForPastes();
+    m_page->triggerAction(QWebEnginePage::Paste); // At once, so that a click after the press comes after it.
+    awaitAnswer();
+}
+
+/// A page that answers has begun to paste, or will within the grace, or never; but nobody knows when a frame
+/// of another site does.
+void WebEnginePasting::awaitAnswer()
+{
+    m_page->ask(focusIsForeign, [this, number = ++m_command](const QVariant &isForeign) {
+        if (number != m_command)
+            return;
+        if (isForeign.toBool() && m_state == State::Told)
+            return; // Until the queue's patience ends.
+        if (m_state == State::Expired && isForeign.toBool())
+            m_frameLurks = true;
+        QTimer::singleShot(pasteGrace, this, [this, number] {
+            if (number == m_command)
+                pageAnswered();
+        });
+    });
+}
+
+void WebEnginePasting::pageAnswered()
+{
+    if (m_state == State::Told) {
+        m_outcome = noField;
+        finish();
+    } else if (m_state == State::Expired) {
+        becomeIdle();
+    }
+}
+
+void WebEnginePasting::becomeIdle()
+{
+    m_state = State::Idle;
+    if (std::exchange(m_isWaiting, false))
+        QTimer::singleShot(0, this, [this] {
+            if (m_state == State::Idle && m_done)
+                tellPage();
+        });
+}
+
+void WebEnginePasting::giveUp()
+{
+    expire();
+    Q_EMIT notice(noAnswer);
+}
+
+void WebEnginePasting::expire()
+{
+    m_isWaiting = false;
+    m_isAllowed = false;
+    m_done = {};
+    if (m_state != State::Idle)
+        m_state = State::Expired;
+}
+
+bool WebEnginePasting::mayPaste(const PastePlace &place)
+{
+    if (m_frameLurks && isForeign(place)) {
+        m_frameLurks = false;
+        return false;
+    }
+    switch (m_state) {
+    case State::Idle: // The author's own paste.
+        return true;
+    case State::Told:
+        m_state = State::Asked;
+        m_outcome = obstacle(place);
+        m_isAllowed = m_outcome.isEmpty();
+        if (m_isAllowed && place.kind != PastePlace::Kind::Text)
+            m_outcome = place.kind == PastePlace::Kind::Locked ? lockedField : noField;
+        return m_isAllowed;
+    case State::Asked:
+        return m_isAllowed;
+    case State::Expired:
+        becomeIdle();
+        return false;
+    }
+    return false;
+}
+
+bool WebEnginePasting::mayInsert()
+{
+    if (m_state == State::Idle || m_state == State::Told) // The author's own paste.
+        return true;
+    if (m_isAllowed && !clipboardHoldsText()) {
+        m_isAllowed = false;
+        m_outcome = otherClipboard;
+    }
+    return m_isAllowed;
+}
+
+void WebEnginePasting::pasteEnded()
+{
+    if (m_state == State::Asked)
+        finish();
+    else if (m_state == State::Expired)
+        becomeIdle();
+}
+
+void WebEnginePasting::finish()
+{
+    m_state = State::Idle;
+    ++m_command;
+    Q_EMIT notice(m_outcome);
+    if (const auto done = std::exchange(m_done, {}))
+        done();
+}
+
+bool WebEnginePasting::isForeign(const PastePlace &place) const
+{
+    return !place.isMainFrame && !isSameOrigin(place.origin, m_page->url());
+}
+
+/// Why the value must not go to @p place; empty when it may.
+QString WebEnginePasting::obstacle(const PastePlace &place) const
+{
+    if (!clipboardHoldsText())
+        return otherClipboard;
+    const bool wasPressed = place.lastPress > 0 && place.lastPress >= m_lastPress;
+    if (isForeign(place) && !wasPressed)
+        return foreignFrame.arg(unmistakableHost(place.origin));
+    return {};
+}
+
+bool WebEnginePasting::clipboardHoldsText() const
+{
+    return QGuiApplication::clipboard()->text() == m_text;
+}
+
+} // namespace quillon
