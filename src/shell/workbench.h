@@ -6,11 +6,11 @@
 #include "platform/delayed_calls.h"
 #include "shell/main_window.h"
 #include "shell/message_box_sheets.h"
-#include "shell/qt_desktop.h"
 #include "shell/single_instance.h"
 #include "shell/submission_opener.h"
 #include "shell/toolbar_control.h"
 #include "sites/preferences_controller.h"
+#include "widgets/qt_desktop.h"
 
 namespace quillon {
 
