@@ -4,45 +4,52 @@
 #include "store/add_delete_import_edit.h"
 #include "store/process_state.h"
 
-#include <QFileInfo>
-
 using namespace Qt::StringLiterals;
 
 namespace quillon {
 
-using title_operations::Import;
-
 TitleCommands::TitleCommands(OverviewController &overview, AlertSheets &alerts, DelayedCalls &delayedCalls,
                              QObject *parent)
-    : QObject(parent), m_overview(overview), m_alerts(alerts), m_delayedCalls(delayedCalls)
+    : QObject(parent)
+    , m_overview(overview)
+    , m_alerts(alerts)
+    , m_delayedCalls(delayedCalls)
+    , m_imports(delayedCalls)
 {
+    connect(&m_imports, &ImportRun::progressed, this, &TitleCommands::importProgress);
+    connect(&m_imports, &ImportRun::imported, this, &TitleCommands::reloadAfterImport);
+    connect(&m_imports, &ImportRun::finished, this, &TitleCommands::tellOfImport);
 }
 
 void TitleCommands::newSoftwareButtonAction()
 {
     (void)AddDeleteImportEdit::checkAppSuppExists(); // The status bar tells.
     m_overview.deselectAll();
-    openNamePanel({u"new"_s, u"Add A New Software Title"_s, false, u"Name: "_s, {}, u"Add"_s});
+    openNamePanel({.nameSheetCalledFrom = u"new"_s,
+                   .swNamePanelMessage = u"Add A New Software Title"_s,
+                   .swNamePanelInputMessage = u"Name: "_s,
+                   .swNamePanelOKButton = u"Add"_s});
 }
 
 void TitleCommands::renameSWListItem()
 {
     if (mwqnSelSW)
-        openNamePanel({u"rename"_s, u"Please Enter The New Name For "_s + *mwqnSelSW, false, u"New Name: "_s,
-                       *mwqnSelSW, u"Rename"_s, *mwqnSelSW});
+        openNamePanel({.nameSheetCalledFrom = u"rename"_s,
+                       .swNamePanelMessage = u"Please Enter The New Name For "_s + *mwqnSelSW,
+                       .swNamePanelInputMessage = u"New Name: "_s,
+                       .swNamePanelInput = *mwqnSelSW,
+                       .swNamePanelOKButton = u"Rename"_s,
+                       .title = *mwqnSelSW});
 }
 
 void TitleCommands::importError2(const QString &message)
 {
-    openNamePanel({u"import"_s,
-                   message,
-                   false,
-                   u"Name: "_s,
-                   {},
-                   u"Add"_s,
-                   {},
-                   QFileInfo(mwqnIpFloc43).fileName(),
-                   !m_needNames.isEmpty()});
+    openNamePanel({.nameSheetCalledFrom = u"import"_s,
+                   .swNamePanelMessage = message,
+                   .swNamePanelInputMessage = u"Name: "_s,
+                   .swNamePanelOKButton = u"Add"_s,
+                   .file = m_imports.askedFile(),
+                   .hasMore = m_imports.hasMore()});
 }
 
 void TitleCommands::openNamePanel(const NamePanel &panel)
@@ -72,7 +79,7 @@ void TitleCommands::addSWNPIAction(const QString &name)
     }
     closeNamePanel();
     if (panel.nameSheetCalledFrom == u"import") {
-        confirmImport(name);
+        m_imports.confirm(name);
         return;
     }
     const Result<> changed = panel.nameSheetCalledFrom == u"new"
@@ -86,14 +93,14 @@ void TitleCommands::addSWNPIAction(const QString &name)
 void TitleCommands::cancelSWNPIAction()
 {
     if (m_namePanel && m_namePanel->nameSheetCalledFrom == u"import")
-        mwqnIpFloc43.clear();
+        m_imports.giveUp();
     closeNamePanel();
     askForNextName();
 }
 
 void TitleCommands::skipImports()
 {
-    m_needNames.clear();
+    m_imports.giveUpAll();
     cancelSWNPIAction();
 }
 
@@ -120,98 +127,25 @@ void TitleCommands::importPADFile()
 
 void TitleCommands::processImportedFile(const QStringList &paths)
 {
-    if (paths.isEmpty())
-        return;
-    const bool running = m_batch.next < m_batch.paths.size();
-    if (running) {
-        m_batch.paths += paths; // Dropped while others are still on their way.
-        return;
-    }
-    m_batch = {paths, 0, 0, 0, {}, {}};
-    importNextFile();
+    m_imports.start(paths);
 }
 
-void TitleCommands::importNextFile()
+void TitleCommands::tellOfImport(const ImportReport &report)
 {
-    const QString path = m_batch.paths[m_batch.next++];
-    const Import import = title_operations::importPadFile(path);
-    const QString prefix = m_batch.paths.size() > 1 ? QString(QFileInfo(path).fileName() + u": ") : QString();
-    switch (import.outcome) {
-    case Import::Imported:
-        ++m_batch.imported;
-        for (const QString &finding : import.findings)
-            m_batch.findings.append(prefix + finding);
-        break;
-    case Import::NeedsName:
-        ++m_batch.unnamed;
-        m_needNames.append({path, import.message});
-        break;
-    case Import::NotPad:
-    case Import::NotStored:
-        m_batch.failures.append(prefix + import.message);
-        break;
-    }
-    Q_EMIT importProgress(int(m_batch.next), int(m_batch.paths.size()));
-    if (m_batch.next < m_batch.paths.size())
-        m_delayedCalls.after(std::chrono::milliseconds(0), this, [this] { importNextFile(); });
-    else
-        finishImport();
-}
-
-void TitleCommands::finishImport()
-{
-    const auto total = m_batch.paths.size();
-    const bool allWell = m_batch.imported + m_batch.unnamed == total;
-    if (m_batch.imported > 0)
-        reloadAfterImport();
-    if (!allWell && total > 1)
-        tellLater({u"%1 of %2 files were imported"_s.arg(m_batch.imported).arg(total),
-                   {},
-                   u"OK"_s,
-                   {},
-                   m_batch.failures + m_batch.findings});
-    else if (!allWell)
-        tellLater({m_batch.failures.first()});
-    else if (m_batch.imported > 0)
-        tellImported(m_batch.findings);
+    if (report.isWorthTelling())
+        tellLater(report.alert());
     else
         askForNextName();
 }
 
 void TitleCommands::askForNextName()
 {
-    if (m_needNames.isEmpty() || !mwqnIpFloc43.isEmpty())
+    if (!m_imports.canAskForName())
         return;
     later([this] {
         // The panel may be open for something else by now; then its end asks again.
-        if (m_needNames.isEmpty() || m_namePanel)
-            return;
-        const auto [path, reason] = m_needNames.takeFirst();
-        mwqnIpFloc43 = path;
-        importError2(reason);
-    });
-}
-
-void TitleCommands::confirmImport(const QString &name)
-{
-    const Import import = title_operations::importPadFile(mwqnIpFloc43, name);
-    mwqnIpFloc43.clear();
-    if (import.outcome == Import::Imported) {
-        reloadAfterImport();
-        tellImported(import.findings);
-    } else {
-        tellLater({import.message});
-    }
-}
-
-void TitleCommands::tellImported(const QStringList &findings)
-{
-    const QString hint =
-        findings.isEmpty()
-            ? QString()
-            : u"Some of what the file holds will be lost at the first check; the details list it."_s;
-    later([this, alert = Alert{title_operations::importSucceeded, hint, u"OK"_s, {}, findings}] {
-        m_alerts.show(SheetWindow::Main, alert, [this](AlertAnswer) { askForNextName(); });
+        if (m_imports.canAskForName() && !m_namePanel)
+            importError2(m_imports.askForName());
     });
 }
 

@@ -1,8 +1,7 @@
 #pragma once
 
+#include "overview/import_run.h"
 #include "overview/overview_controller.h"
-#include "overview/title_operations.h"
-#include "platform/delayed_calls.h"
 
 namespace quillon {
 
@@ -13,7 +12,7 @@ struct NamePanel
     QString swNamePanelMessage;
     bool messageIsError = false; ///< Then the message is red.
     QString swNamePanelInputMessage;
-    QString swNamePanelInput;
+    QString swNamePanelInput = {};
     QString swNamePanelOKButton;
     QString title = {};   ///< The one to be renamed.
     QString file = {};    ///< The one to be imported, without its folder.
@@ -24,8 +23,7 @@ struct NamePanel
  * The commands that change the set of titles: New, Rename, Delete, Import and Export, and the help pages.
  *
  * Each ends in a sheet or in the list loaded anew; results are told after a short delay, so that the sheet
- * before has closed. Several files are imported one for each turn of the event loop, and their results told
- * in one list; those that need another name ask for it afterwards, one by one.
+ * before has closed. What becomes of imported files is the ImportRun's to know; here it is told and asked.
  */
 class TitleCommands : public QObject
 {
@@ -64,11 +62,8 @@ private:
     void openNamePanel(const NamePanel &panel);
     void closeNamePanel();
     void importError2(const QString &message);
-    void importNextFile();
-    void finishImport();
     void askForNextName();
-    void confirmImport(const QString &name);
-    void tellImported(const QStringList &findings);
+    void tellOfImport(const ImportReport &report);
     void reload();
     void reloadAfterImport();
     void tellLater(const Alert &alert);
@@ -77,21 +72,8 @@ private:
     OverviewController &m_overview;
     AlertSheets &m_alerts;
     DelayedCalls &m_delayedCalls;
+    ImportRun m_imports;
     std::optional<NamePanel> m_namePanel;
-
-    /// One run of imports, from the choice of files to the last of them.
-    struct Batch
-    {
-        QStringList paths;
-        qsizetype next = 0;
-        int imported = 0;
-        int unnamed = 0;
-        QStringList failures; ///< One line for each file that did not come in.
-        QStringList findings; ///< One line for each value that will not be kept.
-    };
-    Batch m_batch;
-    QList<std::pair<QString, QString>> m_needNames; ///< Path and reason, of all runs.
-    QString mwqnIpFloc43;                           ///< The file whose import waits for a name.
 };
 
 } // namespace quillon

@@ -46,7 +46,7 @@ struct Import
 };
 
 /// Files larger than this (bytes) are not taken for PAD files; real ones have 10 to 100 kB.
-inline constexpr qint64 maxPadFileSize = 2LL * 1024 * 1024;
+inline constexpr qint64 maxPadFileSize = 1024LL * 1024;
 
 /// The PAD file at @p path; one that is too large is unreadable, one without the PAD marker unintelligible.
 Result<PadDocument> readPadFile(const QString &path);

@@ -1,4 +1,4 @@
-#include "validation/field_rules.h"
+#include "validation/field_rule_table.h"
 
 namespace quillon::field_rules {
 
@@ -133,7 +133,7 @@ constexpr SummaryRule needed(Summary kind, QStringView missing)
 } // namespace
 
 // A row: the field, its tag, what happens while it is typed, what when it is left, and how the full check
-// judges it. The texts are kept to the letter, typing errors included: authors' scripts compare them.
+// judges it. The texts are kept to the letter, typing errors included.
 // clang-format off
 constexpr std::array<FieldRule, fieldCount> table = {{
     {authorFirstName, 8, counted({2, 30}, text2to30), {},
@@ -159,10 +159,10 @@ constexpr std::array<FieldRule, fieldCount> table = {{
      atMost(30, {}, u"The company state/county is too long.")},
     {companyZIPPostcode, 5, counted({0, 20}, u"Text string 0-20 characters"), {},
      atMost(20, {}, u"The company zip/postcode is too long.")},
-    // The contact's texts under the country's key: scripts that sort the log by its texts know them there.
+    // The contact's texts stand under the country's key: kept on purpose.
     {companyCountry, 6, counted({2, 40}, u"Text string 2-40 alphabetic", Filter::WithoutDigits), {},
      required({2, 40}, text2to40, u"The contact first name is too short.", u"The contact first name is too long.")},
-    // Typing warns from 70 on, the full check lets 120 pass: the longer addresses of old PAD files stay valid.
+    // Typing warns from 70 on, the full check lets 120 pass: kept on purpose.
     {companyWebsite, 7, typedWebsite, {},
      {.kind = Summary::Length, .bounds = {0, 120}, .hint = website70,
       .tooLong = u"The company website address is too long.", .prefixes = httpOnly}},

@@ -5,7 +5,9 @@
 #include "pad/pad_form.h"
 #include "validation/error_pass.h"
 #include "validation/numbers.h"
-#include "validation/verdict.h"
+#include "validation/summary_check.h"
+
+#include <QSet>
 
 using namespace Qt::StringLiterals;
 
@@ -207,6 +209,24 @@ QStringView editingEnded(int tag, PadForm &form, ErrorPass &errors)
     if (leaving.kind == Kind::ReleaseDate || leaving.kind == Kind::ReleaseYear)
         reportReleaseDate(*rule, form, errors);
     return inRange ? QStringView() : leaving.alert;
+}
+
+void checkEntries(PadForm &form, ErrorPass &errors)
+{
+    std::array<std::optional<Verdict>, fieldCount> verdicts;
+    QSet<const Caption *> redCaptions; // Several fields may share one; it is red when any of them is wrong.
+    for (const FieldRule &rule : table) {
+        const auto &verdict = verdicts[size_t(rule.field)] = summaryVerdict(rule, form);
+        if (verdict && !verdict->acceptable)
+            redCaptions.insert(&form.control(rule.field).caption());
+    }
+    for (const FieldRule &rule : table) {
+        if (const auto &verdict = verdicts[size_t(rule.field)]) {
+            Caption &caption = form.control(rule.field).caption();
+            caption.setColour(redCaptions.contains(&caption) ? Colour::Red : Colour::Black);
+            report(rule.field, *verdict, form, errors);
+        }
+    }
 }
 
 void forgetTypedHints(PadForm &form)

@@ -1,11 +1,9 @@
+#include "validation/summary_check.h"
+
 #include "pad/file_size.h"
 #include "pad/pad_form.h"
 #include "validation/error_pass.h"
-#include "validation/field_rules.h"
 #include "validation/numbers.h"
-#include "validation/verdict.h"
-
-#include <QSet>
 
 #include <algorithm>
 
@@ -80,7 +78,7 @@ Verdict webAddress(const SummaryRule &rule, TextControl &control)
     showLength(rule, limit, control);
     if (text.isEmpty())
         return acceptedIf(rule.emptyAllowed, rule.tooShort);
-    // The limit itself is too long already: kept, as download sites have judged by it ever since.
+    // The limit itself is too long already: kept on purpose.
     if (text.size() >= limit)
         return rejected(rule.tooLong);
     const auto ends = [&text](QStringView ending) { return text.endsWith(ending); };
@@ -136,8 +134,9 @@ Verdict expireTitle(const PadForm &form)
                       {});
 }
 
-/// None when the field is not judged at all.
-std::optional<Verdict> judge(const FieldRule &field, PadForm &form)
+} // namespace
+
+std::optional<Verdict> summaryVerdict(const FieldRule &field, PadForm &form)
 {
     const SummaryRule &rule = field.summary;
     switch (rule.kind) {
@@ -173,8 +172,6 @@ std::optional<Verdict> judge(const FieldRule &field, PadForm &form)
     return std::nullopt;
 }
 
-} // namespace
-
 Verdict otherPriceVerdict(const PadForm &form)
 {
     const bool hasPrice = !form.text(FieldId::otherPrice).text().isEmpty();
@@ -190,24 +187,6 @@ void report(FieldId field, const Verdict &verdict, PadForm &form, ErrorPass &err
         errors.setNoError(key);
     else if (!verdict.message.isEmpty())
         errors.setHasError(key, verdict.message.toString());
-}
-
-void field_rules::checkEntries(PadForm &form, ErrorPass &errors)
-{
-    std::array<std::optional<Verdict>, fieldCount> verdicts;
-    QSet<const Caption *> redCaptions; // Several fields may share one; it is red when any of them is wrong.
-    for (const FieldRule &rule : table) {
-        const auto &verdict = verdicts[size_t(rule.field)] = judge(rule, form);
-        if (verdict && !verdict->acceptable)
-            redCaptions.insert(&form.control(rule.field).caption());
-    }
-    for (const FieldRule &rule : table) {
-        if (const auto &verdict = verdicts[size_t(rule.field)]) {
-            Caption &caption = form.control(rule.field).caption();
-            caption.setColour(redCaptions.contains(&caption) ? Colour::Red : Colour::Black);
-            report(rule.field, *verdict, form, errors);
-        }
-    }
 }
 
 } // namespace quillon

@@ -1,12 +1,12 @@
+#include "validation/text_filters.h"
+
 #include "platform/regex.h"
-#include "validation/numbers.h"
-#include "validation/universal_converters.h"
 
 #include <QHash>
 
 using namespace Qt::StringLiterals;
 
-namespace quillon {
+namespace quillon::text_filters {
 
 namespace {
 
@@ -24,43 +24,33 @@ QString firstMatch(const QString &pattern, const QString &text)
 
 } // namespace
 
-void UniversalConverters::numbersOnly(TextControl &field, int maxLen)
+QString leadingDigits(const QString &text, int maxLength)
 {
-    field.setText(firstMatch(u"[0-9]{0,%1}"_s.arg(maxLen), field.text()));
+    return firstMatch(u"[0-9]{0,%1}"_s.arg(maxLength), text);
 }
 
-void UniversalConverters::decimalNumber(TextControl &field, int maxLen)
+QString leadingDigitsAndPoints(const QString &text, int maxLength)
 {
-    field.setText(firstMatch(u"[0-9.]{0,%1}"_s.arg(maxLen), field.text()));
+    return firstMatch(u"[0-9.]{0,%1}"_s.arg(maxLength), text);
 }
 
-void UniversalConverters::atzWithSpecialChars(QStringView extra, const QString &text, TextControl &field)
+QString leadingLetters(const QString &text, QStringView extra)
 {
-    field.setText(firstMatch(u"[a-zA-Z"_s + extra + u"]*", text));
+    return firstMatch(u"[a-zA-Z"_s + extra + u"]*", text);
 }
 
-void UniversalConverters::inputNumberLengthCheck(TextControl &field, int maxNumber)
-{
-    const qsizetype digits = QString::number(maxNumber).size();
-    field.setText(numbers::padded(numbers::lastInteger(field.text()), digits));
-}
-
-bool UniversalConverters::phoneNumberCheck(Bounds bounds, TextControl &field)
+QString withoutLetters(const QString &text)
 {
     static const Regex letter(u"[a-zA-Z]");
-    // ")-\/" is a range: it takes "*", "+", ",", "-", "." and "/".
-    static const Regex number(u"[0-9 #*()-\\/_+]*");
-    field.setText(letter.replaceAll(field.text(), {}));
-    const QString text = field.text();
-    const auto match = number.firstMatch(text);
-    const qsizetype length = match ? match->captured().size() : 0;
-    if (length == 0 || bounds.hold(length))
-        return true;
-    if (length > bounds.max) {
-        setTextColorToPoint(length, 0, Colour::Black, field);
-        setTextColorToPoint(length - bounds.max, bounds.max, Colour::Red, field);
-    }
-    return false;
+    return letter.replaceAll(text, {});
 }
 
-} // namespace quillon
+qsizetype lengthOfPhoneNumber(const QString &text)
+{
+    // ")-\/" is a range: it takes "*", "+", ",", "-", "." and "/".
+    static const Regex number(u"[0-9 #*()-\\/_+]*");
+    const auto match = number.firstMatch(text);
+    return match ? match->captured().size() : 0;
+}
+
+} // namespace quillon::text_filters

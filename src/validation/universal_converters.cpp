@@ -1,5 +1,9 @@
 #include "validation/universal_converters.h"
 
+#include "validation/email_check.h"
+#include "validation/numbers.h"
+#include "validation/text_filters.h"
+
 #include <QBitArray>
 
 #include <algorithm>
@@ -132,6 +136,70 @@ void UniversalConverters::viewLoadValidator(TextControl &view, Bounds bounds, co
     const qsizetype length = view.text().size();
     if (length >= bounds.min && length > bounds.max)
         markTooLong(view, bounds.max, hint);
+}
+
+void UniversalConverters::numbersOnly(TextControl &field, int maxLen)
+{
+    field.setText(text_filters::leadingDigits(field.text(), maxLen));
+}
+
+void UniversalConverters::decimalNumber(TextControl &field, int maxLen)
+{
+    field.setText(text_filters::leadingDigitsAndPoints(field.text(), maxLen));
+}
+
+void UniversalConverters::atzWithSpecialChars(QStringView extra, const QString &text, TextControl &field)
+{
+    field.setText(text_filters::leadingLetters(text, extra));
+}
+
+void UniversalConverters::inputNumberLengthCheck(TextControl &field, int maxNumber)
+{
+    const qsizetype digits = QString::number(maxNumber).size();
+    field.setText(numbers::padded(numbers::lastInteger(field.text()), digits));
+}
+
+bool UniversalConverters::phoneNumberCheck(Bounds bounds, TextControl &field)
+{
+    field.setText(text_filters::withoutLetters(field.text()));
+    const qsizetype length = text_filters::lengthOfPhoneNumber(field.text());
+    if (length == 0 || bounds.hold(length))
+        return true;
+    if (length > bounds.max) {
+        setTextColorToPoint(length, 0, Colour::Black, field);
+        setTextColorToPoint(length - bounds.max, bounds.max, Colour::Red, field);
+    }
+    return false;
+}
+
+bool UniversalConverters::isEmailAddress(const EmailBounds &bounds, QStringView address)
+{
+    return takenApart(address, bounds).isAcceptable();
+}
+
+bool UniversalConverters::emailCheck(const EmailBounds &bounds, TextControl &field)
+{
+    field.setText(field.text().remove(u' '));
+    const QString text = field.text();
+    if (text.isEmpty())
+        return false;
+    const EmailAddress address = takenApart(text, bounds);
+    colour(address, bounds, field);
+    if (address.at < 0) {
+        field.setHintColour(Colour::Red);
+        field.caption().setColour(Colour::Red);
+    }
+    return address.isAcceptable();
+}
+
+bool UniversalConverters::emailFieldLoadValidator(TextControl &field, const EmailBounds &bounds)
+{
+    const QString text = field.text();
+    if (text == u"Email Should Not Be Empty")
+        return false;
+    const EmailAddress address = takenApart(text, bounds);
+    colour(address, bounds, field);
+    return address.isAcceptable();
 }
 
 } // namespace quillon

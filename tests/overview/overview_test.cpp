@@ -308,6 +308,9 @@ TEST_F(OverviewTest, OneImportTellsItsFindingsAfterADelay)
     EXPECT_TRUE(sheets.alerts.isEmpty());
     calls.pass(resultDelay);
     EXPECT_EQ(sheets.lastMessage(), u"Import Successful"_s);
+    EXPECT_EQ(
+        sheets.alerts.last().informativeText,
+        u"Some of what the file holds will be lost as soon as you select the title. The details list it."_s);
     ASSERT_EQ(sheets.alerts.last().details.size(), 2);
     EXPECT_TRUE(sheets.alerts.last().details[0].contains(u"Program_Type: “Freemium”"_s));
     EXPECT_TRUE(sheets.alerts.last().details[1].contains(u"RoboSoft"_s));
@@ -354,6 +357,30 @@ TEST_F(OverviewTest, SeveralImportsAskForNamesAfterwards)
     EXPECT_FALSE(commands.namePanel());
     EXPECT_EQ(overview.softwareTable().swNameArray(),
               QStringList({u"Late"_s, u"Name 0"_s, u"Name 2"_s, u"One"_s}));
+}
+
+TEST_F(OverviewTest, TheReportCountsFailuresNamesAndLossesApart)
+{
+    commands.processImportedFile({fileAt(u"1.xml"_s, pad(u"One"_s, u"<Robo>x</Robo><Site>y</Site>"_s)),
+                                  fileAt(u"2.xml"_s, pad({})), fileAt(u"3.xml"_s, "garbage"),
+                                  fileAt(u"4.xml"_s, pad(u"Big"_s, QString(1024 * 1024, u' ')))});
+    calls.pass(std::chrono::milliseconds(0));
+    calls.pass(resultDelay);
+    EXPECT_EQ(sheets.lastMessage(), u"1 of 4 files were imported"_s);
+    EXPECT_EQ(
+        sheets.alerts.last().informativeText,
+        u"2 files could not be imported. 1 file needs another name, which you will be asked for. Of 1 file, "
+        "something will be lost as soon as you select its title. The details list it."_s);
+    const QString notPad =
+        u"The file you selected does not appear to be a valid PAD file and cannot be imported."_s;
+    EXPECT_EQ(sheets.alerts.last().details,
+              QStringList({u"Not imported:"_s,
+                           u"3.xml: "_s + notPad,
+                           u"4.xml: "_s + notPad,
+                           {},
+                           u"Will be lost:"_s,
+                           u"1.xml: Robo is not part of PAD 3.10; its value “x” will be lost."_s,
+                           u"1.xml: Site is not part of PAD 3.10; its value “y” will be lost."_s}));
 }
 
 TEST_F(OverviewTest, WorkGoesOnWhileFilesComeIn)

@@ -1,6 +1,7 @@
 #include "pad/pad_reader.h"
 #include "pad/pad_writer.h"
 #include "support/files.h"
+#include "support/growth.h"
 #include "support/printing.h"
 #include "support/valid_form.h"
 #include "validation/error_pass.h"
@@ -360,6 +361,19 @@ TEST(FieldRules, RealFilesKeepTheirErrorsWhenWrittenAnew)
     }
     EXPECT_GT(valid, 0);
     EXPECT_LT(valid, files.size());
+}
+
+TEST(FieldRules, TheWorkOfTheFullCheckGrowsWithTheTexts)
+{
+    const double growth = growthOfEightfold(20'000, [](qsizetype count) {
+        PadForm form;
+        for (const PadField &field : padFields) {
+            if (field.kind == FieldKind::Text || field.kind == FieldKind::MultiLine)
+                form.text(field.id).setText(u"a@b."_s.repeated(count));
+        }
+        EXPECT_FALSE(checked(form).empty());
+    });
+    EXPECT_LT(growth, tolerableGrowth);
 }
 
 } // namespace
