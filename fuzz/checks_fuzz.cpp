@@ -1,5 +1,5 @@
 #include "pad/pad_form.h"
-#include "store/error_pass.h"
+#include "validation/error_pass.h"
 #include "validation/field_rules.h"
 
 #include <cstdlib>
