@@ -2,6 +2,7 @@
 
 #include "cli/output.h"
 #include "platform/result.h"
+#include "platform/text_decoding.h"
 
 #include <QString>
 
@@ -39,7 +40,7 @@ public:
 /// Texts of the command line are UTF-8, and end at a NUL as they did there.
 inline QString text(const std::string &argument)
 {
-    return QString::fromUtf8(argument.c_str());
+    return exactText(argument.c_str());
 }
 
 /// Whether there is a title @p name; complains when there is none.

@@ -3,6 +3,7 @@
 #include "platform/atomic_file.h"
 #include "platform/folder_handle.h"
 #include "platform/string_dictionary.h"
+#include "platform/text_decoding.h"
 #include "platform/unfinished_name.h"
 #include "store/add_delete_import_edit.h"
 #include "store/process_state.h"
@@ -82,7 +83,7 @@ Result<> walk(const FolderHandle &folder, const QString &path, Found &found)
         return entries.error();
     const QStringView parent = QStringView(path).chopped(path.isEmpty() ? 0 : 1);
     for (const FolderHandle::Entry &entry : *entries) {
-        const QString place = path + QFile::decodeName(entry.name);
+        const QString place = path + exactText(entry.name);
         const auto inside = folderIn(folder, entry, found.list.failures);
         if (place.endsWith(title_folder::extension) && place.size() > title_folder::extension.size()) {
             const QString name = place.chopped(title_folder::extension.size());

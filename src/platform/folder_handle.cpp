@@ -1,5 +1,7 @@
 #include "platform/folder_handle.h"
 
+#include "platform/text_decoding.h"
+
 #include <QFile>
 
 #include <algorithm>
@@ -45,7 +47,7 @@ Result<FolderHandle> FolderHandle::open(const QString &path)
 
 QString FolderHandle::pathOf(const QByteArray &name) const
 {
-    return (m_path.endsWith(u'/') ? m_path : m_path + u'/') + QFile::decodeName(name);
+    return (m_path.endsWith(u'/') ? m_path : m_path + u'/') + exactText(name);
 }
 
 Result<QList<FolderHandle::Entry>> FolderHandle::entries() const

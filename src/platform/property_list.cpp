@@ -1,5 +1,7 @@
 #include "platform/property_list.h"
 
+#include "platform/text_decoding.h"
+
 #include <cstdlib>
 #include <memory>
 #include <plist/plist.h>
@@ -65,7 +67,7 @@ Result<StringDictionary> read(const QByteArray &bytes)
         char *text = nullptr;
         plist_get_string_val(value, &text);
         const Text textOwner(text, std::free);
-        dictionary[QString::fromUtf8(key)] = QString::fromUtf8(text);
+        dictionary[exactText(key)] = exactText(text);
     }
     return dictionary;
 }

@@ -58,4 +58,10 @@ QString decodedXmlText(const QByteArray &bytes)
     return QStringDecoder("windows-1252")(bytes);
 }
 
+QString exactText(QByteArrayView bytes)
+{
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
+    return decoder.decode(bytes);
+}
+
 } // namespace quillon

@@ -12,4 +12,8 @@ namespace quillon {
 /// the bytes. Always gives a text; a byte that the encoding does not know becomes U+FFFD.
 QString decodedXmlText(const QByteArray &bytes);
 
+/// The text whose UTF-8 is @p bytes, all of it. QString::fromUtf8() and QFile::decodeName() take a U+FEFF at
+/// its start for a byte-order mark and drop it; in a name it is a letter as others are.
+QString exactText(QByteArrayView bytes);
+
 } // namespace quillon

@@ -46,7 +46,7 @@ Result<QStringList> titleFolders()
         return entries.error();
     QStringList folders;
     for (const FolderHandle::Entry &entry : *entries) {
-        const QString path = mwqnAppSuppLoc + QFile::decodeName(entry.name);
+        const QString path = mwqnAppSuppLoc + exactText(entry.name);
         if (path.endsWith(title_folder::extension) && QFileInfo(path).isDir())
             folders.append(path);
     }

@@ -2,6 +2,7 @@
 
 #include "platform/abandoned.h"
 #include "platform/staged_folder.h"
+#include "platform/text_decoding.h"
 #include "sites/backups.h"
 #include "store/process_state.h"
 #include "store/storage_status.h"
@@ -27,7 +28,7 @@ constexpr std::array<QStringView, 3> titleFiles = {title_folder::padFile, title_
 
 bool isTitleFolder(const QByteArray &name)
 {
-    const QString entry = QFile::decodeName(name);
+    const QString entry = exactText(name);
     return entry.endsWith(title_folder::extension) &&
            title_folder::isUsableName(QStringView(entry).chopped(title_folder::extension.size()));
 }
@@ -86,7 +87,7 @@ protected:
 
     void note(const QByteArray &entry, const QString &reason)
     {
-        const QString line = u"%1 was passed over: %2"_s.arg(QFile::decodeName(entry), reason);
+        const QString line = u"%1 was passed over: %2"_s.arg(exactText(entry), reason);
         qCWarning(log).noquote() << line;
         m_notes.append(line);
     }
@@ -122,7 +123,7 @@ private:
         noteTitlesInside(name);
         const auto to = m_staged->folder().makeFolder(stagedName);
         if (!to)
-            return Error{.path = QFile::decodeName(name), .reason = to.error().reason};
+            return Error{.path = exactText(name), .reason = to.error().reason};
         for (const QStringView titleFile : titleFiles) {
             const QByteArray file = name + '/' + titleFile.toUtf8();
             const auto bytes = from->read(titleFile.toUtf8());
@@ -131,7 +132,7 @@ private:
             else if (!bytes)
                 noteFailure(file, bytes.error().reason);
             else if (const Result<> written = to->write(titleFile.toUtf8(), *bytes); !written)
-                return Error{.path = QFile::decodeName(file), .reason = written.error().reason};
+                return Error{.path = exactText(file), .reason = written.error().reason};
         }
         m_copied.append(m_next - 1);
         return {};
@@ -279,7 +280,7 @@ private:
 
     static void logImported(const QByteArray &title)
     {
-        qCInfo(log).noquote() << "imported" << QFile::decodeName(title);
+        qCInfo(log).noquote() << "imported" << exactText(title);
     }
 
     [[nodiscard]] QString sentence() const

@@ -3,7 +3,9 @@
 #include "overview/title_commands.h"
 #include "platform/notifications.h"
 #include "store/site_list.h"
+#include "store/storage_status.h"
 #include "store/title_folder.h"
+#include "support/faults.h"
 #include "support/full_disk.h"
 #include "support/recorders.h"
 #include "support/temporary_home.h"
@@ -12,6 +14,8 @@
 #include <QDir>
 
 #include <ctime>
+#include <sys/wait.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -137,6 +141,61 @@ TEST_F(OverviewTest, ListGoesDownToEveryDepthButNotOverLinks)
         shown.append(cell(row, SoftwareTable::SoftwareTitle) + u'=' + cell(row, SoftwareTable::Version));
     EXPECT_EQ(shown, QStringList({u"Borrowed=5"_s, u"File="_s, u"Group/deep/Inner=1"_s, u"Outer=2"_s,
                                   u"Outer.qndata/Within=3"_s, u"Shortcut=4"_s}));
+}
+
+TEST_F(OverviewTest, NamesAreThoseOfTheFolders)
+{
+    const QString name = QString(QChar(0xFEFF)) + u"T"; // Not a byte-order mark, in a name.
+    addTitle(name, summaryText(u"1"_s, {}, {}));
+    ASSERT_EQ(overview.softwareTable().swNameArray(), QStringList{name});
+    select(name);
+    EXPECT_TRUE(title_folder::exists(*mwqnSelSW));
+}
+
+TEST_F(OverviewTest, AFolderThatCannotBeListedIsNoEmptyOne)
+{
+    addTitle(u"A"_s, summaryText(u"1"_s, {}, {}));
+    select(u"A"_s);
+    for (const char *const rules : {"lseek=EIO", "getdents64=EIO", "getdents64@2=EIO"}) {
+        const FaultPlan plan(mwqnAppSuppLoc, rules);
+        overview.loadSoftwareList();
+        EXPECT_TRUE(plan.met()) << rules;
+        EXPECT_EQ(overview.softwareTable().swNameArray(), QStringList{u"A"_s}) << rules;
+        EXPECT_EQ(mwqnSelSW, u"A"_s) << rules;
+        EXPECT_TRUE(failedWritesLine().startsWith(u"Not read: "_s)) << rules;
+    }
+    overview.loadSoftwareList();
+    EXPECT_EQ(failedWritesLine(), QString());
+    const FaultPlan plan(inData(u"A.qndata"_s), "open=EACCES");
+    const auto list = loadTitles();
+    EXPECT_TRUE(list && list->titles.size() == 1 && list->failures.size() == 1) << "it is there, and unknown";
+}
+
+TEST_F(OverviewTest, AConversionThatWasKilledIsFinished)
+{
+    bool isDone = false;
+    for (int call = 1; !isDone; ++call) {
+        ASSERT_TRUE(QDir().mkpath(inData(u"Old"_s)));
+        ASSERT_TRUE(put(inData(u"Old/Old.qnxmld"_s), summaryText(u"3"_s, {}, {})) &&
+                    put(inData(u"Old/Old.qnxml"_s), "pad"));
+        const pid_t child = ::fork();
+        if (child == 0) {
+            const QByteArray rules = "writing@" + QByteArray::number(call) + "=kill";
+            const FaultPlan plan(home(), rules.constData());
+            (void)loadTitles();
+            ::_exit(0);
+        }
+        int status = -1;
+        ::waitpid(child, &status, 0);
+        isDone = WIFEXITED(status);
+        AddDeleteImportEdit::removeUnfinished();
+        const auto list = loadTitles();
+        EXPECT_TRUE(list && list->failures.isEmpty() && list->titles.size() == 1) << call;
+        EXPECT_EQ(contents(inData(u"Old.qndata/data.qnxml"_s)), "pad") << call;
+        EXPECT_FALSE(QFile::exists(inData(u"Old/Old.qnxmld"_s))) << call;
+        ASSERT_TRUE(AddDeleteImportEdit::deleteQnDataFile(u"Old"_s));
+        QDir(inData(u"Old"_s)).removeRecursively();
+    }
 }
 
 TEST_F(OverviewTest, OlderLayoutIsConvertedOnceAndNothingElseOfItIsLost)
