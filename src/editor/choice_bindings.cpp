@@ -1,21 +1,17 @@
 #include "editor/choice_bindings.h"
 
-#include "editor/check_list_model.h"
 #include "editor/editor.h"
 #include "editor/editor_layout.h"
+#include "editor/pop_up_accessible.h"
 #include "platform/plain_text.h"
 #include "widgets/validation_palette.h"
 
 #include <QAbstractItemView>
-#include <QBoxLayout>
 #include <QCompleter>
 #include <QFocusEvent>
-#include <QKeyEvent>
 #include <QLineEdit>
-#include <QListView>
 #include <QScrollBar>
 #include <QSignalBlocker>
-#include <QSortFilterProxyModel>
 #include <QTimer>
 #include <QWheelEvent>
 
@@ -26,6 +22,7 @@ namespace quillon {
 FieldComboBox::FieldComboBox(Editor &editor, FieldId field, QWidget *parent)
     : QComboBox(parent), m_editor(editor), m_field(field), m_control(editor.form().popUp(field))
 {
+    [[maybe_unused]] static const bool once = (usePopUpAccessible(staticMetaObject.className()), true);
     setObjectName(m_control.objectName());
     setAccessibleName(accessibleNameOf(field));
     setFocusPolicy(Qt::StrongFocus); // Not by the wheel.
@@ -135,49 +132,6 @@ FieldCheckBox::FieldCheckBox(Editor &editor, FieldId field, QWidget *parent)
     connect(&control, &Control::changed, this, show);
     connect(&control.caption(), &Caption::changed, this, show);
     show();
-}
-
-FieldCheckList::FieldCheckList(Editor &editor, FieldId field, QWidget *parent)
-    : QWidget(parent), m_filter(new QLineEdit), m_list(new QListView)
-{
-    const QString name = padField(field).control.toString();
-    auto *narrowed = new QSortFilterProxyModel(this);
-    narrowed->setSourceModel(new CheckListModel(editor, field, this));
-    narrowed->setFilterCaseSensitivity(Qt::CaseInsensitive);
-    m_list->setObjectName(name);
-    m_list->setAccessibleName(accessibleNameOf(field));
-    m_list->setModel(narrowed);
-    m_list->setUniformItemSizes(true);
-    m_list->setMinimumHeight(m_list->fontMetrics().lineSpacing() * 8);
-    m_filter->setObjectName(name + u"Filter"_s);
-    m_filter->setAccessibleName(u"Filter "_s + accessibleNameOf(field));
-    m_filter->setPlaceholderText(u"Filter"_s);
-    m_filter->setClearButtonEnabled(true);
-    connect(m_filter, &QLineEdit::textChanged, narrowed, &QSortFilterProxyModel::setFilterFixedString);
-
-    auto *layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_filter);
-    layout->addWidget(m_list, 1);
-    setFocusProxy(m_list);
-    m_filter->installEventFilter(this);
-}
-
-void FieldCheckList::showAll()
-{
-    m_filter->clear();
-    m_list->scrollToTop();
-    m_list->setCurrentIndex({});
-}
-
-bool FieldCheckList::eventFilter(QObject *watched, QEvent *event)
-{
-    const bool goesDown =
-        event->type() == QEvent::KeyPress && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Down;
-    if (watched != m_filter || !goesDown)
-        return QWidget::eventFilter(watched, event);
-    m_list->setFocus(Qt::TabFocusReason);
-    return true;
 }
 
 } // namespace quillon

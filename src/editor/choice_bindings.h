@@ -6,10 +6,6 @@
 #include <QCheckBox>
 #include <QComboBox>
 
-class QLineEdit;
-class QListView;
-class QSortFilterProxyModel;
-
 namespace quillon {
 
 class Editor;
@@ -47,27 +43,6 @@ class FieldCheckBox : public QCheckBox
     Q_OBJECT
 public:
     FieldCheckBox(Editor &editor, FieldId field, QWidget *parent = nullptr);
-};
-
-/// A check list of the editor with a field above it that narrows the list down to what holds the typed text.
-class FieldCheckList : public QWidget
-{
-    Q_OBJECT
-public:
-    FieldCheckList(Editor &editor, FieldId field, QWidget *parent = nullptr);
-
-    /// The list itself, for a caption to point at.
-    [[nodiscard]] QListView *list() const { return m_list; }
-
-    /// Shows the whole list from its top, as for another title.
-    void showAll();
-
-protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
-
-private:
-    QLineEdit *m_filter;
-    QListView *m_list;
 };
 
 } // namespace quillon

@@ -14,7 +14,15 @@ using F = FieldId;
 
 // clang-format off
 const QList<FieldGroup> company = {
-    {u"Company", 0, {
+    {u"Author", 0, {
+        {u"Author first name", F::authorFirstName},
+        {u"Author last name", F::authorLastName},
+        {u"Author e-mail", F::authorEmail}}},
+    {u"Contact", 0, {
+        {u"Contact first name", F::contactFirstName},
+        {u"Contact last name", F::contactLastName},
+        {u"Contact e-mail", F::contactEmail}}},
+    {u"Company", 1, {
         {u"Company name", F::companyName},
         {u"Address", F::companyAddress},
         {u"Address line 2", F::companyAddress2},
@@ -23,14 +31,6 @@ const QList<FieldGroup> company = {
         {u"ZIP/Postcode", F::companyZIPPostcode},
         {u"Country", F::companyCountry},
         {u"Website", F::companyWebsite}}},
-    {u"Author", 1, {
-        {u"Author first name", F::authorFirstName},
-        {u"Author last name", F::authorLastName},
-        {u"Author e-mail", F::authorEmail}}},
-    {u"Contact", 1, {
-        {u"Contact first name", F::contactFirstName},
-        {u"Contact last name", F::contactLastName},
-        {u"Contact e-mail", F::contactEmail}}},
     {u"Support", 2, {
         {u"General e-mail", F::generalEmail},
         {u"General phone", F::generalPhone},
@@ -52,7 +52,7 @@ const QList<FieldGroup> program = {
         {u"Category", F::categoryPopUp}}},
     {u"Price and size", 0, {
         {u"Price in USD", F::priceInUSD},
-        {u"Other price", F::otherPrice, 1, F::otherPricePopUp},
+        {u"Other price (amount, currency)", F::otherPrice, 1, F::otherPricePopUp},
         {u"Size in bytes", F::sizeInBytes, 1, F::programSizeKB, F::programSizeMB}}},
     {u"Expiry", 1, {
         {u"", F::expireCheckBox},
@@ -64,9 +64,9 @@ const QList<FieldGroup> program = {
         {u"Change information", F::changeInformationView, 5},
         {u"System requirements", F::requirementsView, 3}}},
     {u"", 2, {
-        {u"Operating Systems", F::osTable}}},
+        {u"Operating Systems", F::osTable}}, 1},
     {u"", 3, {
-        {u"Supported Languages", F::languageTable}}},
+        {u"Supported Languages", F::languageTable}}, 1},
 };
 
 const QList<FieldGroup> descriptions = {
@@ -110,7 +110,8 @@ const QHash<FieldId, QStringView> &ownNames()
         {F::expireDateDay, u"Expire date, day"},
         {F::expireDateMonth, u"Expire date, month"},
         {F::expireDateYear, u"Expire date, year"},
-        {F::otherPricePopUp, u"Currency of the other price"},
+        {F::otherPrice, u"Other price, amount"},
+        {F::otherPricePopUp, u"Other price, currency"},
         {F::programSizeKB, u"Size in kilobytes"},
         {F::programSizeMB, u"Size in megabytes"},
         {F::expireCheckBox, u"Program Has Expire Information"},

@@ -24,6 +24,7 @@ struct FieldGroup
     QStringView title;
     int column; ///< On its page, from the left.
     QList<FieldLine> fields;
+    int width = 2; ///< Of its column, in proportion to the others.
 };
 
 /// The groups of the page @p label, in their order from top to bottom; none for a label that no page has.

@@ -3,14 +3,17 @@
 #include "editor/choice_bindings.h"
 #include "editor/editor.h"
 #include "editor/editor_layout.h"
+#include "editor/error_badge.h"
+#include "editor/field_check_list.h"
+#include "editor/hint_label.h"
 #include "editor/text_bindings.h"
 #include "platform/plain_text.h"
+#include "platform/settings.h"
 #include "widgets/validation_palette.h"
 
 #include <QBoxLayout>
 #include <QGroupBox>
 #include <QLabel>
-#include <QPainter>
 #include <QScopedValueRollback>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -24,6 +27,8 @@ namespace quillon {
 
 namespace {
 
+const QString pageKey = u"editor/page"_s;
+
 /// A label that says what the author types, never markup.
 QLabel *newPlainLabel(const QString &objectName)
 {
@@ -33,24 +38,15 @@ QLabel *newPlainLabel(const QString &objectName)
     return label;
 }
 
-/// A red disc with the number of a page's errors.
-QIcon errorBadge(int count, const QWidget &widget)
+/// A text that the author does not type. However long it becomes, what stands beside it stays where it is.
+QLabel *newComputed(const TextControl &control)
 {
-    const int height = widget.fontMetrics().height();
-    const QString text = QString::number(count);
-    const QSize size(qMax(height, widget.fontMetrics().horizontalAdvance(text) + height / 2), height);
-    QPixmap pixmap(size * widget.devicePixelRatioF());
-    pixmap.setDevicePixelRatio(widget.devicePixelRatioF());
-    pixmap.fill(Qt::transparent);
-    QPainter painter(&pixmap);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(0xc6, 0x1a, 0x1a));
-    painter.drawRoundedRect(QRect(QPoint(0, 0), size), height / 2.0, height / 2.0);
-    painter.setPen(Qt::white);
-    painter.setFont(widget.font());
-    painter.drawText(QRect(QPoint(0, 0), size), Qt::AlignCenter, text);
-    return pixmap;
+    QLabel *label = newPlainLabel(control.objectName());
+    label->setFixedWidth(label->fontMetrics().horizontalAdvance(u"0000000000 KB"_s));
+    const auto show = [label, &control] { label->setText(control.text()); };
+    QObject::connect(&control, &Control::changed, label, show);
+    show();
+    return label;
 }
 
 void placeCursorAtEnd(QWidget *widget)
@@ -91,7 +87,7 @@ QWidget *EditorView::newPage(const EditorPage &page)
         QVBoxLayout *&column = layouts[group.column];
         if (!column) {
             column = new QVBoxLayout;
-            columns->addLayout(column, 1);
+            columns->addLayout(column, group.width);
         }
         column->addWidget(newGroup(group));
     }
@@ -125,7 +121,7 @@ void EditorView::addLine(QBoxLayout *layout, const FieldLine &line)
     QWidget *first = newControl(line.field, line.lines);
     if (!line.caption.isEmpty()) {
         QLabel *caption = newCaption(line);
-        caption->setBuddy(first);
+        caption->setBuddy(m_widgets.value(line.field));
         layout->addWidget(caption);
     }
     auto *row = new QHBoxLayout;
@@ -139,7 +135,7 @@ void EditorView::addLine(QBoxLayout *layout, const FieldLine &line)
                       line.lines > 1 || padField(line.field).kind == FieldKind::CheckList ? line.lines : 0);
     for (const std::optional<FieldId> &each : {std::optional(line.field), line.second, line.third}) {
         if (each)
-            layout->addWidget(newHint(m_editor.form().control(*each)));
+            layout->addWidget(new HintLabel(m_editor, *each, layout->parentWidget()));
     }
     layout->addSpacing(2);
 }
@@ -160,18 +156,14 @@ QWidget *EditorView::newControl(FieldId field, int lines)
     case FieldKind::CheckBox:
         widget = new FieldCheckBox(m_editor, field);
         break;
-    case FieldKind::CheckList:
-        widget = new FieldCheckList(m_editor, field);
-        break;
-    case FieldKind::Computed: {
-        const TextControl &control = m_editor.form().text(field);
-        QLabel *label = newPlainLabel(control.objectName());
-        const auto show = [label, &control] { label->setText(control.text()); };
-        connect(&control, &Control::changed, label, show);
-        show();
-        widget = label;
-        break;
+    case FieldKind::CheckList: {
+        auto *list = new FieldCheckList(m_editor, field);
+        m_widgets.insert(field, list->list());
+        return list;
     }
+    case FieldKind::Computed:
+        widget = newComputed(m_editor.form().text(field));
+        break;
     }
     m_widgets.insert(field, widget);
     return widget;
@@ -184,24 +176,6 @@ QLabel *EditorView::newCaption(const FieldLine &line)
     label->setText(line.caption.toString());
     const auto show = [label, &control] { setValidationColour(*label, control.caption().colour()); };
     connect(&control.caption(), &Caption::changed, label, show);
-    show();
-    return label;
-}
-
-QLabel *EditorView::newHint(const Control &control)
-{
-    QLabel *label = newPlainLabel(control.objectName() + u"Message"_s);
-    QFont small = label->font();
-    small.setPointSizeF(small.pointSizeF() * 0.85);
-    label->setFont(small);
-    label->setWordWrap(true);
-    const auto show = [label, &control] {
-        // A count is not broken where the line is.
-        label->setText(QString(control.hint()).replace(u" / "_s, u"\u00a0/\u00a0"_s));
-        label->setVisible(!control.hint().isEmpty());
-        setValidationColour(*label, control.hintColour());
-    };
-    connect(&control, &Control::changed, label, show);
     show();
     return label;
 }
@@ -230,6 +204,7 @@ void EditorView::revealField(FieldId field)
 void EditorView::tabPicked(int index)
 {
     const QString label = m_editorTabs->tabText(index);
+    settings().setValue(pageKey, label);
     Q_EMIT tabSelected(label);
     if (!m_revealing)
         focusField(m_editor.didSelectTabViewItem(label));
@@ -249,13 +224,23 @@ void EditorView::showErrorCounts()
 void EditorView::showErrors()
 {
     for (auto each = m_widgets.cbegin(); each != m_widgets.cend(); ++each) {
-        QWidget *widget = each.value();
-        QWidget *reader = widget->focusProxy() ? widget->focusProxy() : widget; // What a screen reader reads.
         const QString message = m_editor.errorMessage(each.key());
-        if (reader->accessibleDescription() == message)
+        const QString hint = m_editor.form().control(each.key()).hint().simplified();
+        const QString description = message.isEmpty() ? hint : message;
+        if (each.value()->accessibleDescription() == description)
             continue;
-        reader->setAccessibleDescription(message);
-        widget->setToolTip(plainToolTip(message));
+        each.value()->setAccessibleDescription(description);
+        each.value()->setToolTip(plainToolTip(message));
+    }
+}
+
+void EditorView::restorePage()
+{
+    const QScopedValueRollback guard(m_revealing, true);
+    const QString label = settings().value(pageKey).toString();
+    for (int page = 0; page < m_editorTabs->count(); ++page) {
+        if (m_editorTabs->tabText(page) == label)
+            m_editorTabs->setCurrentIndex(page);
     }
 }
 
@@ -264,6 +249,8 @@ void EditorView::showEvent(QShowEvent *event)
     QWidget::showEvent(event);
     if (event->spontaneous())
         return;
+    if (!std::exchange(m_isPageRestored, true))
+        restorePage();
     // Perhaps another title's: nothing of what was looked for in the last one stays.
     for (FieldCheckList *list : findChildren<FieldCheckList *>())
         list->showAll();

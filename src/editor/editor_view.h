@@ -11,7 +11,6 @@ class QTabWidget;
 
 namespace quillon {
 
-class Control;
 class Editor;
 struct FieldGroup;
 struct FieldLine;
@@ -46,15 +45,17 @@ private:
     void addLine(QBoxLayout *layout, const FieldLine &line);
     QWidget *newControl(FieldId field, int lines);
     QLabel *newCaption(const FieldLine &line);
-    QLabel *newHint(const Control &control);
     void tabPicked(int index);
     void showErrorCounts();
     void showErrors();
+    /// Shows the page of the last run. Not before somebody listens to tabSelected(): at the first showing.
+    void restorePage();
 
     Editor &m_editor;
     QTabWidget *m_editorTabs;
     QHash<FieldId, QWidget *> m_widgets;
-    bool m_revealing = false;
+    bool m_revealing = false; ///< The page changes for a field that gets the focus by itself.
+    bool m_isPageRestored = false;
 };
 
 } // namespace quillon

@@ -8,6 +8,7 @@
 #include <QCoreApplication>
 #include <QFocusEvent>
 #include <QInputMethodEvent>
+#include <QKeyEvent>
 #include <QMimeData>
 #include <QScopedValueRollback>
 #include <QTextBlock>
@@ -65,6 +66,8 @@ FieldLineEdit::FieldLineEdit(Editor &editor, FieldId field, QWidget *parent)
 
 void FieldLineEdit::showControl()
 {
+    if (m_walking)
+        return;
     const QScopedValueRollback guard(m_showing, true);
     if (const QString wanted = m_control.text(); wanted != text()) {
         const TextChange change = TextChange::between(text(), wanted);
@@ -98,6 +101,39 @@ void FieldLineEdit::showColours()
     QLineEdit::inputMethodEvent(&event);
 }
 
+void FieldLineEdit::undo()
+{
+    walkHistory(&QLineEdit::undo, &QLineEdit::isUndoAvailable);
+}
+
+void FieldLineEdit::redo()
+{
+    walkHistory(&QLineEdit::redo, &QLineEdit::isRedoAvailable);
+}
+
+void FieldLineEdit::walkHistory(void (QLineEdit::*step)(), bool (QLineEdit::*canStep)() const)
+{
+    const QString before = text();
+    {
+        const QScopedValueRollback guard(m_walking, true);
+        const auto isPassed = [&] { return text() == before || text() != m_control.text(); };
+        do
+            (this->*step)();
+        while (isPassed() && (this->*canStep)());
+    }
+    showControl();
+}
+
+void FieldLineEdit::keyPressEvent(QKeyEvent *event)
+{
+    if (event->matches(QKeySequence::Undo))
+        undo();
+    else if (event->matches(QKeySequence::Redo))
+        redo();
+    else
+        QLineEdit::keyPressEvent(event);
+}
+
 void FieldLineEdit::inputMethodEvent(QInputMethodEvent *event)
 {
     m_composing = !event->preeditString().isEmpty();
@@ -127,7 +163,7 @@ void FieldLineEdit::changeEvent(QEvent *event)
 }
 
 FieldTextEdit::FieldTextEdit(Editor &editor, FieldId field, int lines, QWidget *parent)
-    : QPlainTextEdit(parent)
+    : WithFocusFrame(parent)
     , m_editor(editor)
     , m_field(field)
     , m_control(editor.form().text(field))
@@ -147,7 +183,9 @@ FieldTextEdit::FieldTextEdit(Editor &editor, FieldId field, int lines, QWidget *
 
 QSize FieldTextEdit::sizeHint() const
 {
-    const int margins = 2 * int(document()->documentMargin()) + 2 * frameWidth();
+    const QMargins frame = viewportMargins();
+    const int margins =
+        2 * int(document()->documentMargin()) + 2 * frameWidth() + frame.top() + frame.bottom();
     return {QPlainTextEdit::sizeHint().width(), fontMetrics().lineSpacing() * m_lines + margins};
 }
 

@@ -2,6 +2,7 @@
 
 #include "controls/controls.h"
 #include "pad/field_catalogue.h"
+#include "widgets/focus_frame.h"
 
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -18,7 +19,14 @@ class FieldLineEdit : public QLineEdit
 public:
     FieldLineEdit(Editor &editor, FieldId field, QWidget *parent = nullptr);
 
+public Q_SLOTS:
+    /// In place of the widget's own, whose menu calls them by their names: a step back or on to a text that
+    /// is another, past those that the field's filter did not let stand.
+    void undo();
+    void redo();
+
 protected:
+    void keyPressEvent(QKeyEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
     void inputMethodEvent(QInputMethodEvent *event) override;
     void changeEvent(QEvent *event) override;
@@ -27,17 +35,19 @@ private:
     void showControl();
     void showColours();
     void endEditing();
+    void walkHistory(void (QLineEdit::*step)(), bool (QLineEdit::*canStep)() const);
 
     Editor &m_editor;
     FieldId m_field;
     TextControl &m_control;
     bool m_showing = false;   ///< The text changes because the control did.
+    bool m_walking = false;   ///< Undo or redo is under way; the text is not to be changed meanwhile.
     bool m_composing = false; ///< An input method is at work; it must not be disturbed.
 };
 
 /// A native multi-line text that shows a text control of the editor and hands it what is typed. The Tab key
 /// leaves it.
-class FieldTextEdit : public QPlainTextEdit
+class FieldTextEdit : public WithFocusFrame<QPlainTextEdit>
 {
     Q_OBJECT
 public:

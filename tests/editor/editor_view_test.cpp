@@ -1,84 +1,10 @@
-#include "editor/choice_bindings.h"
-#include "editor/editor.h"
-#include "editor/editor_view.h"
-#include "editor/text_bindings.h"
-#include "store/error_tracking.h"
-#include "support/gui.h"
-#include "support/recorders.h"
-#include "support/temporary_home.h"
+#include "editor/editor_view_fixture.h"
 
 #include <QClipboard>
-#include <QLabel>
-#include <QListView>
-#include <QTabWidget>
 #include <QWheelEvent>
-
-using namespace Qt::StringLiterals;
 
 namespace quillon {
 namespace {
-
-/// The real editor and its view on an empty title, driven by keys and mouse.
-class EditorViewTest : public TemporaryDataFolder
-{
-protected:
-    void SetUp() override
-    {
-        TemporaryDataFolder::SetUp();
-        ASSERT_TRUE(AddDeleteImportEdit::createNewListing(u"T"_s));
-        selectTitle(u"T"_s);
-        editor.awakeFromNib();
-        editor.loadPADData();
-        view = std::make_unique<EditorView>(editor);
-        editor.checkEntriesForErrors();
-        view->resize(1280, 640);
-        view->show();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(view.get()));
-    }
-
-    template<typename Widget>
-    Widget *widget(FieldId field)
-    {
-        view->revealField(field);
-        auto *found = view->findChild<Widget *>(padField(field).control.toString());
-        EXPECT_NE(found, nullptr);
-        return found;
-    }
-    FieldLineEdit *line(FieldId field) { return widget<FieldLineEdit>(field); }
-    FieldTextEdit *text(FieldId field) { return widget<FieldTextEdit>(field); }
-    static QString stored(FieldId field)
-    {
-        const QString file = QString::fromUtf8(*AddDeleteImportEdit::returnDataObjectFor(u"data"));
-        const QString tag = padField(field).element.toString();
-        const qsizetype start = file.indexOf(u'<' + tag + u'>') + tag.size() + 2;
-        return file.sliced(start, file.indexOf(u"</" + tag + u'>') - start);
-    }
-    QString labelText(const QString &name)
-    {
-        return view->findChild<QLabel *>(name)->text().replace(QChar::Nbsp, u' ');
-    }
-    QColor labelColour(const QString &name)
-    {
-        return view->findChild<QLabel *>(name)->palette().color(QPalette::WindowText);
-    }
-    /// Whether the pixels of @p widget hold a saturated red.
-    static bool showsRed(QWidget *widget)
-    {
-        const QImage image = widget->grab().toImage();
-        for (int y = 0; y < image.height(); ++y) {
-            for (int x = 0; x < image.width(); ++x) {
-                const QColor colour = image.pixelColor(x, y);
-                if (colour.red() > 150 && colour.green() < 90 && colour.blue() < 90)
-                    return true;
-            }
-        }
-        return false;
-    }
-
-    RecordingSheets sheets;
-    Editor editor{sheets};
-    std::unique_ptr<EditorView> view;
-};
 
 TEST_F(EditorViewTest, EachKeyIsCountedColouredAndStored)
 {
@@ -199,7 +125,7 @@ TEST_F(EditorViewTest, ChoicesAreSearchedByTyping)
 
 TEST_F(EditorViewTest, PagesTellTheirErrorsAndTakeTheFocus)
 {
-    auto *tabs = view->findChild<QTabWidget *>(u"editorTabs"_s);
+    QTabWidget *tabs = editorTabs();
     const QString before = tabs->tabToolTip(3);
     QTest::keyClicks(line(FieldId::appInfoURL), u"http://example.org/"_s);
     EXPECT_EQ(before, u"5 errors on this page"_s);
