@@ -120,8 +120,8 @@ public:
     /// Another text is all black.
     void setText(const QString &text);
 
-    /// Whether the author is at work in the text, which is when checks colour it; several lines always count
-    /// as being worked on. What is coloured stays so when the work ends.
+    /// Whether checks colour the text: while the author types in it, and always in one of several lines. The
+    /// colours stay when the author leaves it.
     [[nodiscard]] bool isEditing() const { return m_editing || m_lines == Lines::Several; }
     void setEditing(bool editing) { m_editing = editing; }
 

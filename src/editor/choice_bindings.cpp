@@ -25,18 +25,12 @@ FieldComboBox::FieldComboBox(Editor &editor, FieldId field, QWidget *parent)
     [[maybe_unused]] static const bool once = (usePopUpAccessible(staticMetaObject.className()), true);
     setObjectName(m_control.objectName());
     setAccessibleName(accessibleNameOf(field));
-    setFocusPolicy(Qt::StrongFocus); // Not by the wheel.
-    setEditable(true);
-    setInsertPolicy(QComboBox::NoInsert);
+    setFocusPolicy(Qt::StrongFocus); // Tab and clicks; turning the wheel over it gives it no focus.
     setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     static constexpr int visibleCharacters = 12;
     setMinimumContentsLength(visibleCharacters);
     addItems(m_control.items());
-    completer()->setCompletionMode(QCompleter::PopupCompletion);
-    completer()->setFilterMode(Qt::MatchContains);
-    completer()->setCaseSensitivity(Qt::CaseInsensitive);
-    lineEdit()->setAccessibleName(accessibleName());
-    view()->installEventFilter(this);
+    letSearchByTyping();
     // The lists are as wide as their longest item, not as the field.
     const int wide = view()->sizeHintForColumn(0) + view()->verticalScrollBar()->sizeHint().width();
     view()->setMinimumWidth(wide);
@@ -44,9 +38,20 @@ FieldComboBox::FieldComboBox(Editor &editor, FieldId field, QWidget *parent)
 
     connect(this, &QComboBox::activated, this, &FieldComboBox::choose);
     connect(lineEdit(), &QLineEdit::returnPressed, this, [this] { takeTypedText(true); });
-    lineEdit()->installEventFilter(this);
     connect(&m_control, &Control::changed, this, &FieldComboBox::showControl);
     showControl();
+}
+
+void FieldComboBox::letSearchByTyping()
+{
+    setEditable(true);
+    setInsertPolicy(QComboBox::NoInsert);
+    completer()->setCompletionMode(QCompleter::PopupCompletion);
+    completer()->setFilterMode(Qt::MatchContains);
+    completer()->setCaseSensitivity(Qt::CaseInsensitive);
+    lineEdit()->setAccessibleName(accessibleName());
+    lineEdit()->installEventFilter(this);
+    view()->installEventFilter(this);
 }
 
 void FieldComboBox::showControl()

@@ -25,6 +25,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    void letSearchByTyping();
     void showControl();
     void choose(int index);
     /// Chooses the item that the text names; with @p orPart also the only one that holds it.

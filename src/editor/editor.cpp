@@ -68,6 +68,7 @@ void Editor::loadPADData()
         reportFailure(m_loaded.error());
     }
     field_rules::forgetTypedHints(m_form);
+    Q_EMIT formLoaded();
 }
 
 void Editor::typed(FieldId field, const QString &text)

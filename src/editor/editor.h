@@ -82,6 +82,8 @@ public:
     void createGeneralFileData() const;
 
 Q_SIGNALS:
+    /// The form was filled anew, or emptied because of what loaded() tells.
+    void formLoaded();
     /// A full check is done and everything is stored.
     void checked();
 

@@ -7,6 +7,7 @@
 #include "editor/field_check_list.h"
 #include "editor/hint_label.h"
 #include "editor/text_bindings.h"
+#include "editor/unreadable_file_bar.h"
 #include "platform/plain_text.h"
 #include "platform/settings.h"
 #include "widgets/validation_palette.h"
@@ -72,10 +73,13 @@ EditorView::EditorView(Editor &editor, QWidget *parent)
     m_editorTabs->tabBar()->setAccessibleName(u"Pages of the PAD file"_s);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_editorTabs);
+    layout->addWidget(new UnreadableFileBar(editor, this));
+    layout->addWidget(m_editorTabs, 1);
     connect(m_editorTabs, &QTabWidget::currentChanged, this, &EditorView::tabPicked);
     connect(&editor, &Editor::checked, this, &EditorView::showErrorCounts);
     connect(&editor, &Editor::checked, this, &EditorView::showErrors);
+    connect(&editor, &Editor::formLoaded, this, &EditorView::enablePages);
+    enablePages();
 }
 
 QWidget *EditorView::newPage(const EditorPage &page)
@@ -208,6 +212,12 @@ void EditorView::tabPicked(int index)
     Q_EMIT tabSelected(label);
     if (!m_revealing)
         focusField(m_editor.didSelectTabViewItem(label));
+}
+
+void EditorView::enablePages()
+{
+    for (int page = 0; page < m_editorTabs->count(); ++page)
+        m_editorTabs->widget(page)->setEnabled(bool(m_editor.loaded()));
 }
 
 void EditorView::showErrorCounts()

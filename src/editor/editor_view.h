@@ -46,6 +46,8 @@ private:
     QWidget *newControl(FieldId field, int lines);
     QLabel *newCaption(const FieldLine &line);
     void tabPicked(int index);
+    /// Nothing can be typed into a form whose title could not be read: it would not be stored.
+    void enablePages();
     void showErrorCounts();
     void showErrors();
     /// Shows the page of the last run. Not before somebody listens to tabSelected(): at the first showing.

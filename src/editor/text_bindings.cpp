@@ -57,16 +57,26 @@ FieldLineEdit::FieldLineEdit(Editor &editor, FieldId field, QWidget *parent)
     connect(&m_control, &Control::changed, this, &FieldLineEdit::showControl);
     connect(this, &QLineEdit::textChanged, this, [this](const QString &text) {
         if (!m_showing)
-            m_editor.typed(m_field, text);
-        showColours();
+            handDown(text);
+        else
+            showColours();
     });
     connect(this, &QLineEdit::returnPressed, this, &FieldLineEdit::endEditing);
     showControl();
 }
 
+void FieldLineEdit::handDown(const QString &text)
+{
+    {
+        const QScopedValueRollback guard(m_handingDown, true);
+        m_editor.typed(m_field, text);
+    }
+    showControl();
+}
+
 void FieldLineEdit::showControl()
 {
-    if (m_walking)
+    if (m_handingDown || m_walking)
         return;
     const QScopedValueRollback guard(m_showing, true);
     if (const QString wanted = m_control.text(); wanted != text()) {
@@ -116,6 +126,7 @@ void FieldLineEdit::walkHistory(void (QLineEdit::*step)(), bool (QLineEdit::*can
     const QString before = text();
     {
         const QScopedValueRollback guard(m_walking, true);
+        // A text that the filter changes is another in the control.
         const auto isPassed = [&] { return text() == before || text() != m_control.text(); };
         do
             (this->*step)();

@@ -32,6 +32,8 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
+    /// Hands the typed text to the editor, and shows once what the rules have made of it.
+    void handDown(const QString &text);
     void showControl();
     void showColours();
     void endEditing();
@@ -40,9 +42,10 @@ private:
     Editor &m_editor;
     FieldId m_field;
     TextControl &m_control;
-    bool m_showing = false;   ///< The text changes because the control did.
-    bool m_walking = false;   ///< Undo or redo is under way; the text is not to be changed meanwhile.
-    bool m_composing = false; ///< An input method is at work; it must not be disturbed.
+    bool m_showing = false;     ///< The text changes because the control did.
+    bool m_handingDown = false; ///< The control changes because the text did.
+    bool m_walking = false;     ///< Undo or redo is under way; the text is not to be changed meanwhile.
+    bool m_composing = false;   ///< An input method is at work; it must not be disturbed.
 };
 
 /// A native multi-line text that shows a text control of the editor and hands it what is typed. The Tab key

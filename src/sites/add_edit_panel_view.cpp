@@ -1,6 +1,6 @@
 #include "sites/add_edit_panel_view.h"
 
-#include "sites/preferences_controller.h"
+#include "sites/add_edit_panel.h"
 #include "widgets/failed_writes_label.h"
 
 #include <QDialogButtonBox>
@@ -28,9 +28,9 @@ QLineEdit *newField(const QString &name, const QString &accessibleName)
 
 } // namespace
 
-AddEditPanelView::AddEditPanelView(PreferencesController &preferences, QWidget *parent)
+AddEditPanelView::AddEditPanelView(AddEditPanel &panel, QWidget *parent)
     : QDialog(parent)
-    , m_preferences(preferences)
+    , m_panel(panel)
     , m_title(new QLabel)
     , m_siteName(newField(u"siteNameField"_s, u"Name"_s))
     , m_siteUrl(newField(u"siteURLField"_s, u"URL"_s))
@@ -60,19 +60,19 @@ AddEditPanelView::AddEditPanelView(PreferencesController &preferences, QWidget *
     setTabOrder(m_addSaveButton, buttons->button(QDialogButtonBox::Cancel));
 
     connect(buttons, &QDialogButtonBox::accepted, this,
-            [this] { m_preferences.addSaveButtonAction(m_siteName->text(), m_siteUrl->text()); });
+            [this] { m_panel.addSaveButtonAction(m_siteName->text(), m_siteUrl->text()); });
     connect(buttons, &QDialogButtonBox::rejected, this, &AddEditPanelView::reject);
-    connect(&preferences, &PreferencesController::addEditPanelChanged, this, &AddEditPanelView::showPanel);
+    connect(&panel, &AddEditPanel::changed, this, &AddEditPanelView::showPanel);
 }
 
 void AddEditPanelView::reject()
 {
-    m_preferences.cancelAddEditAction();
+    m_panel.cancelAddEditAction();
 }
 
 void AddEditPanelView::showPanel()
 {
-    const AddEditPanel &panel = m_preferences.addEditPanel();
+    const AddEditPanelContent &panel = m_panel.content();
     if (!panel.isOpen) {
         hide();
         return;
@@ -82,7 +82,7 @@ void AddEditPanelView::showPanel()
     m_siteName->setText(panel.siteNameField);
     m_siteUrl->setText(panel.siteURLField);
     m_addSaveButton->setText(panel.addEditSentFrom == u"add" ? u"&Add"_s : u"&Save"_s);
-    QLineEdit *field = panel.focus == AddEditPanel::Field::Url ? m_siteUrl : m_siteName;
+    QLineEdit *field = panel.focus == AddEditPanelContent::Field::Url ? m_siteUrl : m_siteName;
     field->setFocus();
     open();
     // A window that opens selects its first field's text by itself.

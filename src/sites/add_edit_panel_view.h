@@ -8,21 +8,21 @@ class QPushButton;
 
 namespace quillon {
 
-class PreferencesController;
+class AddEditPanel;
 
-/// The panel in which a site's name and address are typed, opened and closed as PreferencesController says.
+/// The panel in which a site's name and address are typed, opened and closed as AddEditPanel says.
 class AddEditPanelView : public QDialog
 {
     Q_OBJECT
 public:
-    AddEditPanelView(PreferencesController &preferences, QWidget *parent);
+    AddEditPanelView(AddEditPanel &panel, QWidget *parent);
 
     void reject() override;
 
 private:
     void showPanel();
 
-    PreferencesController &m_preferences;
+    AddEditPanel &m_panel;
     QLabel *m_title;
     QLineEdit *m_siteName;
     QLineEdit *m_siteUrl;

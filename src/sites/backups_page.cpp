@@ -1,6 +1,6 @@
 #include "sites/backups_page.h"
 
-#include "sites/preferences_controller.h"
+#include "sites/preferences_backups.h"
 
 #include <QBoxLayout>
 #include <QGridLayout>
@@ -13,25 +13,24 @@ using namespace Qt::StringLiterals;
 
 namespace quillon {
 
-BackupsPage::BackupsPage(PreferencesController &preferences, QWidget *parent)
-    : QWidget(parent), m_preferences(preferences)
+BackupsPage::BackupsPage(PreferencesBackups &backups, QWidget *parent) : QWidget(parent), m_backups(backups)
 {
     setObjectName(u"backupsView"_s);
     const QList<Command> ofTitles = {
         {u"backupSoftwareButton"_s, u"&Back Up Software List…"_s, u":/icons/backup.svg"_s,
          u"Copies every software title, with its PAD file and its submissions, into one backup."_s,
-         &PreferencesController::backupSoftwareAction, true},
+         &PreferencesBackups::backupSoftwareAction, true},
         {u"importSoftwareListButton"_s, u"&Restore Software List…"_s, u":/icons/import.svg"_s,
          u"Adds the titles of a backup to the software list; titles that are in the list stay as they are."_s,
-         &PreferencesController::importSoftwareListAction, true},
+         &PreferencesBackups::importSoftwareListAction, true},
     };
     const QList<Command> ofSites = {
         {u"backupSitesListButton"_s, u"Back Up &Site List…"_s, u":/icons/backup.svg"_s,
          u"Copies the sites that you added or changed, and which default sites you removed."_s,
-         &PreferencesController::backupSitesListAction, false},
+         &PreferencesBackups::backupSitesListAction, false},
         {u"importSitesButton"_s, u"Restore S&ite List…"_s, u":/icons/import.svg"_s,
          u"Adds the changes of a backup to the site list; where both have a site, yours stays as it is."_s,
-         &PreferencesController::importSitesAction, false},
+         &PreferencesBackups::importSitesAction, false},
     };
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -40,7 +39,7 @@ BackupsPage::BackupsPage(PreferencesController &preferences, QWidget *parent)
     alignSentences();
     layout->addWidget(newProgressRow());
     layout->addStretch(1);
-    connect(&preferences, &PreferencesController::transferProgress, this, &BackupsPage::showProgress);
+    connect(&backups, &PreferencesBackups::transferProgress, this, &BackupsPage::showProgress);
 }
 
 QWidget *BackupsPage::newGroup(const QString &title, const QList<Command> &commands)
@@ -53,7 +52,7 @@ QWidget *BackupsPage::newGroup(const QString &title, const QList<Command> &comma
         button->setObjectName(command.name);
         button->setAccessibleDescription(command.sentence);
         button->setAutoDefault(false);
-        connect(button, &QPushButton::clicked, &m_preferences, command.run);
+        connect(button, &QPushButton::clicked, &m_backups, command.run);
         if (command.copiesTitles)
             m_titleButtons.append(button);
         auto *sentence = new QLabel(command.sentence);
@@ -87,7 +86,7 @@ QWidget *BackupsPage::newProgressRow()
     cancel->setObjectName(u"cancelTransferButton"_s);
     cancel->setAccessibleDescription(u"Stops the copying and removes what it made"_s);
     cancel->setAutoDefault(false);
-    connect(cancel, &QPushButton::clicked, &m_preferences, &PreferencesController::cancelTransfer);
+    connect(cancel, &QPushButton::clicked, &m_backups, &PreferencesBackups::cancelTransfer);
 
     m_progressRow = new QWidget;
     auto *layout = new QHBoxLayout(m_progressRow);

@@ -7,7 +7,7 @@ class QPushButton;
 
 namespace quillon {
 
-class PreferencesController;
+class PreferencesBackups;
 
 /// The preferences window's page of backups: what can be backed up and restored, and how far the copying of
 /// titles is.
@@ -15,7 +15,7 @@ class BackupsPage : public QWidget
 {
     Q_OBJECT
 public:
-    explicit BackupsPage(PreferencesController &preferences, QWidget *parent = nullptr);
+    explicit BackupsPage(PreferencesBackups &backups, QWidget *parent = nullptr);
 
 private:
     /// A button, and the sentence that says what it does.
@@ -25,7 +25,7 @@ private:
         QString text;
         QString icon;
         QString sentence;
-        void (PreferencesController::*run)();
+        void (PreferencesBackups::*run)();
         bool copiesTitles;
     };
     QWidget *newGroup(const QString &title, const QList<Command> &commands);
@@ -34,7 +34,7 @@ private:
     QWidget *newProgressRow();
     void showProgress(int done, int total);
 
-    PreferencesController &m_preferences;
+    PreferencesBackups &m_backups;
     QList<QPushButton *> m_titleButtons; ///< Those that cannot be used while titles are copied.
     QWidget *m_progressRow = nullptr;
     QProgressBar *m_progress = nullptr;

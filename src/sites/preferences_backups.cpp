@@ -1,8 +1,9 @@
+#include "sites/preferences_backups.h"
+
 #include "platform/alert_sheets.h"
 #include "platform/delayed_calls.h"
 #include "platform/notification_center.h"
 #include "platform/notifications.h"
-#include "sites/preferences_controller.h"
 
 #include <QElapsedTimer>
 
@@ -27,28 +28,35 @@ Alert alertOf(const BackupResult &result)
 
 } // namespace
 
-void PreferencesController::backupSoftwareAction()
+PreferencesBackups::PreferencesBackups(AlertSheets &alerts, DelayedCalls &delayedCalls)
+    : m_alerts(alerts), m_delayedCalls(delayedCalls)
+{
+}
+
+PreferencesBackups::~PreferencesBackups() = default;
+
+void PreferencesBackups::backupSoftwareAction()
 {
     m_alerts.chooseSaveFile(
         SheetWindow::Preferences,
         request(u"Save Backup"_s, backups::titlesExtension, u"Quillon Software List Backup.swback"_s),
         [this](const QString &path) {
             beginTransfer(TitleTransfer::backup(path, backups::Existing::Replace),
-                          &PreferencesController::backupEnded);
+                          &PreferencesBackups::backupEnded);
         });
 }
 
-void PreferencesController::importSoftwareListAction()
+void PreferencesBackups::importSoftwareListAction()
 {
     m_alerts.chooseFiles(SheetWindow::Preferences, request(u"Choose Backup"_s, backups::titlesExtension),
                          [this](const QStringList &paths) {
                              if (!paths.isEmpty())
                                  beginTransfer(TitleTransfer::restore(paths.first()),
-                                               &PreferencesController::restoreEnded);
+                                               &PreferencesBackups::restoreEnded);
                          });
 }
 
-void PreferencesController::backupSitesListAction()
+void PreferencesBackups::backupSitesListAction()
 {
     m_alerts.chooseSaveFile(
         SheetWindow::Preferences,
@@ -58,7 +66,7 @@ void PreferencesController::backupSitesListAction()
         });
 }
 
-void PreferencesController::importSitesAction()
+void PreferencesBackups::importSitesAction()
 {
     m_alerts.chooseFiles(SheetWindow::Preferences, request(u"Choose Backup"_s, backups::sitesExtension),
                          [this](const QStringList &paths) {
@@ -67,13 +75,12 @@ void PreferencesController::importSitesAction()
                              const BackupResult result = backups::restoreSites(paths.first());
                              if (!result.sentence.isEmpty())
                                  tellLater(alertOf(result));
-                             sitesListViewAction();
-                             loadSitesIntoList();
+                             Q_EMIT sitesRestored();
                          });
 }
 
-void PreferencesController::beginTransfer(std::unique_ptr<TitleTransfer> transfer,
-                                          void (PreferencesController::*ended)(const BackupResult &))
+void PreferencesBackups::beginTransfer(std::unique_ptr<TitleTransfer> transfer,
+                                       void (PreferencesBackups::*ended)(const BackupResult &))
 {
     if (m_transfer)
         return;
@@ -82,7 +89,7 @@ void PreferencesController::beginTransfer(std::unique_ptr<TitleTransfer> transfe
     continueTransfer();
 }
 
-void PreferencesController::continueTransfer()
+void PreferencesBackups::continueTransfer()
 {
     if (!m_transfer)
         return;
@@ -104,24 +111,24 @@ void PreferencesController::continueTransfer()
     (this->*m_transferEnded)(result);
 }
 
-void PreferencesController::cancelTransfer()
+void PreferencesBackups::cancelTransfer()
 {
     if (const std::unique_ptr<TitleTransfer> transfer = std::move(m_transfer))
         Q_EMIT transferProgress(transfer->total(), transfer->total());
 }
 
-void PreferencesController::backupEnded(const BackupResult &result)
+void PreferencesBackups::backupEnded(const BackupResult &result)
 {
     tellLater(alertOf(result));
 }
 
-void PreferencesController::restoreEnded(const BackupResult &result)
+void PreferencesBackups::restoreEnded(const BackupResult &result)
 {
     tellLater(alertOf(result));
     NotificationCenter::defaultCenter().post(notification::mwqnOvLSlst);
 }
 
-void PreferencesController::tellLater(const Alert &alert)
+void PreferencesBackups::tellLater(const Alert &alert)
 {
     m_delayedCalls.after(resultDelay, this,
                          [this, alert] { m_alerts.show(SheetWindow::Preferences, alert); });

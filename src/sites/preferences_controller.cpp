@@ -1,7 +1,6 @@
 #include "sites/preferences_controller.h"
 
 #include "platform/alert_sheets.h"
-#include "platform/delayed_calls.h"
 #include "platform/notification_center.h"
 #include "platform/notifications.h"
 #include "store/process_state.h"
@@ -31,11 +30,14 @@ QStringList at(const QList<int> &rows, const QStringList &names)
 } // namespace
 
 PreferencesController::PreferencesController(AlertSheets &alerts, DelayedCalls &delayedCalls, QObject *parent)
-    : QObject(parent), m_alerts(alerts), m_delayedCalls(delayedCalls)
+    : QObject(parent), m_alerts(alerts), m_panel(alerts, delayedCalls), m_backups(alerts, delayedCalls)
 {
+    connect(&m_panel, &AddEditPanel::sitesChanged, this, &PreferencesController::loadSitesIntoList);
+    connect(&m_backups, &PreferencesBackups::sitesRestored, this, [this] {
+        sitesListViewAction();
+        loadSitesIntoList();
+    });
 }
-
-PreferencesController::~PreferencesController() = default;
 
 void PreferencesController::awakeFromNib()
 {
@@ -69,7 +71,7 @@ void PreferencesController::openPrefsBackupWindow()
 
 void PreferencesController::closePrefs()
 {
-    m_panelReopens = false;
+    m_panel.windowCloses();
     Q_EMIT hidePreferences();
 }
 
@@ -100,93 +102,10 @@ void PreferencesController::deselectAll()
     setSelectedIgnoredSites({});
 }
 
-void PreferencesController::addNewSiteAction()
-{
-    openAddEditPanel(u"add"_s, u"Add A New Submission Site"_s, {});
-}
-
 void PreferencesController::doubleClick(int row)
 {
-    if (row < 0 || row >= m_catalogue.sites.size())
-        return;
-    m_editedSite = {m_catalogue.sites[row], m_catalogue.urls[row]};
-    openAddEditPanel(u"edit"_s, u"Editing Submission Site"_s, m_editedSite);
-}
-
-void PreferencesController::openAddEditPanel(const QString &mode, const QString &title, const Site &site)
-{
-    m_panelReopens = false;
-    m_panel = {true, mode, title, site.name, site.url};
-    Q_EMIT addEditPanelChanged();
-}
-
-void PreferencesController::cancelAddEditAction()
-{
-    closeAddEditPanel();
-}
-
-void PreferencesController::closeAddEditPanel()
-{
-    m_panel = {};
-    Q_EMIT addEditPanelChanged();
-}
-
-void PreferencesController::addSaveButtonAction(const QString &name, const QString &url)
-{
-    if (!m_panel.isOpen)
-        return;
-    m_panel.siteNameField = name;
-    m_panel.siteURLField = site_editing::normalisedUrl(url);
-    addEditSiteCheckAndWrite();
-    post(notification::mwqnLSLsc);
-}
-
-void PreferencesController::addEditSiteCheckAndWrite()
-{
-    const SiteEdit edit =
-        m_panel.addEditSentFrom == u"add"
-            ? site_editing::addSite(m_panel.siteNameField, m_panel.siteURLField)
-            : site_editing::editSite(m_editedSite, m_panel.siteNameField, m_panel.siteURLField);
-    switch (edit.outcome) {
-    case SiteEdit::Done:
-        closeAddEditPanel();
-        m_alerts.show(SheetWindow::Preferences, {edit.sentence});
-        loadSitesIntoList();
-        break;
-    case SiteEdit::NotStored:
-        Q_EMIT addEditPanelChanged();
-        break;
-    default:
-        refuse(edit);
-    }
-}
-
-void PreferencesController::refuse(const SiteEdit &edit)
-{
-    const bool nameIsEmpty = m_panel.siteNameField.count(u' ') == m_panel.siteNameField.size();
-    const bool urlIsWrong =
-        edit.outcome == SiteEdit::UrlExists || (edit.outcome == SiteEdit::Empty && !nameIsEmpty);
-    m_panel.isOpen = false;
-    m_panel.focus = urlIsWrong ? AddEditPanel::Field::Url : AddEditPanel::Field::Name;
-    m_panel.selectsWholeText = edit.outcome == SiteEdit::Empty;
-    m_panelReopens = true;
-    Q_EMIT addEditPanelChanged();
-    m_alerts.show(SheetWindow::Preferences, {edit.sentence},
-                  [this](AlertAnswer) { addEditErrorReopenForInput(); });
-}
-
-void PreferencesController::addEditErrorReopenForInput()
-{
-    m_delayedCalls.after(resultDelay, this, [this] { aedpause(); });
-}
-
-void PreferencesController::aedpause()
-{
-    if (!m_panelReopens)
-        return;
-    m_panelReopens = false;
-    m_panel.isOpen = true;
-    Q_EMIT addEditPanelChanged();
+    if (row >= 0 && row < m_catalogue.sites.size())
+        m_panel.editSite({m_catalogue.sites[row], m_catalogue.urls[row]});
 }
 
 void PreferencesController::removeSiteAction()

@@ -32,8 +32,8 @@ PreferencesWindow::PreferencesWindow(PreferencesController &preferences, QWidget
     setObjectName(u"prefsWindow"_s);
     setWindowModality(Qt::WindowModal);
     m_pages->addWidget(new SitesPage(preferences));
-    m_pages->addWidget(new BackupsPage(preferences));
-    new AddEditPanelView(preferences, this);
+    m_pages->addWidget(new BackupsPage(preferences.backups()));
+    new AddEditPanelView(preferences.addEditPanel(), this);
 
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(newToolbar());

@@ -115,6 +115,7 @@ QLayout *SitesPage::newFilterRow()
     auto *label = new QLabel(u"&Filter by name:"_s);
     label->setBuddy(field);
     connect(field, &QLineEdit::textChanged, this, &SitesPage::setFilter);
+    connect(&m_preferences, &PreferencesController::showPreferences, field, &QLineEdit::clear);
     auto *find = new QShortcut(QKeySequence::Find, this);
     connect(find, &QShortcut::activated, field, [field] {
         field->setFocus(Qt::ShortcutFocusReason);
@@ -138,7 +139,7 @@ QWidget *SitesPage::newSitesPanel()
     m_editSiteButton =
         newButton(u"editSiteButton"_s, u"&Edit…"_s, u"Change the selected site's name or URL"_s);
     m_removeSiteButton = newButton(u"removeSiteButton"_s, u"&Remove…"_s, u"Remove the selected sites"_s);
-    connect(add, &QPushButton::clicked, &m_preferences, &PreferencesController::addNewSiteAction);
+    connect(add, &QPushButton::clicked, &m_preferences.addEditPanel(), &AddEditPanel::addNewSiteAction);
     connect(m_editSiteButton, &QPushButton::clicked, this, &SitesPage::editSelected);
     connect(m_removeSiteButton, &QPushButton::clicked, &m_preferences,
             &PreferencesController::removeSiteAction);

@@ -145,6 +145,27 @@ TEST_F(EditorViewTest, PagesTellTheirErrorsAndTakeTheFocus)
     EXPECT_EQ(QApplication::focusWidget(), focused);
 }
 
+TEST_F(EditorViewTest, APadFileThatCannotBeReadIsToldAndNothingIsTyped)
+{
+    QTest::keyClicks(line(FieldId::companyName), u"Acme"_s);
+    const QString file = *mwqnCurrentSWBundle + u"/data.qnxml"_s;
+    ASSERT_TRUE(QFile::rename(file, file + u".aside"_s) && QDir().mkdir(file));
+    editor.loadPADData();
+    editor.checkEntriesForErrors();
+    auto *told = visible<QLabel>(u"unreadableFile"_s);
+    ASSERT_TRUE(told);
+    EXPECT_TRUE(told->text().startsWith(u"The PAD file cannot be read: "));
+    auto *name = view->findChild<FieldLineEdit *>(u"companyName"_s);
+    QTest::keyClicks(name, u"lost"_s);
+    EXPECT_EQ(name->text(), QString());
+
+    ASSERT_TRUE(QDir().rmdir(file) && QFile::rename(file + u".aside"_s, file));
+    press(u"readAgainButton"_s);
+    EXPECT_FALSE(told->isVisible());
+    QTest::keyClicks(line(FieldId::companyName), u" Ltd"_s);
+    EXPECT_EQ(stored(FieldId::companyName), u"Acme Ltd"_s);
+}
+
 TEST_F(EditorViewTest, EveryFieldIsReachedByTabUnderItsCaption)
 {
     auto *tabs = view->findChild<QTabWidget *>(u"editorTabs"_s);

@@ -1,0 +1,42 @@
+#include "editor/unreadable_file_bar.h"
+
+#include "editor/editor.h"
+
+#include <QBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+
+UnreadableFileBar::UnreadableFileBar(Editor &editor, QWidget *parent)
+    : QWidget(parent), m_editor(editor), m_text(new QLabel)
+{
+    m_text->setObjectName(u"unreadableFile"_s);
+    m_text->setTextFormat(Qt::PlainText);
+    m_text->setWordWrap(true);
+    auto *again = new QPushButton(u"Read &Again"_s);
+    again->setObjectName(u"readAgainButton"_s);
+    auto *layout = new QHBoxLayout(this);
+    layout->addWidget(m_text, 1);
+    layout->addWidget(again);
+    connect(again, &QPushButton::clicked, this, &UnreadableFileBar::readAgain);
+    connect(&editor, &Editor::formLoaded, this, &UnreadableFileBar::showState);
+    showState();
+}
+
+void UnreadableFileBar::showState()
+{
+    setVisible(!m_editor.loaded());
+    if (!m_editor.loaded())
+        m_text->setText(u"The PAD file cannot be read: %1."_s.arg(m_editor.loaded().error().reason));
+}
+
+void UnreadableFileBar::readAgain()
+{
+    m_editor.loadPADData();
+    m_editor.checkEntriesForErrors();
+}
+
+} // namespace quillon
