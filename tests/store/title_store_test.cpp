@@ -282,7 +282,8 @@ TEST_F(TitleStoreTest, WhatIsDoneButNotYetSafeIsToldUntilItIs)
     };
     // Its three files and its folder are synced first.
     expectUnsafe(withoutSync(5, [] { return Store::createNewListing(u"A"_s); }));
-    expectUnsafe(withoutSync(5, [] { return Store::importExistingFile(u"I"_s, PadDocument(QByteArray("<a/>"))); }));
+    expectUnsafe(
+        withoutSync(5, [] { return Store::importExistingFile(u"I"_s, PadDocument(QByteArray("<a/>"))); }));
     expectUnsafe(withoutSync(1, [] { return Store::renameExistingQnDataFile(u"A"_s, u"B"_s); }));
     EXPECT_EQ(files(u"B"_s), newFiles);
     expectUnsafe(withoutSync(1, [] { return Store::deleteQnDataFile(u"I"_s); }));
