@@ -1,4 +1,5 @@
 #include "editor/editor_view_fixture.h"
+#include "support/accessibility.h"
 
 #include <QContextMenuEvent>
 #include <QMenu>
@@ -93,6 +94,7 @@ TEST_F(EditorViewTest, TabGoesDownTheColumnsFromTheLeftWithTheFilters)
         editorTabs()->setCurrentIndex(page == 0 ? 1 : 0);
         editorTabs()->setCurrentIndex(page);
         SCOPED_TRACE(editorTabs()->tabText(page).toStdString());
+        EXPECT_EQ(accessibilityFaults(*view), QStringList());
         QList<QPoint> places;
         for (QWidget *stop : tabStops(*view)) {
             reached.insert(stop->objectName());

@@ -6,6 +6,7 @@
 #include "store/site_list.h"
 #include "store/storage_status.h"
 #include "submission/data_folder_fixture.h"
+#include "support/accessibility.h"
 #include "support/program_test.h"
 #include "support/recorders.h"
 
@@ -361,12 +362,15 @@ TEST_F(PreferencesWindowTest, ARunningBackupIsSeenAndCancelled)
 TEST_F(PreferencesWindowTest, EveryStopOfTheTabKeyHasAName)
 {
     expectNamedTabStops(window(), 7);
+    EXPECT_EQ(accessibilityFaults(window()), QStringList());
     showBackups();
+    EXPECT_EQ(accessibilityFaults(window()), QStringList());
     visible<QToolButton>(u"Backups"_s)->setFocus();
     expectNamedTabStops(window(), 6);
     preferences().addEditPanel().addNewSiteAction();
     activate(panel());
     expectNamedTabStops(panel(), 4);
+    EXPECT_EQ(accessibilityFaults(panel()), QStringList());
 }
 
 TEST_F(PreferencesWindowTest, SizesOutliveARunAndEscapeCloses)
