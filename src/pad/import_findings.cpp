@@ -169,14 +169,14 @@ void findSections(const UnreadTexts &unread, Findings &findings)
 {
     for (auto [tag, texts] : unread.unknown.asKeyValueRange()) {
         const QStringView meant = padTag(tag);
-        findings.add([&] {
+        findings.add([&, &tag = tag, &texts = texts] {tag = tag, &texts = texts] {
             return meant.isNull()
                        ? u"%1 is not part of PAD 3.10; %2 will be lost."_s.arg(tag, itsValues(texts))
                        : u"%1 is not written %2; %3 will be lost."_s.arg(tag, meant, itsValues(texts));
         });
     }
     for (auto [tag, texts] : unread.stray.asKeyValueRange())
-        findings.add([&] {
+        findings.add([&, &tag = tag, &texts = texts] {tag = tag, &texts = texts] {
             return u"%1 holds text outside of its elements; %2 will be lost."_s.arg(tag, itsValues(texts));
         });
 }
@@ -184,7 +184,7 @@ void findSections(const UnreadTexts &unread, Findings &findings)
 void findLanguages(const UnreadTexts &unread, Findings &findings)
 {
     for (auto [language, lost] : unread.languages.asKeyValueRange())
-        findings.add([&] {
+        findings.add([&, &language = language, &lost = lost] {
             return u"%1: %2 will be lost; of several languages the first is kept, which is %3."_s.arg(
                 language, itsValues(lost.texts), lost.kept.join(u" and "));
         });
@@ -193,7 +193,7 @@ void findLanguages(const UnreadTexts &unread, Findings &findings)
 void findRepetitions(const PadDocument &document, const UnreadTexts &unread, Findings &findings)
 {
     for (auto [field, texts] : unread.repeated.asKeyValueRange())
-        findings.add([&] {
+        findings.add([&, &field = field, &texts = texts] {
             const QStringView element = padField(field).element;
             const QString others = texts.count == 1 ? QString() : u" and %1 more"_s.arg(texts.count - 1);
             return u"%1 stands %2 times; %3 is kept, %4%5 will be lost."_s.arg(
