@@ -16,11 +16,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 
     QString summary = summary_file::emptyText();
     for (const QString &site : lines) {
-        if (!canBeKept(site))
+        if (site.isEmpty() || !canBeKept(site))
             continue;
         summary = withMark(summary, site);
-        if (!summary_file::parse(summary.toUtf8()).siteList().contains(site) ||
-            withMark(summary, site) != summary)
+        if (!summary_file::parse(summary.toUtf8()).siteList().contains(site))
             std::abort();
     }
     for (const QString &site : lines) {

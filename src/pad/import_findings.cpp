@@ -169,14 +169,14 @@ void findSections(const UnreadTexts &unread, Findings &findings)
 {
     for (auto [tag, texts] : unread.unknown.asKeyValueRange()) {
         const QStringView meant = padTag(tag);
-        findings.add([&, &tag = tag, &texts = texts] {tag = tag, &texts = texts] {
+        findings.add([&, &tag = tag, &texts = texts] {
             return meant.isNull()
                        ? u"%1 is not part of PAD 3.10; %2 will be lost."_s.arg(tag, itsValues(texts))
                        : u"%1 is not written %2; %3 will be lost."_s.arg(tag, meant, itsValues(texts));
         });
     }
     for (auto [tag, texts] : unread.stray.asKeyValueRange())
-        findings.add([&, &tag = tag, &texts = texts] {tag = tag, &texts = texts] {
+        findings.add([&, &tag = tag, &texts = texts] {
             return u"%1 holds text outside of its elements; %2 will be lost."_s.arg(tag, itsValues(texts));
         });
 }
