@@ -76,7 +76,7 @@ private:
 
     void walk()
     {
-        const pugi::xml_node top = m_xml.document();
+        const pugi::xml_node top = m_xml.document().root();
         QList<Around> around = {{}};
         for (pugi::xml_node node = top.first_child(); node;) {
             if (node.type() == pugi::node_element)

@@ -15,8 +15,8 @@ void removeAbandoned(const QString &folder)
     const auto handle = FolderHandle::open(folder);
     const auto entries = handle ? handle->entries() : handle.error();
     if (!entries)
-        return;                                 // Who made something there has told it.
-    static constexpr qint64 patience = 60 * 60; // Seconds.
+        return;                              // Who made something there has told it.
+    static constexpr qint64 patience = 3600; // Seconds.
     const QDateTime latest = QDateTime::currentDateTime().addSecs(-patience);
     for (const FolderHandle::Entry &entry : *entries) {
         const QString path = folder + u'/' + QFile::decodeName(entry.name);

@@ -37,7 +37,7 @@ Result<> StagedFolder::putInPlace(const QString &name, Content content, bool rep
         return moved;
     if (!replaces)
         m_name.clear();
-    const Result<> safe = m_parent.sync();
+    Result<> safe = m_parent.sync();
     if (safe || !replaces)
         return safe;
     // A crash might bring the old folder back, so it is not removed.
@@ -62,7 +62,7 @@ Result<> StagedFolder::replace(const QByteArray &name)
     const QByteArray aside = unfinished_name::make(unfinished_name::deleted);
     if (Result<> stepped = m_parent.move(name, m_parent, aside); !stepped)
         return stepped;
-    const Result<> moved = m_parent.move(m_name, m_parent, name);
+    Result<> moved = m_parent.move(m_name, m_parent, name);
     if (moved) {
         m_name = aside;
         return moved;

@@ -105,6 +105,7 @@ protected:
         else
             QMessageBox::keyPressEvent(event);
     }
+    // QMessageBox would press a button; NOLINTNEXTLINE(bugprone-parent-virtual-call)
     void closeEvent(QCloseEvent *event) override { QDialog::closeEvent(event); }
 };
 

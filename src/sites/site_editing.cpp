@@ -60,7 +60,7 @@ Result<> store(const ReadLists &before, const SiteLists &after, QStringView firs
         const StringDictionary &sites = isUser ? after.user : after.ignored;
         return sites == old.sites ? Result<>() : site_list::write(name, sites, old.bytes);
     };
-    const Result<> one = storeList(first);
+    Result<> one = storeList(first);
     if (!one.isDone())
         return one;
     const Result<> other =
@@ -185,8 +185,7 @@ QString normalisedUrl(const QString &typed)
 SiteEdit addSite(const QString &name, const QString &url)
 {
     const Site site = typedSite(name, url);
-    const SiteEdit refusal =
-        judged(site, u"You must enter a name and URL to add an entry to the sites list"_s);
+    SiteEdit refusal = judged(site, u"You must enter a name and URL to add an entry to the sites list"_s);
     if (refusal.outcome != SiteEdit::Done)
         return refusal;
     const auto before = listsToChange();
@@ -215,7 +214,7 @@ SiteEdit addSite(const QString &name, const QString &url)
 SiteEdit editSite(const Site &old, const QString &name, const QString &url)
 {
     const Site edited = typedSite(name, url);
-    const SiteEdit refusal = judged(edited, u"The name and URL fields cannot be empty"_s);
+    SiteEdit refusal = judged(edited, u"The name and URL fields cannot be empty"_s);
     if (refusal.outcome != SiteEdit::Done)
         return refusal;
     if (old.name != edited.name && !submission_marks::canBeKept(edited.name) && isMarkedAnywhere(old.name))

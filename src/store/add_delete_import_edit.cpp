@@ -78,7 +78,7 @@ Result<QString> selectedFile(QStringView key)
 {
     if (!mwqnSelSW)
         return refused({}, u"no title is selected"_s);
-    const Result<QString> folder = listedFolder(*mwqnSelSW);
+    Result<QString> folder = listedFolder(*mwqnSelSW);
     if (!folder)
         return folder;
     for (const TitleFile &file : titleFiles) {
