@@ -247,37 +247,27 @@ std::string lockedPath(int file, int command)
     return std::ranges::find(locks, command) != locks.end() ? pathOf(file) : std::string();
 }
 
+/// Makes the call @p next, unless a rule for @p path forbids it. @p size, one of @p arguments, is how much it
+/// transfers; null when it transfers nothing.
 template<typename Next, typename... Arguments>
-auto pass(Call call, const std::string &path, Next next, Arguments... arguments)
+auto pass(Call call, const std::string &path, size_t *size, Next next, Arguments &&...arguments)
 {
-    using Answer = decltype(next(arguments...));
-    const Verdict verdict = path.empty() ? Verdict() : plan().judge(call, path, 0);
-    if (verdict.kills)
+    const Verdict verdict = path.empty() ? Verdict() : plan().judge(call, path, size ? *size : 0);
+    if (verdict.kills && (!size || verdict.size == SIZE_MAX))
         die();
-    if (verdict.error == 0)
-        return next(arguments...);
-    errno = verdict.error;
-    if constexpr (std::is_pointer_v<Answer>)
-        return Answer(nullptr);
-    else
-        return Answer(-1);
-}
-
-template<typename Next, typename Bytes, typename... Offset>
-ssize_t transfer(Call call, Next next, int file, Bytes bytes, size_t size, Offset... offset)
-{
-    const std::string path = pathOf(file);
-    const Verdict verdict = path.empty() ? Verdict() : plan().judge(call, path, size);
-    if (verdict.kills && verdict.size == SIZE_MAX)
-        die();
+    decltype(next(arguments...)) answer{};
     if (verdict.error != 0) {
         errno = verdict.error;
-        return -1;
+        if constexpr (!std::is_pointer_v<decltype(answer)>)
+            answer = -1;
+        return answer;
     }
-    const ssize_t count = next(file, bytes, std::min(size, verdict.size), offset...);
+    if (size)
+        *size = std::min(*size, verdict.size);
+    answer = next(arguments...);
     if (verdict.kills)
         die();
-    return count;
+    return answer;
 }
 
 Call opening(int flags)
@@ -312,60 +302,44 @@ long quillonFaultsCount()
 } // extern "C"
 
 // The functions of the C library that programs of ours and Qt call. They have other names here, since the
-// headers declare the real ones with attributes of their own. Last arguments that may be missing (of open, of
-// fcntl) are handed on unlooked at.
+// headers declare the real ones with attributes of their own, and take their structures as void *. Last
+// arguments that may be missing (of open, of fcntl) are handed on unlooked at.
 
-// The function that the one of this name here hides.
-#define NEXT(name) \
-    ([] { \
-        static const auto next = reinterpret_cast<decltype(&faulty_##name)>(::dlsym(RTLD_NEXT, #name)); \
-        return next; \
-    }())
-
-// FAULTY(result, name, kind of call, path, parameters, arguments...)
-#define FAULTY(result, name, call, path, parameters, ...) \
+// HIDING(result, name, kind of call, path, transferred size or null, parameters, arguments...)
+#define HIDING(result, name, call, path, size, parameters, ...) \
     extern "C" result faulty_##name parameters __asm__(#name); \
     extern "C" result faulty_##name parameters \
     { \
-        return pass(call, path, NEXT(name), __VA_ARGS__); \
+        static const auto next = reinterpret_cast<decltype(&faulty_##name)>(::dlsym(RTLD_NEXT, #name)); \
+        return pass(call, path, size, next, __VA_ARGS__); \
     }
-
-// TRANSFER(name, kind of call, parameters, arguments...): the arguments begin with file, bytes and size.
+#define FAULTY(result, name, call, path, parameters, ...) \
+    HIDING(result, name, call, path, nullptr, parameters, __VA_ARGS__)
 #define TRANSFER(name, call, parameters, ...) \
-    extern "C" ssize_t faulty_##name parameters __asm__(#name); \
-    extern "C" ssize_t faulty_##name parameters \
-    { \
-        return transfer(call, NEXT(name), __VA_ARGS__); \
-    }
+    HIDING(ssize_t, name, call, pathOf(file), &size, parameters, __VA_ARGS__)
+// The function and its twin for large files.
+#define FAULTY_64(result, name, ...) FAULTY(result, name, __VA_ARGS__) FAULTY(result, name##64, __VA_ARGS__)
+#define TRANSFER_64(name, ...) TRANSFER(name, __VA_ARGS__) TRANSFER(name##64, __VA_ARGS__)
 
 // clang-format off
-FAULTY(int, open, opening(flags), pathOf(path), (const char *path, int flags, mode_t mode), path, flags, mode)
-FAULTY(int, open64, opening(flags), pathOf(path), (const char *path, int flags, mode_t mode), path, flags, mode)
-FAULTY(int, openat, opening(flags), pathAt(at, path), (int at, const char *path, int flags, mode_t mode), at, path, flags, mode)
-FAULTY(int, openat64, opening(flags), pathAt(at, path), (int at, const char *path, int flags, mode_t mode), at, path, flags, mode)
+FAULTY_64(int, open, opening(flags), pathOf(path), (const char *path, int flags, mode_t mode), path, flags, mode)
+FAULTY_64(int, openat, opening(flags), pathAt(at, path), (int at, const char *path, int flags, mode_t mode), at, path, flags, mode)
 FAULTY(DIR *, opendir, Open, pathOf(path), (const char *path), path)
 
 TRANSFER(read, Read, (int file, void *bytes, size_t size), file, bytes, size)
-TRANSFER(pread, Read, (int file, void *bytes, size_t size, off_t from), file, bytes, size, from)
-TRANSFER(pread64, Read, (int file, void *bytes, size_t size, off_t from), file, bytes, size, from)
+TRANSFER_64(pread, Read, (int file, void *bytes, size_t size, off_t from), file, bytes, size, from)
 FAULTY(ssize_t, getdents64, List, pathOf(folder), (int folder, void *bytes, size_t size), folder, bytes, size)
-FAULTY(dirent *, readdir, List, pathOf(::dirfd(folder)), (DIR *folder), folder)
-FAULTY(dirent64 *, readdir64, List, pathOf(::dirfd(folder)), (DIR *folder), folder)
-FAULTY(off_t, lseek, Seek, pathOf(file), (int file, off_t offset, int from), file, offset, from)
-FAULTY(off_t, lseek64, Seek, pathOf(file), (int file, off_t offset, int from), file, offset, from)
-FAULTY(int, stat, Stat, pathOf(path), (const char *path, struct stat *status), path, status)
-FAULTY(int, stat64, Stat, pathOf(path), (const char *path, struct stat64 *status), path, status)
-FAULTY(int, lstat, Stat, pathOf(path), (const char *path, struct stat *status), path, status)
-FAULTY(int, lstat64, Stat, pathOf(path), (const char *path, struct stat64 *status), path, status)
-FAULTY(int, fstat, Stat, pathOf(file), (int file, struct stat *status), file, status)
-FAULTY(int, fstat64, Stat, pathOf(file), (int file, struct stat64 *status), file, status)
-FAULTY(int, fstatat, Stat, pathAt(at, path), (int at, const char *path, struct stat *status, int flags), at, path, status, flags)
-FAULTY(int, statx, Stat, pathAt(at, path), (int at, const char *path, int flags, unsigned mask, struct statx *status), at, path, flags, mask, status)
+FAULTY_64(void *, readdir, List, pathOf(::dirfd(folder)), (DIR *folder), folder)
+FAULTY_64(off_t, lseek, Seek, pathOf(file), (int file, off_t offset, int from), file, offset, from)
+FAULTY_64(int, stat, Stat, pathOf(path), (const char *path, void *status), path, status)
+FAULTY_64(int, lstat, Stat, pathOf(path), (const char *path, void *status), path, status)
+FAULTY_64(int, fstat, Stat, pathOf(file), (int file, void *status), file, status)
+FAULTY(int, fstatat, Stat, pathAt(at, path), (int at, const char *path, void *status, int flags), at, path, status, flags)
+FAULTY(int, statx, Stat, pathAt(at, path), (int at, const char *path, int flags, unsigned mask, void *status), at, path, flags, mask, status)
 FAULTY(int, access, Stat, pathOf(path), (const char *path, int mode), path, mode)
 
 TRANSFER(write, Write, (int file, const void *bytes, size_t size), file, bytes, size)
-TRANSFER(pwrite, Write, (int file, const void *bytes, size_t size, off_t at), file, bytes, size, at)
-TRANSFER(pwrite64, Write, (int file, const void *bytes, size_t size, off_t at), file, bytes, size, at)
+TRANSFER_64(pwrite, Write, (int file, const void *bytes, size_t size, off_t at), file, bytes, size, at)
 FAULTY(ssize_t, sendfile, Write, pathOf(file), (int file, int from, off_t *offset, size_t size), file, from, offset, size)
 FAULTY(int, fsync, Sync, pathOf(file), (int file), file)
 FAULTY(int, fdatasync, Sync, pathOf(file), (int file), file)
@@ -380,12 +354,10 @@ FAULTY(int, rmdir, Remove, pathOf(path), (const char *path), path)
 FAULTY(int, unlinkat, Remove, pathAt(at, path), (int at, const char *path, int flags), at, path, flags)
 FAULTY(int, chmod, Mode, pathOf(path), (const char *path, mode_t mode), path, mode)
 FAULTY(int, fchmod, Mode, pathOf(file), (int file, mode_t mode), file, mode)
-FAULTY(int, ftruncate, Truncate, pathOf(file), (int file, off_t size), file, size)
-FAULTY(int, ftruncate64, Truncate, pathOf(file), (int file, off_t size), file, size)
+FAULTY_64(int, ftruncate, Truncate, pathOf(file), (int file, off_t size), file, size)
 FAULTY(int, close, Close, pathOf(file), (int file), file)
 FAULTY(int, flock, Lock, pathOf(file), (int file, int operation), file, operation)
-FAULTY(int, fcntl, Lock, lockedPath(file, command), (int file, int command, void *value), file, command, value)
-FAULTY(int, fcntl64, Lock, lockedPath(file, command), (int file, int command, void *value), file, command, value)
+FAULTY_64(int, fcntl, Lock, lockedPath(file, command), (int file, int command, void *value), file, command, value)
 FAULTY(int, link, Link, pathOf(to), (const char *from, const char *to), from, to)
 FAULTY(int, symlink, Link, pathOf(to), (const char *from, const char *to), from, to)
 // clang-format on

@@ -13,30 +13,25 @@
 ///     EXPECT_FALSE(readAll());
 ///     EXPECT_TRUE(plan.met());
 ///
-/// For a child process, faultEnvironment() gives the environment, which scripts set by themselves; cli() of
-/// CommandLineTest takes rules as its second argument:
-///
-///     LD_PRELOAD           libquillon_faults.so; beside the sanitizers also
-///     ASAN_OPTIONS=verify_asan_link_order=0 QUILLON_FAULTS       the rules QUILLON_FAULTS_BELOW the folder,
-///     its path without links; calls on anything else are left alone QUILLON_FAULTS_TRACE a file that gets a
-///     line for each call on something in that folder: the call, what a rule
-///                          made of it ("-": nothing) and the path
+/// Child processes are told by faultEnvironment(), which cli() of CommandLineTest uses for its second
+/// argument; with QUILLON_FAULTS_TRACE they write a line for each call on something in the folder to that
+/// file: the call, what a rule made of it ("-": nothing) and the path. Calls on anything else are left alone.
 ///
 /// Rules stand with one blank between them. Each is CALL[,CALL...][@N][+]=ACTION: what becomes of the N-th of
 /// these calls in the process (without @N: the first) or, with +, of each from there on. The calls:
 ///
-///     open (for reading)   create (open that makes, empties or may write)   read   getdents64 (also readdir)
-///     lseek stat (also access)   write   fsync (also fdatasync, syncfs)   rename   mkdir   unlink (also
-///     rmdir)   fchmod ftruncate   close   flock (also locks of fcntl)   link (also symlink) reading and
-///     writing: all that read, all that do not
+/// - reading (all that read): open, read, getdents64 (also readdir), lseek, stat (also access)
+/// - writing (all others): create (open that makes, empties or may write), write, fsync (also fdatasync,
+///   syncfs), rename, mkdir, unlink (also rmdir), fchmod, ftruncate, close, flock (also locks of fcntl), link
+///   (also symlink)
 ///
 /// The actions:
 ///
-///     EIO or the name of any other error: the call is not made, and fails so
-///     kill     the call is not made, and the process is killed
-///     torn     a write gets half of its bytes, and the process is killed
-///     short    a read or write gets half of its bytes
-///     full:N   writes get N bytes in all, then ENOSPC
+/// - EIO or the name of any other error: the call is not made, and fails so
+/// - kill: the call is not made, and the process is killed
+/// - torn: a write gets half of its bytes, and the process is killed
+/// - short: a read or write gets half of its bytes
+/// - full:N: writes get N bytes in all, then ENOSPC
 ///
 /// Rules that make no sense end the process: a plan that injects nothing would prove nothing.
 extern "C" {
@@ -53,9 +48,10 @@ class FaultPlan
 {
 public:
     /// @p below must be there.
-    FaultPlan(const QString &below, const char *rules)
+    FaultPlan(const QString &below, const QByteArray &rules)
     {
-        quillonFaultsBegin(QFile::encodeName(QFileInfo(below).canonicalFilePath()).constData(), rules);
+        quillonFaultsBegin(QFile::encodeName(QFileInfo(below).canonicalFilePath()).constData(),
+                           rules.constData());
     }
     FaultPlan(const FaultPlan &) = delete;
     FaultPlan &operator=(const FaultPlan &) = delete;

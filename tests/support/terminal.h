@@ -3,10 +3,8 @@
 #include <QByteArray>
 #include <QString>
 
-#include <cstdlib>
-#include <fcntl.h>
 #include <poll.h>
-#include <termios.h>
+#include <pty.h>
 #include <unistd.h>
 
 namespace quillon {
@@ -15,12 +13,11 @@ namespace quillon {
 class Terminal
 {
 public:
-    Terminal() : m_master(::posix_openpt(O_RDWR | O_NOCTTY)), m_slave(openSlave())
+    Terminal()
     {
         termios modes = {};
-        ::tcgetattr(m_slave, &modes);
         ::cfmakeraw(&modes); // Otherwise line ends would become two characters.
-        ::tcsetattr(m_slave, TCSANOW, &modes);
+        ::openpty(&m_master, &m_slave, nullptr, &modes, nullptr);
     }
     Terminal(const Terminal &) = delete;
     Terminal &operator=(const Terminal &) = delete;
@@ -43,15 +40,8 @@ public:
     }
 
 private:
-    [[nodiscard]] int openSlave() const
-    {
-        ::grantpt(m_master);
-        ::unlockpt(m_master);
-        return ::open(::ptsname(m_master), O_RDWR | O_NOCTTY);
-    }
-
-    int m_master;
-    int m_slave;
+    int m_master = -1;
+    int m_slave = -1;
 };
 
 } // namespace quillon
