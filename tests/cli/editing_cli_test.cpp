@@ -49,7 +49,6 @@ TEST_F(EditingCli, SettingIsTypingAndLeaving)
     ASSERT_EQ(colours.size(), 2);
     EXPECT_EQ(colours[1].toObject(),
               QJsonObject({{u"start"_s, 40}, {u"length"_s, 2}, {u"colour"_s, u"red"_s}}));
-
     const CliResult year = cli({u"set"_s, u"T"_s, u"expireDateYear=2012"_s, u"--json"_s});
     EXPECT_EQ(year.json()[u"alerts"_s].toArray(),
               QJsonArray{u"The Expiry Year must be between 1900 and 2199!"_s});
@@ -137,16 +136,12 @@ TEST_F(EditingCli, SitesMarksAndCopies)
 /// is.
 TEST_F(EditingCli, NoControlCharacterReachesAReaderOfTheOutput)
 {
+    const QString company = u"a\x1b]0;b\x07\u009b-c"_s;
+    const QByteArray exact = company.toUtf8();
+    const QByteArray shown = "a␛]0;b␇\xef\xbf\xbd-c";
     put(inData(u"T.qndata/data.qnxml"_s),
-        "<Company_Name>a\x1b]0;b\x07\xc2\x9b"
-        "c</Company_Name><MASTER_PAD_VERSION_INFO></MASTER_PAD_VERSION_INFO>");
+        "<Company_Name>" + exact + "</Company_Name><MASTER_PAD_VERSION_INFO></MASTER_PAD_VERSION_INFO>");
     put(inData(u"sites.qnrc"_s), property_list::write({{u"A\tB\x1b"_s, u"http://a\nb"_s}}));
-    const QByteArray exact = "a\x1b]0;b\x07\xc2\x9b"
-                             "c";
-    const QString company = u"a\x1b]0;b\x07\x9b"
-                            "c"_s;
-    const QByteArray shown = "a␛]0;b␇\xef\xbf\xbd"
-                             "c";
 
     EXPECT_EQ(cli({u"copy"_s, u"T"_s, u"companyName"_s}).output, exact);
     EXPECT_TRUE(cli({u"show"_s, u"T"_s, u"companyName"_s})
@@ -221,7 +216,8 @@ TEST_F(EditingCli, WhatCannotBeReadIsToldAndEndsWithFour)
                                                          {u"remove"_s, u"Softs"_s},
                                                          {u"restore"_s, u"Softs"_s}})
         refuses(QStringList{u"sites"_s} + changes, "Not read: ");
-    refuses({u"backup"_s, u"sites"_s, home() + u"/b.qnback"_s}, "sites.qnrc cannot be read");
+    refuses({u"backup"_s, u"sites"_s, home() + u"/b.qnback"_s},
+            "sites.qnrc cannot be read: it is no regular file");
 }
 
 /// A failed sync behind a finished change is told by each command, and the change is there.
@@ -249,22 +245,22 @@ TEST_F(EditingCli, WhatIsDoneButNotYetSafeIsSaidSo)
     }
 }
 
-TEST_F(EditingCli, WhatAKillLeftBehindGoesWithTheNextChange)
+TEST_F(EditingCli, WhatAKillLeftBehindGoesWithTheNextChangeAndNothingElse)
 {
+    ASSERT_TRUE(cli({u"new"_s, u".quillon-mine"_s}).status == 0 && put(inData(u".quillon-1.tmp"_s), "mine"));
     ASSERT_TRUE(QDir().mkdir(inData(u"Site Images"_s)) && QDir().mkdir(inData(u".quillon-mine.new"_s)));
-    QStringList left;
+    const auto before = files();
     for (const QString &folder : {u""_s, u"T.qndata/"_s, u"Site Images/"_s}) {
-        for (const QString &end : {u"tmp"_s, u"new"_s})
-            left.append(inData(folder + u".quillon-0123456789abcdef."_s + end));
+        const QString left = inData(folder + u".quillon-0123456789abcdef.");
+        ASSERT_TRUE(put(left + u"tmp", "half") && put(left + u"new", "half"));
+        ASSERT_TRUE(QDir().mkpath(left + u"old/0") && put(left + u"old/0/data.qnxml", "half"));
     }
-    for (const QString &path : left)
-        ASSERT_TRUE(put(path, "half"));
+    ASSERT_TRUE(QDir().mkpath(inData(u".quillon-0123456789abcde0.new/0"_s)));
+    const auto left = files();
     EXPECT_EQ(cli({u"list"_s}).status, 0);
-    EXPECT_TRUE(QFile::exists(left.first())) << "what only reads changes nothing";
-    EXPECT_EQ(cli({u"new"_s, u"N"_s}).status, 0);
-    for (const QString &path : left)
-        EXPECT_FALSE(QFile::exists(path)) << path.toStdString();
-    EXPECT_TRUE(QFile::exists(inData(u".quillon-mine.new"_s)));
+    EXPECT_EQ(files(), left) << "what only reads changes nothing";
+    EXPECT_EQ(cli({u"new"_s, u"N"_s}).status + cli({u"delete"_s, u"N"_s}).status, 0);
+    EXPECT_EQ(files(), before);
 }
 
 /// The whole circle: real titles with marks and changed sites are backed up, lost, and brought back byte for
@@ -305,6 +301,7 @@ TEST_F(EditingCli, ATransferThatCouldNotReadEverythingHasFailed)
     put(inData(u"sites.qnrc"_s), "garbled");
     EXPECT_EQ(status(u"backup"_s, u"titles"_s, u"a.swback"_s), 0) << "a file is no title";
     EXPECT_EQ(status(u"backup"_s, u"sites"_s, u"a.qnback"_s), 0) << "it can be copied";
+    EXPECT_EQ(contents(home() + u"/a.qnback/sites.qnrc"_s), "garbled");
     EXPECT_EQ(status(u"restore"_s, u"sites"_s, u"a.qnback"_s), 4) << "but not be merged";
     for (const QString &name : {u"T.qndata/error.log"_s, u"sites.qnrc"_s})
         ASSERT_TRUE(QFile::remove(inData(name)) && QDir().mkdir(inData(name)));

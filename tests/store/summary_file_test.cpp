@@ -29,10 +29,10 @@ TEST(SummaryFileTest, AnImportTakesWhatThePadFileSays)
     for (const auto &each : cases) {
         const QString text = summary_file::textForImport(PadDocument(QByteArray("<r>" + each.pad + "</r>")));
         const Summary summary = summary_file::parse(text.toUtf8());
-        EXPECT_EQ(summary.version, each.version) << text.toStdString();
-        EXPECT_EQ(summary.releaseDate, each.date) << text.toStdString();
-        EXPECT_EQ(summary.operatingSystems, each.systems) << text.toStdString();
-        EXPECT_EQ(summary.validated, u"0"_s) << text.toStdString();
+        using Texts = QList<std::optional<QString>>;
+        EXPECT_EQ((Texts{summary.version, summary.releaseDate, summary.operatingSystems, summary.validated}),
+                  (Texts{each.version, each.date, each.systems, u"0"_s}))
+            << text.toStdString();
     }
 }
 

@@ -2,13 +2,14 @@
 #include "pad/pad_writer.h"
 #include "platform/notification_center.h"
 #include "platform/notifications.h"
-#include "platform/unfinished_name.h"
 #include "store/storage_status.h"
+#include "store/summary_file.h"
 #include "store/title_folder.h"
 #include "support/faults.h"
 #include "support/full_disk.h"
 #include "support/temporary_home.h"
 
+#include <functional>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -52,8 +53,7 @@ TEST_F(TitleStoreTest, ADataFolderThatCannotBeSeenForAMomentIsNotMadeAnew)
     ASSERT_TRUE(put(inData(u"sites.qnrc"_s), "mine") && Store::createNewListing(u"T"_s));
     bool isMet = true;
     for (int call = 1; isMet; ++call) {
-        const QByteArray rules = "reading@" + QByteArray::number(call) + "=EIO";
-        const FaultPlan plan(home(), rules.constData());
+        const FaultPlan plan(home(), "reading@" + QByteArray::number(call) + "=EIO");
         (void)Store::checkAppSuppExists();
         (void)Store::createNewListing(u"T"_s);
         isMet = plan.met();
@@ -65,23 +65,6 @@ TEST_F(TitleStoreTest, ADataFolderThatCannotBeSeenForAMomentIsNotMadeAnew)
         EXPECT_TRUE(title_folder::exists(u"T"_s)) << "nobody knows that it is not there";
     }
     EXPECT_EQ(names(mwqnAppSuppLoc), (QStringList{u"T.qndata"_s, u"ignore.qnrc"_s, u"sites.qnrc"_s}));
-}
-
-TEST_F(TitleStoreTest, WhatACrashLeftHalfMadeGoesAndNothingElse)
-{
-    ASSERT_TRUE(Store::createNewListing(u".quillon-mine"_s) && Store::createNewListing(u"T"_s));
-    ASSERT_TRUE(QDir(mwqnAppSuppLoc).mkpath(u".quillon-notes"_s) && put(inData(u".quillon-1.tmp"_s), "x"));
-    const QStringList before = names(mwqnAppSuppLoc);
-    for (const char *const end : {unfinished_name::folder, unfinished_name::deleted}) {
-        const QString left = QFile::decodeName(unfinished_name::make(end));
-        ASSERT_TRUE(QDir(mwqnAppSuppLoc).mkpath(left + u"/0") && put(inData(left + u"/0/data.qnxml"), "x"));
-    }
-    const QString file = QFile::decodeName(unfinished_name::make(unfinished_name::file));
-    ASSERT_TRUE(put(inData(file), "x") && put(inData(u"T.qndata/"_s + file), "x"));
-    Store::removeUnfinished();
-    EXPECT_EQ(names(mwqnAppSuppLoc), before);
-    EXPECT_EQ(files(u"T"_s), newFiles);
-    EXPECT_EQ(names(inData(u"T.qndata"_s)).size(), 3);
 }
 
 TEST_F(TitleStoreTest, ADataFolderThatCannotBeIsToldUntilItIsMended)
@@ -104,8 +87,6 @@ TEST_F(TitleStoreTest, ANewTitleHoldsTheThreeFirstFiles)
     EXPECT_TRUE(Store::createNewListing(u"Tide"_s));
     EXPECT_EQ(names(inData(u"Tide.qndata"_s)),
               (QStringList{u"data.qnxml"_s, u"error.log"_s, u"general.qnxmld"_s}));
-    EXPECT_EQ(files(u"Tide"_s), newFiles);
-
     ASSERT_TRUE(put(inData(u"Tide.qndata/data.qnxml"_s), "mine") && put(inData(u"F.qndata"_s), "file"));
     EXPECT_TRUE(Store::createNewListing(u"Tide"_s) && Store::createNewListing(u"F"_s));
     EXPECT_EQ(contents(inData(u"Tide.qndata/data.qnxml"_s)), "mine");
@@ -232,61 +213,53 @@ TEST_F(TitleStoreTest, AFailedWriteIsToldUntilALaterOneSucceeds)
 
 TEST_F(TitleStoreTest, ACrashLeavesNoHalfATitle)
 {
-    const auto storeAndCrash = [](auto store) {
-        const FullDisk full(1000, SIG_DFL); // The summary can be written, the PAD file cannot.
-        store();
-    };
-    EXPECT_EXIT(storeAndCrash([] { (void)Store::createNewListing(u"New"_s); }),
-                testing::KilledBySignal(SIGXFSZ), "");
-    EXPECT_EXIT(
-        storeAndCrash([] { (void)Store::importExistingFile(u"T"_s, PadDocument(QByteArray(10'000, 'x'))); }),
-        testing::KilledBySignal(SIGXFSZ), "");
-    EXPECT_EQ(titles(), QStringList());
-}
-
-TEST_F(TitleStoreTest, ACrashLeavesNoHalfDeletedTitle)
-{
-    bool isDone = false;
-    for (int call = 1; !isDone; ++call) {
-        ASSERT_TRUE(Store::createNewListing(u"T"_s));
-        const pid_t child = ::fork();
-        if (child == 0) {
-            const QByteArray rules = "writing@" + QByteArray::number(call) + "=kill";
-            const FaultPlan plan(home(), rules.constData());
-            ::_exit(Store::deleteQnDataFile(u"T"_s) ? 0 : 1);
+    const PadDocument pad(QByteArray("<a/>"));
+    const QList<QByteArray> imported{summary_file::textForImport(pad).toUtf8(), "<a/>", emptyList};
+    const std::function<bool()> making = [] { return bool(Store::createNewListing(u"T"_s)); };
+    const std::function<bool()> importing = [&] { return bool(Store::importExistingFile(u"I"_s, pad)); };
+    const std::function<bool()> deleting = [] { return bool(Store::deleteQnDataFile(u"T"_s)); };
+    for (const auto *const change : {&making, &importing, &deleting}) {
+        bool isDone = false;
+        for (int call = 1; !isDone; ++call) {
+            ASSERT_TRUE(change != &deleting || making());
+            const pid_t child = ::fork();
+            if (child == 0) {
+                const FaultPlan plan(home(), "writing@" + QByteArray::number(call) + "=kill");
+                ::_exit((*change)() ? 0 : 1);
+            }
+            int status = -1;
+            ::waitpid(child, &status, 0);
+            isDone = WIFEXITED(status);
+            EXPECT_TRUE(call > 1 || !isDone);
+            for (const QString &title : titles())
+                EXPECT_EQ(files(title.first(1)), title == u"T.qndata" ? newFiles : imported) << call;
+            Store::removeUnfinished();
+            EXPECT_EQ(names(mwqnAppSuppLoc).filter(u".quillon-"_s), QStringList()) << call;
         }
-        int status = -1;
-        ::waitpid(child, &status, 0);
-        isDone = WIFEXITED(status);
-        EXPECT_TRUE(!title_folder::exists(u"T"_s) || files(u"T"_s) == newFiles) << call;
-        Store::removeUnfinished();
-        const QStringList left = names(mwqnAppSuppLoc).filter(u".quillon-"_s);
-        EXPECT_EQ(left, QStringList()) << call;
     }
-    EXPECT_FALSE(title_folder::exists(u"T"_s));
+    EXPECT_EQ(titles(), QStringList{u"I.qndata"_s});
 }
 
 TEST_F(TitleStoreTest, WhatIsDoneButNotYetSafeIsToldUntilItIs)
 {
-    const auto expectUnsafe = [](const Result<> &result) {
+    const auto withoutSync = [](int call, auto change) {
+        const FaultPlan plan(mwqnAppSuppLoc, "fsync@" + QByteArray::number(call) + "+=EIO");
+        return change();
+    };
+    const auto expectUnsafe = [&](int call, auto change) {
+        const Result<> result = withoutSync(call, change);
         EXPECT_TRUE(result.isError(Error::Kind::NotYetSafe) && result.isDone());
         EXPECT_TRUE(failedWritesLine().startsWith(u"Done, but not yet safe"_s))
             << failedWritesLine().toStdString();
         EXPECT_TRUE(Store::checkAppSuppExists()); // Syncs the data folder.
         EXPECT_EQ(failedWritesLine(), QString());
     };
-    const auto withoutSync = [](int call, auto change) {
-        const QByteArray rules = "fsync@" + QByteArray::number(call) + "+=EIO";
-        const FaultPlan plan(mwqnAppSuppLoc, rules.constData());
-        return change();
-    };
     // Its three files and its folder are synced first.
-    expectUnsafe(withoutSync(5, [] { return Store::createNewListing(u"A"_s); }));
-    expectUnsafe(
-        withoutSync(5, [] { return Store::importExistingFile(u"I"_s, PadDocument(QByteArray("<a/>"))); }));
-    expectUnsafe(withoutSync(1, [] { return Store::renameExistingQnDataFile(u"A"_s, u"B"_s); }));
+    expectUnsafe(5, [] { return Store::createNewListing(u"A"_s); });
+    expectUnsafe(5, [] { return Store::importExistingFile(u"I"_s, PadDocument(QByteArray("<a/>"))); });
+    expectUnsafe(1, [] { return Store::renameExistingQnDataFile(u"A"_s, u"B"_s); });
     EXPECT_EQ(files(u"B"_s), newFiles);
-    expectUnsafe(withoutSync(1, [] { return Store::deleteQnDataFile(u"I"_s); }));
+    expectUnsafe(1, [] { return Store::deleteQnDataFile(u"I"_s); });
     EXPECT_EQ(titles(), QStringList{u"B.qndata"_s});
 
     selectTitle(u"B"_s);
