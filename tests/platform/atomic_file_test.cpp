@@ -16,7 +16,6 @@ class AtomicFileTest : public testing::Test
 {
 protected:
     [[nodiscard]] QString at(const QString &name) const { return folder.filePath(name); }
-    [[nodiscard]] int mode(const QString &name) const { return QFileInfo(at(name)).permissions() & 0x777; }
 
     QTemporaryDir folder;
 };
@@ -43,8 +42,8 @@ TEST_F(AtomicFileTest, KeepsTheModeAndMindsTheUsersMask)
     const mode_t mask = ::umask(077);
     EXPECT_TRUE(atomic_file::write(at(u"f"_s), "new") && atomic_file::write(at(u"g"_s), "new"));
     ::umask(mask);
-    EXPECT_EQ(mode(u"f"_s), 0x640);
-    EXPECT_EQ(mode(u"g"_s), 0x600);
+    for (const auto &[name, mode] : {std::pair(u"f"_s, 0x640), std::pair(u"g"_s, 0x600)})
+        EXPECT_EQ(QFileInfo(at(name)).permissions() & 0x777, mode) << name.toStdString();
 }
 
 TEST_F(AtomicFileTest, AFailedWriteKeepsTheOldFileAndLeavesNothingBehind)
@@ -73,10 +72,10 @@ TEST_F(AtomicFileTest, ReadsRegularFilesWithinTheBound)
     ASSERT_EQ(::mkfifo(QFile::encodeName(at(u"pipe"_s)).constData(), 0600), 0);
     EXPECT_EQ(atomic_file::read(at(u"f"_s), 5), "12345");
     EXPECT_TRUE(atomic_file::read(at(u"f"_s), 4).isError(Error::Kind::Unreadable));
-    for (const QString &name : {u"missing"_s, u"f/below"_s})
-        EXPECT_TRUE(atomic_file::read(at(name)).isError(Error::Kind::Missing)) << name.toStdString();
-    for (const QString &name : {u"."_s, u"pipe"_s})
-        EXPECT_TRUE(atomic_file::read(at(name)).isError(Error::Kind::Unreadable)) << name.toStdString();
+    using enum Error::Kind;
+    for (const auto &[name, kind] : {std::pair(u"missing"_s, Missing), std::pair(u"f/below"_s, Missing),
+                                     std::pair(u"."_s, Unreadable), std::pair(u"pipe"_s, Unreadable)})
+        EXPECT_TRUE(atomic_file::read(at(name)).isError(kind)) << name.toStdString();
 }
 
 TEST_F(AtomicFileTest, ReplacesOnlyWhatWasRead)

@@ -91,11 +91,6 @@ TEST(TolerantXmlTest, ReadsWhateverIsPiledUp)
     EXPECT_EQ(TolerantXml(QString(deep + u"x" + u"</d>"_s.repeated(100'000))).first(u"d"), u"x"_s);
     EXPECT_EQ(TolerantXml(QString(deep + u"x")).count(u"d"), 100'000);
     EXPECT_EQ(TolerantXml(u"<a "_s.repeated(3'500'000)).count(u"a"), 0);
-    for (const QString &piece : {u"<a>"_s, u"</a>"_s, u"<a x='"_s, u"<!--"_s, u"<!-- </a>"_s, u"<![CDATA["_s,
-                                 u"<?"_s, u"&#00"_s, u"<!DOCTYPE "_s, u"<a><b></a>"_s, u"<!----><a "_s}) {
-        const TolerantXml xml(QString(u"<r>" + piece.repeated(300'000) + u"--></r><z>end</z>"));
-        EXPECT_EQ(xml.first(u"z"), u"end"_s) << piece.toStdString();
-    }
 }
 
 using Fields = std::map<QString, QString>;
@@ -150,11 +145,9 @@ TEST(TolerantXmlTest, AFaultInOneFieldChangesNoOther)
 
 TEST(TolerantXmlTest, TheWorkGrowsWithTheLengthOfWhateverIsPiledUp)
 {
-    for (const QByteArray &piece :
-         {QByteArray("<a>"), QByteArray("</a>"), QByteArray("<a x='"), QByteArray("<!--"),
-          QByteArray("<!-- </r>"), QByteArray("<![CDATA["), QByteArray("<?"), QByteArray("&#00"),
-          QByteArray("<!DOCTYPE "), QByteArray("<a><b></a>"), QByteArray("<a/>&"), QByteArray("\xe9<"),
-          QByteArray("/>")}) {
+    const QByteArray pieces = "<a>|</a>|<a x='|<!--|<!-- </r>|<!-- </a>|<![CDATA[|<?|&#00|<!DOCTYPE "
+                              "|<a><b></a>|<a/>&|\xe9<|/>|<!----><a ";
+    for (const QByteArray &piece : pieces.split('|')) {
         const double growth = growthOfEightfold(2'000, [&piece](qsizetype count) {
             const QString text = decodedXmlText("<r>" + piece.repeated(count) + "--></r><z>end</z>");
             EXPECT_EQ(TolerantXml(text).first(u"z"), u"end"_s);

@@ -71,22 +71,23 @@ TEST_F(Backups, TellHowManyTitlesWereImportedAndIgnored)
     ASSERT_EQ(backups::backupTitles(place(), Existing::Refuse).outcome, BackupResult::Done);
     writeTo(pathIn(u"A"_s, title_folder::padFile), u"newer"_s);
 
-    BackupResult result = backups::restoreTitles(place());
-    EXPECT_EQ(result.sentence, u"No software titles were imported.");
-    EXPECT_EQ(result.informativeText, explanation);
-    EXPECT_EQ(result.ignored, 2);
-
-    ASSERT_TRUE(AddDeleteImportEdit::deleteQnDataFile(u"B"_s));
-    result = backups::restoreTitles(place());
-    EXPECT_EQ(result.sentence, u"1 software titles were imported.\n1 software titles were ignored.");
-    EXPECT_EQ(result.informativeText, explanation);
-    EXPECT_EQ(contentOf(pathIn(u"A"_s, title_folder::padFile)), u"newer") << "a title is never overwritten";
-
-    ASSERT_TRUE(AddDeleteImportEdit::deleteQnDataFile(u"A"_s));
-    ASSERT_TRUE(AddDeleteImportEdit::deleteQnDataFile(u"B"_s));
-    result = backups::restoreTitles(place());
-    EXPECT_EQ(result.sentence, u"2 software titles were imported.");
-    EXPECT_EQ(result.informativeText, u"");
+    const struct
+    {
+        QStringList deleted;
+        QString sentence, explanation;
+    } cases[] = {
+        {{}, u"No software titles were imported."_s, explanation},
+        {{u"B"_s}, u"1 software titles were imported.\n1 software titles were ignored."_s, explanation},
+        {{u"A"_s, u"B"_s}, u"2 software titles were imported."_s, {}}};
+    for (const auto &each : cases) {
+        EXPECT_EQ(contentOf(pathIn(u"A"_s, title_folder::padFile)), u"newer") << "never overwritten";
+        for (const QString &title : each.deleted)
+            ASSERT_TRUE(AddDeleteImportEdit::deleteQnDataFile(title));
+        const BackupResult result = backups::restoreTitles(place());
+        EXPECT_EQ(result.sentence, each.sentence);
+        EXPECT_EQ(result.informativeText, each.explanation);
+        EXPECT_EQ(result.ignored, 2 - each.deleted.size());
+    }
     // A file of a title's name counts as that title.
     ASSERT_TRUE(AddDeleteImportEdit::deleteQnDataFile(u"A"_s));
     writeTo(*title_folder::path(u"A"), u"a file"_s);
@@ -223,12 +224,10 @@ TEST_F(Backups, ThatAreNotWholeNeverReplaceAnOlderOneNorCountAsDone)
         bool met = true;
         for (int turn = 1; met; ++turn) {
             const QByteArray rule = call + ('@' + QByteArray::number(turn)) + "=EIO";
-            BackupResult replaced;
-            {
-                const FaultPlan plan(mwqnAppSuppLoc, rule.constData());
-                replaced = backups::backupTitles(place(), Existing::Replace);
-                met = plan.met();
-            }
+            std::optional<FaultPlan> plan(std::in_place, mwqnAppSuppLoc, rule);
+            const BackupResult replaced = backups::backupTitles(place(), Existing::Replace);
+            met = plan->met();
+            plan.reset();
             if (!met) {
                 EXPECT_EQ(replaced.outcome, BackupResult::Done);
                 writeTo(place() + u"/old"_s, u"old"_s);
@@ -287,30 +286,20 @@ TEST_F(Backups, ThatAreNotYetSafeAreThereAndSaySo)
 {
     makeTitle(u"A"_s);
     ASSERT_TRUE(site_list::write(site_list::userSites, {{u"A"_s, u"a"_s}}));
-    const auto isTold = [](const BackupResult &result) {
-        return result.copied == 1 && result.fileFailed &&
-               QString(result.sentence + result.details.join(u'\n'))
-                   .contains(u"Done, but not yet safe on the disk");
-    };
     const QString sites = place(u"sites.qnback"_s);
-    {
-        const FaultPlan plan(home(), "fsync@2=EIO");
-        EXPECT_TRUE(isTold(backups::backupTitles(place(), Existing::Refuse)));
-    }
-    {
-        const FaultPlan plan(home(), "fsync@4=EIO");
-        EXPECT_TRUE(isTold(backups::backupSites(sites, Existing::Refuse)));
-    }
+    const auto isTold = [this](int sync, const std::function<BackupResult()> &transfer) {
+        const FaultPlan plan(home(), "fsync@" + QByteArray::number(sync) + "=EIO");
+        const BackupResult result = transfer();
+        const QString told = result.sentence + result.details.join(u'\n');
+        return result.copied == 1 && result.fileFailed &&
+               told.contains(u"Done, but not yet safe on the disk");
+    };
+    EXPECT_TRUE(isTold(2, [&] { return backups::backupTitles(place(), Existing::Refuse); }));
+    EXPECT_TRUE(isTold(4, [&] { return backups::backupSites(sites, Existing::Refuse); }));
     ASSERT_TRUE(AddDeleteImportEdit::deleteQnDataFile(u"A"_s));
     ASSERT_TRUE(site_list::write(site_list::userSites, {}));
-    {
-        const FaultPlan plan(home(), "fsync@2=EIO");
-        EXPECT_TRUE(isTold(backups::restoreTitles(place())));
-    }
-    {
-        const FaultPlan plan(home(), "fsync@2=EIO");
-        EXPECT_TRUE(isTold(backups::restoreSites(sites)));
-    }
+    EXPECT_TRUE(isTold(2, [&] { return backups::restoreTitles(place()); }));
+    EXPECT_TRUE(isTold(2, [&] { return backups::restoreSites(sites); }));
     EXPECT_EQ(AddDeleteImportEdit::returnUserSitesDict(), (StringDictionary{{u"A"_s, u"a"_s}}));
 }
 
@@ -373,19 +362,6 @@ TEST_F(Backups, OfSitesAreCopiesAndComeBackUnderThePresentEntries)
     EXPECT_EQ(AddDeleteImportEdit::returnUserSitesDict(),
               (StringDictionary{{u"A"_s, u"new"_s}, {u"B"_s, u"b"_s}, {u"C"_s, u"c"_s}}));
     EXPECT_EQ(AddDeleteImportEdit::returnIgnoredSitesDict(), (StringDictionary{{u"Softs"_s, u"s"_s}}));
-}
-
-TEST_F(Backups, OfSitesThatNobodyUnderstandsAreCopiesAllTheSame)
-{
-    const QString list = mwqnAppSuppLoc + u"sites.qnrc";
-    writeTo(list, u"<plist><dict><key>B"_s);
-    EXPECT_EQ(backups::backupSites(place(u"a.qnback"_s), Existing::Refuse).outcome, BackupResult::Done);
-    EXPECT_EQ(tree(place(u"a.qnback"_s)), tree(mwqnAppSuppLoc));
-
-    ASSERT_TRUE(QFile::remove(list) && QDir().mkdir(list));
-    const BackupResult failed = backups::backupSites(place(u"b.qnback"_s), Existing::Refuse);
-    EXPECT_EQ(failed.outcome, BackupResult::Failed);
-    EXPECT_EQ(failed.details, QStringList{u"sites.qnrc cannot be read: it is no regular file"_s});
 }
 
 TEST_F(Backups, OfSitesThatAreDamagedTakeNothingAway)

@@ -134,16 +134,8 @@ TEST_F(PreferencesWindowTest, ASiteIsAddedAfterEveryRefusal)
 {
     ASSERT_TRUE(site_list::write(site_list::userSites, {{u"<b>Mine"_s, u"http://mine/"_s}}));
     preferences().loadSitesIntoList();
-    const QString name = u"siteNameField"_s;
-    const QString url = u"siteURLField"_s;
-    const QString adding = u"Add A New Submission Site"_s;
-    const QString editing = u"Editing Submission Site"_s;
-    struct Refusal
-    {
-        QString title;
-        QStringList typed; ///< Name and address.
-        QString message, focus, selected;
-    };
+    const QString name = u"siteNameField"_s, url = u"siteURLField"_s;
+    const QString adding = u"Add A New Submission Site"_s, editing = u"Editing Submission Site"_s;
     const QString emptyNew = u"You must enter a name and URL to add an entry to the sites list"_s;
     const QString empty = u"The name and URL fields cannot be empty"_s;
     const QString nameExists = u"The site name already exists\nPlease enter a unique name for this site"_s;
@@ -151,15 +143,20 @@ TEST_F(PreferencesWindowTest, ASiteIsAddedAfterEveryRefusal)
                               "Please enter a unique URL for this site"_s;
     const QString bothExist =
         u"The site name and URL you entered both exist\nPlease enter a unique name and URL"_s;
-    const Refusal refusals[] = {{adding, {u" "_s, u"a b"_s}, emptyNew, name, u" "_s},
-                                {adding, {{}, {}}, emptyNew, name, {}},
-                                {adding, {u"A"_s, {}}, emptyNew, url, u"http://"_s},
-                                {adding, {u"<b>Mine"_s, u"a"_s}, nameExists, name, {}},
-                                {adding, {u"A"_s, u"mine/"_s}, urlExists, url, {}},
-                                {adding, {u"<b>Mine"_s, u"mine/"_s}, bothExist, name, {}},
-                                {editing, {u" "_s, u"a"_s}, empty, name, u" "_s},
-                                {editing, {u"A"_s, {}}, empty, url, u"http://"_s}};
-    for (const Refusal &each : refusals) {
+    const struct
+    {
+        QString title;
+        QStringList typed; ///< Name and address.
+        QString message, focus, selected;
+    } refusals[] = {{adding, {u" "_s, u"a b"_s}, emptyNew, name, u" "_s},
+                    {adding, {{}, {}}, emptyNew, name, {}},
+                    {adding, {u"A"_s, {}}, emptyNew, url, u"http://"_s},
+                    {adding, {u"<b>Mine"_s, u"a"_s}, nameExists, name, {}},
+                    {adding, {u"A"_s, u"mine/"_s}, urlExists, url, {}},
+                    {adding, {u"<b>Mine"_s, u"mine/"_s}, bothExist, name, {}},
+                    {editing, {u" "_s, u"a"_s}, empty, name, u" "_s},
+                    {editing, {u"A"_s, {}}, empty, url, u"http://"_s}};
+    for (const auto &each : refusals) {
         SCOPED_TRACE(each.message.toStdString() + " for " + each.typed.join(u'|').toStdString());
         if (each.title == adding)
             press(u"addSiteButton"_s);
