@@ -5,6 +5,7 @@
 #include <QAuthenticator>
 #include <QCoreApplication>
 #include <QEventLoop>
+#include <QFile>
 #include <QPointer>
 #include <QUuid>
 #include <QWebEngineFileSystemAccessRequest>
@@ -19,6 +20,12 @@
 #include <utility>
 
 using namespace Qt::StringLiterals;
+
+/// What a static library has as resources is there when it is asked for; outside any namespace.
+static void initScripts()
+{
+    Q_INIT_RESOURCE(quillon_scripts);
+}
 
 namespace quillon {
 
@@ -35,72 +42,17 @@ const QString &pasteToken()
     return token;
 }
 
-/// Has a window, and those in it that are from the same site and have no script of their own, ask before
-/// something is pasted there, and before it is written into a field. The question is a prompt, because the
-/// page waits for its answer; none is shown. Frames that may not ask take what the author pastes by a key.
+/// The script that watches for pastes, in a page for the first time, or looks for new frames there.
 const QString &pasteWatch()
 {
-    static const QString script = uR"((globalThis.quillonPastes ??= (() => {
-        const token = '%1';
-        const patience = 1000;
-        let isPasting = false, lastPress = 0, lastKey = 0;
-        const isRefused = question => {
-            const answer = prompt(token + question);
-            return answer == 'no' || (answer === null && Date.now() - lastKey > patience);
-        };
-        const stop = event => {
-            event.preventDefault();
-            event.stopImmediatePropagation();
-        };
-        const kindOf = place => {
-            if (place.matches(':read-write') || place.localName.includes('-'))
-                return 'text';
-            return place.readOnly || place.matches('input:disabled, textarea:disabled') ? 'locked' : 'none';
-        };
-        const paste = event => {
-            if (!event.isTrusted)
-                return;
-            isPasting = true;
-            setTimeout(() => {
-                isPasting = false;
-                console.debug(token);
-            });
-            if (isRefused(` paste ${kindOf(event.composedPath()[0])} ${window == top} ${lastPress}`))
-                stop(event);
-        };
-        const insert = event => {
-            const isPaste = event.type == 'textInput' || event.inputType == 'insertFromPaste';
-            if (isPasting && event.isTrusted && isPaste && isRefused(' insert'))
-                stop(event);
-        };
-        const key = event => {
-            if (event.isTrusted && (event.ctrlKey || event.shiftKey) && /^(v|insert)$/i.test(event.key))
-                lastKey = Date.now();
-        };
-        const press = event => {
-            if (event.isTrusted)
-                lastPress = Date.now();
-        };
-        const watchAll = () => watch(window);
-        const listeners = { paste, beforeinput: insert, textInput: insert, keydown: key, pointerdown: press,
-                            blur: watchAll };
-        const watch = frame => {
-            try {
-                if (frame != window && frame.quillonPastes)
-                    return frame.quillonPastes();
-                for (const type in listeners)
-                    frame.addEventListener(type, listeners[type], true);
-            } catch {
-                return;
-            }
-            for (let inner = 0; inner < frame.length; ++inner)
-                watch(frame[inner]);
-        };
-        // Frames that a script makes have no address of their own, and may take the focus at once.
-        new MutationObserver(() => window.length && watchAll()).observe(document, { childList: true, subtree: true });
-        setInterval(() => window.length && watchAll(), 200);
-        return watchAll;
-    })())())"_s.arg(pasteToken());
+    static const QString script = [] {
+        initScripts();
+        QFile file(u":/scripts/paste-watch.js"_s);
+        if (!file.open(QIODevice::ReadOnly))
+            qFatal("%s is not part of the program.", qPrintable(file.fileName()));
+        return u"(globalThis.quillonPastes ||= (%1)('%2'))()"_s.arg(
+            QString::fromUtf8(file.readAll()).trimmed(), pasteToken());
+    }();
     return script;
 }
 
