@@ -60,10 +60,10 @@ public:
     /// The address of the main frame.
     [[nodiscard]] virtual QString currentUrl() const = 0;
 
-    /// Pastes @p text, which @p fillClipboard puts on the clipboard, into the page's focused field; nothing
-    /// when none has the focus. Pastes wait for one another: @p fillClipboard runs when all before it are
-    /// done. Nothing but @p text is ever pasted, and into no other page.
-    virtual void paste(const QString &text, std::function<void()> fillClipboard) = 0;
+    /// Pastes @p text through the clipboard into the page's focused field; nothing when none has the focus.
+    /// Pastes wait for one another: the clipboard holds @p text when all before it are done. Nothing but
+    /// @p text is ever pasted, and into no other page.
+    virtual void paste(const QString &text) = 0;
 
     virtual void goBack() = 0;
     virtual void goForward() = 0;

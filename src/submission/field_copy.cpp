@@ -157,10 +157,7 @@ std::optional<QString> pasteText(const FieldCopyButton &button, const QByteArray
     return date ? dateText(*date, text, locale) : findClipboardContent(button.tag(), text);
 }
 
-FieldCopyPanel::FieldCopyPanel(Browser &browser, Desktop &desktop, QObject *parent)
-    : QObject(parent), m_browser(browser), m_desktop(desktop)
-{
-}
+FieldCopyPanel::FieldCopyPanel(Browser &browser, QObject *parent) : QObject(parent), m_browser(browser) {}
 
 void FieldCopyPanel::setPasteData()
 {
@@ -191,7 +188,7 @@ void FieldCopyPanel::press(int place)
         Q_EMIT nothingPasted(u"Nothing was pasted: this field of the PAD file is empty."_s);
         return;
     }
-    m_browser.paste(*text, [&desktop = m_desktop, text = *text] { desktop.setClipboardText(text); });
+    m_browser.paste(*text);
 }
 
 } // namespace quillon

@@ -15,7 +15,6 @@
 namespace quillon {
 
 class Browser;
-class Desktop;
 
 /// A button that pastes one field of the stored PAD file into a download site's form.
 struct FieldCopyButton
@@ -55,14 +54,14 @@ class FieldCopyPanel : public QObject
 {
     Q_OBJECT
 public:
-    /// @p browser takes what is pasted; both must outlive the panel.
-    FieldCopyPanel(Browser &browser, Desktop &desktop, QObject *parent = nullptr);
+    /// @p browser takes what is pasted, and must outlive the panel.
+    explicit FieldCopyPanel(Browser &browser, QObject *parent = nullptr);
 
     /// Lets exactly those buttons be used whose element has a value in the stored PAD file.
     void setPasteData();
 
-    /// Turns the button at @p place of fieldCopyButtons on and pastes its value through the clipboard; with
-    /// nothing to paste the clipboard stays as it is.
+    /// Turns the button at @p place of fieldCopyButtons on and has the browser paste its value, if there is
+    /// one.
     void press(int place);
 
     /// Why setPasteData() could not read the file, if it is there.
@@ -82,7 +81,6 @@ private:
     using Flags = std::bitset<fieldCopyButtonCount>;
 
     Browser &m_browser;
-    Desktop &m_desktop;
     std::optional<Error> m_readError;
     Flags m_enabled;
     Flags m_on;

@@ -1,38 +1,40 @@
 #include "submission/paste_queue.h"
 
+#include "platform/desktop.h"
+
 #include <QPointer>
 
 #include <utility>
 
 namespace quillon {
 
-PasteQueue::PasteQueue(QObject *parent) : QObject(parent)
+PasteQueue::PasteQueue(Desktop &desktop, QObject *parent) : QObject(parent), m_desktop(desktop)
 {
     m_patience.setSingleShot(true);
     m_patience.setInterval(patience);
     connect(&m_patience, &QTimer::timeout, this, &PasteQueue::giveUp);
 }
 
-void PasteQueue::add(Paste paste)
+void PasteQueue::add(PasteTarget &target, const QString &text)
 {
-    m_waiting.push_back(std::move(paste));
+    m_waiting.push_back({.target = &target, .text = text});
     if (!m_current)
         startNext();
 }
 
-bool PasteQueue::drop(const void *page)
+bool PasteQueue::drop(const PasteTarget &target)
 {
-    std::function<void()> fillWithLast;
+    std::optional<QString> last;
     const auto dropped = std::erase_if(m_waiting, [&](const Paste &each) {
-        if (each.page == page)
-            fillWithLast = each.fillClipboard;
-        return each.page == page;
+        if (each.target == &target)
+            last = each.text;
+        return each.target == &target;
     });
-    const bool wasCurrent = m_current && m_current->page == page;
+    const bool wasCurrent = m_current && m_current->target == &target;
     if (wasCurrent)
         m_current.reset();
-    if (!m_current && m_waiting.empty() && fillWithLast)
-        fillWithLast();
+    if (!m_current && m_waiting.empty() && last)
+        m_desktop.setClipboardText(*last);
     if (!m_current)
         startNext();
     return wasCurrent || dropped > 0;
@@ -46,10 +48,10 @@ void PasteQueue::startNext()
         return;
     m_current = std::move(m_waiting.front());
     m_waiting.pop_front();
-    m_current->fillClipboard();
+    m_desktop.setClipboardText(m_current->text);
     m_patience.start();
-    const auto begin = m_current->begin; // The paste may be done, and gone, before this has returned.
-    begin([self = QPointer(this), number = ++m_number] {
+    const Paste current = *m_current; // It may be done, and gone, before this has returned.
+    current.target->begin(current.text, [self = QPointer(this), number = ++m_number] {
         if (self && self->m_current && number == self->m_number)
             self->startNext();
     });
@@ -58,7 +60,7 @@ void PasteQueue::startNext()
 void PasteQueue::giveUp()
 {
     if (const auto late = std::exchange(m_current, std::nullopt))
-        late->giveUp();
+        late->target->giveUp();
     if (!m_current)
         startNext();
 }

@@ -72,7 +72,7 @@ SubmitControl::SubmitControl(const Parts &parts, QObject *parent)
     , m_parts(parts)
     , m_pageLoad(parts.qnWebView, parts.desktop, parts.delayedCalls)
     , m_questions(parts.alerts)
-    , m_fieldCopyPanel(parts.qnWebView, parts.desktop)
+    , m_fieldCopyPanel(parts.qnWebView)
     , m_reports(std::make_unique<Reports>(*this, &m_pageLoad))
     , m_popUpReports(std::make_unique<Reports>(*this, nullptr))
 {

@@ -40,7 +40,8 @@ constexpr QSize usualSize(1240, 680);
 
 SubmitWindow::SubmitWindow(QWebEngineProfile &profile, AlertSheets &alerts, Desktop &desktop,
                            DelayedCalls &delayedCalls)
-    : m_qnWebView(new WebEngineBrowser(profile, m_pastes, u"qnWebView"_s, this))
+    : m_pastes(desktop)
+    , m_qnWebView(new WebEngineBrowser(profile, m_pastes, u"qnWebView"_s, this))
     , m_popUpBrowserWindow(std::make_unique<PopUpWindow>(profile, m_pastes))
     , m_control(std::make_unique<SubmitControl>(
           SubmitControl::Parts{*m_qnWebView, m_popUpBrowserWindow->browser(), alerts, desktop, delayedCalls}))

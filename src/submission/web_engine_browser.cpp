@@ -160,9 +160,9 @@ void WebEngineBrowser::loadHtml(const QString &html, const QString &baseUrl)
     m_page->setHtml(html, WebEnginePage::isWebPage(base) ? base : QUrl(u"about:blank"_s));
 }
 
-void WebEngineBrowser::paste(const QString &text, std::function<void()> fillClipboard)
+void WebEngineBrowser::paste(const QString &text)
 {
-    (m_pasteTarget ? *m_pasteTarget : *this).m_pasting.paste(text, std::move(fillClipboard));
+    (m_pasteTarget ? *m_pasteTarget : *this).m_pasting.paste(text);
 }
 
 void WebEngineBrowser::authorActed(bool isMouse)

@@ -8,7 +8,6 @@
 #include <QPointer>
 #include <QWidget>
 
-#include <functional>
 #include <memory>
 #include <optional>
 
@@ -44,7 +43,7 @@ public:
     void loadHtml(const QString &html, const QString &baseUrl) override;
     [[nodiscard]] double estimatedProgress() const override { return m_progress; }
     [[nodiscard]] QString currentUrl() const override { return m_address; }
-    void paste(const QString &text, std::function<void()> fillClipboard) override;
+    void paste(const QString &text) override;
     void goBack() override;
     void goForward() override;
     void reload() override;

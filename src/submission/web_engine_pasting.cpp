@@ -58,7 +58,7 @@ WebEnginePasting::~WebEnginePasting()
 /// Gives whether something was under way or waiting.
 bool WebEnginePasting::leaveQueue()
 {
-    return m_queue && m_queue->drop(this);
+    return m_queue && m_queue->drop(*this);
 }
 
 void WebEnginePasting::setPage(WebEnginePage &page)
@@ -72,14 +72,10 @@ void WebEnginePasting::setPage(WebEnginePage &page)
     ++m_command;
 }
 
-void WebEnginePasting::paste(const QString &text, std::function<void()> fillClipboard)
+void WebEnginePasting::paste(const QString &text)
 {
-    if (!m_queue)
-        return;
-    m_queue->add({.page = this,
-                  .fillClipboard = std::move(fillClipboard),
-                  .begin = [this, text](PasteQueue::Done done) { begin(text, std::move(done)); },
-                  .giveUp = [this] { giveUp(); }});
+    if (m_queue)
+        m_queue->add(*this, text);
 }
 
 void WebEnginePasting::documentGoes()
@@ -103,7 +99,7 @@ void WebEnginePasting::mousePressed()
     m_lastPress = QDateTime::currentMSecsSinceEpoch();
 }
 
-void WebEnginePasting::begin(const QString &text, PasteQueue::Done done)
+void WebEnginePasting::begin(const QString &text, Done done)
 {
     m_text = text;
     m_done = std::move(done);

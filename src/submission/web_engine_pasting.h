@@ -7,8 +7,6 @@
 #include <QString>
 #include <QUrl>
 
-#include <functional>
-
 namespace quillon {
 
 class WebEnginePage;
@@ -50,7 +48,7 @@ public:
  * A value goes into the document that it was meant for, and there into a frame of the page's own site, or
  * into one that the author pressed the mouse in last; otherwise nowhere, and notice() says so.
  */
-class WebEnginePasting : public QObject, private PasteGuard
+class WebEnginePasting : public QObject, private PasteTarget, private PasteGuard
 {
     Q_OBJECT
 public:
@@ -62,8 +60,8 @@ public:
     /// will be.
     void setPage(WebEnginePage &page);
 
-    /// Pastes @p text, which @p fillClipboard puts on the clipboard, after all that waits in the queue.
-    void paste(const QString &text, std::function<void()> fillClipboard);
+    /// Pastes @p text through the clipboard, after all that waits in the queue.
+    void paste(const QString &text);
 
     /// The page goes elsewhere: what has not been pasted never will be.
     void documentGoes();
@@ -90,9 +88,10 @@ private:
     bool mayInsert() override;
     void pasteEnded() override;
 
-    void begin(const QString &text, PasteQueue::Done done);
+    void begin(const QString &text, Done done) override;
+    void giveUp() override;
+
     void tellPage();
-    void giveUp();
     void expire();
     void awaitAnswer();
     void pageAnswered();
@@ -107,7 +106,7 @@ private:
     QPointer<WebEnginePage> m_page;
     State m_state = State::Idle;
     QString m_text; ///< What is meant to be pasted.
-    PasteQueue::Done m_done;
+    Done m_done;
     QString m_outcome;         ///< What the author is told in the end.
     bool m_isAllowed = false;  ///< The answer that the page was given.
     bool m_isWaiting = false;  ///< begin() was called while the paste before it could still begin.

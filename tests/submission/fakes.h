@@ -18,7 +18,7 @@ public:
     void loadHtml(const QString &html, const QString &baseUrl) override { pages.append({html, baseUrl}); }
     [[nodiscard]] double estimatedProgress() const override { return progress; }
     [[nodiscard]] QString currentUrl() const override { return url; }
-    void paste(const QString &, std::function<void()> fillClipboard) override { fillClipboard(); }
+    void paste(const QString &text) override { pasted.append(text); }
     void goBack() override {}
     void goForward() override {}
     void reload() override {}
@@ -28,6 +28,7 @@ public:
 
     BrowserDelegate *delegate = nullptr;
     QStringList loaded;
+    QStringList pasted;
     QList<std::pair<QString, QString>> pages;
     double progress = 0;
     QString url;
@@ -40,7 +41,7 @@ public:
     void setClipboardText(const QString &text) override { clipboard = text; }
     void openWebAddress(const QUrl &address) override { opened.append(address.toString()); }
 
-    QString clipboard = QStringLiteral("untouched");
+    QString clipboard;
     QStringList opened;
 };
 

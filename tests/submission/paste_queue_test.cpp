@@ -1,4 +1,5 @@
 #include "submission/download_page.h"
+#include "submission/fakes.h"
 #include "submission/load_errors.h"
 #include "submission/paste_queue.h"
 #include "support/printing.h"
@@ -12,38 +13,53 @@ using namespace Qt::StringLiterals;
 namespace quillon {
 namespace {
 
+/// A page that notes what is begun there, with what the clipboard holds then.
+struct FakeTarget final : PasteTarget
+{
+    FakeTarget(QStringList &newTold, QList<Done> &newBegun, const FakeDesktop &newDesktop)
+        : told(newTold), begun(newBegun), desktop(newDesktop)
+    {
+    }
+    void begin(const QString &text, Done done) override
+    {
+        EXPECT_EQ(desktop.clipboard, text);
+        told.append(text);
+        begun.append(std::move(done));
+    }
+    void giveUp() override { told.append(u"late"_s); }
+
+    QStringList &told;
+    QList<Done> &begun;
+    const FakeDesktop &desktop;
+};
+
 TEST(PasteQueueTest, FillsTheClipboardForOnePageAfterTheOther)
 {
     QStringList told;
-    QList<PasteQueue::Done> begun;
-    PasteQueue queue;
-    const int pages[] = {0, 1};
-    const auto add = [&](int page, const QString &text) {
-        queue.add({.page = &pages[page],
-                   .fillClipboard = [&told, text] { told.append(text); },
-                   .begin = [&begun](PasteQueue::Done done) { begun.append(std::move(done)); },
-                   .giveUp = [&told, text] { told.append(u"late "_s + text); }});
-    };
-    add(0, u"a"_s);
-    add(1, u"b"_s);
-    add(0, u"c"_s);
+    QList<PasteTarget::Done> begun;
+    FakeDesktop desktop;
+    PasteQueue queue(desktop);
+    FakeTarget one(told, begun, desktop), other(told, begun, desktop);
+    queue.add(one, u"a"_s);
+    queue.add(other, u"b"_s);
+    queue.add(one, u"c"_s);
     EXPECT_EQ(told, QStringList{u"a"_s});
     begun[0]();
     begun[0]();
     EXPECT_EQ(told, QStringList({u"a"_s, u"b"_s})) << "a paste is done once";
-    EXPECT_TRUE(queue.drop(&pages[0]));
-    EXPECT_FALSE(queue.drop(&pages[0]));
-    EXPECT_EQ(told.size(), 2) << "the clipboard is the other page's for now";
-    add(1, u"d"_s);
-    add(1, u"e"_s);
-    EXPECT_TRUE(queue.drop(&pages[1]));
-    EXPECT_EQ(told.last(), u"e"_s) << "the last value is there to be pasted by hand";
+    EXPECT_TRUE(queue.drop(one));
+    EXPECT_FALSE(queue.drop(one));
+    EXPECT_EQ(desktop.clipboard, u"b"_s) << "the clipboard is the other page's for now";
+    queue.add(other, u"d"_s);
+    queue.add(other, u"e"_s);
+    EXPECT_TRUE(queue.drop(other));
+    EXPECT_EQ(desktop.clipboard, u"e"_s) << "the last value is there to be pasted by hand";
     begun[1]();
-    add(0, u"f"_s);
+    queue.add(one, u"f"_s);
     EXPECT_EQ(begun.size(), 3) << "what is dropped is not begun";
-    add(1, u"g"_s);
+    queue.add(other, u"g"_s);
     queue.giveUp();
-    EXPECT_EQ(told.mid(told.size() - 3), QStringList({u"f"_s, u"late f"_s, u"g"_s}));
+    EXPECT_EQ(told.mid(2), QStringList({u"f"_s, u"late"_s, u"g"_s}));
 }
 
 TEST(DownloadPageTest, TellsTextFromOtherFilesAndShowsNamesAsTheyStand)
