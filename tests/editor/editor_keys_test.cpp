@@ -38,6 +38,9 @@ TEST_F(EditorViewTest, CheckListsAreWorkedByKeysAlone)
         ASSERT_EQ(QApplication::focusWidget(), list);
         QTest::keyClick(list, Qt::Key_Space);
         EXPECT_EQ(stored(field), entries.first()) << "the list begins at its first row";
+        QTest::keyClick(list, Qt::Key_Space);
+        EXPECT_EQ(stored(field), QString());
+        QTest::keyClick(list, Qt::Key_Space);
 
         list->setCurrentIndex(list->model()->index(5, 0));
         QTest::keyClick(list, Qt::Key_Backtab);
@@ -108,6 +111,9 @@ TEST_F(EditorViewTest, TabGoesDownTheColumnsFromTheLeftWithTheFilters)
                 << "stop " << at;
     }
     EXPECT_TRUE(reached.contains({u"osTableFilter"_s, u"languageTableFilter"_s}));
+    for (const PadField &field : padFields)
+        EXPECT_EQ(reached.contains(field.control.toString()), field.kind != FieldKind::Computed)
+            << field.control.toUtf8().constData();
 }
 
 TEST_F(EditorViewTest, NothingMovesWhileTheAuthorTypes)

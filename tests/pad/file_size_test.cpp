@@ -1,6 +1,8 @@
 #include "pad/file_size.h"
 #include "support/printing.h"
 
+#include <QStringList>
+
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -8,33 +10,19 @@ using namespace quillon;
 
 TEST(FileSizeTest, ShowsKilobytesAndMegabytesExactly)
 {
-    const struct
-    {
-        QString bytes, kilobytes, megabytes;
-    } cases[] = {{u"0"_s, u"0"_s, u"0.0"_s},
-                 {u"1024"_s, u"1"_s, u"0.0"_s},
-                 {u"1048576"_s, u"1024"_s, u"1.0"_s},
-                 {u"1500000"_s, u"1465"_s, u"1.4"_s},
-                 {u"512"_s, u"0"_s, u"0.0"_s}, // A half goes to the even neighbour.
-                 {u"1536"_s, u"2"_s, u"0.0"_s},
-                 {u"512.000000001"_s, u"1"_s, u"0.0"_s},
-                 {u"52428"_s, u"51"_s, u"0.0"_s},
-                 {u"52429"_s, u"51"_s, u"0.1"_s},
-                 {u"0001024"_s, u"1"_s, u"0.0"_s},
-                 {u" 2048 bytes"_s, u"2"_s, u"0.0"_s},
-                 {u"+2048"_s, u"2"_s, u"0.0"_s},
-                 {u"-1500000 bytes"_s, u"-1465"_s, u"-1.4"_s},
-                 {u"1e6"_s, u"977"_s, u"1.0"_s},
-                 {u"1.50000099E+0006"_s, u"1465"_s, u"1.4"_s},
-                 {u"5242880000e-3"_s, u"5120"_s, u"5.0"_s},
-                 {u".2048e7e9"_s, u"2000"_s, u"2.0"_s},
-                 {u"2048e"_s, u"2"_s, u"0.0"_s},
-                 {u"266,752"_s, u"0"_s, u"0.0"_s},
-                 {u"1024."_s + QString(100'000, u'0'), u"1"_s, u"0.0"_s},
-                 {u"1180591620717411303424"_s, u"1152921504606846976"_s, u"1125899906842624.0"_s}};
-    for (const auto &[bytes, kilobytes, megabytes] : cases) {
-        EXPECT_EQ(file_size::kilobytes(bytes), QString(kilobytes + u" KB")) << bytes.left(30).toStdString();
-        EXPECT_EQ(file_size::megabytes(bytes), QString(megabytes + u" MB")) << bytes.left(30).toStdString();
+    // Each size with its kilobytes and megabytes; a half goes to the even neighbour.
+    const QString cases =
+        u"0=0/0.0|1024=1/0.0|1048576=1024/1.0|1500000=1465/1.4|512=0/0.0|1536=2/0.0|512.000000001=1/0.0|"
+        "52428=51/0.0|52429=51/0.1|0001024=1/0.0| 2048 bytes=2/0.0|+2048=2/0.0|-1500000 bytes=-1465/-1.4|"
+        "1e6=977/1.0|1.50000099E+0006=1465/1.4|5242880000e-3=5120/5.0|.2048e7e9=2000/2.0|2048e=2/0.0|"
+        "266,752=0/0.0|1180591620717411303424=1152921504606846976/1125899906842624.0|1024."_s +
+        QString(100'000, u'0') + u"=1/0.0"_s;
+    for (const QString &each : cases.split(u'|')) {
+        const QString bytes = each.section(u'=', 0, 0);
+        const QString kilobytes = each.section(u'=', 1).section(u'/', 0, 0);
+        const QString megabytes = each.section(u'/', 1);
+        EXPECT_EQ(file_size::kilobytes(bytes), kilobytes + u" KB") << each.left(40).toStdString();
+        EXPECT_EQ(file_size::megabytes(bytes), megabytes + u" MB") << each.left(40).toStdString();
         EXPECT_EQ(file_size::withoutUnit(file_size::kilobytes(bytes)), kilobytes);
         EXPECT_EQ(file_size::withoutUnit(file_size::megabytes(bytes)), megabytes);
     }

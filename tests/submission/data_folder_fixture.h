@@ -46,11 +46,8 @@ protected:
                           const QString &version = {})
     {
         ASSERT_TRUE(AddDeleteImportEdit::createNewListing(title));
-        Summary summary;
-        summary.version = version;
-        summary.sites = sites;
-        summary.versions = versions;
-        writeTo(pathIn(title, title_folder::summaryFile), summary_file::text(summary));
+        writeTo(pathIn(title, title_folder::summaryFile),
+                summary_file::text({.version = version, .sites = sites, .versions = versions}));
         selectTitle(title);
     }
 };

@@ -100,51 +100,26 @@ TEST(SiteCatalogue, OwnSitesComeFirstAndYieldToADefaultSiteOfTheirName)
     EXPECT_EQ(catalogue.urlByName.size(), 214U);
 }
 
-TEST(SiteStates, CompareTheMarksVersionWithTheCurrentOne)
+TEST(SiteStates, CompareTheVersionOfTheFirstMarkWithTheCurrentOne)
 {
-    struct Case
-    {
-        QString versions, current;
-        SiteState state;
-    };
-    const Case cases[] = {
-        {u"1.9"_s, u"1.9"_s, SiteState::Validated},
-        {u"1.9"_s, u"1.10"_s, SiteState::Validated},
-        {u"1.10"_s, u"1.9"_s, SiteState::OldVers},
-        {u"2.0"_s, u"2.0.1"_s, SiteState::Validated},
-        {u"2,9"_s, u"1"_s, SiteState::Validated},
-        {u"1.5"_s, u""_s, SiteState::OldVers},
-        {u"1.5"_s, u",9"_s, SiteState::OldVers},
-        {u"1.5"_s, u"1,9"_s, SiteState::Validated},
-        {u"Unknown"_s, u"0.1"_s, SiteState::OldVers},
-        {u"Unknown"_s, u"beta"_s, SiteState::Validated},
-        {u""_s, u"1"_s, SiteState::OldVers},
-        {u"v3"_s, u"2"_s, SiteState::OldVers},
-        {u" 3"_s, u"2"_s, SiteState::Validated},
-        {u"1e9"_s, u"2"_s, SiteState::OldVers},
-        {u"infinite"_s, u"2"_s, SiteState::OldVers},
-        {u"nan"_s, u"1"_s, SiteState::OldVers},
-        {u".6"_s, u"0.5"_s, SiteState::Validated},
-        {u"-1"_s, u"0"_s, SiteState::OldVers},
-        {u"+2"_s, u"1"_s, SiteState::Validated},
-        {u"1 000"_s, u"2"_s, SiteState::OldVers},
-        {QString(500, u'9'), u"7"_s, SiteState::Validated},
-    };
-    for (const Case &each : cases) {
-        Summary summary;
-        summary.sites = u"Site"_s;
-        summary.versions = each.versions;
-        summary.version = each.current;
-        EXPECT_EQ(siteStates({u"Site"_s, u"site"_s}, summary), QList({each.state, SiteState::NotValidated}))
-            << each.versions.toStdString() << " against " << each.current.toStdString();
-    }
-}
-
-TEST(SiteStates, TakeTheFirstMarkOfASiteAndAMissingVersionAsEmpty)
-{
+    // The mark's version and the current one, which makes the mark as named.
+    const std::pair<SiteState, QString> cases[] = {
+        {SiteState::Validated, u"1.9/1.9|1.9/1.10|2.0/2.0.1|2,9/1|1.5/1,9|Unknown/beta| 3/2|.6/0.5|+2/1|"_s +
+                                   QString(500, u'9') + u"/7"_s},
+        {SiteState::OldVers,
+         u"1.10/1.9|1.5/|1.5/,9|Unknown/0.1|/1|v3/2|1e9/2|infinite/2|nan/1|-1/0|1 000/2"_s}};
     Summary summary;
+    for (const auto &[state, pairs] : cases) {
+        for (const QString &pair : pairs.split(u'|')) {
+            summary.sites = u"Site"_s;
+            summary.versions = pair.section(u'/', 0, 0);
+            summary.version = pair.section(u'/', 1);
+            EXPECT_EQ(siteStates({u"Site"_s, u"site"_s}, summary), QList({state, SiteState::NotValidated}))
+                << pair.toStdString();
+        }
+    }
     summary.sites = u"B,A,B,C"_s;
-    summary.versions = u"2,1"_s;
+    summary.versions = u"2,1"_s; // A version that is missing is an empty one.
     summary.version = u"2"_s;
     EXPECT_EQ(siteStates({u"A"_s, u"B"_s, u"C"_s}, summary),
               QList({SiteState::OldVers, SiteState::Validated, SiteState::OldVers}));

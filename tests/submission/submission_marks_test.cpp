@@ -11,18 +11,6 @@ namespace {
 
 using Edit = QString (*)(const QString &, const QString &);
 
-struct Lists
-{
-    QString version, sites, versions;
-    bool operator==(const Lists &) const = default;
-};
-
-void PrintTo(const Lists &lists, std::ostream *stream)
-{
-    *stream << lists.version.toStdString() << " | " << lists.sites.toStdString() << " | "
-            << lists.versions.toStdString();
-}
-
 /// A summary around the text of the two lists' elements.
 QString summaryWith(const QString &version, const QString &elements)
 {
@@ -37,11 +25,9 @@ QString closed(const QString &sites, const QString &versions)
     return u"<QN_SITES>"_s + sites + u"</QN_SITES>\n\t\t<QN_VERSION>"_s + versions + u"</QN_VERSION>"_s;
 }
 
-Lists listsIn(const QString &text)
+Summary listsIn(const QString &text)
 {
-    const Summary summary = summary_file::parse(text.toUtf8());
-    return {summary.version.value_or(u"none"_s), summary.sites.value_or(u"none"_s),
-            summary.versions.value_or(u"none"_s)};
+    return summary_file::parse(text.toUtf8());
 }
 
 } // namespace
@@ -51,45 +37,43 @@ TEST(SubmissionMarks, EditTheTwoListsAndNothingElse)
     struct Case
     {
         Edit edit;
-        QString site;
-        Lists before, after;
+        QString site, before, after; // The texts: version|sites|versions.
     };
     const Edit mark = submission_marks::withMark;
     const Edit remove = submission_marks::withoutMark;
     const Case cases[] = {
         // First and further marks, with stray commas cleaned up.
-        {mark, u"A"_s, {u"1.0"_s, u""_s, u""_s}, {u"1.0"_s, u"A"_s, u"1.0"_s}},
-        {mark, u"A"_s, {u""_s, u""_s, u""_s}, {u""_s, u"A"_s, u"Unknown"_s}},
-        {mark, u"B"_s, {u"2"_s, u"A"_s, u"1"_s}, {u"2"_s, u"A,B"_s, u"1,2"_s}},
-        {mark, u"B"_s, {u"2"_s, u"A,,"_s, u"1,,,"_s}, {u"2"_s, u"A,B"_s, u"1,2"_s}},
-        {mark, u"B"_s, {u"2"_s, u",A,,C"_s, u",1,,3"_s}, {u"2"_s, u"A,C,B"_s, u"1,3,2"_s}},
-        {mark, u"a"_s, {u"2"_s, u"A"_s, u"1"_s}, {u"2"_s, u"A,a"_s, u"1,2"_s}},
-        {mark, u"X,Y"_s, {u"2"_s, u"A"_s, u"1"_s}, {u"2"_s, u"A,X,Y"_s, u"1,2"_s}},
+        {mark, u"A"_s, u"1.0||"_s, u"1.0|A|1.0"_s},
+        {mark, u"A"_s, u"||"_s, u"|A|Unknown"_s},
+        {mark, u"B"_s, u"2|A|1"_s, u"2|A,B|1,2"_s},
+        {mark, u"B"_s, u"2|A,,|1,,,"_s, u"2|A,B|1,2"_s},
+        {mark, u"B"_s, u"2|,A,,C|,1,,3"_s, u"2|A,C,B|1,3,2"_s},
+        {mark, u"a"_s, u"2|A|1"_s, u"2|A,a|1,2"_s},
+        {mark, u"X,Y"_s, u"2|A|1"_s, u"2|A,X,Y|1,2"_s},
         // Marked again: the version alone, with a comma at the end; an empty one shifts the later ones.
-        {mark, u"B"_s, {u"3"_s, u"A,B,C"_s, u"1,2,1"_s}, {u"3"_s, u"A,B,C"_s, u"1,3,1,"_s}},
-        {mark, u"B"_s, {u"3"_s, u"A,B"_s, u"1,2,"_s}, {u"3"_s, u"A,B"_s, u"1,3,"_s}},
-        {mark, u"B"_s, {u"3"_s, u"B,B"_s, u"1,2"_s}, {u"3"_s, u"B,B"_s, u"3,3,"_s}},
-        {mark, u"B"_s, {u""_s, u"A,B,C"_s, u"1,2,3"_s}, {u""_s, u"A,B,C"_s, u"1,3,"_s}},
-        {mark, u"B"_s, {u"3"_s, u"A,B"_s, u"1"_s}, {u"3"_s, u"A,B"_s, u"1"_s}},
+        {mark, u"B"_s, u"3|A,B,C|1,2,1"_s, u"3|A,B,C|1,3,1,"_s},
+        {mark, u"B"_s, u"3|A,B|1,2,"_s, u"3|A,B|1,3,"_s},
+        {mark, u"B"_s, u"3|B,B|1,2"_s, u"3|B,B|3,3,"_s},
+        {mark, u"B"_s, u"|A,B,C|1,2,3"_s, u"|A,B,C|1,3,"_s},
+        {mark, u"B"_s, u"3|A,B|1"_s, u"3|A,B|1"_s},
         // Removed: the last entry that holds the name.
-        {remove, u"A"_s, {u"1"_s, u"A"_s, u"1"_s}, {u"1"_s, u""_s, u""_s}},
-        {remove, u"B"_s, {u"1"_s, u"A,B,C"_s, u"1,2,3,"_s}, {u"1"_s, u"A,C"_s, u"1,3"_s}},
-        {remove, u"Softs"_s, {u"1"_s, u"Softs,Download Softs"_s, u"1,2"_s}, {u"1"_s, u"Softs"_s, u"1"_s}},
-        {remove, u"softs"_s, {u"1"_s, u"A,SOFTSIA"_s, u"1,2"_s}, {u"1"_s, u"A"_s, u"1"_s}},
-        {remove, u"A"_s, {u"1"_s, u"A,B"_s, u"1"_s}, {u"1"_s, u"B"_s, u""_s}},
-        {remove, u"B"_s, {u",1,,2,"_s, u"A,B"_s, u"1,2"_s}, {u"1,2"_s, u"A"_s, u"1"_s}},
+        {remove, u"A"_s, u"1|A|1"_s, u"1||"_s},
+        {remove, u"B"_s, u"1|A,B,C|1,2,3,"_s, u"1|A,C|1,3"_s},
+        {remove, u"Softs"_s, u"1|Softs,Download Softs|1,2"_s, u"1|Softs|1"_s},
+        {remove, u"softs"_s, u"1|A,SOFTSIA|1,2"_s, u"1|A|1"_s},
+        {remove, u"A"_s, u"1|A,B|1"_s, u"1|B|"_s},
+        {remove, u"B"_s, u",1,,2,|A,B|1,2"_s, u"1,2|A|1"_s},
         // Nothing to remove: also a name found in the tag alone, or across two entries.
-        {remove, u"Z"_s, {u",1"_s, u"A,B,"_s, u"1,2,"_s}, {u",1"_s, u"A,B,"_s, u"1,2,"_s}},
-        {remove, u"sites"_s, {u"1"_s, u"A,B"_s, u"1,2"_s}, {u"1"_s, u"A,B"_s, u"1,2"_s}},
-        {remove, u"A,B"_s, {u",1"_s, u"A,B,"_s, u"1,2,"_s}, {u",1"_s, u"A,B,"_s, u"1,2,"_s}},
-        {remove, u""_s, {u"1"_s, u"A,B"_s, u"1,2"_s}, {u"1"_s, u"A,B"_s, u"1,2"_s}},
+        {remove, u"Z"_s, u",1|A,B,|1,2,"_s, u",1|A,B,|1,2,"_s},
+        {remove, u"sites"_s, u"1|A,B|1,2"_s, u"1|A,B|1,2"_s},
+        {remove, u"A,B"_s, u",1|A,B,|1,2,"_s, u",1|A,B,|1,2,"_s},
+        {remove, u""_s, u"1|A,B|1,2"_s, u"1|A,B|1,2"_s}};
+    const auto text = [](const QString &lists) {
+        return summaryWith(lists.section(u'|', 0, 0),
+                           closed(lists.section(u'|', 1, 1), lists.section(u'|', 2)));
     };
-    for (const Case &each : cases) {
-        const QString before =
-            summaryWith(each.before.version, closed(each.before.sites, each.before.versions));
-        const QString after = summaryWith(each.after.version, closed(each.after.sites, each.after.versions));
-        EXPECT_EQ(each.edit(before, each.site), after);
-    }
+    for (const auto &[edit, site, before, after] : cases)
+        EXPECT_EQ(edit(text(before), site), text(after));
 }
 
 TEST(SubmissionMarks, MendListsThatAreNotWhole)
@@ -138,15 +122,17 @@ TEST(SubmissionMarks, OfAnyNameLeaveTheOtherElementsAlone)
         const QString before = summaryWith(u"9"_s, closed(u"A"_s, u"1"_s));
         const QString marked = submission_marks::withMark(before, name);
         EXPECT_EQ(marked, summaryWith(u"9"_s, closed(u"A,"_s + name, u"1,9"_s)));
-        EXPECT_EQ(listsIn(marked).version, u"9") << name.toStdString();
-        EXPECT_TRUE(listsIn(marked).versions.startsWith(u"1,9")) << name.toStdString();
+        const Summary once = listsIn(marked);
         // Whatever becomes of the odd name, a further mark finds both lists and keeps them in step.
-        const Lists twice = listsIn(submission_marks::withMark(marked, u"Next"_s));
-        EXPECT_EQ(twice.version, u"9") << name.toStdString();
-        EXPECT_TRUE(twice.versions.startsWith(u"1,9,9")) << name.toStdString();
-        EXPECT_TRUE(twice.sites.startsWith(u"A,")) << name.toStdString();
+        const Summary twice = listsIn(submission_marks::withMark(marked, u"Next"_s));
+        EXPECT_TRUE(once.version == u"9" && once.versions.value_or(QString()).startsWith(u"1,9"))
+            << name.toStdString();
+        EXPECT_TRUE(twice.version == u"9" && twice.versions.value_or(QString()).startsWith(u"1,9,9"))
+            << name.toStdString();
+        EXPECT_TRUE(twice.sites.value_or(QString()).startsWith(u"A,")) << name.toStdString();
     }
-    const QString read =
-        submission_marks::withMark(summaryWith(u"9"_s, closed(u"A &amp; B"_s, u"1"_s)), u"A & B"_s);
-    EXPECT_EQ(listsIn(read), (Lists{u"9"_s, u"A & B"_s, u"9,"_s})) << "an escaped name is the same site";
+    const Summary again =
+        listsIn(submission_marks::withMark(summaryWith(u"9"_s, closed(u"A &amp; B"_s, u"1"_s)), u"A & B"_s));
+    EXPECT_TRUE(again.version == u"9" && again.sites == u"A & B" && again.versions == u"9,")
+        << "an escaped name is the same site";
 }
