@@ -7,11 +7,10 @@
 #include <QScrollBar>
 #include <QWheelEvent>
 
-namespace quillon {
-namespace {
+using namespace quillon;
 
 /// How far apart two colours are in lightness, from 1 (not at all) to 21.
-double contrast(const QColor &one, const QColor &other)
+static double contrast(const QColor &one, const QColor &other)
 {
     const auto luminance = [](const QColor &colour) {
         const auto linear = [](double part) {
@@ -247,6 +246,3 @@ TEST_F(EditorViewTest, ThePageOutlivesARun)
     start();
     EXPECT_EQ(editorTabs()->currentIndex(), 3);
 }
-
-} // namespace
-} // namespace quillon

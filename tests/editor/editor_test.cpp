@@ -17,9 +17,7 @@
 #include <random>
 
 using namespace Qt::StringLiterals;
-
-namespace quillon {
-namespace {
+using namespace quillon;
 
 using enum FieldId;
 
@@ -231,7 +229,7 @@ TEST_F(EditorTest, TakesAnyText)
 }
 
 /// Does what an author might, at random.
-void act(Editor &editor, std::mt19937 &random)
+static void act(Editor &editor, std::mt19937 &random)
 {
     const auto upTo = [&random](qsizetype largest) { return int(random() % unsigned(largest + 1)); };
     const PadField &field = padFields[size_t(upTo(fieldCount - 1))];
@@ -381,6 +379,3 @@ TEST_F(EditorTest, NoReadThatFailsForAMomentLosesAnything)
         EXPECT_EQ(names(inData(u"Title.qndata"_s)).size(), 3) << rules.constData();
     }
 }
-
-} // namespace
-} // namespace quillon

@@ -2,8 +2,7 @@
 
 #include <QClipboard>
 
-namespace quillon {
-namespace {
+using namespace quillon;
 
 TEST_F(EditorViewTest, EachKeyIsCountedColouredAndStored)
 {
@@ -152,6 +151,3 @@ TEST_F(EditorViewTest, APadFileThatCannotBeReadIsToldAndNothingIsTyped)
     QTest::keyClicks(line(FieldId::companyName), u" Ltd"_s);
     EXPECT_EQ(stored(FieldId::companyName), u"Acme Ltd"_s);
 }
-
-} // namespace
-} // namespace quillon

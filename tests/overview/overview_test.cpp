@@ -18,12 +18,10 @@
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
+using namespace quillon;
 
-namespace quillon {
-namespace {
-
-QByteArray summaryText(const QString &version, const QString &sites, const QString &versions,
-                       const QString &date = {})
+static QByteArray summaryText(const QString &version, const QString &sites, const QString &versions,
+                              const QString &date = {})
 {
     return summary_file::text({.version = version,
                                .releaseDate = date,
@@ -34,7 +32,7 @@ QByteArray summaryText(const QString &version, const QString &sites, const QStri
         .toUtf8();
 }
 
-QByteArray pad(const QString &name, const QString &more = {})
+static QByteArray pad(const QString &name, const QString &more = {})
 {
     return u"<XML_DIZ_INFO><MASTER_PAD_VERSION_INFO></MASTER_PAD_VERSION_INFO><Program_Name>%1</Program_Name>"
            "<Program_Version>1.0</Program_Version>%2</XML_DIZ_INFO>"_s.arg(name, more)
@@ -497,6 +495,3 @@ TEST_F(OverviewTest, ExportEscapesOnlyTheFreeStandingAmpersand)
         << "a failed export leaves the old file";
     EXPECT_TRUE(mwqnFailedWrites.isEmpty()) << "what is exported is none of the stored files";
 }
-
-} // namespace
-} // namespace quillon

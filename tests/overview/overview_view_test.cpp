@@ -8,9 +8,7 @@
 #include <QPlainTextEdit>
 
 using namespace Qt::StringLiterals;
-
-namespace quillon {
-namespace {
+using namespace quillon;
 
 using OverviewViewTest = MainWindowTest;
 
@@ -188,6 +186,3 @@ TEST_F(OverviewViewTest, SelectionStaysWhileTheSubmissionWindowIsOpen)
     QTest::keyClick(visible<QTableView>(u"softwareTableView"_s), Qt::Key_Down);
     EXPECT_EQ(mwqnSelSW, u"B"_s);
 }
-
-} // namespace
-} // namespace quillon

@@ -16,9 +16,7 @@
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
-
-namespace quillon {
-namespace {
+using namespace quillon;
 
 TEST_F(MainWindowTest, EscapeFromTheQuestionAboutErrorsIsNoAnswer)
 {
@@ -153,6 +151,3 @@ TEST_F(MainWindowTest, WithoutARuntimeFolderNoSocketIsMade)
         value.isEmpty() ? qunsetenv(name) : qputenv(name, value);
     QDir::setCurrent(before);
 }
-
-} // namespace
-} // namespace quillon

@@ -8,9 +8,7 @@
 #include "support/temporary_home.h"
 
 using namespace Qt::StringLiterals;
-
-namespace quillon {
-namespace {
+using namespace quillon;
 
 class ToolbarControlTest : public TemporaryHome
 {
@@ -116,6 +114,3 @@ TEST_F(ToolbarControlTest, SubmittingAsksOnlyAboutErrors)
     EXPECT_EQ(toolbar.currentView(), ContentView::Overview);
     EXPECT_TRUE(allMenuItemsAre(false));
 }
-
-} // namespace
-} // namespace quillon

@@ -10,17 +10,15 @@
 #include <QEnterEvent>
 
 using namespace Qt::StringLiterals;
+using namespace quillon;
 
-namespace quillon {
-namespace {
-
-void enter(QWidget &widget)
+static void enter(QWidget &widget)
 {
     QEnterEvent event(QPointF(5, 5), QPointF(5, 5), QPointF(5, 5));
     QApplication::sendEvent(&widget, &event);
 }
 
-void leave(QWidget &widget)
+static void leave(QWidget &widget)
 {
     QEvent event(QEvent::Leave);
     QApplication::sendEvent(&widget, &event);
@@ -86,6 +84,3 @@ TEST(ProgViewTest, DrawsTheProcessesStateOnceForEachChange)
     load_progress::resetRectProgress(0, 0, 200, 22);
     EXPECT_EQ(colourAt(40), QColor(Qt::white));
 }
-
-} // namespace
-} // namespace quillon

@@ -9,9 +9,7 @@
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
-
-namespace quillon {
-namespace {
+using namespace quillon;
 
 /// A page that notes what is begun there, with what the clipboard holds then.
 struct FakeTarget final : PasteTarget
@@ -85,6 +83,3 @@ TEST(LoadErrorsTest, PutASentenceBeforeTheEnginesOwnWord)
     EXPECT_TRUE(loadErrorDescription(u"net::ERR_CERT_DATE_INVALID"_s).contains(u"certificate"));
     EXPECT_EQ(loadErrorDescription(u"net::ERR_NEW"_s), u"net::ERR_NEW"_s);
 }
-
-} // namespace
-} // namespace quillon

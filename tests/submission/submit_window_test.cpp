@@ -14,9 +14,7 @@
 #include <QToolTip>
 
 using namespace Qt::StringLiterals;
-
-namespace quillon {
-namespace {
+using namespace quillon;
 
 TEST_F(SubmitWindowTest, ThePanelFillsFieldsOfEveryKind)
 {
@@ -369,6 +367,3 @@ TEST_F(SubmitWindowTest, KeysReachEverythingAndEveryStopHasAName)
     QTest::keyClick(&window(), Qt::Key_Right, Qt::AltModifier);
     EXPECT_TRUE(waitForPage(u"Windows"));
 }
-
-} // namespace
-} // namespace quillon

@@ -10,20 +10,18 @@
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
-
-namespace quillon {
-namespace {
+using namespace quillon;
 
 using enum FieldId;
 
 const QString http = u"http://"_s;
 
-QString keyOf(FieldId field)
+static QString keyOf(FieldId field)
 {
     return padField(field).control.toString();
 }
 
-StringDictionary checked(PadForm &form)
+static StringDictionary checked(PadForm &form)
 {
     ErrorPass errors;
     field_rules::checkEntries(form, errors);
@@ -31,7 +29,7 @@ StringDictionary checked(PadForm &form)
 }
 
 /// What the log says once @p text is in an otherwise valid form's @p field: nothing, or one message for it.
-QString messageFor(FieldId field, const QString &text)
+static QString messageFor(FieldId field, const QString &text)
 {
     PadForm form;
     fillValidly(form);
@@ -375,6 +373,3 @@ TEST(FieldRules, TheWorkOfTheFullCheckGrowsWithTheTexts)
     });
     EXPECT_LT(growth, tolerableGrowth);
 }
-
-} // namespace
-} // namespace quillon

@@ -5,16 +5,14 @@
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
-
-namespace quillon {
-namespace {
+using namespace quillon;
 
 constexpr EmailBounds emailBounds = {{2, 30}, {2, 20}, {2, 20}};
 constexpr QStringView prefixes[] = {u"http://", u"https://", u"ftp://"};
 constexpr QStringView endings[] = {u".png", u".jpg", u".gif"};
 
 /// The red stretches as "start+length", with commas between.
-QString red(const TextControl &control)
+static QString red(const TextControl &control)
 {
     QStringList runs;
     for (const ColourRun &run : control.redRuns())
@@ -163,6 +161,3 @@ TEST(UniversalConverters, MarksLoadedTexts)
 }
 
 // clang-format on
-
-} // namespace
-} // namespace quillon
