@@ -419,7 +419,7 @@ TEST_F(OverviewTest, TheReportCountsFailuresNamesAndLossesApart)
 {
     bringIn({fileAt(u"1.xml"_s, pad(u"One"_s, u"<Robo>x</Robo><Site>y</Site>"_s)),
              fileAt(u"2.xml"_s, pad({})), fileAt(u"3.xml"_s, "garbage"),
-             fileAt(u"4.xml"_s, pad(u"Big"_s, QString(1024 * 1024, u' ')))});
+             fileAt(u"4.xml"_s, pad(u"Big"_s, QString(1'048'576, u' ')))});
     calls.pass(resultDelay);
     EXPECT_EQ(sheets.lastMessage(), u"1 of 4 files were imported"_s);
     EXPECT_EQ(

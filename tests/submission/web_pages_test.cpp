@@ -1,9 +1,9 @@
 #include "platform/plain_text.h"
 #include "platform/web_address.h"
-#include "widgets/qt_desktop.h"
 #include "submission/pop_up_window.h"
 #include "submission/submit_window_fixture.h"
 #include "submission/web_engine_page.h"
+#include "widgets/qt_desktop.h"
 
 #include <QDesktopServices>
 #include <QSignalSpy>
