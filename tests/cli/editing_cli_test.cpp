@@ -170,24 +170,17 @@ TEST_F(EditingCli, NoControlCharacterReachesAReaderOfTheOutput)
 /// Dates are the user's, whatever the character set of the environment is.
 TEST_F(EditingCli, DatesAreInTheUsersStyleInAnyCharacterSet)
 {
-    ASSERT_EQ(
-        cli({u"set"_s, u"T"_s, u"releaseDateDay=5"_s, u"releaseDateMonth=3"_s, u"releaseDateYear=2009"_s})
-            .status,
-        0);
-    using Variables = QList<std::pair<QString, QString>>;
-    const std::pair<Variables, QByteArray> cases[] = {
-        {{{u"LC_TIME"_s, u"de_DE.UTF-8"_s}}, "05.03.09"},
-        {{{u"LANG"_s, u"de_DE"_s}}, "05.03.09"},
-        {{{u"LANG"_s, u"de_DE"_s}, {u"LC_ALL"_s, u"en_US.ISO-8859-1"_s}}, "3/5/09"},
-        {{{u"LANG"_s, u"C.UTF-8"_s}, {u"LC_TIME"_s, u"de_DE"_s}}, "05.03.09"},
-    };
-    for (const auto &[variables, date] : cases) {
+    cli({u"set"_s, u"T"_s, u"releaseDateDay=5"_s, u"releaseDateMonth=3"_s, u"releaseDateYear=2009"_s});
+    for (const auto &[variables, date] :
+         {std::pair(u"LC_TIME=de_DE.UTF-8"_s, "05.03.09"), std::pair(u"LANG=de_DE"_s, "05.03.09"),
+          std::pair(u"LANG=de_DE LC_ALL=en_US.ISO-8859-1"_s, "3/5/09"),
+          std::pair(u"LANG=C.UTF-8 LC_TIME=de_DE"_s, "05.03.09")}) {
         QProcessEnvironment environment;
-        for (const auto &[name, value] : variables)
-            environment.insert(name, value);
+        for (const QString &variable : variables.split(u' '))
+            environment.insert(variable.section(u'=', 0, 0), variable.section(u'=', 1));
         const CliResult copied =
             runCli(home(), {u"copy"_s, u"T"_s, u"programReleaseDate"_s}, {}, {}, environment);
-        EXPECT_EQ(copied.output, date) << variables.first().first.toStdString();
+        EXPECT_EQ(copied.output, date) << variables.toStdString();
         EXPECT_EQ(copied.messages, "") << "nor does Qt complain";
     }
 }
@@ -247,7 +240,11 @@ TEST_F(EditingCli, WhatIsDoneButNotYetSafeIsSaidSo)
 
 TEST_F(EditingCli, WhatAKillLeftBehindGoesWithTheNextChangeAndNothingElse)
 {
-    ASSERT_TRUE(cli({u"new"_s, u".quillon-mine"_s}).status == 0 && put(inData(u".quillon-1.tmp"_s), "mine"));
+    ASSERT_EQ(cli({u"new"_s, u".quillon-mine"_s}).status, 0);
+    const QString mine = u".quillon-1.tmp .quillon-0123456789ABCDEF.tmp x.quillon-0123456789abcdef.tmp "
+                         ".quillon-0123456789abcdef.tmpx .quillon-0123456789abcdef"_s;
+    for (const QString &name : mine.split(u' '))
+        ASSERT_TRUE(put(inData(name), "mine"));
     ASSERT_TRUE(QDir().mkdir(inData(u"Site Images"_s)) && QDir().mkdir(inData(u".quillon-mine.new"_s)));
     const auto before = files();
     for (const QString &folder : {u""_s, u"T.qndata/"_s, u"Site Images/"_s}) {

@@ -1,6 +1,5 @@
 #include "platform/atomic_file.h"
 #include "platform/folder_handle.h"
-#include "platform/unfinished_name.h"
 #include "support/files.h"
 #include "support/full_disk.h"
 
@@ -86,17 +85,6 @@ TEST_F(AtomicFileTest, ReplacesOnlyWhatWasRead)
     EXPECT_EQ(contents(at(u"f"_s)), "old");
     EXPECT_TRUE(atomic_file::replace(at(u"f"_s), "new", atomic_file::read(at(u"f"_s))));
     EXPECT_EQ(contents(at(u"f"_s)), "new");
-}
-
-TEST_F(AtomicFileTest, KnowsItsOwnNamesAndTakesNoOthersForThem)
-{
-    const QByteArrayView end = unfinished_name::file;
-    const QByteArray name = unfinished_name::make(end);
-    EXPECT_TRUE(unfinished_name::is(name, end));
-    for (const QByteArray &other :
-         {QByteArray(".quillon-mine"), QByteArray(".quillon-1.tmp"), QByteArray(name + 'x'),
-          QByteArray('x' + name), name.toUpper(), unfinished_name::make(unfinished_name::folder)})
-        EXPECT_FALSE(unfinished_name::is(other, end)) << other.toStdString();
 }
 
 TEST_F(AtomicFileTest, MovesFoldersOntoNothingOnly)

@@ -139,7 +139,6 @@ struct Plan
     std::string below;
     std::vector<Rule> rules;
     long met = 0;
-    long count = 0;
 
     Plan()
     {
@@ -154,7 +153,7 @@ struct Plan
         const std::lock_guard guard(mutex);
         below = folder;
         rules.clear();
-        met = count = 0;
+        met = 0;
         while (!text.empty())
             rules.push_back(parsed(taken(text, ' ')));
         isActive = !below.empty();
@@ -175,7 +174,6 @@ struct Plan
         for (Rule &rule : rules) {
             if (!(rule.calls & (1U << call)))
                 continue;
-            ++count;
             --rule.at;
             if (rule.at > 0 || (rule.at < 0 && !rule.lasting))
                 continue;
@@ -292,11 +290,6 @@ void quillonFaultsEnd()
 long quillonFaultsMet()
 {
     return plan().met;
-}
-
-long quillonFaultsCount()
-{
-    return plan().count;
 }
 
 } // extern "C"

@@ -38,7 +38,6 @@ extern "C" {
 void quillonFaultsBegin(const char *below, const char *rules);
 void quillonFaultsEnd();
 long quillonFaultsMet();
-long quillonFaultsCount();
 }
 
 namespace quillon {
@@ -59,8 +58,6 @@ public:
 
     /// Whether a rule was applied at least once.
     [[nodiscard]] bool met() const { return quillonFaultsMet() > 0; }
-    /// How many of the calls that the rules name were made, whatever became of them.
-    [[nodiscard]] long count() const { return quillonFaultsCount(); }
 };
 
 /// The variables that inject @p rules into a child process that uses @p below.
