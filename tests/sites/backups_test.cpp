@@ -25,10 +25,6 @@ protected:
     {
         ASSERT_TRUE(QFile::link(target, name));
     }
-    static void makeFifo(const QString &path)
-    {
-        ASSERT_EQ(::mkfifo(QFile::encodeName(path).constData(), 0600), 0);
-    }
 };
 
 } // namespace
@@ -106,7 +102,8 @@ TEST_F(Backups, PassOverWhatIsNoTitleAndSayWhat)
     QFile::remove(pathIn(u"Odd"_s, title_folder::padFile));
     makeLink(secret + u"/data.qnxml"_s, pathIn(u"Odd"_s, title_folder::padFile));
     QFile::remove(pathIn(u"Odd"_s, title_folder::summaryFile));
-    makeFifo(pathIn(u"Odd"_s, title_folder::summaryFile));
+    const QString pipe = pathIn(u"Odd"_s, title_folder::summaryFile);
+    ASSERT_EQ(::mkfifo(pipe.toUtf8().constData(), 0600), 0);
     writeTo(*title_folder::path(u"File"), u"no folder"_s);
     ASSERT_TRUE(QDir().mkpath(mwqnAppSuppLoc + u"Odd.qndata/Inner.qndata"));
     ASSERT_TRUE(QDir().mkpath(mwqnAppSuppLoc + u"Other/Nested.qndata"));
