@@ -1,17 +1,13 @@
 #pragma once
 
 #include "submission/browser.h"
-#include "submission/download_page.h"
+#include "submission/web_engine_loading.h"
 #include "submission/web_engine_pasting.h"
+#include "submission/web_engine_windows.h"
 
-#include <QDeadlineTimer>
 #include <QPointer>
 #include <QWidget>
 
-#include <memory>
-#include <optional>
-
-class QWebEngineLoadingInfo;
 class QWebEngineNewWindowRequest;
 class QWebEngineProfile;
 
@@ -21,10 +17,9 @@ class WebEnginePage;
 class WebEngineView;
 
 /**
- * The browser on Qt's web engine.
+ * The browser on Qt's web engine: one view, and its page with what it loads, pastes and opens.
  *
- * It begins with an empty page. Two kinds of page are the program's own: what loadHtml() is given, and what
- * is shown instead of a file that is offered for download; reload() of one of them loads its address.
+ * It begins with an empty page.
  */
 class WebEngineBrowser final : public QWidget, public Browser
 {
@@ -37,16 +32,14 @@ public:
     ~WebEngineBrowser() override;
 
     void setDelegate(BrowserDelegate *delegate) override;
-    /// @p url may lack its scheme, as people type it. What is no web address fails.
-    void loadUrl(const QString &url) override;
-    /// Content that the engine finds too long, some 2 MB, is a failed load.
-    void loadHtml(const QString &html, const QString &baseUrl) override;
-    [[nodiscard]] double estimatedProgress() const override { return m_progress; }
-    [[nodiscard]] QString currentUrl() const override { return m_address; }
+    void loadUrl(const QString &url) override { m_loading.loadUrl(url); }
+    void loadHtml(const QString &html, const QString &baseUrl) override { m_loading.loadHtml(html, baseUrl); }
+    [[nodiscard]] double estimatedProgress() const override { return m_loading.progress(); }
+    [[nodiscard]] QString currentUrl() const override { return m_loading.address(); }
     void paste(const QString &text) override;
     void goBack() override;
     void goForward() override;
-    void reload() override;
+    void reload() override { m_loading.reload(); }
     void stop() override;
     [[nodiscard]] double zoomFactor() const override { return m_zoomFactor; }
     /// Holds for every page, from now on; from 0.25 to 5.0.
@@ -60,9 +53,11 @@ public:
     /// window for it, soon.
     void authorActed(bool isMouse);
 
-    /// The server of the page on show, as nobody can mistake it; empty for an empty page or one of the
-    /// program's own without an address.
-    [[nodiscard]] QString host() const;
+    /// As WebEngineLoading::host().
+    [[nodiscard]] QString host() const { return m_loading.host(); }
+
+    /// Shows what @p request, of another page, asks for in a page of its own.
+    void open(QWebEngineNewWindowRequest &request);
 
     /// Begins anew with an empty page; what the old one would still do does not happen.
     void renew();
@@ -71,7 +66,7 @@ public:
 
     [[nodiscard]] bool canGoBack() const;
     [[nodiscard]] bool canGoForward() const;
-    [[nodiscard]] bool isLoading() const { return m_isLoading; }
+    [[nodiscard]] bool isLoading() const { return m_loading.isLoading(); }
 
 Q_SIGNALS:
     /// currentUrl() is another one, also when a script of the page says so, or a load has begun or ended.
@@ -85,36 +80,20 @@ Q_SIGNALS:
     void notice(const QString &text);
 
 private:
+    void connectParts();
     void connectPage();
-    void loadingChanged(const QWebEngineLoadingInfo &info);
-    void begin(const QUrl &url, const QString &address);
-    void end();
-    void fail(const QString &description);
-    void failLater(const QString &description);
-    void failUnlessPageHasContent(int httpStatus);
-    void renderProcessEnded();
-    void addressChanged(const QUrl &url);
     void showLink(const QString &url);
-    void openWindow(QWebEngineNewWindowRequest &request);
-    void showFile(const OfferedFile &file);
-    void showFileText();
 
     QWebEngineProfile &m_profile;
     WebEngineView *m_view;
     WebEnginePage *m_page;
     BrowserDelegate *m_delegate = nullptr;
+    WebEngineLoading m_loading;
     WebEnginePasting m_pasting;
-    QDeadlineTimer m_mayOpenWindow{0};
+    WebEngineWindows m_windows;
     QPointer<WebEngineBrowser> m_pasteTarget;
-    QString m_address;
-    std::optional<QString> m_ownPageAddress; ///< That of the page that loadHtml() was given last.
-    std::optional<QString> m_fileText;       ///< To be put into the page when it is there.
-    double m_progress = 0;
     double m_zoomFactor = 1;
-    bool m_isLoading = false;
     bool m_showsLink = false;
-    bool m_showsOwnPage = false;
-    int m_loads = 0; ///< Number of the load that is under way or was the last.
 };
 
 } // namespace quillon

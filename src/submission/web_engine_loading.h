@@ -5,10 +5,10 @@
 
 #include <QObject>
 #include <QPointer>
+#include <QWebEnginePage>
 
 #include <optional>
 
-class QUrl;
 class QWebEngineLoadingInfo;
 
 namespace quillon {
@@ -65,6 +65,7 @@ private:
     void loadingChanged(const QWebEngineLoadingInfo &info);
     void progressChanged(int percent);
     void navigationAccepted(const QUrl &url);
+    void processEnded(QWebEnginePage::RenderProcessTerminationStatus status);
     void begin(const QUrl &url, const QString &address);
     void end();
     void fail(const QString &description);
