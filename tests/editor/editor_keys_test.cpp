@@ -54,32 +54,28 @@ TEST_F(EditorViewTest, CheckListsAreWorkedByKeysAlone)
 
 TEST_F(EditorViewTest, UndoAndRedoGoThroughWhatWasFiltered)
 {
-    struct Typing
-    {
-        FieldId field;
-        QString keys, text;
-    };
-    const Typing typings[] = {{FieldId::companyCountry, u"Ger5many"_s, u"Germany"_s},
-                              {FieldId::companyCountry, u"12Chad34"_s, u"Chad"_s},
-                              {FieldId::releaseDateDay, u"1234"_s, u"12"_s},
-                              {FieldId::programVersion, u"1.0$b"_s, u"1.0b"_s}};
-    for (const Typing &typing : typings) {
-        FieldLineEdit *field = line(typing.field);
+    const std::tuple<FieldId, QString, QString> typings[] = {
+        {FieldId::companyCountry, u"Ger5many"_s, u"Germany"_s},
+        {FieldId::companyCountry, u"12Chad34"_s, u"Chad"_s},
+        {FieldId::releaseDateDay, u"1234"_s, u"12"_s},
+        {FieldId::programVersion, u"1.0$b"_s, u"1.0b"_s}};
+    for (const auto &[id, keys, text] : typings) {
+        FieldLineEdit *field = line(id);
         field->selectAll();
         QTest::keyClick(field, Qt::Key_Delete);
-        QTest::keyClicks(field, typing.keys);
-        ASSERT_EQ(field->text(), typing.text);
-        const auto goThrough = [&](auto move, const QString &end) {
+        QTest::keyClicks(field, keys);
+        ASSERT_EQ(field->text(), text);
+        const auto goThrough = [this, field, id = id](auto move, const QString &end) {
             for (int step = 0; step < 9 && field->text() != end; ++step) {
                 const QString before = field->text();
                 move();
                 EXPECT_NE(field->text(), before) << "every step shows";
-                EXPECT_EQ(field->text(), stored(typing.field)) << "and is stored";
+                EXPECT_EQ(field->text(), stored(id)) << "and is stored";
             }
             EXPECT_EQ(field->text(), end);
         };
         goThrough([&] { QTest::keySequence(field, QKeySequence::Undo); }, {});
-        goThrough([&] { QTest::keySequence(field, QKeySequence::Redo); }, typing.text);
+        goThrough([&] { QTest::keySequence(field, QKeySequence::Redo); }, text);
         goThrough(
             [&] {
                 const std::unique_ptr<QMenu> menu(field->createStandardContextMenu());

@@ -61,14 +61,7 @@ protected:
         const qsizetype start = file.indexOf(u'<' + tag + u'>') + tag.size() + 2;
         return file.sliced(start, file.indexOf(u"</" + tag + u'>') - start);
     }
-    QString labelText(const QString &name)
-    {
-        return view->findChild<QLabel *>(name)->text().replace(QChar::Nbsp, u' ');
-    }
-    QColor labelColour(const QString &name)
-    {
-        return view->findChild<QLabel *>(name)->palette().color(QPalette::WindowText);
-    }
+    QLabel *label(const QString &name) { return view->findChild<QLabel *>(name); }
     /// Whether the pixels of @p widget hold a saturated red.
     static bool showsRed(QWidget *widget)
     {

@@ -154,12 +154,7 @@ TEST_F(OverviewViewTest, FilesComeInByTheChooserAndByDropping)
     EXPECT_EQ(titles(), QStringList({u"A"_s, u"B"_s, u"C"_s}));
 
     drop({padFile(u"B"_s)}); // Taken: another name is asked for.
-    ASSERT_TRUE(eventually([] {
-        const auto all = QApplication::topLevelWidgets();
-        return std::any_of(all.begin(), all.end(), [](QWidget *each) {
-            return each->objectName() == u"swNamePanel" && each->isVisible();
-        });
-    }));
+    ASSERT_TRUE(eventually([] { return openWindow<QDialog>() != nullptr; }));
     typeName(u"B again"_s);
     EXPECT_TRUE(answerAlert(u"OK"_s).startsWith(u"Import Successful"));
     EXPECT_TRUE(titles().contains(u"B again"_s));

@@ -34,14 +34,10 @@ Summary listsIn(const QString &text)
 
 TEST(SubmissionMarks, EditTheTwoListsAndNothingElse)
 {
-    struct Case
-    {
-        Edit edit;
-        QString site, before, after; // The texts: version|sites|versions.
-    };
     const Edit mark = submission_marks::withMark;
     const Edit remove = submission_marks::withoutMark;
-    const Case cases[] = {
+    // The edit, the site, and the lists before and after: version|sites|versions.
+    const std::tuple<Edit, QString, QString, QString> cases[] = {
         // First and further marks, with stray commas cleaned up.
         {mark, u"A"_s, u"1.0||"_s, u"1.0|A|1.0"_s},
         {mark, u"A"_s, u"||"_s, u"|A|Unknown"_s},
@@ -78,12 +74,7 @@ TEST(SubmissionMarks, EditTheTwoListsAndNothingElse)
 
 TEST(SubmissionMarks, MendListsThatAreNotWhole)
 {
-    struct Case
-    {
-        const char *why;
-        QString elements, marked, removed;
-    };
-    const Case cases[] = {
+    const std::tuple<const char *, QString, QString, QString> cases[] = {
         {"as pruning leaves it", u"<QN_SITES>A,B</QN_SITES>\n\t\t<QN_VERSION>1,2<QN_VERSION>"_s,
          closed(u"A,B,N"_s, u"1,2,9"_s), closed(u"B"_s, u"2"_s)},
         {"as pruning leaves an empty one", u"<QN_SITES>\n\t\t<QN_VERSION>"_s, closed(u"N"_s, u"9"_s),
@@ -103,11 +94,10 @@ TEST(SubmissionMarks, MendListsThatAreNotWhole)
          u"<!--<QN_SITES>x</QN_SITES>-->"_s + closed(u"B"_s, u"2"_s)},
         {"nothing at all", u""_s, u""_s, u""_s},
     };
-    for (const Case &each : cases) {
-        const QString before = summaryWith(u"9"_s, each.elements);
-        EXPECT_EQ(submission_marks::withMark(before, u"N"_s), summaryWith(u"9"_s, each.marked)) << each.why;
-        EXPECT_EQ(submission_marks::withoutMark(before, u"A"_s), summaryWith(u"9"_s, each.removed))
-            << each.why;
+    for (const auto &[why, elements, marked, removed] : cases) {
+        const QString before = summaryWith(u"9"_s, elements);
+        EXPECT_EQ(submission_marks::withMark(before, u"N"_s), summaryWith(u"9"_s, marked)) << why;
+        EXPECT_EQ(submission_marks::withoutMark(before, u"A"_s), summaryWith(u"9"_s, removed)) << why;
     }
 }
 
