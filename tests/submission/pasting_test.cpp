@@ -3,9 +3,7 @@
 #include "submission/submit_window_fixture.h"
 
 using namespace Qt::StringLiterals;
-
-namespace quillon {
-namespace {
+using namespace quillon;
 
 /// Where values go that the panel pastes, and where not.
 class PastingTest : public SubmitWindowTest
@@ -164,6 +162,3 @@ TEST_F(PastingTest, AReadOnlyFieldIsCalledSo)
     press(u"companyNameButton"_s);
     EXPECT_TRUE(eventually([] { return notice().contains(u"read-only"); })) << notice().toStdString();
 }
-
-} // namespace
-} // namespace quillon

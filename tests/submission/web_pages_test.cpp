@@ -13,9 +13,7 @@
 #include <csignal>
 
 using namespace Qt::StringLiterals;
-
-namespace quillon {
-namespace {
+using namespace quillon;
 
 /// Takes what the program hands to the desktop, whatever its scheme.
 class AddressCatcher : public QObject
@@ -354,8 +352,5 @@ TEST_F(WebPagesTest, ADeadRendererIsAnErrorThatReloadingMends)
     press(u"companyCityTownButton"_s);
     EXPECT_TRUE(eventually([] { return ask(u"document.getElementById('text').value"_s) == u"Leeds"_s; }));
 }
-
-} // namespace
-} // namespace quillon
 
 #include "web_pages_test.moc"
