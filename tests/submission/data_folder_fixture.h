@@ -46,8 +46,11 @@ protected:
                           const QString &version = {})
     {
         ASSERT_TRUE(AddDeleteImportEdit::createNewListing(title));
-        writeTo(pathIn(title, title_folder::summaryFile),
-                summary_file::text({.version = version, .sites = sites, .versions = versions}));
+        Summary summary;
+        summary.version = version;
+        summary.sites = sites;
+        summary.versions = versions;
+        writeTo(pathIn(title, title_folder::summaryFile), summary_file::text(summary));
         selectTitle(title);
     }
 };
