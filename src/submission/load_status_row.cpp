@@ -16,8 +16,12 @@ LoadStatusRow::LoadStatusRow(PageLoad &load, QWidget *parent)
     : QWidget(parent)
     , m_load(load)
     , m_notice(new ElidedLabel(u"notice"_s))
+    , m_warning(new QLabel)
     , m_webViewLoadProgress(new ActivityIndicator)
 {
+    m_warning->setObjectName(u"pageWarning"_s);
+    m_warning->setTextFormat(Qt::PlainText);
+    m_warning->hide();
     auto *bar = new ProgView;
     bar->setObjectName(u"progressBarView"_s);
     m_webViewLoadProgress->setObjectName(u"webViewLoadProgress"_s);
@@ -26,6 +30,7 @@ LoadStatusRow::LoadStatusRow(PageLoad &load, QWidget *parent)
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_notice, 3);
+    layout->addWidget(m_warning);
     layout->addWidget(new QLabel(u"Load progress:"_s));
     layout->addWidget(bar, 1);
     layout->addWidget(m_webViewLoadProgress);
@@ -37,6 +42,12 @@ LoadStatusRow::LoadStatusRow(PageLoad &load, QWidget *parent)
 void LoadStatusRow::showNotice(const QString &text)
 {
     m_notice->setText(text);
+}
+
+void LoadStatusRow::showWarning(const QString &text)
+{
+    m_warning->setText(text);
+    m_warning->setVisible(!text.isEmpty());
 }
 
 void LoadStatusRow::showLoadState()

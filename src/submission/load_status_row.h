@@ -2,6 +2,8 @@
 
 #include <QWidget>
 
+class QLabel;
+
 namespace quillon {
 
 class ActivityIndicator;
@@ -19,11 +21,15 @@ public:
     /// Shows @p text in one line, in place of what was there; empty for nothing.
     void showNotice(const QString &text);
 
+    /// Shows @p text, which holds for every page, for good; empty for nothing.
+    void showWarning(const QString &text);
+
 private:
     void showLoadState();
 
     PageLoad &m_load;
     ElidedLabel *m_notice;
+    QLabel *m_warning;
     ActivityIndicator *m_webViewLoadProgress;
 };
 

@@ -11,6 +11,7 @@
 #include "submission/sites_drawer.h"
 #include "submission/submit_commands.h"
 #include "submission/web_engine_browser.h"
+#include "submission/web_engine_profile.h"
 
 #include <QAction>
 #include <QApplication>
@@ -71,6 +72,8 @@ QWidget *SubmitWindow::newContent()
     m_sitesDrawer = new SitesDrawer(*m_control);
     m_fieldCopyView = new FieldCopyView(m_control->fieldCopyPanel());
     m_statusRow = new LoadStatusRow(m_control->pageLoad());
+    if (!sandboxWarning().isEmpty())
+        m_statusRow->showWarning(u"Pages run without a sandbox."_s);
     m_splitter = new QSplitter;
     m_splitter->setObjectName(u"submitSplitter"_s);
     m_splitter->setChildrenCollapsible(false);

@@ -3,6 +3,7 @@
 #include "submission/pop_up_window.h"
 #include "submission/submit_window_fixture.h"
 #include "submission/web_engine_page.h"
+#include "submission/web_engine_profile.h"
 #include "widgets/qt_desktop.h"
 
 #include <QDesktopServices>
@@ -199,6 +200,51 @@ TEST_F(WebPagesTest, PagesGetNothingFromTheDesktop)
                                 u"notification"_s, u"fullscreen"_s})
         EXPECT_EQ(posted(what), u"refused"_s) << what.toStdString();
     EXPECT_EQ(page().title(), u"Curious"_s);
+}
+
+TEST_F(WebPagesTest, AFrameFromElsewhereStoresNothing)
+{
+    server.serve(u"/store"_s, {"<script>document.cookie = 'a=1; SameSite=None; Secure'; let kept = '';"
+                               "try { localStorage.a = 1; kept = 'local'; } catch {}"
+                               "top.postMessage(`${document.cookie} ${kept}`, '*')</script>"});
+    for (const auto &[host, stored] : {std::pair(u"127.0.0.1"_s, u"a=1 local"_s), {u"localhost"_s, u" "_s}}) {
+        const QString frame = server.url(u"/store"_s).replace(u"127.0.0.1"_s, host);
+        server.serve(u"/around"_s,
+                     {"<title>Around</title><script>told = ''; onmessage = event => told = event.data"
+                      "</script><iframe src='" +
+                      frame.toUtf8() + "'></iframe>"});
+        ASSERT_TRUE(open(u"/around"_s));
+        EXPECT_TRUE(eventually([] { return !ask(u"told"_s).toString().isEmpty(); }));
+        EXPECT_EQ(ask(u"told"_s), stored) << host.toStdString();
+    }
+}
+
+TEST(WebEngineEnvironmentTest, OpensNoPagesToOthersAndHidesNoMissingSandbox)
+{
+    const struct
+    {
+        const char *variable, *value;
+        bool stays, warns;
+    } cases[] = {
+        {"QTWEBENGINE_REMOTE_DEBUGGING", "9222", false, false},
+        {"QTWEBENGINE_CHROMIUM_FLAGS", "--no-sandbox --remote-debugging-port=9222", false, false},
+        {"QTWEBENGINE_CHROMIUM_FLAGS", "--remote-deb\"ugging-pipe\"", false, false},
+        {"QTWEBENGINE_CHROMIUM_FLAGS", "--disable-gpu", true, false},
+        {"QTWEBENGINE_CHROMIUM_FLAGS", "--no\"-sandbox\"", true, true},
+        {"QTWEBENGINE_DISABLE_SANDBOX", "1", true, true},
+    };
+    const QByteArray before = qgetenv("QTWEBENGINE_DISABLE_SANDBOX");
+    qunsetenv("QTWEBENGINE_DISABLE_SANDBOX");
+    for (const auto &each : cases) {
+        qputenv(each.variable, each.value);
+        closeRemoteDebugging();
+        EXPECT_EQ(qEnvironmentVariableIsSet(each.variable), each.stays) << each.value;
+        EXPECT_EQ(sandboxWarning(false).isEmpty(), !each.warns) << each.value;
+        qunsetenv(each.variable);
+    }
+    EXPECT_FALSE(sandboxWarning(true).isEmpty());
+    if (!before.isEmpty())
+        qputenv("QTWEBENGINE_DISABLE_SANDBOX", before);
 }
 
 TEST_F(WebPagesTest, OtherWindowsAreOneWindow)
