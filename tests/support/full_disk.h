@@ -6,14 +6,14 @@
 namespace quillon {
 
 /// For as long as this lives, no file of the process grows beyond a few bytes: a full disk, as a write meets
-/// it. With SIG_DFL such a write ends the process, which is a crash in the middle of storing.
+/// it.
 class FullDisk
 {
 public:
-    explicit FullDisk(rlim_t largestFile, void (*handler)(int) = SIG_IGN)
+    explicit FullDisk(rlim_t largestFile)
     {
         ::getrlimit(RLIMIT_FSIZE, &m_before);
-        m_handler = std::signal(SIGXFSZ, handler);
+        m_handler = std::signal(SIGXFSZ, SIG_IGN);
         const rlimit limit{largestFile, m_before.rlim_max};
         ::setrlimit(RLIMIT_FSIZE, &limit);
     }
