@@ -123,7 +123,7 @@ void openSubmitWindow(benchmark::State &state)
         workbench.overview().tableViewSelectionDidChange(0);
         openings.push_back(seconds([&] { showSubmitWindow(workbench.toolbar()); }));
         SubmissionOpener &opener = workbench.submission();
-        if (opener.window()->control().submittedToArraySTR().count(u"1"_s) != qsizetype(marks))
+        if (opener.window()->control().sites().submittedToArraySTR().count(u"1"_s) != qsizetype(marks))
             state.SkipWithError("the marks are not in the list");
         opener.close();
         state.SetIterationTime(openings.back());
