@@ -196,6 +196,8 @@ private:
         if (const ExitStatus opened = session.open(text(m_title)); opened != Done)
             return opened;
         const auto bytes = AddDeleteImportEdit::returnDataObjectFor(u"general");
+        if (!bytes && !bytes.isError(Error::Kind::Missing))
+            return outcome(bytes.error());
         QStringList names;
         for (const auto &[name, url] : mwqnSCPreallSitesDict)
             names.append(name);

@@ -198,6 +198,13 @@ TEST_F(EditingCli, WhatCannotBeReadIsToldAndEndsWithFour)
     const auto block = [](const QString &file) {
         ASSERT_TRUE(QFile::remove(inData(file)) && QDir().mkdir(inData(file)));
     };
+    const QStringList states{u"sites"_s, u"--for"_s, u"T"_s};
+    ASSERT_EQ(cli({u"mark"_s, u"T"_s, u"Mine"_s}).status, 0);
+    const QByteArray calm = cli(states).output;
+    for (int turn = 1; turn <= 12; ++turn) {
+        const CliResult result = cli(states, u"open@%1=EMFILE"_s.arg(turn));
+        EXPECT_TRUE(result.status == 4 || (result.status == 0 && result.output == calm)) << turn;
+    }
     block(u"T.qndata/general.qnxmld"_s);
     for (const QString &command : {u"mark"_s, u"unmark"_s})
         refuses({command, u"T"_s, u"Mine"_s}, "Not read: ");
