@@ -15,8 +15,9 @@ namespace {
 /// The longest hint that @p rule has, counting to ten times the limit; empty for a field without any.
 QString longestHint(const FieldRule &rule)
 {
-    const QStringView hint = std::ranges::max({rule.typing.hint, rule.typing.prefixedHint, rule.summary.hint},
-                                              {}, &QStringView::size);
+    const auto isShorter = [](QStringView one, QStringView other) { return one.size() < other.size(); };
+    const QStringView hint =
+        std::max({rule.typing.hint, rule.typing.prefixedHint, rule.summary.hint}, isShorter);
     if (hint.isEmpty())
         return {};
     const QString limit(QString::number(qMax(rule.typing.bounds.max, rule.summary.bounds.max)).size(), u'0');
