@@ -1,12 +1,12 @@
 #include "platform/plain_text.h"
 #include "platform/web_address.h"
+#include "submission/address_catcher.h"
 #include "submission/pop_up_window.h"
 #include "submission/submit_window_fixture.h"
 #include "submission/web_engine_page.h"
 #include "submission/web_engine_profile.h"
 #include "widgets/qt_desktop.h"
 
-#include <QDesktopServices>
 #include <QSignalSpy>
 #include <QTextDocument>
 #include <QWebEngineProfile>
@@ -15,30 +15,6 @@
 
 using namespace Qt::StringLiterals;
 using namespace quillon;
-
-/// Takes what the program hands to the desktop, whatever its scheme.
-class AddressCatcher : public QObject
-{
-    Q_OBJECT
-public:
-    static QStringList schemes()
-    {
-        return {u"file"_s, u"smb"_s, u"ftp"_s, u"mailto"_s, u"http"_s, u"https"_s};
-    }
-    AddressCatcher()
-    {
-        for (const QString &scheme : schemes())
-            QDesktopServices::setUrlHandler(scheme, this, "take");
-    }
-    ~AddressCatcher() override
-    {
-        for (const QString &scheme : schemes())
-            QDesktopServices::unsetUrlHandler(scheme);
-    }
-    Q_SLOT void take(const QUrl &address) { opened.append(address.toString()); }
-
-    QStringList opened;
-};
 
 /// How the window treats pages of every kind.
 class WebPagesTest : public SubmitWindowTest
@@ -398,5 +374,3 @@ TEST_F(WebPagesTest, ADeadRendererIsAnErrorThatReloadingMends)
     press(u"companyCityTownButton"_s);
     EXPECT_TRUE(eventually([] { return ask(u"document.getElementById('text').value"_s) == u"Leeds"_s; }));
 }
-
-#include "web_pages_test.moc"
