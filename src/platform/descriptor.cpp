@@ -58,8 +58,13 @@ Result<QByteArray> Descriptor::readFile(int folder, const QByteArray &name, int 
     // Not a pipe nor a device: opening one could wait for ever.
     const Descriptor file(::openat(folder, name.constData(), flags | O_RDONLY | O_NONBLOCK | O_CLOEXEC));
     struct stat status = {};
-    if (!file.isOpen() || ::fstat(file.get(), &status) != 0)
-        return systemError(Error::Kind::Unreadable, path, u"it cannot be opened"_s);
+    if (!file.isOpen() || ::fstat(file.get(), &status) != 0) {
+        const Error error = systemError(Error::Kind::Unreadable, path, u"it cannot be opened"_s);
+        const bool isLink =
+            ::fstatat(folder, name.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0 && S_ISLNK(status.st_mode);
+        return isLink && error.kind == Error::Kind::Missing ? unreadable(u"it is a link that leads nowhere"_s)
+                                                            : error;
+    }
     if (!S_ISREG(status.st_mode))
         return unreadable(u"it is no regular file"_s);
     if (status.st_size > maxSize)

@@ -73,6 +73,7 @@ void AddEditPanel::addEditSiteCheckAndWrite()
         break;
     case SiteEdit::NotStored:
         Q_EMIT changed();
+        Q_EMIT sitesChanged(); // An edit may have been done by half.
         break;
     default:
         refuse(edit);

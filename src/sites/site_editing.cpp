@@ -1,5 +1,6 @@
 #include "sites/site_editing.h"
 
+#include "platform/property_list.h"
 #include "platform/regex.h"
 #include "sites/site_renaming.h"
 #include "store/process_state.h"
@@ -50,15 +51,20 @@ Result<ReadLists> listsToChange()
     return ReadLists{*std::move(user), *std::move(ignored)};
 }
 
-/// Writes what has changed, the list @p first before the other: of two writes the second may fail, and a site
-/// shall rather be there twice than not at all.
-Result<> store(const ReadLists &before, const SiteLists &after, QStringView first)
+/// Writes what is to change in @p lists, the list @p first before the other: of two writes the second may
+/// fail, and a site shall rather be there twice than not at all. What is written counts as read from then on.
+Result<> store(ReadLists &lists, const SiteLists &after, QStringView first)
 {
     const auto storeList = [&](QStringView name) -> Result<> {
         const bool isUser = name == site_list::userSites;
-        const site_list::ReadList &old = isUser ? before.user : before.ignored;
+        site_list::ReadList &old = isUser ? lists.user : lists.ignored;
         const StringDictionary &sites = isUser ? after.user : after.ignored;
-        return sites == old.sites ? Result<>() : site_list::write(name, sites, old.bytes);
+        if (sites == old.sites)
+            return {};
+        Result<> stored = site_list::write(name, sites, old.bytes);
+        if (stored.isDone())
+            old = {.sites = sites, .bytes = property_list::write(sites)};
+        return stored;
     };
     Result<> one = storeList(first);
     if (!one.isDone())
@@ -167,6 +173,15 @@ SiteLists withEdit(SiteLists lists, const Site &old, bool wasDefault, const Site
     return lists;
 }
 
+/// The lists that show each site which @p before or @p after shows.
+SiteLists showingBoth(const SiteLists &before, SiteLists after)
+{
+    after.user.insert(before.user.begin(), before.user.end());
+    std::erase_if(after.ignored,
+                  [&before](const auto &site) { return !before.ignored.contains(site.first); });
+    return after;
+}
+
 } // namespace
 
 SiteCatalogue currentCatalogue()
@@ -188,10 +203,10 @@ SiteEdit addSite(const QString &name, const QString &url)
     SiteEdit refusal = judged(site, u"You must enter a name and URL to add an entry to the sites list"_s);
     if (refusal.outcome != SiteEdit::Done)
         return refusal;
-    const auto before = listsToChange();
-    if (!before)
-        return notStored(before.error());
-    const SiteCatalogue catalogue = catalogueOf(before->sites());
+    auto lists = listsToChange();
+    if (!lists)
+        return notStored(lists.error());
+    const SiteCatalogue catalogue = catalogueOf(lists->sites());
     const bool nameExists = catalogue.sites.contains(site.name);
     const qsizetype sameUrl = catalogue.urls.indexOf(site.url);
     if (nameExists && sameUrl >= 0)
@@ -204,9 +219,9 @@ SiteEdit addSite(const QString &name, const QString &url)
         return {SiteEdit::UrlExists,
                 u"The entered URL is already associated with the site '%1'\n"
                 "Please enter a unique URL for this site"_s.arg(catalogue.sites[sameUrl])};
-    SiteLists after = before->sites();
+    SiteLists after = lists->sites();
     after.user[site.name] = site.url;
-    if (const Result<> stored = store(*before, after, site_list::userSites); !stored.isDone())
+    if (const Result<> stored = store(*lists, after, site_list::userSites); !stored.isDone())
         return notStored(stored.error());
     return {SiteEdit::Done, u"Site Added Successfully"_s};
 }
@@ -221,26 +236,31 @@ SiteEdit editSite(const Site &old, const QString &name, const QString &url)
         return {SiteEdit::NotMarkable,
                 u"Titles are marked for this site, and their marks cannot bear the new name\n"
                 "Please enter a name without a comma or markup"_s};
-    const auto before = listsToChange();
-    if (!before)
-        return notStored(before.error());
-    const bool wasDefault = isListedDefault(old, catalogueOf(before->sites()).ignored);
-    const bool isDefault = becomesDefault(edited, before->ignored.sites);
-    const QStringView holdsTheSite = isDefault ? site_list::ignoredSites : site_list::userSites;
-    const SiteLists after = withEdit(before->sites(), old, wasDefault, edited, isDefault);
-    if (const Result<> stored = store(*before, after, holdsTheSite); !stored.isDone())
+    auto lists = listsToChange();
+    if (!lists)
+        return notStored(lists.error());
+    const bool wasDefault = isListedDefault(old, catalogueOf(lists->sites()).ignored);
+    const bool isDefault = becomesDefault(edited, lists->ignored.sites);
+    const SiteLists after = withEdit(lists->sites(), old, wasDefault, edited, isDefault);
+    // Both sites are listed until marks and picture have followed: when that fails or is stopped, no mark is
+    // of an unknown site, and the same edit can be made again.
+    Result<> stored = store(*lists, showingBoth(lists->sites(), after), site_list::userSites);
+    if (stored.isDone())
+        stored = renameSite(old.name, edited.name);
+    if (stored.isDone())
+        stored = store(*lists, after, site_list::userSites);
+    if (!stored.isDone())
         return notStored(stored.error());
-    renameSite(old.name, edited.name);
     return {SiteEdit::Done, u"Site edited successfully"_s};
 }
 
 Result<> removeSites(const QStringList &names)
 {
-    const auto before = listsToChange();
-    if (!before)
-        return before.error();
-    const SiteCatalogue catalogue = catalogueOf(before->sites());
-    SiteLists after = before->sites();
+    auto lists = listsToChange();
+    if (!lists)
+        return lists.error();
+    const SiteCatalogue catalogue = catalogueOf(lists->sites());
+    SiteLists after = lists->sites();
     for (const QString &name : names) {
         const auto listed = catalogue.urlByName.find(name);
         if (listed == catalogue.urlByName.end())
@@ -250,18 +270,18 @@ Result<> removeSites(const QStringList &names)
         else
             after.user.erase(name);
     }
-    return store(*before, after, site_list::userSites);
+    return store(*lists, after, site_list::userSites);
 }
 
 Result<> restoreSites(const QStringList &names)
 {
-    const auto before = listsToChange();
-    if (!before)
-        return before.error();
-    SiteLists after = before->sites();
+    auto lists = listsToChange();
+    if (!lists)
+        return lists.error();
+    SiteLists after = lists->sites();
     for (const QString &name : names)
         after.ignored.erase(name);
-    return store(*before, after, site_list::ignoredSites);
+    return store(*lists, after, site_list::ignoredSites);
 }
 
 } // namespace quillon::site_editing

@@ -58,18 +58,25 @@ QString summaryPath(const QString &titleFolder)
     return titleFolder + u'/' + title_folder::summaryFile;
 }
 
-void renameMark(const QString &titleFolder, const QString &from, const QString &to)
+Result<> renameMark(const QString &titleFolder, const QString &from, const QString &to)
 {
     const QString path = summaryPath(titleFolder);
     const auto bytes = atomic_file::read(path);
-    if (bytes.isError(Error::Kind::Unreadable))
-        reportFailure(bytes.error());
+    if (bytes.isError(Error::Kind::Missing))
+        return {};
     if (!bytes)
-        return;
+        return reported(path, bytes.error());
     const QString text = decodedXmlText(*bytes);
     const QString renamed = withRenamedMark(text, from, to);
-    if (renamed != text)
-        (void)storeFile(path, renamed.toUtf8(), bytes);
+    return renamed == text ? Result<>() : storeFile(path, renamed.toUtf8(), bytes);
+}
+
+Result<> removePicture(const QString &path)
+{
+    QFile file(path);
+    if (file.remove() || !file.exists())
+        return reported(path, {});
+    return reported(path, Error{.path = path, .reason = file.errorString()});
 }
 
 } // namespace
@@ -98,41 +105,43 @@ bool isMarkedAnywhere(const QString &site)
            });
 }
 
-void renameSite(const QString &from, const QString &to)
+Result<> renameSite(const QString &from, const QString &to)
 {
     if (from == to)
-        return;
+        return {};
     const auto folders = titleFolders();
     if (!folders)
-        return reportFailure(folders.error());
-    for (const QString &folder : *folders)
-        renameMark(folder, from, to);
-    if (!folders->isEmpty())
-        renameSiteImage(from, to);
+        return reported(mwqnAppSuppLoc, folders.error());
+    Result<> outcome;
+    for (const QString &folder : *folders) {
+        if (Result<> renamed = renameMark(folder, from, to); !renamed.isDone())
+            outcome = std::move(renamed);
+    }
+    return folders->isEmpty() || !outcome ? outcome : renameSiteImage(from, to);
 }
 
-void renameSiteImage(const QString &from, const QString &to, const QString &programImages)
+Result<> renameSiteImage(const QString &from, const QString &to, const QString &programImages)
 {
     if (from == to)
-        return;
-    const QString folder = site_images::folder();
+        return {};
+    const QString folder = QDir::cleanPath(site_images::folder());
     if (!QDir().mkpath(folder))
-        return reportFailure({.path = QDir::cleanPath(folder), .reason = u"the folder could not be made"_s});
+        return reported(folder, Error{.path = folder, .reason = u"the folder could not be made"_s});
+    forgetFailure(folder);
     const auto oldPath = site_images::authorImage(from);
     const auto newPath = site_images::authorImage(to);
     if (!oldPath || !newPath)
-        return;
+        return {};
     const auto own = programImage(from, programImages);
     const Result<QByteArray> picture = own ? *own : atomic_file::read(*oldPath);
-    if (picture.isError(Error::Kind::Unreadable))
-        reportFailure(picture.error());
+    if (picture.isError(Error::Kind::Missing))
+        return {};
     if (!picture)
-        return;
+        return reported(*oldPath, picture.error());
     // Under a name that the program has a picture for, the author's would never be shown.
     const bool isShadowed = !own && programImage(to, programImages);
-    if (isShadowed ? !QFile::exists(*newPath) || QFile::remove(*newPath)
-                   : bool(storeFile(*newPath, *picture)))
-        QFile::remove(*oldPath);
+    const Result<> placed = isShadowed ? removePicture(*newPath) : storeFile(*newPath, *picture);
+    return placed.isDone() ? removePicture(*oldPath) : placed;
 }
 
 } // namespace quillon

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/result.h"
 #include "store/site_images.h"
 
 namespace quillon {
@@ -15,12 +16,13 @@ QString withRenamedMark(const QString &summary, const QString &from, const QStri
 bool isMarkedAnywhere(const QString &site);
 
 /// Gives the site @p from the name @p to in the marks of all titles and, when there is any title, in the
-/// pictures of sites. The same name changes nothing.
-void renameSite(const QString &from, const QString &to);
+/// pictures of sites. The same name changes nothing. On an error, which is told as a failure too, the other
+/// titles have got it, and the pictures are as they were; doing it again completes it.
+Result<> renameSite(const QString &from, const QString &to);
 
 /// Gives the site @p to the picture that the site @p from has: the program's own, of which it gets a copy, or
 /// else the author's, which is moved. Names that cannot be a file's have no picture.
-void renameSiteImage(const QString &from, const QString &to,
-                     const QString &programImages = site_images::programImages);
+Result<> renameSiteImage(const QString &from, const QString &to,
+                         const QString &programImages = site_images::programImages);
 
 } // namespace quillon

@@ -69,11 +69,13 @@ TEST_F(AtomicFileTest, ReadsRegularFilesWithinTheBound)
 {
     ASSERT_TRUE(put(at(u"f"_s), "12345"));
     ASSERT_EQ(::mkfifo(QFile::encodeName(at(u"pipe"_s)).constData(), 0600), 0);
+    ASSERT_TRUE(QFile::link(u"nowhere"_s, at(u"astray"_s)));
     EXPECT_EQ(atomic_file::read(at(u"f"_s), 5), "12345");
     EXPECT_TRUE(atomic_file::read(at(u"f"_s), 4).isError(Error::Kind::Unreadable));
     using enum Error::Kind;
-    for (const auto &[name, kind] : {std::pair(u"missing"_s, Missing), std::pair(u"f/below"_s, Missing),
-                                     std::pair(u"."_s, Unreadable), std::pair(u"pipe"_s, Unreadable)})
+    for (const auto &[name, kind] :
+         {std::pair(u"missing"_s, Missing), std::pair(u"f/below"_s, Missing), std::pair(u"."_s, Unreadable),
+          std::pair(u"pipe"_s, Unreadable), std::pair(u"astray"_s, Unreadable)})
         EXPECT_TRUE(atomic_file::read(at(name)).isError(kind)) << name.toStdString();
 }
 

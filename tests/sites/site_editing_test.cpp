@@ -205,6 +205,40 @@ TEST_F(SiteEditing, AListThatCouldNotBeReadForAMomentIsNotReplaced)
     EXPECT_GE(failures, 16);
 }
 
+/// Stopped anywhere, an edit leaves no mark of an unknown site, and the same edit completes it.
+TEST_F(SiteEditing, AnEditThatIsStoppedLosesNothingAndIsCompletedByARepetition)
+{
+    const Site mine{u"Mine"_s, u"http://mine"_s};
+    const QString pictures = mwqnAppSuppLoc + u"Site Images/";
+    const auto begin = [&] {
+        storeLists({{mine.name, mine.url}}, {});
+        makeTitle(u"One"_s, u"Mine,Softs"_s, u"1,2"_s);
+        ASSERT_TRUE(QDir(pictures).removeRecursively() && QDir().mkpath(pictures));
+        writeTo(pictures + u"Mine.png", u"picture"_s);
+    };
+    for (const Site &old : {mine, Site{u"Softs"_s, defaultUrl(u"Softs"_s)}}) {
+        begin();
+        ASSERT_EQ(site_editing::editSite(old, u"New"_s, u"http://n"_s).outcome, SiteEdit::Done);
+        const QMap<QString, QByteArray> edited = tree(mwqnAppSuppLoc);
+        bool isMet = true;
+        for (int call = 1; isMet; ++call) {
+            begin();
+            std::optional<FaultPlan> plan(std::in_place, home(),
+                                          "writing@" + QByteArray::number(call) + "+=EIO");
+            site_editing::editSite(old, u"New"_s, u"http://n"_s);
+            isMet = plan->met();
+            plan.reset();
+            for (const QString &site :
+                 summary_file::parse(contentOf(pathIn(u"One"_s, title_folder::summaryFile)).toUtf8())
+                     .siteList())
+                EXPECT_TRUE(site_editing::currentCatalogue().sites.contains(site)) << call;
+            EXPECT_EQ(site_editing::editSite(old, u"New"_s, u"http://n"_s).outcome, SiteEdit::Done);
+            AddDeleteImportEdit::removeUnfinished();
+            EXPECT_TRUE(tree(mwqnAppSuppLoc) == edited) << call;
+        }
+    }
+}
+
 /// A site's name that no mark can bear is refused before it damages the marks of others.
 TEST_F(SiteEditing, ANameThatMarksCannotBearIsRefusedByMarksAndWhereMarksWouldGetIt)
 {
@@ -279,23 +313,23 @@ TEST_F(SiteEditing, PicturesFollowTheirSite)
     writeTo(resources + u"Both.svg", u"theirs"_s);
     writeTo(resources + u"Named.svg", u"named"_s);
 
-    renameSiteImage(u"A"_s, u"B"_s, resources);
+    EXPECT_TRUE(renameSiteImage(u"A"_s, u"B"_s, resources));
     EXPECT_EQ(content(images + u"B"), u"a");
-    renameSiteImage(u"Both"_s, u"N"_s, resources);
+    EXPECT_TRUE(renameSiteImage(u"Both"_s, u"N"_s, resources));
     EXPECT_EQ(content(images + u"N"), u"theirs");
-    renameSiteImage(u"C"_s, u"Named"_s, resources);
-    renameSiteImage(u"None"_s, u"B"_s, resources);
-    renameSiteImage(u"B"_s, u"B"_s, resources);
-    renameSiteImage(u"B"_s, u"../B"_s, resources);
-    renameSiteImage(u"../resources/Named"_s, u"Stolen"_s, resources);
+    EXPECT_TRUE(renameSiteImage(u"C"_s, u"Named"_s, resources));
+    EXPECT_TRUE(renameSiteImage(u"None"_s, u"B"_s, resources));
+    EXPECT_TRUE(renameSiteImage(u"B"_s, u"B"_s, resources));
+    EXPECT_TRUE(renameSiteImage(u"B"_s, u"../B"_s, resources));
+    EXPECT_TRUE(renameSiteImage(u"../resources/Named"_s, u"Stolen"_s, resources));
     EXPECT_EQ(QDir(images).entryList(QDir::Files), QStringList({u"B.png"_s, u"N.png"_s}));
     EXPECT_EQ(content(images + u"B"), u"a");
 
     // Nobody renames the pictures of a site that no title can have marked.
-    renameSite(u"B"_s, u"A"_s);
+    EXPECT_TRUE(renameSite(u"B"_s, u"A"_s));
     EXPECT_EQ(content(images + u"B"), u"a");
     makeTitle(u"Any"_s);
-    renameSite(u"B"_s, u"A"_s);
+    EXPECT_TRUE(renameSite(u"B"_s, u"A"_s));
     EXPECT_EQ(content(images + u"A"), u"a");
     EXPECT_FALSE(QFileInfo::exists(images + u"B.png"));
 }
