@@ -9,6 +9,8 @@
 
 #include <QStringList>
 
+#include <numeric>
+
 using namespace Qt::StringLiterals;
 
 namespace quillon::submission_marks {
@@ -86,6 +88,17 @@ QString listWithout(qsizetype left, const QStringList &list, qsizetype count)
     return rest;
 }
 
+/// A new title's summary with marks for @p sites, made one after the other.
+QString marked(const QStringList &sites)
+{
+    return std::accumulate(sites.begin(), sites.end(), summary_file::emptyText(), withMark);
+}
+
+QStringList sitesOf(const QString &summary)
+{
+    return summary_file::parse(summary.toUtf8()).siteList();
+}
+
 Result<> editSummary(QString (*edited)(const QString &summary, const QString &site), const QString &site)
 {
     const auto bytes = AddDeleteImportEdit::returnDataObjectFor(u"general");
@@ -157,8 +170,12 @@ QString withoutMark(const QString &summary, const QString &site)
 
 bool canBeKept(const QString &site)
 {
-    const QString marked = withMark(summary_file::emptyText(), site);
-    return summary_file::parse(marked.toUtf8()).siteList().contains(site);
+    // Names that end markup of every kind: a beginning of it in @p site would swallow those up to it.
+    static const QStringList others = {u"next>."_s,  u"next'>."_s,  u"next\">."_s,
+                                       u"next?>."_s, u"next-->."_s, u"next]]>."_s};
+    const QStringList sites = QStringList{u"first"_s, site} + others;
+    const QString among = withoutMark(marked(sites + QStringList{u"last"_s}), u"last"_s);
+    return sitesOf(marked({site})) == QStringList{site} && sitesOf(among) == sites;
 }
 
 Result<> markSubmitted(const QString &site)

@@ -21,7 +21,8 @@ QString withMark(const QString &summary, const QString &site);
 /// commas and commas beside a tag go from the whole text. Without such a mark the text is as it was.
 QString withoutMark(const QString &summary, const QString &site);
 
-/// Whether a mark for @p site reads as that site afterwards; not one with a comma or markup in its name.
+/// Whether a mark for @p site reads as that site among marks for others, and still does when one of these
+/// goes; not one with a comma in its name, with markup or the beginning of it, or with "<" or ">" at an end.
 bool canBeKept(const QString &site);
 
 /// Marks @p site in the selected title's summary file.
