@@ -1,5 +1,6 @@
 #include "submission/browser_bar.h"
 
+#include "platform/plain_text.h"
 #include "submission/page_load.h"
 #include "submission/web_engine_browser.h"
 #include "widgets/command_set.h"
@@ -14,8 +15,14 @@ using namespace Qt::StringLiterals;
 
 namespace quillon {
 
+namespace {
+
+constexpr int longestHost = 30; ///< In widths of the letter "x".
+
+} // namespace
+
 BrowserBar::BrowserBar(PageLoad &load, WebEngineBrowser &browser, const CommandSet &commands, QWidget *parent)
-    : QWidget(parent), m_load(load), m_browser(browser), m_urlField(new QLineEdit)
+    : QWidget(parent), m_load(load), m_browser(browser), m_host(new QLabel), m_urlField(new QLineEdit)
 {
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -23,12 +30,18 @@ BrowserBar::BrowserBar(PageLoad &load, WebEngineBrowser &browser, const CommandS
     m_urlField->setAccessibleName(u"Address"_s);
     m_urlField->setToolTip(u"Address of the page (Ctrl+L)"_s);
     m_urlField->setPlaceholderText(u"Select a site, or type an address"_s);
+    m_host->setObjectName(u"pageHost"_s);
+    m_host->setTextFormat(Qt::PlainText);
+    QFont bold = m_host->font();
+    bold.setBold(true);
+    m_host->setFont(bold);
     auto *caption = new QLabel(u"&Address:"_s);
     caption->setBuddy(m_urlField);
 
     for (const QString &id : {u"drawer"_s, u"back"_s, u"forward"_s, u"reload"_s, u"stop"_s})
         addButton(commands.action(id));
     layout->addWidget(caption);
+    layout->addWidget(m_host);
     layout->addWidget(m_urlField, 1);
     addButton(commands.action(u"openInDefaultBrowser"_s));
 
@@ -39,6 +52,8 @@ BrowserBar::BrowserBar(PageLoad &load, WebEngineBrowser &browser, const CommandS
     });
     connect(&load, &PageLoad::urlFieldChanged, this, &BrowserBar::showAddress);
     connect(&browser, &WebEngineBrowser::stateChanged, this, &BrowserBar::takeAddress);
+    connect(&browser, &WebEngineBrowser::stateChanged, this, &BrowserBar::showHost);
+    showHost();
 }
 
 void BrowserBar::addButton(QAction *action)
@@ -55,6 +70,17 @@ void BrowserBar::focusAddress()
 {
     m_urlField->setFocus(Qt::ShortcutFocusReason);
     m_urlField->selectAll();
+}
+
+void BrowserBar::showHost()
+{
+    const QString host = m_browser.host();
+    // The end of a server's name says whose it is.
+    const int width = longestHost * m_host->fontMetrics().horizontalAdvance(u'x');
+    m_host->setText(m_host->fontMetrics().elidedText(host, Qt::ElideLeft, width));
+    m_host->setAccessibleName(u"Server of the page: %1"_s.arg(host));
+    m_host->setToolTip(plainToolTip(host));
+    m_host->setVisible(!host.isEmpty());
 }
 
 void BrowserBar::showAddress()

@@ -3,6 +3,7 @@
 #include <QWidget>
 
 class QAction;
+class QLabel;
 class QLineEdit;
 
 namespace quillon {
@@ -11,7 +12,10 @@ class CommandSet;
 class PageLoad;
 class WebEngineBrowser;
 
-/// Buttons that go from page to page, and the address field.
+/// Buttons that go from page to page, the server of the page on show, and the address field.
+///
+/// The field shows what is typed or being loaded, whatever it names before its server; the server's name
+/// beside it is that of the page alone.
 class BrowserBar : public QWidget
 {
     Q_OBJECT
@@ -24,11 +28,13 @@ public:
 
 private:
     void addButton(QAction *action);
+    void showHost();
     void showAddress();
     void takeAddress();
 
     PageLoad &m_load;
     WebEngineBrowser &m_browser;
+    QLabel *m_host;
     QLineEdit *m_urlField;
 };
 

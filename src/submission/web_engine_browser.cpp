@@ -160,7 +160,7 @@ void WebEngineBrowser::showLink(const QString &url)
 {
     // The engine tells of no link also when there was none; another notice stays then.
     if (!url.isEmpty() || m_showsLink)
-        Q_EMIT notice(unmistakableAddress(QUrl(url)));
+        Q_EMIT notice(unmistakableAddress(QUrl(url).adjusted(QUrl::RemoveUserInfo)));
     m_showsLink = !url.isEmpty();
 }
 

@@ -83,7 +83,9 @@ void WebEngineLoading::reload()
 
 QString WebEngineLoading::host() const
 {
-    return unmistakableHost(m_showsOwnPage ? QUrl(m_address) : m_page->url());
+    const QUrl shown = m_showsOwnPage ? QUrl(m_address) : m_page->url();
+    // What a page made itself has the address that it was made at behind its scheme.
+    return unmistakableHost(shown.scheme() == u"blob" ? QUrl(shown.path()) : shown);
 }
 
 void WebEngineLoading::progressChanged(int percent)

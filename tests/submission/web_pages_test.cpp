@@ -67,6 +67,38 @@ TEST_F(WebPagesTest, WhatCannotBeLoadedShowsTheErrorPage)
         << "what the server says of a missing page is shown";
 }
 
+TEST_F(WebPagesTest, TheServerOfThePageIsUnmistakable)
+{
+    const auto host = [] {
+        return visible<QWidget>(u"submitWindow"_s)->findChild<QLabel *>(u"pageHost"_s)->text();
+    };
+    server.serve(u"/slow"_s, {{}, "text/html", "200 OK", {}, WebServer::Extent::Held});
+    server.serve(u"/%E2%80%AEmoc.knab"_s, {"<title>Turned</title>"});
+    const std::pair<QString, QString> cases[] = {
+        {u"http://www.bank.example@127.0.0.1:%1/form.html"_s, u"127.0.0.1:%1"_s},
+        {u"http://www.bank.example%20%E2%80%AE:80@localhost:%1/form.html"_s, u"localhost:%1"_s},
+        {u"http://\u0430pple.localhost:%1/form.html"_s, u"xn--pple-43d.localhost:%1"_s},
+        {u"http://\uff45xample.localhost:%1/\u202emoc.knab"_s, u"example.localhost:%1"_s},
+        {u"http://bank.example:1/"_s, u"bank.example:1"_s},
+        {u"http://"_s, {}},
+    };
+    for (const auto &[typed, shown] : cases) {
+        visit(QString(typed).replace(u"%1"_s, QString::number(server.serverPort())));
+        const QString wanted = QString(shown).replace(u"%1"_s, QString::number(server.serverPort()));
+        EXPECT_TRUE(eventually([&] { return host() == wanted && !page().isLoading(); }))
+            << typed.toStdString() << ' ' << host().toStdString();
+    }
+    ASSERT_TRUE(open(u"/windows.html"_s));
+    const QString before = host();
+    ask(u"location = URL.createObjectURL(new Blob(['<title>Made</title>'], {type: 'text/html'})); 0"_s);
+    ASSERT_TRUE(waitForPage(u"Made"));
+    EXPECT_EQ(host(), before);
+    visit(server.url(u"/slow"_s).replace(u"127.0.0.1"_s, u"localhost"_s));
+    ASSERT_TRUE(eventually([this] { return server.count(u"/slow"_s) == 1; }));
+    EXPECT_EQ(host(), before) << "a page that says where it goes does not get there by that";
+    EXPECT_TRUE(address().startsWith(u"http://localhost"));
+}
+
 TEST_F(WebPagesTest, LoadsAreToldFromTheirBeginToTheirEnd)
 {
     using Extent = WebServer::Extent;
