@@ -11,6 +11,7 @@
 #include "shell/main_toolbar.h"
 #include "shell/main_window_commands.h"
 #include "store/process_state.h"
+#include "store/storage_status.h"
 #include "widgets/failed_writes_label.h"
 
 #include <QAction>
@@ -77,7 +78,8 @@ void MainWindow::buildStatusBar()
     m_importProgress->setFormat(u"Importing file %v of %m"_s);
     m_importProgress->setMaximumWidth(240);
     m_importProgress->hide();
-    statusBar()->addWidget(new FailedWritesLabel(u"failedWrites"_s, this), 1);
+    statusBar()->addWidget(new FailedWritesLabel(u"failedWrites"_s, failedWritesLine, this), 1);
+    statusBar()->addWidget(new FailedWritesLabel(u"failedExtras"_s, failedExtrasLine, this), 1);
     statusBar()->addPermanentWidget(m_importProgress);
 }
 

@@ -1,6 +1,7 @@
 #include "sites/add_edit_panel_view.h"
 
 #include "sites/add_edit_panel.h"
+#include "store/storage_status.h"
 #include "widgets/failed_writes_label.h"
 
 #include <QDialogButtonBox>
@@ -53,7 +54,7 @@ AddEditPanelView::AddEditPanelView(AddEditPanel &panel, QWidget *parent)
     layout->addRow(m_title);
     layout->addRow(u"&Name:"_s, m_siteName);
     layout->addRow(u"&URL:"_s, m_siteUrl);
-    layout->addRow(new FailedWritesLabel(u"panelFailedWrites"_s, this));
+    layout->addRow(new FailedWritesLabel(u"panelFailedWrites"_s, failedWritesLine, this));
     layout->addRow(buttons);
     m_addSaveButton->setDefault(true);
     setTabOrder(m_siteUrl, m_addSaveButton);

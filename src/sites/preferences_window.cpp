@@ -5,6 +5,7 @@
 #include "sites/backups_page.h"
 #include "sites/preferences_controller.h"
 #include "sites/sites_page.h"
+#include "store/storage_status.h"
 #include "widgets/failed_writes_label.h"
 
 #include <QActionGroup>
@@ -88,7 +89,7 @@ QLayout *PreferencesWindow::newBottomRow()
     close->setAutoDefault(false);
     connect(close, &QPushButton::clicked, &m_preferences, &PreferencesController::closePrefs);
     auto *row = new QHBoxLayout;
-    row->addWidget(new FailedWritesLabel(u"prefsFailedWrites"_s, this), 1);
+    row->addWidget(new FailedWritesLabel(u"prefsFailedWrites"_s, failedWritesLine, this), 1);
     row->addWidget(close, 0, Qt::AlignRight);
     return row;
 }

@@ -49,6 +49,10 @@ inline ProgressBarState progressBarState;
 /// functions beside it in storage_status.h.
 inline QMap<QString, Error> mwqnFailedWrites;
 
+/// What is wrong with what is kept besides the titles' files and the site lists, by path, for the status bar
+/// alone. Set by reportExtrasFailure() and forgetExtrasFailure() in storage_status.h.
+inline QMap<QString, Error> mwqnFailedExtras;
+
 /// Makes the data folder below @p homeFolder the one that everything is stored in.
 void setDataFolder(const QString &homeFolder);
 

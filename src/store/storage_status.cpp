@@ -20,6 +20,16 @@ void announce()
     NotificationCenter::defaultCenter().post(notification::failedWritesChanged);
 }
 
+/// The first of @p failures, and how many others there are; empty for none.
+QString lineOf(const QMap<QString, Error> &failures)
+{
+    if (failures.isEmpty())
+        return {};
+    const QString line = failureLine(failures.first());
+    const qsizetype others = failures.size() - 1;
+    return others == 0 ? line : u"%1, and %2 more"_s.arg(line, QString::number(others));
+}
+
 } // namespace
 
 Result<> storeFile(const QString &path, const QByteArray &bytes)
@@ -103,11 +113,29 @@ QString failureLine(const Error &error)
 
 QString failedWritesLine()
 {
-    if (mwqnFailedWrites.isEmpty())
-        return {};
-    const QString line = failureLine(mwqnFailedWrites.first());
-    const qsizetype others = mwqnFailedWrites.size() - 1;
-    return others == 0 ? line : u"%1, and %2 more"_s.arg(line, QString::number(others));
+    return lineOf(mwqnFailedWrites);
+}
+
+void reportExtrasFailure(const QString &path, const Error &error)
+{
+    const QString line = failureLine(error);
+    if (const auto known = mwqnFailedExtras.constFind(path);
+        known != mwqnFailedExtras.cend() && failureLine(*known) == line)
+        return;
+    qCWarning(log).noquote() << line;
+    mwqnFailedExtras[path] = error;
+    announce();
+}
+
+void forgetExtrasFailure(const QString &path)
+{
+    if (mwqnFailedExtras.remove(path) > 0)
+        announce();
+}
+
+QString failedExtrasLine()
+{
+    return lineOf(mwqnFailedExtras);
 }
 
 } // namespace quillon

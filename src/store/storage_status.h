@@ -38,4 +38,14 @@ QString failureLine(const Error &error);
 /// everything is stored.
 QString failedWritesLine();
 
+/// Records @p error as that of an extra, found under @p path: no field, mark or site is concerned. The same
+/// one is told once.
+void reportExtrasFailure(const QString &path, const Error &error);
+
+/// Forgets the failure of an extra under @p path, because it is mended.
+void forgetExtrasFailure(const QString &path);
+
+/// What the author should know of extras that are not kept, one line; empty when all are.
+QString failedExtrasLine();
+
 } // namespace quillon

@@ -2,11 +2,11 @@
 
 #include "platform/notification_center.h"
 #include "platform/notifications.h"
-#include "store/storage_status.h"
 
 namespace quillon {
 
-FailedWritesLabel::FailedWritesLabel(const QString &name, QWidget *parent) : QLabel(parent)
+FailedWritesLabel::FailedWritesLabel(const QString &name, QString (*line)(), QWidget *parent)
+    : QLabel(parent), m_line(line)
 {
     setObjectName(name);
     setTextFormat(Qt::PlainText);
@@ -18,7 +18,7 @@ FailedWritesLabel::FailedWritesLabel(const QString &name, QWidget *parent) : QLa
 
 void FailedWritesLabel::showFailedWrites()
 {
-    setText(failedWritesLine());
+    setText(m_line());
     setVisible(!text().isEmpty());
 }
 

@@ -4,15 +4,18 @@
 
 namespace quillon {
 
-/// Tells what could not be stored, for as long as it is so; otherwise it takes no room.
+/// Tells what could not be stored, or kept besides, for as long as it is so; otherwise it takes no room.
 class FailedWritesLabel : public QLabel
 {
     Q_OBJECT
 public:
-    FailedWritesLabel(const QString &name, QWidget *parent);
+    /// @p line gives what is to be told; empty for nothing.
+    FailedWritesLabel(const QString &name, QString (*line)(), QWidget *parent);
 
 private:
     void showFailedWrites();
+
+    QString (*m_line)();
 };
 
 } // namespace quillon

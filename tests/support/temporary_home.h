@@ -39,6 +39,7 @@ private:
         mwqnWOSi78tgsda = true;
         mwqnSCPreallSitesDict.clear();
         mwqnFailedWrites.clear();
+        mwqnFailedExtras.clear();
     }
 
     QTemporaryDir m_home;

@@ -1,0 +1,91 @@
+#include "journal/journal_schema.h"
+
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon::journal_schema {
+
+namespace {
+
+/// What makes each version of the one before it; the first begins with nothing. Times are milliseconds since
+/// 1970 (UTC).
+///
+/// - titles: what rows belong to, whatever the title is called. Without a name the title is deleted, and its
+///   rows wait with deleted_titles; forgetting it removes its row here, and with it all others.
+/// - history: "row" counts from 0 for each title; 0 is an imported title's file as it came, of no field.
+/// - originals: "bytes" as qCompress() gives them where "is_compressed".
+constexpr std::array migrations = {R"(
+    CREATE TABLE state (checked INTEGER NOT NULL);
+    INSERT INTO state VALUES (0);
+    CREATE TABLE titles (id INTEGER PRIMARY KEY, name UNIQUE);
+    CREATE TABLE change_sets (
+        id INTEGER PRIMARY KEY, time INTEGER NOT NULL, label NOT NULL, origin TEXT NOT NULL);
+    CREATE TABLE history (
+        id INTEGER PRIMARY KEY,
+        title_id INTEGER NOT NULL REFERENCES titles ON DELETE CASCADE,
+        row INTEGER NOT NULL,
+        field TEXT NOT NULL,
+        time INTEGER NOT NULL,
+        before,
+        after,
+        origin TEXT NOT NULL,
+        set_id INTEGER REFERENCES change_sets ON DELETE SET NULL,
+        UNIQUE (title_id, row));
+    CREATE TABLE originals (
+        id INTEGER PRIMARY KEY,
+        title_id INTEGER NOT NULL REFERENCES titles ON DELETE CASCADE,
+        time INTEGER NOT NULL,
+        name NOT NULL,
+        is_compressed INTEGER NOT NULL,
+        bytes BLOB NOT NULL);
+    CREATE INDEX originals_of_title ON originals (title_id);
+    CREATE TABLE deleted_titles (
+        id INTEGER PRIMARY KEY,
+        title_id INTEGER NOT NULL REFERENCES titles ON DELETE CASCADE,
+        name NOT NULL,
+        time INTEGER NOT NULL);
+    CREATE INDEX deleted_titles_of_title ON deleted_titles (title_id);
+    CREATE TABLE deleted_files (
+        deleted_id INTEGER NOT NULL REFERENCES deleted_titles ON DELETE CASCADE,
+        name BLOB NOT NULL,
+        bytes BLOB NOT NULL,
+        PRIMARY KEY (deleted_id, name));
+    CREATE TABLE deleted_sites (
+        id INTEGER PRIMARY KEY,
+        name NOT NULL,
+        address NOT NULL,
+        time INTEGER NOT NULL,
+        picture_name BLOB,
+        picture BLOB);
+)"};
+
+} // namespace
+
+qint64 newestVersion()
+{
+    return qint64(migrations.size());
+}
+
+Result<> migrate(Database &database)
+{
+    const Result<qint64> present = database.number("PRAGMA user_version");
+    if (!present || *present == newestVersion())
+        return present ? Result<>() : present.error();
+    return database.transaction([](Database &inside) -> Result<> {
+        // Another process may have done it since the caller looked.
+        const Result<qint64> version = inside.number("PRAGMA user_version");
+        if (!version)
+            return version.error();
+        for (qint64 next = *version; next < newestVersion(); ++next) {
+            if (Result<> made = inside.execute(migrations[size_t(next)]); !made)
+                return made;
+        }
+        // Pragmas take no bound values.
+        const QString header =
+            u"PRAGMA application_id = %1; PRAGMA user_version = %2"_s.arg(applicationId).arg(newestVersion());
+        return inside.execute(header.toUtf8().constData());
+    });
+}
+
+} // namespace quillon::journal_schema

@@ -1,0 +1,105 @@
+#include "journal/journal.h"
+#include "journal/titles.h"
+#include "store/storage_status.h"
+#include "support/temporary_home.h"
+
+using namespace Qt::StringLiterals;
+using namespace quillon;
+
+namespace {
+
+struct JournalTest : TemporaryDataFolder
+{
+    void TearDown() override
+    {
+        Journal::ofDataFolder().close();
+        TemporaryDataFolder::TearDown();
+    }
+
+    static QString file() { return inData(u"quillon.sqlite"_s); }
+    static Result<> keep(const QString &title)
+    {
+        return Journal::ofDataFolder().change([&](Database &database) -> Result<> {
+            const auto id = journal_titles::idMadeFor(database, title);
+            return id ? Result<>() : id.error();
+        });
+    }
+    static QStringList kept()
+    {
+        QStringList names;
+        (void)Journal::ofDataFolder().read([&](Database &database) -> Result<> {
+            auto rows = database.prepare("SELECT name FROM titles ORDER BY id");
+            while (rows && rows->next().valueOr(false))
+                names.append(rows->text(0));
+            return {};
+        });
+        return names;
+    }
+    static QStringList setAside() { return QDir(mwqnAppSuppLoc).entryList({u"*.unreadable*"_s}); }
+};
+
+} // namespace
+
+TEST_F(JournalTest, IsMadeWhenSomethingIsFirstKeptAndGivesEveryTextBack)
+{
+    EXPECT_EQ(kept(), QStringList());
+    EXPECT_TRUE(Journal::ofDataFolder().changeExisting([](Database &) { return Error{}; }));
+    EXPECT_FALSE(QFile::exists(file()));
+    const QStringList names = {u"Plain"_s,
+                               QString(),
+                               u"\xfeffMark"_s,
+                               u"a\0b"_s,
+                               QString(QChar(0xd800)),
+                               u"x"_s + QChar(0xdc00) + u"é😀"_s,
+                               QString(QChar(0xfffd))};
+    for (const QString &name : names + names)
+        EXPECT_TRUE(keep(name));
+    Journal::ofDataFolder().close();
+    EXPECT_EQ(kept(), names);
+    EXPECT_TRUE(Journal::ofDataFolder().change([](Database &database) -> Result<> {
+        (void)journal_titles::rename(database, u"Plain"_s, u"a\0b"_s);
+        return journal_titles::rename(database, QString(), std::nullopt);
+    }));
+    EXPECT_EQ(kept().first(2), QStringList({u"a\0b"_s, QString()}));
+    EXPECT_EQ(kept().size(), names.size() - 1) << "the one whose name is given to another is gone";
+    EXPECT_FALSE(Journal::ofDataFolder().change([](Database &database) -> Result<> {
+        (void)database.run("DELETE FROM titles");
+        return Error{.reason = u"changed my mind"_s};
+    }));
+    EXPECT_EQ(kept().size(), names.size() - 1);
+    EXPECT_EQ(failedExtrasLine(), QString());
+}
+
+TEST_F(JournalTest, WhatIsNoJournalIsSetAsideWhole)
+{
+    for (int number = 0; number < 100; ++number)
+        ASSERT_TRUE(keep(u"Title %1"_s.arg(number)));
+    Journal::ofDataFolder().close();
+    const QByteArray good = contents(file());
+    ASSERT_GT(good.size(), 20'000);
+    const auto edited = [&good](const char *sql) {
+        EXPECT_TRUE(put(file(), good));
+        EXPECT_TRUE(Database::open(file(), Database::Opening::ExistingOnly)->execute(sql));
+        return contents(file());
+    };
+    QList<QByteArray> damaged = {QByteArray(8192, '\0'), "no database", edited("PRAGMA application_id = 7"),
+                                 edited("PRAGMA user_version = 99"),
+                                 QByteArray(good).replace(8192, 4096, QByteArray(4096, '\0'))};
+    for (qsizetype size = 4096; size < good.size(); size += 4096)
+        damaged.append(good.first(size));
+    for (const QByteArray &bytes : damaged) {
+        mwqnFailedExtras.clear();
+        ASSERT_TRUE(put(file(), bytes));
+        EXPECT_EQ(kept(), QStringList()) << bytes.size();
+        EXPECT_EQ(contents(file()), bytes) << "reading changes nothing";
+        EXPECT_NE(failedExtrasLine(), QString());
+        EXPECT_TRUE(keep(u"New"_s));
+        EXPECT_EQ(kept(), QStringList(u"New"_s));
+        ASSERT_EQ(setAside().size(), 1) << setAside().join(u' ').toStdString();
+        EXPECT_EQ(contents(inData(setAside().first())), bytes);
+        EXPECT_TRUE(failedExtrasLine().contains(u"set aside"_s));
+        EXPECT_TRUE(mwqnFailedWrites.isEmpty());
+        Journal::ofDataFolder().close();
+        ASSERT_TRUE(QFile::remove(inData(setAside().first())));
+    }
+}
