@@ -8,8 +8,8 @@
 #include "store/summary_file.h"
 #include "store/title_folder.h"
 #include "submission/default_sites.h"
+#include "submission/engine_environment.h"
 #include "submission/submit_window.h"
-#include "submission/web_engine_profile.h"
 #include "support/valid_form.h"
 
 #include <QApplication>
@@ -110,8 +110,9 @@ void openSubmitWindow(benchmark::State &state)
     if (!makeTitle())
         state.SkipWithError("the title could not be made");
     const auto bare = [&home] {
-        const auto profile = newWebEngineProfile(home.filePath(u"bare"_s));
-        showBareWindow(*profile);
+        QWebEngineProfile profile(u"bare"_s);
+        profile.setPersistentStoragePath(home.filePath(u"bare"_s));
+        showBareWindow(profile);
     };
     bare();
 
@@ -139,9 +140,9 @@ int main(int argc, char *argv[])
 {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    prepareWebEngine();
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
+    prepareEngineEnvironment();
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
 }

@@ -6,7 +6,6 @@
 #include "store/data_folder_lock.h"
 #include "store/process_state.h"
 #include "store/storage_status.h"
-#include "submission/web_engine_profile.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -44,7 +43,6 @@ std::optional<QString> homeFolder(const QApplication &application)
 
 int main(int argc, char *argv[])
 {
-    prepareWebEngine();
     QApplication application(argc, argv);
     QApplication::setApplicationName(u"quillon"_s);
     QApplication::setApplicationDisplayName(u"Quillon"_s);

@@ -1,30 +1,32 @@
 #pragma once
 
+#include "platform/result.h"
+#include "submission/browser_loading.h"
 #include "widgets/qt_desktop.h"
 
 #include <QObject>
 
 #include <memory>
 
-class QWebEngineProfile;
-
 namespace quillon {
 
+class BrowserEngine;
 class DelayedCalls;
 class MessageBoxSheets;
 class OverviewController;
 class SubmitWindow;
 class ToolbarControl;
 
-/// Makes the submission window, and with it the web engine, when it is first asked for: the engine takes its
-/// time, and many runs do without.
+/// Loads the web engine and makes the submission window when that is first asked for: the engine takes its
+/// time and memory, and many runs do without. Without the engine's package a sheet says what to install, and
+/// the next attempt looks anew.
 class SubmissionOpener : public QObject
 {
     Q_OBJECT
 public:
-    /// All must outlive the opener.
+    /// All must outlive the opener; @p browserModule is the path of the module with the engine.
     SubmissionOpener(ToolbarControl &toolbar, OverviewController &overview, MessageBoxSheets &alerts,
-                     DelayedCalls &delayedCalls);
+                     DelayedCalls &delayedCalls, QString browserModule = browserModulePath());
     ~SubmissionOpener() override;
 
     /// Null before it was first asked for.
@@ -35,6 +37,7 @@ public:
 
 private:
     void open();
+    Result<> makeWindow();
     void setTitle(const QString &title);
     void titleIsGone();
 
@@ -42,7 +45,8 @@ private:
     DelayedCalls &m_delayedCalls;
     QtDesktop m_desktop;
     QString m_title;
-    std::unique_ptr<QWebEngineProfile> m_profile; ///< Outlives the window's pages.
+    QString m_browserModule;
+    std::unique_ptr<BrowserEngine> m_engine; ///< Outlives the window's pages.
     std::unique_ptr<SubmitWindow> m_window;
 };
 

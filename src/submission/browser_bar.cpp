@@ -1,8 +1,8 @@
 #include "submission/browser_bar.h"
 
 #include "platform/plain_text.h"
+#include "submission/browser_events.h"
 #include "submission/page_load.h"
-#include "submission/web_engine_browser.h"
 #include "widgets/command_set.h"
 
 #include <QAction>
@@ -21,7 +21,8 @@ constexpr int longestHost = 30; ///< In widths of the letter "x".
 
 } // namespace
 
-BrowserBar::BrowserBar(PageLoad &load, WebEngineBrowser &browser, const CommandSet &commands, QWidget *parent)
+BrowserBar::BrowserBar(PageLoad &load, WindowBrowser &browser, BrowserEvents &events,
+                       const CommandSet &commands, QWidget *parent)
     : QWidget(parent), m_load(load), m_browser(browser), m_host(new QLabel), m_urlField(new QLineEdit)
 {
     auto *layout = new QHBoxLayout(this);
@@ -51,8 +52,8 @@ BrowserBar::BrowserBar(PageLoad &load, WebEngineBrowser &browser, const CommandS
         m_load.loadSiteToWebview(m_urlField->text());
     });
     connect(&load, &PageLoad::urlFieldChanged, this, &BrowserBar::showAddress);
-    connect(&browser, &WebEngineBrowser::stateChanged, this, &BrowserBar::takeAddress);
-    connect(&browser, &WebEngineBrowser::stateChanged, this, &BrowserBar::showHost);
+    connect(&events, &BrowserEvents::stateChanged, this, &BrowserBar::takeAddress);
+    connect(&events, &BrowserEvents::stateChanged, this, &BrowserBar::showHost);
     showHost();
 }
 

@@ -8,9 +8,10 @@ class QLineEdit;
 
 namespace quillon {
 
+class BrowserEvents;
 class CommandSet;
 class PageLoad;
-class WebEngineBrowser;
+class WindowBrowser;
 
 /// Buttons that go from page to page, the server of the page on show, and the address field.
 ///
@@ -20,8 +21,9 @@ class BrowserBar : public QWidget
 {
     Q_OBJECT
 public:
-    /// @p commands has those that the buttons stand for. All must outlive the bar.
-    BrowserBar(PageLoad &load, WebEngineBrowser &browser, const CommandSet &commands,
+    /// @p events are those of @p browser; @p commands has those that the buttons stand for. All must outlive
+    /// the bar.
+    BrowserBar(PageLoad &load, WindowBrowser &browser, BrowserEvents &events, const CommandSet &commands,
                QWidget *parent = nullptr);
 
     void focusAddress();
@@ -33,7 +35,7 @@ private:
     void takeAddress();
 
     PageLoad &m_load;
-    WebEngineBrowser &m_browser;
+    WindowBrowser &m_browser;
     QLabel *m_host;
     QLineEdit *m_urlField;
 };

@@ -2,9 +2,9 @@
 
 #include "platform/plain_text.h"
 #include "platform/settings.h"
+#include "submission/browser_events.h"
 #include "submission/load_error_page.h"
 #include "submission/submit_control.h"
-#include "submission/web_engine_browser.h"
 
 #include <QAction>
 #include <QApplication>
@@ -28,19 +28,14 @@ constexpr qsizetype longestTitle = 100;
 constexpr int frameRoom =
     16; ///< For the frames of two windows; how wide they are is known when they are shown.
 
-/// Whether @p widget lies in a page.
-bool isInPage(const QWidget *widget)
-{
-    while (widget && !qobject_cast<const WebEngineBrowser *>(widget))
-        widget = widget->parentWidget();
-    return widget;
-}
-
 } // namespace
 
-PopUpWindow::PopUpWindow(QWebEngineProfile &profile, PasteQueue &pastes)
-    : m_browser(new WebEngineBrowser(profile, pastes, u"popUpWebView"_s)), m_address(new QLabel)
+PopUpWindow::PopUpWindow(BrowserEngine &engine)
+    : m_events(new BrowserEvents)
+    , m_browser(engine.newBrowser(u"popUpWebView"_s, *m_events))
+    , m_address(new QLabel)
 {
+    m_events->setParent(&m_browser.widget()); // It may be told of something until then.
     setObjectName(u"popUpBrowserWindow"_s);
     setWindowTitle(u"Window of the page"_s);
     m_address->setObjectName(u"popUpAddress"_s);
@@ -60,35 +55,36 @@ PopUpWindow::PopUpWindow(QWebEngineProfile &profile, PasteQueue &pastes)
     row->addWidget(close);
     auto *layout = new QVBoxLayout(this);
     layout->addLayout(row);
-    layout->addWidget(m_browser, 1);
+    layout->addWidget(&m_browser.widget(), 1);
 
     connect(close, &QPushButton::clicked, this, &QWidget::close);
     connect(closeKey, &QAction::triggered, this, &QWidget::close);
-    connect(m_browser, &WebEngineBrowser::closeRequested, this, &QWidget::close);
-    connect(m_browser, &WebEngineBrowser::stateChanged, this, &PopUpWindow::showAddress);
-    connect(m_browser, &WebEngineBrowser::stateChanged, this, &PopUpWindow::showTitle);
-    connect(m_browser, &WebEngineBrowser::titleChanged, this, [this](const QString &title) {
+    connect(m_events, &BrowserEvents::closeRequested, this, &QWidget::close);
+    connect(m_events, &BrowserEvents::stateChanged, this, &PopUpWindow::showAddress);
+    connect(m_events, &BrowserEvents::stateChanged, this, &PopUpWindow::showTitle);
+    connect(m_events, &BrowserEvents::titleChanged, this, [this](const QString &title) {
         m_title = title;
         showTitle();
     });
-    connect(m_browser, &WebEngineBrowser::loadFailed, this, [this](const QString &description) {
-        m_browser->loadHtml(loadErrorPage(description), m_browser->currentUrl());
+    connect(m_events, &BrowserEvents::loadFailed, this, [this](const QString &description) {
+        m_browser.loadHtml(loadErrorPage(description), m_browser.currentUrl());
     });
     resize(usualSize.boundedTo(screen()->availableSize()));
     restoreGeometry(settings().value(geometryKey).toByteArray());
 }
 
-void PopUpWindow::bindTo(SubmitControl &control, const QWidget &panel)
+void PopUpWindow::bindTo(SubmitControl &control, const QWidget &page, const QWidget &panel)
 {
     m_control = &control;
-    connect(&control, &SubmitControl::openPopUpWindow, this, [this, &panel] { open(panel); });
+    connect(&control, &SubmitControl::openPopUpWindow, this, [this, &page, &panel] { open(page, panel); });
     connect(&control, &SubmitControl::closePopUpWindow, this, &QWidget::hide);
 }
 
-void PopUpWindow::open(const QWidget &panel)
+void PopUpWindow::open(const QWidget &page, const QWidget &panel)
 {
     // What the author types elsewhere in the program goes on where it is typed.
-    const bool takesKeyboard = isInPage(QApplication::focusWidget());
+    const QWidget *const focus = QApplication::focusWidget();
+    const bool takesKeyboard = page.isAncestorOf(focus) || m_browser.widget().isAncestorOf(focus);
     setAttribute(Qt::WA_ShowWithoutActivating, !takesKeyboard);
     if (!isVisible())
         keepClearOf(panel);
@@ -101,7 +97,7 @@ void PopUpWindow::open(const QWidget &panel)
     }
     raise();
     activateWindow();
-    m_browser->setFocus();
+    m_browser.widget().setFocus();
 }
 
 void PopUpWindow::keepClearOf(const QWidget &panel)
@@ -121,13 +117,13 @@ void PopUpWindow::keepClearOf(const QWidget &panel)
 
 void PopUpWindow::showAddress()
 {
-    m_address->setText(m_browser->currentUrl());
-    m_address->setToolTip(plainToolTip(m_browser->currentUrl()));
+    m_address->setText(m_browser.currentUrl());
+    m_address->setToolTip(plainToolTip(m_browser.currentUrl()));
 }
 
 void PopUpWindow::showTitle()
 {
-    const QString host = m_browser->host();
+    const QString host = m_browser.host();
     const QString title = plainLine(m_title, longestTitle);
     setWindowTitle(host.isEmpty()    ? u"Window of the page"_s
                    : title.isEmpty() ? host
@@ -137,7 +133,7 @@ void PopUpWindow::showTitle()
 void PopUpWindow::closeEvent(QCloseEvent *event)
 {
     settings().setValue(geometryKey, saveGeometry());
-    m_browser->renew(); // What nobody sees shall not go on.
+    m_browser.renew(); // What nobody sees shall not go on.
     m_control->closePopUpWindowAction();
     event->accept();
 }

@@ -3,13 +3,13 @@
 #include <QWidget>
 
 class QLabel;
-class QWebEngineProfile;
 
 namespace quillon {
 
-class PasteQueue;
+class BrowserEngine;
+class BrowserEvents;
 class SubmitControl;
-class WebEngineBrowser;
+class WindowBrowser;
 
 /// The one window for all pages that ask for a window of their own, with the address of what it shows and a
 /// button that closes it.
@@ -19,25 +19,27 @@ class PopUpWindow : public QWidget
 {
     Q_OBJECT
 public:
-    /// @p profile and @p pastes, which all browsers share, must outlive the window.
-    PopUpWindow(QWebEngineProfile &profile, PasteQueue &pastes);
+    /// @p engine must outlive the window.
+    explicit PopUpWindow(BrowserEngine &engine);
 
-    [[nodiscard]] WebEngineBrowser &browser() { return *m_browser; }
+    [[nodiscard]] WindowBrowser &browser() { return m_browser; }
+    [[nodiscard]] BrowserEvents &events() { return *m_events; }
 
-    /// Opens and closes the window as @p control says. The window keeps clear of @p panel, which is of use
-    /// beside it, where there is room on the screen.
-    void bindTo(SubmitControl &control, const QWidget &panel);
+    /// Opens and closes the window as @p control says. The window takes the keyboard from @p page, and keeps
+    /// clear of @p panel, which is of use beside it, where there is room on the screen.
+    void bindTo(SubmitControl &control, const QWidget &page, const QWidget &panel);
 
 protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
-    void open(const QWidget &panel);
+    void open(const QWidget &page, const QWidget &panel);
     void keepClearOf(const QWidget &panel);
     void showAddress();
     void showTitle();
 
-    WebEngineBrowser *m_browser;
+    BrowserEvents *m_events;
+    WindowBrowser &m_browser;
     QLabel *m_address;
     QString m_title; ///< As the page has it.
     SubmitControl *m_control = nullptr;

@@ -1,8 +1,8 @@
 #include "submission/submit_commands.h"
 
 #include "store/process_state.h"
+#include "submission/browser_module.h"
 #include "submission/submit_window.h"
-#include "submission/web_engine_browser.h"
 
 using namespace Qt::StringLiterals;
 
@@ -28,8 +28,8 @@ QList<Command> withKeysInToolTips(QList<Command> commands)
 QList<Command> submitCommands(SubmitWindow &window)
 {
     SubmitControl &control = window.control();
-    WebEngineBrowser &browser = window.browser();
-    const auto unlessClosed = [&browser](void (WebEngineBrowser::*go)()) {
+    WindowBrowser &browser = window.browser();
+    const auto unlessClosed = [&browser](void (WindowBrowser::*go)()) {
         return [&browser, go] {
             if (!mwqnWOSi78tgsda)
                 (browser.*go)();
@@ -56,14 +56,14 @@ QList<Command> submitCommands(SubmitWindow &window)
          .run = [&window] { window.findField(); }},
         {.id = u"back"_s, .text = u"&Back"_s, .menu = page, .opensGroup = true, .icon = u"back"_s,
          .keys = {u"Alt+Left"_s}, .isEnabled = [&browser] { return browser.canGoBack(); },
-         .run = unlessClosed(&WebEngineBrowser::goBack)},
+         .run = unlessClosed(&WindowBrowser::goBack)},
         {.id = u"forward"_s, .text = u"&Forward"_s, .menu = page, .icon = u"forward"_s, .keys = {u"Alt+Right"_s},
          .isEnabled = [&browser] { return browser.canGoForward(); },
-         .run = unlessClosed(&WebEngineBrowser::goForward)},
+         .run = unlessClosed(&WindowBrowser::goForward)},
         {.id = u"reload"_s, .text = u"&Reload"_s, .menu = page, .icon = u"reload"_s,
          .keys = {u"F5"_s, u"Ctrl+R"_s},
          .isEnabled = [&browser] { return !browser.currentUrl().isEmpty() && !browser.isLoading(); },
-         .run = unlessClosed(&WebEngineBrowser::reload)},
+         .run = unlessClosed(&WindowBrowser::reload)},
         // The key is the page's while nothing is to be stopped.
         {.id = u"stop"_s, .text = u"&Stop"_s, .menu = page, .icon = u"stop"_s, .keys = {u"Esc"_s},
          .isEnabled = [&browser] { return browser.isLoading(); }, .run = [&browser] { browser.stop(); }},

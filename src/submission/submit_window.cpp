@@ -4,14 +4,14 @@
 #include "store/process_state.h"
 #include "submission/accessible_roles.h"
 #include "submission/browser_bar.h"
+#include "submission/browser_events.h"
+#include "submission/engine_environment.h"
 #include "submission/field_copy_view.h"
 #include "submission/load_status_row.h"
 #include "submission/mark_row.h"
 #include "submission/pop_up_window.h"
 #include "submission/sites_drawer.h"
 #include "submission/submit_commands.h"
-#include "submission/web_engine_browser.h"
-#include "submission/web_engine_profile.h"
 
 #include <QAction>
 #include <QApplication>
@@ -39,20 +39,21 @@ constexpr QSize usualSize(1240, 680);
 
 } // namespace
 
-SubmitWindow::SubmitWindow(QWebEngineProfile &profile, AlertSheets &alerts, Desktop &desktop,
+SubmitWindow::SubmitWindow(BrowserEngine &engine, AlertSheets &alerts, Desktop &desktop,
                            DelayedCalls &delayedCalls)
-    : m_pastes(desktop)
-    , m_qnWebView(new WebEngineBrowser(profile, m_pastes, u"qnWebView"_s, this))
-    , m_popUpBrowserWindow(std::make_unique<PopUpWindow>(profile, m_pastes))
+    : m_events(new BrowserEvents)
+    , m_qnWebView(engine.newBrowser(u"qnWebView"_s, *m_events))
+    , m_popUpBrowserWindow(std::make_unique<PopUpWindow>(engine))
     , m_control(std::make_unique<SubmitControl>(
-          SubmitControl::Parts{*m_qnWebView, m_popUpBrowserWindow->browser(), alerts, desktop, delayedCalls}))
+          SubmitControl::Parts{m_qnWebView, m_popUpBrowserWindow->browser(), alerts, desktop, delayedCalls}))
 {
+    m_events->setParent(&m_qnWebView.widget()); // It may be told of something until then.
     installAccessibleRoles();
     setObjectName(u"submitWindow"_s);
     setWindowTitle(u"Submitting"_s);
     buildCommands();
     setCentralWidget(newContent());
-    m_popUpBrowserWindow->bindTo(*m_control, *m_fieldCopyView);
+    m_popUpBrowserWindow->bindTo(*m_control, m_qnWebView.widget(), *m_fieldCopyView);
     connectControl();
     restoreLayout();
 }
@@ -68,7 +69,7 @@ void SubmitWindow::buildCommands()
 
 QWidget *SubmitWindow::newContent()
 {
-    m_browserBar = new BrowserBar(m_control->pageLoad(), *m_qnWebView, *m_commands);
+    m_browserBar = new BrowserBar(m_control->pageLoad(), m_qnWebView, *m_events, *m_commands);
     m_sitesDrawer = new SitesDrawer(*m_control);
     m_fieldCopyView = new FieldCopyView(m_control->fieldCopyPanel());
     m_statusRow = new LoadStatusRow(m_control->pageLoad());
@@ -100,7 +101,7 @@ QWidget *SubmitWindow::newPagePanel()
     m_notLoadedHint->setAlignment(Qt::AlignCenter);
     m_notLoadedHint->setWordWrap(true);
     m_pageOrHint = new QStackedWidget;
-    m_pageOrHint->addWidget(m_qnWebView);
+    m_pageOrHint->addWidget(&m_qnWebView.widget());
     m_pageOrHint->addWidget(m_notLoadedHint);
     m_pageOrHint->setMinimumWidth(320);
     return m_pageOrHint;
@@ -113,16 +114,15 @@ void SubmitWindow::connectControl()
     connect(control, &SubmitControl::hindranceChanged, this, &SubmitWindow::showStates);
     connect(&control->sites(), &SubmissionSites::textsChanged, this, &SubmitWindow::showStates);
     connect(&control->sites(), &SubmissionSites::selectedRowChanged, this, &SubmitWindow::showStates);
-    for (WebEngineBrowser *browser : {m_qnWebView, &m_popUpBrowserWindow->browser()})
-        connect(browser, &WebEngineBrowser::notice, m_statusRow, &LoadStatusRow::showNotice);
+    for (BrowserEvents *events : {m_events, &m_popUpBrowserWindow->events()})
+        connect(events, &BrowserEvents::notice, m_statusRow, &LoadStatusRow::showNotice);
     connect(&control->fieldCopyPanel(), &FieldCopyPanel::nothingPasted, m_statusRow,
             &LoadStatusRow::showNotice);
-    connect(m_qnWebView, &WebEngineBrowser::stateChanged, m_commands, &CommandSet::update);
+    connect(m_events, &BrowserEvents::stateChanged, m_commands, &CommandSet::update);
     qApp->installEventFilter(this);
-    connect(control, &SubmitControl::closePopUpWindow, this,
-            [this] { m_qnWebView->setPasteTarget(nullptr); });
-    connect(m_fieldCopyView, &FieldCopyView::pressedByKeyboard, m_qnWebView,
-            [this] { m_qnWebView->setFocus(); });
+    connect(control, &SubmitControl::closePopUpWindow, this, [this] { m_qnWebView.setPasteTarget(nullptr); });
+    connect(m_fieldCopyView, &FieldCopyView::pressedByKeyboard, this,
+            [this] { m_qnWebView.widget().setFocus(); });
     showStates();
 }
 
@@ -131,15 +131,15 @@ bool SubmitWindow::eventFilter(QObject *watched, QEvent *event)
     // The panel takes the focus from no page, but its window takes it from the other window. So what counts
     // is where the author last did something.
     if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::KeyPress) {
-        WebEngineBrowser &popUp = m_popUpBrowserWindow->browser();
+        WindowBrowser &popUp = m_popUpBrowserWindow->browser();
         const auto *widget = watched->isWidgetType() ? static_cast<const QWidget *>(watched) : nullptr;
         const bool isMouse = event->type() == QEvent::MouseButtonPress;
-        if (popUp.isAncestorOf(widget)) {
-            m_qnWebView->setPasteTarget(&popUp);
+        if (popUp.widget().isAncestorOf(widget)) {
+            m_qnWebView.setPasteTarget(&popUp);
             popUp.authorActed(isMouse);
-        } else if (m_qnWebView->isAncestorOf(widget)) {
-            m_qnWebView->setPasteTarget(nullptr);
-            m_qnWebView->authorActed(isMouse);
+        } else if (m_qnWebView.widget().isAncestorOf(widget)) {
+            m_qnWebView.setPasteTarget(nullptr);
+            m_qnWebView.authorActed(isMouse);
         }
         if (widget && (widget->window() == this || widget->window() == m_popUpBrowserWindow.get()))
             m_control->questions().authorActed();
@@ -190,9 +190,9 @@ void SubmitWindow::openDrawer(bool isOpen)
 
 void SubmitWindow::zoom(double factor)
 {
-    m_qnWebView->setZoomFactor(factor);
-    m_statusRow->showNotice(u"Zoom: %1 %"_s.arg(qRound(m_qnWebView->zoomFactor() * 100)));
-    settings().setValue(zoomKey, m_qnWebView->zoomFactor());
+    m_qnWebView.setZoomFactor(factor);
+    m_statusRow->showNotice(u"Zoom: %1 %"_s.arg(qRound(m_qnWebView.zoomFactor() * 100)));
+    settings().setValue(zoomKey, m_qnWebView.zoomFactor());
 }
 
 void SubmitWindow::bringToFront()
@@ -210,8 +210,8 @@ void SubmitWindow::closeEvent(QCloseEvent *event)
     m_control->windowWillClose(); // Before the sheets go, or the next of them would come.
     for (QDialog *sheet : findChildren<QDialog *>())
         sheet->reject();
-    m_qnWebView->stop();
-    m_qnWebView->restWhileHidden();
+    m_qnWebView.stop();
+    m_qnWebView.restWhileHidden();
     m_popUpBrowserWindow->close();
     QMainWindow::closeEvent(event);
 }
@@ -230,7 +230,7 @@ void SubmitWindow::restoreLayout()
     if (!m_splitter->restoreState(settings().value(splitterKey).toByteArray()))
         m_splitter->setSizes({230, 780, 240});
     openDrawer(settings().value(drawerKey, true).toBool());
-    m_qnWebView->setZoomFactor(settings().value(zoomKey, 1.0).toDouble());
+    m_qnWebView.setZoomFactor(settings().value(zoomKey, 1.0).toDouble());
 }
 
 } // namespace quillon

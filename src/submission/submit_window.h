@@ -1,6 +1,5 @@
 #pragma once
 
-#include "submission/paste_queue.h"
 #include "submission/submit_control.h"
 
 #include <QMainWindow>
@@ -8,17 +7,18 @@
 class QLabel;
 class QSplitter;
 class QStackedWidget;
-class QWebEngineProfile;
 
 namespace quillon {
 
 class BrowserBar;
+class BrowserEngine;
+class BrowserEvents;
 class CommandSet;
 class FieldCopyView;
 class LoadStatusRow;
 class PopUpWindow;
 class SitesDrawer;
-class WebEngineBrowser;
+class WindowBrowser;
 
 /// The submission window: the drawer with the sites, the page of the selected one, and the field copy panel.
 class SubmitWindow : public QMainWindow
@@ -26,12 +26,11 @@ class SubmitWindow : public QMainWindow
     Q_OBJECT
 public:
     /// All must outlive the window.
-    SubmitWindow(QWebEngineProfile &profile, AlertSheets &alerts, Desktop &desktop,
-                 DelayedCalls &delayedCalls);
+    SubmitWindow(BrowserEngine &engine, AlertSheets &alerts, Desktop &desktop, DelayedCalls &delayedCalls);
     ~SubmitWindow() override;
 
     [[nodiscard]] SubmitControl &control() { return *m_control; }
-    [[nodiscard]] WebEngineBrowser &browser() { return *m_qnWebView; }
+    [[nodiscard]] WindowBrowser &browser() { return m_qnWebView; }
 
     /// Shows the window above all others with the keyboard focus.
     void bringToFront();
@@ -60,8 +59,8 @@ private:
     void restoreLayout();
     void saveLayout() const;
 
-    PasteQueue m_pastes;
-    WebEngineBrowser *m_qnWebView;
+    BrowserEvents *m_events;
+    WindowBrowser &m_qnWebView;
     std::unique_ptr<PopUpWindow> m_popUpBrowserWindow;
     std::unique_ptr<SubmitControl> m_control;
 

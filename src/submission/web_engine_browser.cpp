@@ -101,6 +101,11 @@ void WebEngineBrowser::setDelegate(BrowserDelegate *delegate)
     m_windows.setDelegate(delegate);
 }
 
+void WebEngineBrowser::setPasteTarget(WindowBrowser *browser)
+{
+    m_pasteTarget = static_cast<WebEngineBrowser *>(browser); // The engine has no others.
+}
+
 void WebEngineBrowser::authorActed(bool isMouse)
 {
     m_windows.authorActed();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "submission/browser.h"
+#include "submission/browser_module.h"
 #include "submission/web_engine_loading.h"
 #include "submission/web_engine_pasting.h"
 #include "submission/web_engine_windows.h"
@@ -16,12 +16,8 @@ namespace quillon {
 class WebEnginePage;
 class WebEngineView;
 
-/**
- * The browser on Qt's web engine: one view, and its page with what it loads, pastes and opens.
- *
- * It begins with an empty page.
- */
-class WebEngineBrowser final : public QWidget, public Browser
+/// The browser on Qt's web engine: one view, and its page with what it loads, pastes and opens.
+class WebEngineBrowser final : public QWidget, public WindowBrowser
 {
     Q_OBJECT
 public:
@@ -45,38 +41,25 @@ public:
     /// Holds for every page, from now on; from 0.25 to 5.0.
     void setZoomFactor(double factor) override;
 
-    /// Has paste() paste into the page of @p browser, which is then the one that the author works in; null
-    /// for the own page.
-    void setPasteTarget(WebEngineBrowser *browser) { m_pasteTarget = browser; }
-
-    /// The author has pressed a key or, with @p isMouse, a mouse button in the page; the page may open one
-    /// window for it, soon.
-    void authorActed(bool isMouse);
-
-    /// As WebEngineLoading::host().
-    [[nodiscard]] QString host() const { return m_loading.host(); }
+    QWidget &widget() override { return *this; }
+    void setPasteTarget(WindowBrowser *browser) override;
+    void authorActed(bool isMouse) override;
+    [[nodiscard]] QString host() const override { return m_loading.host(); }
+    void renew() override;
+    void restWhileHidden() override;
+    [[nodiscard]] bool canGoBack() const override;
+    [[nodiscard]] bool canGoForward() const override;
+    [[nodiscard]] bool isLoading() const override { return m_loading.isLoading(); }
 
     /// Shows what @p request, of another page, asks for in a page of its own.
     void open(QWebEngineNewWindowRequest &request);
 
-    /// Begins anew with an empty page; what the old one would still do does not happen.
-    void renew();
-    /// Has the page do nothing from the moment that it is hidden until it is shown again.
-    void restWhileHidden();
-
-    [[nodiscard]] bool canGoBack() const;
-    [[nodiscard]] bool canGoForward() const;
-    [[nodiscard]] bool isLoading() const { return m_loading.isLoading(); }
-
 Q_SIGNALS:
-    /// currentUrl() is another one, also when a script of the page says so, or a load has begun or ended.
+    /// For all of them see BrowserObserver.
     void stateChanged();
     void titleChanged(const QString &title);
-    /// A load failed, and the page is not one of the program's own.
     void loadFailed(const QString &description);
-    /// A script of the page closes its window.
     void closeRequested();
-    /// Something that the author should know, in a sentence; empty when it no longer holds.
     void notice(const QString &text);
 
 private:

@@ -1,22 +1,16 @@
 #include "submission/web_engine_profile.h"
 
-#include "platform/settings.h"
 #include "platform/web_address.h"
 #include "submission/web_engine_page.h"
 
-#include <QCoreApplication>
 #include <QFile>
-#include <QFileInfo>
-#include <QLoggingCategory>
 #include <QPointer>
 #include <QWebEngineCookieStore>
 #include <QWebEngineDownloadRequest>
 #include <QWebEngineProfile>
 #include <QWebEngineSettings>
 
-#include <algorithm>
 #include <array>
-#include <cstdio>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -60,68 +54,10 @@ void discard(QWebEngineDownloadRequest *request)
         request->cancel();
 }
 
-constexpr const char *debuggingVariable = "QTWEBENGINE_REMOTE_DEBUGGING";
-constexpr const char *sandboxVariable = "QTWEBENGINE_DISABLE_SANDBOX";
-constexpr const char *switchesVariable = "QTWEBENGINE_CHROMIUM_FLAGS";
-
-/// The engine's switches that take the sandbox, or a part of it, away.
-constexpr std::array<QByteArrayView, 4> sandboxSwitches = {
-    "no-sandbox", "single-process", "disable-seccomp-filter-sandbox", "disable-namespace-sandbox"};
-
-/// The switches in the environment, without the quotation marks that may stand anywhere in them.
-QByteArray environmentSwitches()
-{
-    return qgetenv(switchesVariable).replace('"', "");
-}
-
-void leaveOut(const char *variable)
-{
-    qunsetenv(variable);
-    std::fprintf(stderr, "quillon: %s is ignored: it would open web pages to other programs.\n", variable);
-}
-
 } // namespace
-
-void prepareWebEngine()
-{
-    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
-    // How the engine was built and is drawn, in twenty lines, on every start of it.
-    QLoggingCategory::setFilterRules(u"qt.webenginecontext.info=false\nqt.webenginecontext.debug=false"_s);
-}
-
-void closeRemoteDebugging()
-{
-    if (qEnvironmentVariableIsSet(debuggingVariable))
-        leaveOut(debuggingVariable);
-    if (environmentSwitches().contains("remote-debugging"))
-        leaveOut(switchesVariable);
-}
-
-QString sandboxWarning(bool isRoot)
-{
-    if (isRoot)
-        return u"running as root, so the sandbox of web pages is off."_s;
-    const QByteArray switches = environmentSwitches();
-    const bool isSwitchedOff = qEnvironmentVariableIsSet(sandboxVariable) ||
-                               std::ranges::any_of(sandboxSwitches, [&switches](QByteArrayView each) {
-                                   return switches.contains(each);
-                               });
-    return isSwitchedOff ? u"an environment variable has switched the sandbox of web pages off."_s
-                         : QString();
-}
-
-QString webEngineFolder()
-{
-    return QFileInfo(settings().fileName()).path() + u"/Quillon-web"_s;
-}
 
 std::unique_ptr<QWebEngineProfile> newWebEngineProfile(const QString &folder)
 {
-    closeRemoteDebugging();
-    if (const QString warning = sandboxWarning(); !warning.isEmpty())
-        std::fprintf(stderr, "quillon: %s\n", qPrintable(warning));
-    if (geteuid() == 0)
-        qputenv(sandboxVariable, "1");
     auto profile = std::make_unique<QWebEngineProfile>(u"Quillon"_s);
     profile->setPersistentStoragePath(folder);
     profile->setCachePath(folder + u"/cache"_s);

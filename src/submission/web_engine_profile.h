@@ -7,7 +7,6 @@
 #include <QTemporaryDir>
 
 #include <memory>
-#include <unistd.h>
 
 class QWebEngineDownloadRequest;
 class QWebEngineProfile;
@@ -16,24 +15,10 @@ namespace quillon {
 
 class WebEnginePage;
 
-/// Readies the process for the web engine. Before the application object is made.
-void prepareWebEngine();
-
-/// Takes out of the environment what would open pages to other programs, and says so on standard error.
-/// Before the engine starts.
-void closeRemoteDebugging();
-
-/// Why pages run without the engine's sandbox, in a sentence; empty when they run inside it. It does not work
-/// for root, and an environment variable may have switched it off.
-QString sandboxWarning(bool isRoot = geteuid() == 0);
-
 /// What all pages of the submission window share: cookies and other data in @p folder, and what a page may
 /// do, which is neither to read the clipboard nor files, places or devices, nor to store anything as part of
-/// another site's page. It must outlive its pages. Standard error says when they run without a sandbox.
+/// another site's page. It must outlive its pages.
 std::unique_ptr<QWebEngineProfile> newWebEngineProfile(const QString &folder);
-
-/// The folder of the user's profile: beside the settings, away from the titles.
-QString webEngineFolder();
 
 /// Fetches what pages of a profile offer for download as far as it can be shown, and nothing into a folder of
 /// the author's. Only what stands in place of a page is fetched, and only until the author goes elsewhere; a

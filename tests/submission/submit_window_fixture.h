@@ -1,15 +1,9 @@
 #pragma once
 
-#include "overview/overview_controller.h"
-#include "platform/delayed_calls.h"
 #include "platform/notification_center.h"
 #include "platform/notifications.h"
-#include "shell/message_box_sheets.h"
-#include "shell/submission_opener.h"
-#include "shell/toolbar_control.h"
 #include "submission/data_folder_fixture.h"
-#include "submission/submit_window.h"
-#include "submission/web_engine_browser.h"
+#include "submission/submit_program.h"
 #include "support/program_test.h"
 #include "support/web_server.h"
 
@@ -23,24 +17,6 @@
 #include <QWebEngineView>
 
 namespace quillon {
-
-struct SubmitProgram
-{
-    SubmitProgram()
-    {
-        toolbar.awakeFromNib();
-        overview.awakeFromNib();
-        overview.tableViewSelectionDidChange(0);
-        toolbar.submitTBI();
-    }
-    QWidget *shownWindow() { return submission.window(); }
-
-    MessageBoxSheets sheets;
-    TimedCalls calls;
-    OverviewController overview{sheets};
-    ToolbarControl toolbar{overview, sheets};
-    SubmissionOpener submission{toolbar, overview, sheets, calls};
-};
 
 /// The submission window as the program opens it, on a title "Mine", with sites on a server of the test's
 /// own; what a page is given is read from what it posts there.

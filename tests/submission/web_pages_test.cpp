@@ -4,7 +4,7 @@
 #include "submission/pop_up_window.h"
 #include "submission/submit_window_fixture.h"
 #include "submission/web_engine_page.h"
-#include "submission/web_engine_profile.h"
+#include "submission/engine_environment.h"
 #include "widgets/qt_desktop.h"
 
 #include <QSignalSpy>

@@ -1,0 +1,65 @@
+#include "submission/engine_environment.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+
+namespace {
+
+constexpr const char *debuggingVariable = "QTWEBENGINE_REMOTE_DEBUGGING";
+constexpr const char *sandboxVariable = "QTWEBENGINE_DISABLE_SANDBOX";
+constexpr const char *switchesVariable = "QTWEBENGINE_CHROMIUM_FLAGS";
+
+/// The engine's switches that take the sandbox, or a part of it, away.
+constexpr std::array<QByteArrayView, 4> sandboxSwitches = {
+    "no-sandbox", "single-process", "disable-seccomp-filter-sandbox", "disable-namespace-sandbox"};
+
+/// The switches in the environment, without the quotation marks that may stand anywhere in them.
+QByteArray environmentSwitches()
+{
+    return qgetenv(switchesVariable).replace('"', "");
+}
+
+void leaveOut(const char *variable)
+{
+    qunsetenv(variable);
+    std::fprintf(stderr, "quillon: %s is ignored: it would open web pages to other programs.\n", variable);
+}
+
+} // namespace
+
+void prepareEngineEnvironment()
+{
+    closeRemoteDebugging();
+    if (const QString warning = sandboxWarning(); !warning.isEmpty())
+        std::fprintf(stderr, "quillon: %s\n", qPrintable(warning));
+    if (geteuid() == 0)
+        qputenv(sandboxVariable, "1");
+}
+
+void closeRemoteDebugging()
+{
+    if (qEnvironmentVariableIsSet(debuggingVariable))
+        leaveOut(debuggingVariable);
+    if (environmentSwitches().contains("remote-debugging"))
+        leaveOut(switchesVariable);
+}
+
+QString sandboxWarning(bool isRoot)
+{
+    if (isRoot)
+        return u"running as root, so the sandbox of web pages is off."_s;
+    const QByteArray switches = environmentSwitches();
+    const bool isSwitchedOff = qEnvironmentVariableIsSet(sandboxVariable) ||
+                               std::ranges::any_of(sandboxSwitches, [&switches](QByteArrayView each) {
+                                   return switches.contains(each);
+                               });
+    return isSwitchedOff ? u"an environment variable has switched the sandbox of web pages off."_s
+                         : QString();
+}
+
+} // namespace quillon

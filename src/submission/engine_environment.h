@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QString>
+
+#include <unistd.h>
+
+namespace quillon {
+
+/// Readies the environment for the web engine, before it starts: takes out what would open pages to other
+/// programs, and for root the sandbox. Standard error says so, and also when another has taken the sandbox
+/// out.
+void prepareEngineEnvironment();
+
+/// Takes out of the environment what would open pages to other programs, and says so on standard error.
+void closeRemoteDebugging();
+
+/// Why pages run without the engine's sandbox, in a sentence; empty when they run inside it. It does not work
+/// for root, and an environment variable may have switched it off.
+QString sandboxWarning(bool isRoot = geteuid() == 0);
+
+} // namespace quillon

@@ -1,0 +1,47 @@
+#include "submission/web_engine_module.h"
+
+#include "submission/paste_queue.h"
+#include "submission/web_engine_browser.h"
+#include "submission/web_engine_profile.h"
+
+#include <QWebEngineProfile>
+
+namespace quillon {
+
+namespace {
+
+class WebEngine final : public BrowserEngine
+{
+public:
+    WebEngine(const QString &folder, Desktop &desktop)
+        : m_profile(newWebEngineProfile(folder)), m_pastes(desktop)
+    {
+    }
+
+    WindowBrowser &newBrowser(const QString &name, BrowserObserver &observer) override
+    {
+        auto *browser = new WebEngineBrowser(*m_profile, m_pastes, name);
+        const auto tell = [&](auto signal, auto report) {
+            QObject::connect(browser, signal, browser, std::bind_front(report, &observer));
+        };
+        tell(&WebEngineBrowser::stateChanged, &BrowserObserver::browserChanged);
+        tell(&WebEngineBrowser::titleChanged, &BrowserObserver::browserTitleChanged);
+        tell(&WebEngineBrowser::loadFailed, &BrowserObserver::browserLoadFailed);
+        tell(&WebEngineBrowser::closeRequested, &BrowserObserver::browserCloseRequested);
+        tell(&WebEngineBrowser::notice, &BrowserObserver::browserNotice);
+        return *browser;
+    }
+
+private:
+    std::unique_ptr<QWebEngineProfile> m_profile;
+    PasteQueue m_pastes;
+};
+
+} // namespace
+
+std::unique_ptr<BrowserEngine> WebEngineModule::newEngine(const QString &folder, Desktop &desktop)
+{
+    return std::make_unique<WebEngine>(folder, desktop);
+}
+
+} // namespace quillon
