@@ -164,7 +164,7 @@ Result<> convertOldFolder(const QString &name)
         return {};
     if (!old.summary)
         return old.summary.error();
-    if (!old.pad && (!old.pad.isError(Error::Kind::Missing) || QFileInfo(old.padPath).isSymLink()))
+    if (!old.pad && !old.pad.isError(Error::Kind::Missing))
         return old.pad.error();
     if (!title_folder::exists(name)) {
         if (Result<> stored = AddDeleteImportEdit::storeTitle(name, *old.summary, old.pad.valueOr({}));

@@ -99,7 +99,10 @@ Result<FolderHandle> FolderHandle::makeFolder(const QByteArray &name) const
 {
     if (::mkdirat(m_descriptor.get(), name.constData(), 0777) != 0)
         return systemError(Error::Kind::NotDone, pathOf(name), u"the folder could not be made"_s);
-    return openFolder(name);
+    Result<FolderHandle> folder = openFolder(name);
+    if (!folder)
+        ::unlinkat(m_descriptor.get(), name.constData(), AT_REMOVEDIR);
+    return folder;
 }
 
 Result<QByteArray> FolderHandle::read(const QByteArray &name) const

@@ -12,7 +12,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
 
 #include <algorithm>
 #include <array>
@@ -47,7 +46,7 @@ Result<QStringList> titleFolders()
     QStringList folders;
     for (const FolderHandle::Entry &entry : *entries) {
         const QString path = mwqnAppSuppLoc + exactText(entry.name);
-        if (path.endsWith(title_folder::extension) && QFileInfo(path).isDir())
+        if (path.endsWith(title_folder::extension))
             folders.append(path);
     }
     return folders;

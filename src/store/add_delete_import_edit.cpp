@@ -192,7 +192,10 @@ void AddDeleteImportEdit::removeUnfinished()
 
 Result<> AddDeleteImportEdit::createNewListing(const QString &name)
 {
-    if (title_folder::exists(name))
+    const Result<bool> isThere = title_folder::isThere(name);
+    if (!isThere)
+        return reported(dataFolder(), ofDataFolder(isThere.error()));
+    if (*isThere)
         return {};
     return storeTitle(name, summary_file::emptyText().toUtf8(), pad_writer::skeleton());
 }

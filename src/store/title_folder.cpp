@@ -1,11 +1,13 @@
 #include "store/title_folder.h"
 
+#include "platform/descriptor.h"
 #include "store/process_state.h"
 
 #include <QFile>
 
-#include <cerrno>
 #include <sys/stat.h>
+
+using namespace Qt::StringLiterals;
 
 namespace quillon::title_folder {
 
@@ -23,12 +25,19 @@ std::optional<QString> path(QStringView name)
     return mwqnAppSuppLoc + name + extension;
 }
 
-bool exists(QStringView name)
+Result<bool> isThere(QStringView name)
 {
     const std::optional<QString> folder = path(name);
     struct stat status = {};
-    return folder && (::lstat(QFile::encodeName(*folder).constData(), &status) == 0 ||
-                      (errno != ENOENT && errno != ENOTDIR));
+    if (!folder || ::lstat(QFile::encodeName(*folder).constData(), &status) == 0)
+        return folder.has_value();
+    Error error = systemError(Error::Kind::Unreadable, *folder, u"it cannot be looked at"_s);
+    return error.kind == Error::Kind::Missing ? Result<bool>(false) : Result<bool>(std::move(error));
+}
+
+bool exists(QStringView name)
+{
+    return isThere(name).valueOr(true);
 }
 
 } // namespace quillon::title_folder

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/result.h"
+
 #include <QString>
 
 #include <optional>
@@ -20,8 +22,10 @@ bool isUsableName(QStringView name);
 /// could lead out of the data folder.
 std::optional<QString> path(QStringView name);
 
-/// Whether anything, file or folder or broken link, has the title folder's name; also when that cannot be
-/// told.
+/// Whether anything, file or folder or broken link, has the title folder's name, or why that cannot be told.
+Result<bool> isThere(QStringView name);
+
+/// The same; true also when it cannot be told.
 bool exists(QStringView name);
 
 } // namespace quillon::title_folder

@@ -1,5 +1,6 @@
 #include "platform/atomic_file.h"
 #include "platform/folder_handle.h"
+#include "support/faults.h"
 #include "support/files.h"
 #include "support/full_disk.h"
 
@@ -100,5 +101,7 @@ TEST_F(AtomicFileTest, MovesFoldersOntoNothingOnly)
     for (const QByteArray taken : {"empty", "link", "b"})
         EXPECT_FALSE(parent->move("b", *parent, taken)) << taken.toStdString();
     EXPECT_FALSE(parent->move("a", *parent, "c"));
+    const FaultPlan plan(folder.path(), "open=EIO");
+    EXPECT_FALSE(parent->makeFolder("made") || parent->exists("made"));
     EXPECT_EQ(contents(at(u"b/f"_s)), "kept");
 }

@@ -61,7 +61,8 @@ TEST_F(TitleStoreTest, ADataFolderThatCannotBeSeenForAMomentIsNotMadeAnew)
     EXPECT_EQ(contents(inData(u"sites.qnrc"_s)), "mine");
     EXPECT_TRUE(Store::checkAppSuppExists() && mwqnFailedWrites.isEmpty());
     {
-        const FaultPlan plan(home(), "stat=EIO");
+        const FaultPlan plan(home(), "stat+=EIO");
+        EXPECT_FALSE(Store::createNewListing(u"New"_s));
         EXPECT_TRUE(title_folder::exists(u"T"_s)) << "nobody knows that it is not there";
     }
     EXPECT_EQ(names(mwqnAppSuppLoc), (QStringList{u"T.qndata"_s, u"ignore.qnrc"_s, u"sites.qnrc"_s}));

@@ -111,7 +111,7 @@ Rule parsed(std::string_view action)
     if (action.starts_with("full:")) {
         rule.lasting = true;
         rule.room = size_t(number(action.substr(5)));
-    } else if (action != "kill" && action != "torn" && action != "short") {
+    } else if (action != "kill" && action != "stop" && action != "torn" && action != "short") {
         rule.error = errorNamed(action);
     }
     return rule;
@@ -177,6 +177,11 @@ struct Plan
             --rule.at;
             if (rule.at > 0 || (rule.at < 0 && !rule.lasting))
                 continue;
+            if (rule.action == "stop") {
+                ++met;
+                ::kill(::getpid(), SIGSTOP);
+                continue;
+            }
             const Verdict now = applied(rule, size);
             if (now.error == 0 && !now.kills && now.size >= size)
                 continue;

@@ -29,6 +29,7 @@
 ///
 /// - EIO or the name of any other error: the call is not made, and fails so
 /// - kill: the call is not made, and the process is killed
+/// - stop: the process stops before the call, until somebody sends it SIGCONT
 /// - torn: a write gets half of its bytes, and the process is killed
 /// - short: a read or write gets half of its bytes
 /// - full:N: writes get N bytes in all, then ENOSPC
