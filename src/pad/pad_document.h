@@ -32,6 +32,12 @@ public:
     /// Whether it is laid out as the writer does it.
     [[nodiscard]] bool isWritten() const { return m_written.has_value(); }
 
+    /// What stands between the tags of the field's element, a stretch of text(); only of what is laid out so.
+    [[nodiscard]] QStringView writtenContent(const PadField &field) const
+    {
+        return (*m_written)[size_t(field.id)];
+    }
+
     [[nodiscard]] bool holds(const PadField &field) const;
 
     /// The string value of the field's element; none without one.

@@ -45,17 +45,18 @@ QByteArray declaredEncoding(const QByteArray &bytes)
 
 } // namespace
 
-QString decodedXmlText(const QByteArray &bytes)
+DecodedXml decodedXml(const QByteArray &bytes)
 {
     if (const auto evident = evidentEncoding(bytes))
-        return QStringDecoder(*evident)(bytes);
+        return {QStringDecoder(*evident)(bytes), QStringConverter::nameForEncoding(*evident)};
     if (auto text = decoded(bytes, QStringDecoder(QStringConverter::Utf8)))
-        return *std::move(text);
+        return {*std::move(text), "UTF-8"};
     // An encoding in which the declaration itself would not read is not the one that it is written in.
-    auto text = decoded(bytes, QStringDecoder(declaredEncoding(bytes).constData()));
+    const QByteArray declared = declaredEncoding(bytes);
+    auto text = decoded(bytes, QStringDecoder(declared.constData()));
     if (text && text->contains(u"<?xml"_s))
-        return *std::move(text);
-    return QStringDecoder("windows-1252")(bytes);
+        return {*std::move(text), declared};
+    return {QStringDecoder("windows-1252")(bytes), "windows-1252"};
 }
 
 QString exactText(QByteArrayView bytes)

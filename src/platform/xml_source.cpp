@@ -87,6 +87,25 @@ QByteArrayView XmlSource::text(QByteArrayView tag) const
     return start.size() == tag.size() + 2 && end >= 0 ? m_utf8.sliced(at, end - at) : QByteArrayView();
 }
 
+std::optional<XmlSource::Place> XmlSource::place(QByteArrayView tag) const
+{
+    const qsizetype first = firstElement(tag);
+    if (first < 0)
+        return std::nullopt;
+    const XmlToken &token = m_tokens[first];
+    const QByteArrayView whole = element(tag);
+    const auto offset = [this](const char *at) { return at - m_utf8.begin(); };
+    Place place{.begin = offset(whole.begin()),
+                .contentBegin = offset(token.source.end()),
+                .contentEnd = offset(whole.end()),
+                .end = offset(whole.end()),
+                .isOneTag = token.kind == XmlToken::Empty};
+    const qsizetype last = token.unclosed ? endOfUnclosed(first) : endOfClosed(first);
+    if (!place.isOneTag && m_tokens[last].kind != XmlToken::Text && m_tokens[last].kind != XmlToken::Verbatim)
+        place.contentEnd = qMax(place.contentBegin, offset(m_tokens[last].source.begin()));
+    return place;
+}
+
 QByteArrayView XmlSource::element(QByteArrayView tag) const
 {
     const qsizetype first = firstElement(tag);

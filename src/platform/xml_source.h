@@ -2,6 +2,8 @@
 
 #include "platform/xml_tokens.h"
 
+#include <optional>
+
 namespace quillon {
 
 /**
@@ -27,6 +29,19 @@ public:
     /// tags, and more start tags of its name, are what the author typed. Null where the element's tags are
     /// written in any other way.
     [[nodiscard]] QByteArrayView text(QByteArrayView tag) const;
+
+    /// Where an element stands, in bytes from the beginning.
+    struct Place
+    {
+        qsizetype begin = 0;
+        qsizetype contentBegin = 0; ///< Of an empty element in one tag, as contentEnd, its end.
+        qsizetype contentEnd = 0;
+        qsizetype end = 0;
+        bool isOneTag = false;
+    };
+
+    /// Where element() stands; the content of one that was never closed is the text that follows its tag.
+    [[nodiscard]] std::optional<Place> place(QByteArrayView tag) const;
 
 private:
     [[nodiscard]] qsizetype firstElement(QByteArrayView tag) const;
