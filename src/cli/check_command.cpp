@@ -59,7 +59,7 @@ private:
             return readable ? Refused : FileFailed;
         }
         PadForm form;
-        loadPADData(*pad, form);
+        loadPADData(pad->document, form);
         ErrorPass errors;
         field_rules::checkEntries(form, errors);
         return tell(u"file"_s, errors.errors());

@@ -16,7 +16,7 @@ std::vector<std::unique_ptr<Command>> commands()
 {
     std::vector<std::unique_ptr<Command>> all;
     for (const auto make : {listCommand, newCommand, renameCommand, deleteCommand, importCommand,
-                            exportCommand, showCommand, setCommand, checkCommand, sitesCommand, markCommand,
+                            exportCommand, originalCommand, showCommand, setCommand, checkCommand, sitesCommand, markCommand,
                             unmarkCommand, copyCommand, backupCommand, restoreCommand})
         all.push_back(make());
     return all;

@@ -1,5 +1,6 @@
 #include "cli/pad_file_commands.h"
 
+#include "journal/originals.h"
 #include "overview/title_operations.h"
 
 using namespace Qt::StringLiterals;
@@ -8,6 +9,7 @@ namespace quillon::cli {
 
 namespace {
 
+using title_operations::Export;
 using title_operations::Import;
 
 class ImportFile final : public Command
@@ -31,6 +33,8 @@ public:
             title_operations::importPadFile(file, *m_as ? std::optional(text(m_name)) : std::nullopt);
         for (const QString &finding : import.findings)
             complain(file + u": " + finding);
+        if (import.isKept && !import.findings.isEmpty())
+            complain(file + u": \"quillon-cli original\" gives the file back as it came."_s);
         if (import.outcome == Import::Imported || import.outcome == Import::NotStored)
             return outcome(import.stored);
         complain(file + u": " + import.message);
@@ -44,13 +48,25 @@ private:
     CLI::Option *m_as = nullptr;
 };
 
+/// Writes a file of a title: its PAD file, or the one that it came from.
 class ExportFile final : public Command
 {
 public:
+    explicit ExportFile(Export content) : m_content(content) {}
+
     CLI::App *addTo(CLI::App &application) override
     {
-        CLI::App *command = application.add_subcommand("export", "Write a title's PAD file as it is stored");
+        const bool isOriginal = m_content == Export::Original;
+        CLI::App *command = application.add_subcommand(
+            isOriginal ? "original" : "export",
+            isOriginal ? "Write the file that a title was imported from, byte for byte"
+                       : "Write a title's PAD file as it is stored");
         command->add_option("TITLE", m_title, "The title")->required();
+        if (!isOriginal)
+            command->add_flag(
+                "--merged", m_merged,
+                "Lay what was changed over the file that the title was imported from, so that all "
+                "else of it stays as it was");
         command->add_option("FILE", m_file, "Where to; an existing file is replaced. -: standard output")
             ->required();
         return command;
@@ -62,26 +78,35 @@ public:
     {
         if (!titleExists(text(m_title)))
             return Refused;
+        if (m_merged)
+            m_content = Export::Merged;
         if (m_file == "-")
             return toStandardOutput();
-        const Result<> exported = title_operations::exportPadFile(text(m_title), text(m_file));
-        if (!exported)
-            complain(title_operations::exportFailed);
-        return outcome(exported);
+        return told(title_operations::exportPadFile(text(m_title), text(m_file), m_content));
     }
 
 private:
     [[nodiscard]] ExitStatus toStandardOutput() const
     {
-        const auto content = title_operations::exportedPad(text(m_title));
-        if (content) {
+        const auto content = title_operations::exportedPad(text(m_title), m_content);
+        if (content)
             print(*content);
-            return Done;
-        }
-        complain(title_operations::exportFailed);
-        return outcome(content.error());
+        return told(content ? Result<>() : content.error());
     }
 
+    [[nodiscard]] ExitStatus told(const Result<> &exported) const
+    {
+        const bool isMissing = m_content != Export::Stored && exported.isError(Error::Kind::Missing) &&
+                               !originals::has(text(m_title));
+        if (isMissing)
+            complain(u"No original was kept of %1."_s.arg(text(m_title)));
+        else if (!exported)
+            complain(title_operations::exportFailed);
+        return isMissing ? Refused : outcome(exported);
+    }
+
+    Export m_content;
+    bool m_merged = false;
     std::string m_title;
     std::string m_file;
 };
@@ -95,7 +120,12 @@ std::unique_ptr<Command> importCommand()
 
 std::unique_ptr<Command> exportCommand()
 {
-    return std::make_unique<ExportFile>();
+    return std::make_unique<ExportFile>(Export::Stored);
+}
+
+std::unique_ptr<Command> originalCommand()
+{
+    return std::make_unique<ExportFile>(Export::Original);
 }
 
 } // namespace quillon::cli

@@ -8,5 +8,6 @@ namespace quillon::cli {
 
 std::unique_ptr<Command> importCommand();
 std::unique_ptr<Command> exportCommand();
+std::unique_ptr<Command> originalCommand();
 
 } // namespace quillon::cli

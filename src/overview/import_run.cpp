@@ -35,6 +35,8 @@ QString informativeText(const ImportReport &report)
                     u"Of %1 files, something will be lost as soon as you select their titles."_s);
     if (!report.failures.isEmpty() || report.lossy > 0)
         sentences += u"The details list it."_s;
+    if (report.kept > 0 && report.kept == report.lossy)
+        sentences += u"“Export Original…” in the menu “Title” gives each file back as it came."_s;
     return sentences.join(u' ');
 }
 
@@ -112,6 +114,7 @@ void ImportRun::take(const QString &path, const Import &import, ImportReport &re
     case Import::Imported:
         ++report.imported;
         report.lossy += import.findings.isEmpty() ? 0 : 1;
+        report.kept += !import.findings.isEmpty() && import.isKept ? 1 : 0;
         for (const QString &finding : import.findings)
             report.losses.append({.file = file, .text = finding});
         break;

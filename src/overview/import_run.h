@@ -21,6 +21,7 @@ struct ImportReport
     qsizetype imported = 0;
     qsizetype unnamed = 0;     ///< Those that wait for a name.
     qsizetype lossy = 0;       ///< Those of the imported ones that lose something.
+    qsizetype kept = 0;        ///< Those of the lossy ones whose file itself is kept.
     QList<Line> failures = {}; ///< One for each file that did not come in.
     QList<Line> losses = {};   ///< One for each value that will not be kept.
 

@@ -1,5 +1,6 @@
 #include "overview/title_commands.h"
 
+#include "journal/originals.h"
 #include "platform/application_info.h"
 #include "store/add_delete_import_edit.h"
 #include "store/process_state.h"
@@ -7,6 +8,8 @@
 using namespace Qt::StringLiterals;
 
 namespace quillon {
+
+using title_operations::Export;
 
 TitleCommands::TitleCommands(OverviewController &overview, AlertSheets &alerts, DelayedCalls &delayedCalls,
                              QObject *parent)
@@ -153,12 +156,43 @@ void TitleCommands::exportButtonAction()
 {
     if (!mwqnSelSW)
         return;
-    const FileRequest request{u"Export PAD File"_s, u"xml"_s, mwqnSelSW->trimmed(), false};
-    m_alerts.chooseSaveFile(SheetWindow::Main, request, [this, title = *mwqnSelSW](const QString &path) {
-        const Result<> exported = title_operations::exportPadFile(title, path);
-        tellLater(exported ? Alert{title_operations::exportSucceeded}
-                           : Alert{title_operations::exportFailed, exported.error().reason});
-    });
+    auto content = std::make_shared<Export>(Export::Stored);
+    FileRequest request{u"Export PAD File"_s, u"xml"_s, mwqnSelSW->trimmed(), false};
+    if (originals::has(*mwqnSelSW)) {
+        request.option = u"&Merge into the imported file, so that what Quillon does not keep stays"_s;
+        request.optionChosen = [content](bool isTicked) {
+            *content = isTicked ? Export::Merged : Export::Stored;
+        };
+    }
+    exportChosen(request, content);
+}
+
+void TitleCommands::exportOriginal()
+{
+    if (!mwqnSelSW)
+        return;
+    const auto original = originals::of(*mwqnSelSW);
+    if (!original) {
+        m_alerts.show(
+            SheetWindow::Main,
+            original.isError(Error::Kind::Missing)
+                ? Alert{u"No original was kept of %1"_s.arg(*mwqnSelSW),
+                        u"It was made in Quillon, or came in before originals were kept."_s}
+                : Alert{u"The original of %1 cannot be read"_s.arg(*mwqnSelSW), original.error().reason});
+        return;
+    }
+    exportChosen({u"Export Original"_s, u"xml"_s, original->name, false},
+                 std::make_shared<Export>(Export::Original));
+}
+
+void TitleCommands::exportChosen(const FileRequest &request, const std::shared_ptr<Export> &content)
+{
+    m_alerts.chooseSaveFile(
+        SheetWindow::Main, request, [this, content, title = *mwqnSelSW](const QString &path) {
+            const Result<> exported = title_operations::exportPadFile(title, path, *content);
+            tellLater(exported ? Alert{title_operations::exportSucceeded}
+                               : Alert{title_operations::exportFailed, exported.error().reason});
+        });
 }
 
 void TitleCommands::helpAction()

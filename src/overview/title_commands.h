@@ -45,6 +45,8 @@ public:
     /// Imports one file, or several at once.
     void processImportedFile(const QStringList &paths);
     void exportButtonAction();
+    /// Saves the file that the selected title came from.
+    void exportOriginal();
     void helpAction();
     void bugReportAction();
 
@@ -59,6 +61,7 @@ Q_SIGNALS:
     void openWebAddress(const QString &address);
 
 private:
+    void exportChosen(const FileRequest &request, const std::shared_ptr<title_operations::Export> &content);
     void openNamePanel(const NamePanel &panel);
     void closeNamePanel();
     void importError2(const QString &message);

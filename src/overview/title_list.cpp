@@ -1,5 +1,6 @@
 #include "overview/title_list.h"
 
+#include "journal/originals.h"
 #include "platform/atomic_file.h"
 #include "platform/folder_handle.h"
 #include "platform/string_dictionary.h"
@@ -170,6 +171,9 @@ Result<> convertOldFolder(const QString &name)
         if (Result<> stored = AddDeleteImportEdit::storeTitle(name, *old.summary, old.pad.valueOr({}));
             !stored)
             return stored;
+        if (old.pad)
+            (void)originals::keep(name, {*old.pad, QFileInfo(old.padPath).fileName()},
+                                  originals::Keeping::Newest);
     } else if (!isConverted(old, *title_folder::path(name))) {
         return Error{Error::Kind::Refused, old.folder, u"it is left as it is: a title has its name"_s};
     }

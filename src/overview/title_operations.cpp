@@ -1,5 +1,7 @@
 #include "overview/title_operations.h"
 
+#include "journal/originals.h"
+#include "overview/merged_export.h"
 #include "pad/field_catalogue.h"
 #include "pad/import_findings.h"
 #include "pad/pad_writer.h"
@@ -85,57 +87,68 @@ QString sentence(NameVerdict verdict)
     return {};
 }
 
-Result<PadDocument> readPadFile(const QString &path)
+Result<PadFile> readPadFile(const QString &path)
 {
-    const auto bytes = atomic_file::read(path, maxPadFileSize);
+    auto bytes = atomic_file::read(path, maxPadFileSize);
     if (!bytes)
         return bytes.error();
     QString text = decodedXmlText(*bytes);
     if (!text.contains(padMarker, Qt::CaseInsensitive))
         return Error{Error::Kind::Unintelligible, path, u"it is no PAD file"_s};
-    return PadDocument(std::move(text));
+    return PadFile{*std::move(bytes), PadDocument(std::move(text))};
 }
 
 Import importPadFile(const QString &path, const std::optional<QString> &name)
 {
-    const Result<PadDocument> document = readPadFile(path);
-    if (!document)
+    const Result<PadFile> file = readPadFile(path);
+    if (!file)
         return {Import::NotPad,
                 {},
                 u"The file you selected does not appear to be a valid PAD file and cannot be imported."_s,
                 {}};
+    const PadDocument &document = file->document;
     const QString chosen =
-        name ? *name : document->xml().first(padField(FieldId::programName).element).value_or(QString());
+        name ? *name : document.xml().first(padField(FieldId::programName).element).value_or(QString());
     if (const NameVerdict verdict = judgeName(chosen); verdict != NameVerdict::Free)
         return {Import::NeedsName, chosen, name ? sentence(verdict) : nameConflict(chosen), {}};
 
-    const Result<> stored = AddDeleteImportEdit::importExistingFile(chosen, *document);
+    const Result<> stored = AddDeleteImportEdit::importExistingFile(chosen, document);
     if (!stored.isDone())
         return {Import::NotStored, chosen, failureLine(stored.error()), {}, stored};
-    return {Import::Imported, chosen, importSucceeded, importFindings(*document), stored};
+    const bool isKept =
+        bool(originals::keep(chosen, {file->bytes, QFileInfo(path).fileName()}, originals::Keeping::Newest));
+    return {Import::Imported, chosen, importSucceeded, importFindings(document), stored, isKept};
 }
 
-Result<QByteArray> exportedPad(const QString &title)
+Result<QByteArray> exportedPad(const QString &title, Export content)
 {
+    const auto original = content == Export::Stored ? originals::Original() : originals::of(title);
+    if (!original || content == Export::Original)
+        return original ? original->bytes : Result<QByteArray>(original.error());
     const auto folder = title_folder::path(title);
     if (!folder)
         return Error{Error::Kind::Missing, title, u"there is no such title"_s};
     const auto stored = atomic_file::read(*folder + u'/' + title_folder::padFile);
-    return stored ? pad_writer::exported(*stored) : stored;
+    if (!stored)
+        return stored;
+    return content == Export::Merged ? mergedExport(original->bytes, *stored) : pad_writer::exported(*stored);
 }
 
-Result<> exportPadFile(const QString &title, const QString &path)
+Result<> exportPadFile(const QString &title, const QString &path, Export content)
 {
-    const auto content = exportedPad(title);
-    if (!content)
-        return Error{content.error().kind, path,
-                     u"the title's own PAD file cannot be read: %1"_s.arg(content.error().reason)};
+    const auto bytes = exportedPad(title, content);
+    if (!bytes) {
+        const QString &reason = bytes.error().reason;
+        return Error{bytes.error().kind, path,
+                     content == Export::Stored ? u"the title's own PAD file cannot be read: %1"_s.arg(reason)
+                                               : reason};
+    }
     const QFileInfo there(path);
     const bool isNew = !there.exists() && !there.isSymLink();
     if (!isNew && !there.isFile())
         return Error{Error::Kind::Refused, path, u"what has that name is no file"_s};
     const QString place = isNew ? path : there.canonicalFilePath(); // A link stays one.
-    Result<> written = atomic_file::write(place, *content);
+    Result<> written = atomic_file::write(place, *bytes);
     if (written)
         removeAbandoned(QFileInfo(place).absolutePath());
     return written;

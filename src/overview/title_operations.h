@@ -43,24 +43,41 @@ struct Import
     QString message;      ///< The sentence for the author.
     QStringList findings; ///< After an import: what Quillon will not keep, one sentence each.
     Result<> stored = {}; ///< What came of storing the title; after an import it may not yet be safe.
+    bool isKept = false;  ///< The file itself is kept beside the title, byte for byte.
+};
+
+/// A PAD file from anywhere.
+struct PadFile
+{
+    QByteArray bytes; ///< As they stand there.
+    PadDocument document;
 };
 
 /// Files larger than this (bytes) are not taken for PAD files; real ones have 10 to 100 kB.
 inline constexpr qint64 maxPadFileSize = 1024LL * 1024;
 
 /// The PAD file at @p path; one that is too large is unreadable, one without the PAD marker unintelligible.
-Result<PadDocument> readPadFile(const QString &path);
+Result<PadFile> readPadFile(const QString &path);
 
-/// Makes a title of the PAD file at @p path, under the file's own program name or under @p name.
+/// Makes a title of the PAD file at @p path, under the file's own program name or under @p name, and keeps
+/// the file.
 Import importPadFile(const QString &path, const std::optional<QString> &name = std::nullopt);
 
-/// Writes the stored PAD file of @p title to @p path, taken as it is. An existing file is replaced, where
+/// What is exported of a title.
+enum class Export
+{
+    Stored,  ///< Its PAD file as Quillon writes it.
+    Merged,  ///< The file that it came from, with what was changed since laid over it (mergedExport()).
+    Original ///< The file that it came from, byte for byte.
+};
+
+/// Writes @p content of @p title to @p path, taken as it is. An existing file is replaced, where
 /// @p path is a link the one that it points to; anything else that has the name stays. The error is for the
 /// caller to tell; it is none of the stored files'.
-Result<> exportPadFile(const QString &title, const QString &path);
+Result<> exportPadFile(const QString &title, const QString &path, Export content = Export::Stored);
 
-/// The exported form of the stored PAD file of @p title.
-Result<QByteArray> exportedPad(const QString &title);
+/// What is exported of @p title; Missing where it has no such file.
+Result<QByteArray> exportedPad(const QString &title, Export content = Export::Stored);
 
 /// Takes the selected title's marks of sites that are gone from the catalogue out of its summary file. True
 /// when that changed the file. Before the catalogue has been built, or while the author's own sites cannot be

@@ -40,6 +40,9 @@ struct FileRequest
     QString proposedName = {};
     bool severalFiles = false;
     bool isFolder = false; ///< What is chosen is a folder that the author knows as one item.
+    QString option = {};   ///< The text of a check box beside the place to save; empty for none.
+    /// Told whether it is ticked, before the place is.
+    std::function<void(bool isTicked)> optionChosen = {};
 };
 
 /**

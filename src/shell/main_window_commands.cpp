@@ -17,6 +17,7 @@ QList<Command> mainWindowCommands(const MainWindowParts &parts)
     };
     const QString file = u"&File"_s;
     const QString view = u"&View"_s;
+    const QString title = u"Tit&le"_s;
     const QString help = u"&Help"_s;
     // clang-format off
     return {
@@ -55,6 +56,10 @@ QList<Command> mainWindowCommands(const MainWindowParts &parts)
          .run = [parts] { parts.toolbar.submitTBI(); }},
         {.id = u"customise"_s, .text = u"&Customise Toolbar…"_s, .menu = view, .opensGroup = true,
          .run = [parts] { parts.window.customiseToolbar(); }},
+
+        {.id = u"exportOriginal"_s, .text = u"Export &Original…"_s, .menu = title,
+         .toolTip = u"Save the file that the selected title was imported from"_s,
+         .isEnabled = ifFileMenuHas(FileMenu::Export), .run = [parts] { parts.titles.exportOriginal(); }},
 
         {.id = u"help"_s, .text = u"Quillon &Help"_s, .menu = help, .icon = u"help"_s,
          .keys = {QKeySequence::HelpContents}, .run = [parts] { parts.titles.helpAction(); }},

@@ -3,6 +3,7 @@
 #include "platform/settings.h"
 #include "shell/folder_item_dialog.h"
 
+#include <QCheckBox>
 #include <QCloseEvent>
 #include <QDialogButtonBox>
 #include <QDir>
@@ -72,6 +73,21 @@ QFileDialog *newFileDialog(QWidget *parent, const FileRequest &request, QFileDia
     dialog->setLabelText(QFileDialog::Accept, request.prompt);
     dialog->setOption(QFileDialog::ReadOnly); // No folder is made, renamed or deleted.
     return dialog;
+}
+
+/// Adds the check box that @p request asks for.
+void addOption(QFileDialog &dialog, const FileRequest &request)
+{
+    // Only the toolkit's own dialog has a place for it.
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    auto *grid = qobject_cast<QGridLayout *>(dialog.layout());
+    if (!grid)
+        return;
+    auto *option = new QCheckBox(request.option);
+    option->setObjectName(u"fileOption"_s);
+    grid->addWidget(option, grid->rowCount(), 0, 1, grid->columnCount());
+    QObject::connect(&dialog, &QFileDialog::fileSelected, option,
+                     [option, chosen = request.optionChosen] { chosen(option->isChecked()); });
 }
 
 /// The same for a folder that is known as one item.
@@ -182,6 +198,8 @@ void MessageBoxSheets::chooseSaveFile(SheetWindow window, const FileRequest &req
 {
     QFileDialog *dialog = newChooser(widget(window), request, QFileDialog::AcceptSave);
     dialog->selectFile(withExtension(request.proposedName, request));
+    if (!request.option.isEmpty())
+        addOption(*dialog, request);
     const auto take = [this, window, request, chosen = std::move(chosen)](const QString &path) {
         const QString file = withExtension(path, request);
         if (file == path || !QFileInfo::exists(file)) {

@@ -1,5 +1,7 @@
 #include "sites/title_transfer.h"
 
+#include "journal/journal.h"
+#include "journal/originals.h"
 #include "platform/abandoned.h"
 #include "platform/staged_folder.h"
 #include "platform/text_decoding.h"
@@ -245,6 +247,8 @@ public:
         if (!m_copied.isEmpty()) {
             if (const Result<> placed = place(); !placed && m_state)
                 m_state = placed;
+            if (!m_restored.isEmpty())
+                keepOriginals();
         }
         for (const QByteArray &title : std::as_const(m_ignored))
             logImported(title);
@@ -274,6 +278,7 @@ private:
             }
             ++m_imported;
             logImported(title);
+            m_restored.append(title);
         }
         return m_staged->parent().sync();
     }
@@ -301,7 +306,27 @@ private:
                      "name."_s;
     }
 
+    /// Keeps the files of the restored titles as what they came from, where nothing is known of them.
+    void keepOriginals() const
+    {
+        (void)Journal::ofDataFolder().change([this](Database &) -> Result<> {
+            for (const QByteArray &title : m_restored) {
+                const auto folder = m_staged->parent().openFolder(title);
+                const auto pad = folder ? folder->read(title_folder::padFile.toUtf8()) : folder.error();
+                const QString name = exactText(title.chopped(title_folder::extension.size()));
+                if (!pad)
+                    continue;
+                if (Result<> kept = originals::keep(name, {*pad, title_folder::padFile.toString()},
+                                                    originals::Keeping::First);
+                    !kept)
+                    return kept;
+            }
+            return {};
+        });
+    }
+
     QList<QByteArray> m_ignored;
+    QList<QByteArray> m_restored;
     int m_imported = 0;
 };
 

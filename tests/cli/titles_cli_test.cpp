@@ -76,7 +76,15 @@ TEST_F(TitlesCli, ListsWhatAnImportFound)
     EXPECT_EQ(import.status, 0);
     EXPECT_TRUE(import.messages.contains("Program_OS_Support: “Win 11” is not in the list"))
         << import.messages.constData();
-    EXPECT_EQ(import.messages.count('\n'), 1);
+    EXPECT_EQ(import.messages.count('\n'), 2);
+    EXPECT_EQ(cli({u"original"_s, u"Other"_s, u"-"_s}).output, contents(home() + u"/a.xml"_s));
+    cli({u"new"_s, u"Made"_s});
+    for (const QStringList &command : {QStringList{u"original"_s}, {u"export"_s, u"--merged"_s}}) {
+        const CliResult none = cli(command + QStringList{u"Made"_s, home() + u"/none.xml"_s});
+        EXPECT_EQ(none.status, 3);
+        EXPECT_EQ(none.messages, "quillon-cli: No original was kept of Made.\n");
+    }
+    cli({u"delete"_s, u"Made"_s});
 
     const QJsonObject title = titles().at(0).toObject();
     const QJsonObject expected{
@@ -161,6 +169,8 @@ TEST_F(TitlesCli, RealFilesComeInAndGoOutAgain)
         judgements.insert(cli({u"check"_s, file.filePath()}).status);
         const QString copy = home() + u"/copy.xml"_s;
         ASSERT_EQ(cli({u"export"_s, file.fileName(), copy}).status, 0);
+        for (const QStringList &command : {QStringList{u"original"_s}, {u"export"_s, u"--merged"_s}})
+            EXPECT_EQ(cli(command + QStringList{file.fileName(), u"-"_s}).output, contents(file.filePath()));
         ASSERT_EQ(runCli(second, {u"import"_s, copy, u"--as"_s, file.fileName()}).status, 0);
         EXPECT_EQ(cli({u"show"_s, file.fileName(), u"--json"_s}).output,
                   runCli(second, {u"show"_s, file.fileName(), u"--json"_s}).output);

@@ -1,6 +1,8 @@
 #include "editor/editor.h"
+#include "journal/journal.h"
 #include "overview/overview_controller.h"
 #include "overview/title_commands.h"
+#include "pad/pad_writer.h"
 #include "platform/notifications.h"
 #include "store/site_list.h"
 #include "store/storage_status.h"
@@ -366,10 +368,31 @@ TEST_F(OverviewTest, OneImportTellsItsFindingsAfterADelay)
     EXPECT_EQ(sheets.lastMessage(), u"Import Successful"_s);
     EXPECT_EQ(
         sheets.alerts.last().informativeText,
-        u"Some of what the file holds will be lost as soon as you select the title. The details list it."_s);
+        u"Some of what the file holds will be lost as soon as you select the title. The details list it. "
+        "“Export Original…” in the menu “Title” gives each file back as it came."_s);
     ASSERT_EQ(sheets.alerts.last().details.size(), 2);
     EXPECT_TRUE(sheets.alerts.last().details[0].contains(u"Program_Type: “Freemium”"_s));
     EXPECT_TRUE(sheets.alerts.last().details[1].contains(u"RoboSoft"_s));
+
+    const QByteArray original = contents(sheets.filesToChoose.first());
+    select(u"One"_s);
+    put(inData(u"One.qndata/data.qnxml"_s), pad_writer::skeleton());
+    sheets.filesToChoose = {home() + u"/out.xml"_s};
+    for (const bool isMerged : {false, true}) {
+        sheets.ticksOption = isMerged;
+        commands.exportButtonAction();
+        EXPECT_EQ(contents(sheets.filesToChoose.first()).contains("<RoboSoft>"), isMerged);
+    }
+    commands.exportOriginal();
+    EXPECT_EQ(contents(sheets.filesToChoose.first()), original);
+    EXPECT_EQ(sheets.requests.last().proposedName, u"a.xml"_s);
+    calls.pass(resultDelay);
+    // What cannot be kept costs only that.
+    Journal::ofDataFolder().close();
+    ASSERT_TRUE(QDir(mwqnAppSuppLoc).rename(u"quillon.sqlite"_s, u"away"_s));
+    ASSERT_TRUE(QDir(mwqnAppSuppLoc).mkdir(u"quillon.sqlite"_s));
+    const auto import = title_operations::importPadFile(fileAt(u"2.xml"_s, original), u"Two"_s);
+    EXPECT_TRUE(import.stored && !import.isKept && !mwqnFailedExtras.isEmpty());
 
     commands.processImportedFile({fileAt(u"b.xml"_s, "no marker")});
     calls.pass(resultDelay);
@@ -423,7 +446,8 @@ TEST_F(OverviewTest, TheReportCountsFailuresNamesAndLossesApart)
     EXPECT_EQ(
         sheets.alerts.last().informativeText,
         u"2 files could not be imported. 1 file needs another name, which you will be asked for. Of 1 file, "
-        "something will be lost as soon as you select its title. The details list it."_s);
+        "something will be lost as soon as you select its title. The details list it. "
+        "“Export Original…” in the menu “Title” gives each file back as it came."_s);
     const QString notPad =
         u"The file you selected does not appear to be a valid PAD file and cannot be imported."_s;
     EXPECT_EQ(sheets.alerts.last().details,

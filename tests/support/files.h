@@ -33,7 +33,7 @@ inline QStringList names(const QString &folder)
 }
 
 /// Everything below @p folder, hidden things too, by their paths from there: the bytes of files, "-" for
-/// others.
+/// others. The database of extras is left out.
 inline QMap<QString, QByteArray> tree(const QString &folder)
 {
     QMap<QString, QByteArray> found;
@@ -41,7 +41,8 @@ inline QMap<QString, QByteArray> tree(const QString &folder)
                       QDirIterator::Subdirectories);
     while (walk.hasNext()) {
         const QString path = walk.next();
-        found[QDir(folder).relativeFilePath(path)] = walk.fileInfo().isFile() ? contents(path) : "-";
+        if (!walk.fileName().startsWith(QStringLiteral("quillon.sqlite")))
+            found[QDir(folder).relativeFilePath(path)] = walk.fileInfo().isFile() ? contents(path) : "-";
     }
     return found;
 }

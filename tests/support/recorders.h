@@ -30,6 +30,8 @@ public:
     void chooseSaveFile(SheetWindow, const FileRequest &request, FileChosen chosen) override
     {
         requests.append(request);
+        if (request.optionChosen && !filesToChoose.isEmpty())
+            request.optionChosen(ticksOption);
         if (!filesToChoose.isEmpty())
             chosen(filesToChoose.first());
     }
@@ -47,6 +49,7 @@ public:
     QList<Alert> alerts;
     QList<FileRequest> requests;
     QStringList filesToChoose; ///< What the user chooses next; empty for cancelling.
+    bool ticksOption = false;  ///< Whether the user ticks what there is beside the place to save.
 
 private:
     Answered m_answered;
