@@ -2,6 +2,7 @@
 
 #include "cli/backup_commands.h"
 #include "cli/check_command.h"
+#include "cli/history_commands.h"
 #include "cli/list_command.h"
 #include "cli/new_rename_delete.h"
 #include "cli/pad_file_commands.h"
@@ -15,9 +16,10 @@ namespace quillon::cli {
 std::vector<std::unique_ptr<Command>> commands()
 {
     std::vector<std::unique_ptr<Command>> all;
-    for (const auto make : {listCommand, newCommand, renameCommand, deleteCommand, importCommand,
-                            exportCommand, originalCommand, showCommand, setCommand, checkCommand, sitesCommand, markCommand,
-                            unmarkCommand, copyCommand, backupCommand, restoreCommand})
+    for (const auto make :
+         {listCommand, newCommand, renameCommand, deleteCommand, importCommand, exportCommand,
+          originalCommand, showCommand, setCommand, historyCommand, restoreTextCommand, restoreTitleCommand,
+          checkCommand, sitesCommand, markCommand, unmarkCommand, copyCommand, backupCommand, restoreCommand})
         all.push_back(make());
     return all;
 }

@@ -61,7 +61,7 @@ public:
     {
         if (!titleExists(text(m_old)) || !isFree(text(m_new)))
             return Refused;
-        return outcome(AddDeleteImportEdit::renameExistingQnDataFile(text(m_old), text(m_new)));
+        return outcome(title_operations::renameTitle(text(m_old), text(m_new)));
     }
 
 private:

@@ -49,7 +49,6 @@ bool isPossible(const Assignment &assignment)
 /// Does what the author would: changes the control and leaves it.
 void enter(Editor &editor, const Assignment &assignment, bool leave)
 {
-    PadForm &form = editor.form();
     const FieldId field = assignment.field;
     switch (padField(field).kind) {
     case FieldKind::Text:
@@ -58,25 +57,15 @@ void enter(Editor &editor, const Assignment &assignment, bool leave)
             editor.controlTextDidEndEditing(field);
         return;
     case FieldKind::MultiLine:
-        editor.typed(field, assignment.value);
-        return;
+        return editor.typed(field, assignment.value);
     case FieldKind::PopUp:
-        form.popUp(field).setTitle(assignment.value);
-        break;
     case FieldKind::CheckBox:
-        form.checkBox(field).setOn(assignment.value == u"Y");
-        break;
-    case FieldKind::CheckList: {
-        CheckListControl &list = form.checkList(field);
-        const QStringList entries = listEntries(assignment.value);
-        for (qsizetype row = 0; row < list.entries().size(); ++row)
-            list.setTicked(row, entries.contains(list.entries()[row]));
-        break;
-    }
+    case FieldKind::CheckList:
+        editor.form().setValue(field, assignment.value);
+        return editor.controlAction(field);
     case FieldKind::Computed:
         return;
     }
-    editor.controlAction(field);
 }
 
 class Set final : public Command

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "changes/edit_history.h"
 #include "cli/command.h"
 #include "editor/editor.h"
 #include "platform/alert_sheets.h"
+#include "platform/delayed_calls.h"
 
 namespace quillon::cli {
 
@@ -26,7 +28,7 @@ void buildCatalogue();
 class TitleSession
 {
 public:
-    TitleSession() : m_editor(m_alerts) {}
+    TitleSession() : m_editor(m_alerts), m_history(m_editor, m_delayedCalls) {}
 
     /// Done; or the complaint that there is no title @p name, or that it cannot be read.
     ExitStatus open(const QString &name);
@@ -34,12 +36,22 @@ public:
     [[nodiscard]] Editor &editor() { return m_editor; }
     [[nodiscard]] const QStringList &alerts() const { return m_alerts.messages; }
 
+    [[nodiscard]] EditHistory &history() { return m_history; }
+
     /// Done, or the complaint that something could not be stored.
     static ExitStatus stored();
 
 private:
+    /// A command ends before any time has gone by.
+    struct NoDelayedCalls final : DelayedCalls
+    {
+        void after(std::chrono::milliseconds, QObject *, std::function<void()>) override {}
+    };
+
     ToldAlerts m_alerts;
     Editor m_editor;
+    NoDelayedCalls m_delayedCalls;
+    EditHistory m_history;
 };
 
 /// Shows @p fields of the open title, its alerts among them: as JSON or as lines.

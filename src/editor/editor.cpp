@@ -52,6 +52,7 @@ void Editor::awakeFromNib()
 
 void Editor::loadPADData()
 {
+    Q_EMIT formAboutToLoad();
     const auto stored = AddDeleteImportEdit::returnDataObjectFor(u"data");
     m_loaded = {};
     m_keepsOldPad = false;
@@ -80,6 +81,7 @@ void Editor::typed(FieldId field, const QString &text)
         textDidChange(field);
     else
         controlTextDidChange(field);
+    Q_EMIT edited(field);
 }
 
 void Editor::controlTextDidChange(FieldId field)
@@ -92,7 +94,7 @@ void Editor::controlTextDidChange(FieldId field)
 
 void Editor::textDidChange(FieldId)
 {
-    checkEntriesForErrors();
+    checkAll();
 }
 
 void Editor::controlTextDidEndEditing(FieldId field)
@@ -104,11 +106,13 @@ void Editor::controlTextDidEndEditing(FieldId field)
         m_sheets.show(SheetWindow::Main, {.message = alert.toString()});
     m_form.text(field).setEditing(false);
     check(log, errors);
+    leave(field);
 }
 
-void Editor::controlAction(FieldId)
+void Editor::controlAction(FieldId field)
 {
-    checkEntriesForErrors();
+    checkAll();
+    Q_EMIT edited(field);
 }
 
 int Editor::numberOfRows(FieldId list) const
@@ -129,10 +133,24 @@ bool Editor::isRowTicked(FieldId list, int row) const
 void Editor::toggleRow(FieldId list, int row)
 {
     m_form.checkList(list).toggle(row);
-    checkEntriesForErrors();
+    controlAction(list);
+}
+
+void Editor::setValues(const QList<std::pair<FieldId, QString>> &values)
+{
+    for (const auto &[field, value] : values)
+        m_form.setValue(field, value);
+    field_rules::forgetTypedHints(m_form);
+    checkAll();
 }
 
 void Editor::checkEntriesForErrors()
+{
+    checkAll();
+    Q_EMIT rechecked();
+}
+
+void Editor::checkAll()
 {
     const ErrorLog log;
     ErrorPass errors(log.errors());

@@ -51,6 +51,10 @@ public:
     void textDidChange(FieldId field);
     /// The author leaves a single-line field; dates are put in order then, and an impossible year is told of.
     void controlTextDidEndEditing(FieldId field);
+    /// The author leaves a field of any kind, after controlTextDidEndEditing() where that belongs to it.
+    void leave(FieldId field) { Q_EMIT left(field); }
+    /// What the author did so far is to be a step of its own when it is taken back.
+    void endStep() { Q_EMIT stepEnded(); }
     /// The author has chosen from a pop-up or clicked the check box.
     void controlAction(FieldId field);
 
@@ -64,6 +68,9 @@ public:
     /// The field that takes the keyboard, with the insertion point at the end of its text, when the author
     /// picks the page @p label.
     [[nodiscard]] FieldId didSelectTabViewItem(QStringView label) const { return firstFieldOf(label); }
+
+    /// Sets fields to values of PadForm::value() as they stand, past the filters of typing, and checks once.
+    void setValues(const QList<std::pair<FieldId, QString>> &values);
 
     /// The full check: judges every field and stores the error log, the PAD file and the summary file, each
     /// only if it would change.
@@ -82,12 +89,22 @@ public:
     void createGeneralFileData() const;
 
 Q_SIGNALS:
+    /// The form is going to be filled anew.
+    void formAboutToLoad();
+    /// The author has changed @p field, and it is stored.
+    void edited(quillon::FieldId field);
+    /// The author has left @p field, and it is stored.
+    void left(quillon::FieldId field);
+    void stepEnded();
+    /// A full check is done that no editing has asked for.
+    void rechecked();
     /// The form was filled anew, or emptied because of what loaded() tells.
     void formLoaded();
     /// A full check is done and everything is stored.
     void checked();
 
 private:
+    void checkAll();
     void check(const ErrorLog &log, ErrorPass &errors);
     [[nodiscard]] bool mayStore() const;
     void storeSummary(bool isValid) const;

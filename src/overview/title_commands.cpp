@@ -87,7 +87,7 @@ void TitleCommands::addSWNPIAction(const QString &name)
     }
     const Result<> changed = panel.nameSheetCalledFrom == u"new"
                                  ? AddDeleteImportEdit::createNewListing(name)
-                                 : AddDeleteImportEdit::renameExistingQnDataFile(panel.title, name);
+                                 : title_operations::renameTitle(panel.title, name);
     if (changed.isDone())
         reload();
     askForNextName();

@@ -1,6 +1,8 @@
 #include "overview/title_operations.h"
 
+#include "journal/journal.h"
 #include "journal/originals.h"
+#include "journal/titles.h"
 #include "overview/merged_export.h"
 #include "pad/field_catalogue.h"
 #include "pad/import_findings.h"
@@ -85,6 +87,17 @@ QString sentence(NameVerdict verdict)
         break;
     }
     return {};
+}
+
+Result<> renameTitle(const QString &oldName, const QString &newName)
+{
+    Result<> renamed = AddDeleteImportEdit::renameExistingQnDataFile(oldName, newName);
+    if (renamed.isDone()) {
+        (void)Journal::ofDataFolder().changeExisting([&](Database &database) { // The status bar tells.
+            return journal_titles::rename(database, oldName, newName);
+        });
+    }
+    return renamed;
 }
 
 Result<PadFile> readPadFile(const QString &path)

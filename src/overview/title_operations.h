@@ -28,6 +28,9 @@ NameVerdict judgeName(const QString &name);
 /// What the author is told of a name that is not free; empty for a free one.
 QString sentence(NameVerdict verdict);
 
+/// Gives the title another name, which must be free. What the journal keeps of it follows.
+Result<> renameTitle(const QString &oldName, const QString &newName);
+
 /// What came of reading a PAD file in.
 struct Import
 {

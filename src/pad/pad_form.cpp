@@ -63,6 +63,29 @@ QString PadForm::value(FieldId field) const
     return text(field).text();
 }
 
+void PadForm::setValue(FieldId field, const QString &value)
+{
+    switch (padField(field).kind) {
+    case FieldKind::PopUp:
+        return popUp(field).setTitle(value);
+    case FieldKind::CheckBox:
+        return checkBox(field).setOn(value == u"Y");
+    case FieldKind::CheckList: {
+        CheckListControl &list = checkList(field);
+        const QStringList entries = value.split(u',');
+        for (qsizetype row = 0; row < list.entries().size(); ++row)
+            list.setTicked(row, entries.contains(list.entries()[row]));
+        return;
+    }
+    case FieldKind::Computed:
+        return text(field).setText(value + (field == FieldId::programSizeKB ? u" KB" : u" MB"));
+    case FieldKind::Text:
+    case FieldKind::MultiLine:
+        break;
+    }
+    text(field).setText(value);
+}
+
 void PadForm::populatePopUpButtons()
 {
     for (const PadField &field : fields::popUps())

@@ -28,6 +28,10 @@ public:
     /// The value as it goes into the PAD file; sizes without their unit.
     [[nodiscard]] QString value(FieldId field) const;
 
+    /// Makes @p value, as value() gives it, the field's: no item for a pop-up that has none of that name, and
+    /// in a check list nothing but entries that it has.
+    void setValue(FieldId field, const QString &value);
+
     /// Fills the six pop-ups from their vocabularies, the empty item first and chosen.
     void populatePopUpButtons();
 

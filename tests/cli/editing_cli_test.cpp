@@ -310,5 +310,36 @@ TEST_F(EditingCli, BackupsBringEverythingBack)
                     .messages.contains("No software titles were imported."));
 }
 
+TEST_F(EditingCli, EarlierTextsAreListedAndRestored)
+{
+    EXPECT_EQ(cli({u"history"_s, u"None"_s}).status, 3);
+    ASSERT_EQ(cli({u"new"_s, u"Past"_s}).status, 0);
+    EXPECT_EQ(cli({u"history"_s, u"Past"_s}).output, QByteArray());
+    ASSERT_EQ(cli({u"set"_s, u"Past"_s, u"programName=One"_s, u"eula=Free"_s}).status, 0);
+    ASSERT_EQ(cli({u"set"_s, u"Past"_s, u"Program_Name="_s}).status, 0);
+    const QJsonArray rows = cli({u"history"_s, u"Past"_s, u"Program_Name"_s, u"--json"_s}).json().array();
+    ASSERT_EQ(rows.size(), 2);
+    EXPECT_EQ(rows[0][u"before"], u"One"_s);
+    EXPECT_EQ(rows[0][u"row"], 3);
+    EXPECT_EQ(rows[0][u"origin"], u"typed"_s);
+
+    const auto before = tree(home());
+    const QJsonDocument tried =
+        cli({u"restore-title"_s, u"Past"_s, u"--to"_s, u"0"_s, u"--dry-run"_s, u"--json"_s}).json();
+    EXPECT_EQ(tried[u"changes"].toArray().size(), 1) << "the name is empty as it was";
+    EXPECT_EQ(tried[u"appearing"].toArray().size(), 0);
+    EXPECT_EQ(tree(home()), before) << "nothing is written";
+    EXPECT_EQ(cli({u"restore-text"_s, u"Past"_s, u"programName"_s, u"--to"_s, u"9"_s}).status, 3);
+    EXPECT_EQ(cli({u"restore-text"_s, u"Past"_s, u"nothing"_s, u"--to"_s, u"1"_s}).status, 2);
+    EXPECT_EQ(cli({u"restore-text"_s, u"Past"_s, u"programName"_s, u"--to"_s, u"1"_s}).status, 0);
+    EXPECT_TRUE(cli({u"show"_s, u"Past"_s, u"programName"_s}).output.contains("Program_Name: One"));
+
+    ASSERT_TRUE(put(inData(u"quillon.sqlite"_s), QByteArray(4096, '\0')));
+    const CliResult damaged = cli({u"history"_s, u"Past"_s});
+    EXPECT_EQ(damaged.status, 4);
+    EXPECT_EQ(damaged.messages.count('\n'), 1) << damaged.messages.toStdString();
+    EXPECT_EQ(cli({u"set"_s, u"Past"_s, u"programName=Two"_s}).status, 0) << "only the extras are concerned";
+}
+
 } // namespace
 } // namespace quillon

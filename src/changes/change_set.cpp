@@ -1,0 +1,97 @@
+#include "changes/change_set.h"
+
+#include "pad/pad_form.h"
+#include "pad/pad_reader.h"
+#include "pad/pad_writer.h"
+#include "validation/error_pass.h"
+#include "validation/field_rules.h"
+
+#include <algorithm>
+
+namespace quillon::change_sets {
+
+namespace {
+
+StringDictionary errorsOf(const FormValues &values)
+{
+    PadForm form;
+    for (const PadField &field : padFields)
+        form.setValue(field.id, values[size_t(field.id)]);
+    ErrorPass errors;
+    field_rules::checkEntries(form, errors);
+    return errors.errors();
+}
+
+StringDictionary missingIn(const StringDictionary &errors, const StringDictionary &others)
+{
+    StringDictionary missing;
+    for (const auto &[field, message] : errors) {
+        const auto other = others.find(field);
+        if (other == others.end() || other->second != message)
+            missing[field] = message;
+    }
+    return missing;
+}
+
+/// What the field holds when a title with @p text in it is opened again.
+QString asRead(FieldId field, const QString &text)
+{
+    PadForm written;
+    written.setValue(field, text);
+    PadForm read;
+    loadPADData(pad_writer::document(written), read);
+    return read.value(field);
+}
+
+} // namespace
+
+FormValues valuesOf(const PadForm &form)
+{
+    FormValues values;
+    for (const PadField &field : padFields)
+        values[size_t(field.id)] = form.value(field.id);
+    return values;
+}
+
+QList<Change> between(const FormValues &from, const FormValues &to)
+{
+    QList<Change> changes;
+    for (const PadField &field : padFields) {
+        const auto place = size_t(field.id);
+        if (from[place] != to[place])
+            changes.append({field.id, from[place], to[place]});
+    }
+    return changes;
+}
+
+QList<Change> reversed(const QList<Change> &changes)
+{
+    QList<Change> reversed;
+    for (const Change &change : changes)
+        reversed.prepend({change.field, change.after, change.before});
+    return reversed;
+}
+
+Judgement judge(const PadForm &form, const QList<Change> &changes)
+{
+    FormValues values = valuesOf(form);
+    const StringDictionary before = errorsOf(values);
+    for (const Change &change : changes)
+        values[size_t(change.field)] = change.after;
+    const StringDictionary after = errorsOf(values);
+    return {missingIn(before, after), missingIn(after, before)};
+}
+
+QList<FieldId> differing(const PadForm &form, const QList<Change> &changes)
+{
+    QList<FieldId> fields;
+    for (const Change &change : changes) {
+        const QString value = form.value(change.field);
+        if (padField(change.field).kind != FieldKind::Computed && value != change.before &&
+            value != asRead(change.field, change.before))
+            fields.append(change.field);
+    }
+    return fields;
+}
+
+} // namespace quillon::change_sets

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "pad/field_catalogue.h"
+#include "platform/string_dictionary.h"
+
+#include <QList>
+#include <QString>
+
+#include <array>
+
+namespace quillon {
+
+class PadForm;
+
+/// A field's value that is to become another; both as PadForm::value() gives them.
+struct Change
+{
+    FieldId field;
+    QString before;
+    QString after;
+};
+
+/// What is to be changed in one go, in one title: undo, restoring, and all else that no author types.
+struct ChangeSet
+{
+    QString origin; ///< One of history::origin, or a fix.
+    QString label;  ///< What the author is told of it.
+    QList<Change> changes;
+};
+
+/// What a set of changes does to the errors, by the key of the field.
+struct Judgement
+{
+    StringDictionary vanishing;
+    StringDictionary appearing; ///< Also another message for a field that had one.
+};
+
+/// The values of a form, by the place of the field in the catalogue.
+using FormValues = std::array<QString, fieldCount>;
+
+namespace change_sets {
+
+FormValues valuesOf(const PadForm &form);
+
+/// What makes @p to of @p from.
+QList<Change> between(const FormValues &from, const FormValues &to);
+
+/// @p changes the other way round.
+QList<Change> reversed(const QList<Change> &changes);
+
+/// What @p changes do to the errors, judged on a copy of @p form, which stays as it is.
+Judgement judge(const PadForm &form, const QList<Change> &changes);
+
+/// The fields of @p changes that no longer hold what they are to be changed from. What a PAD file cannot hold
+/// unit for unit may have become what reading the file gives. Computed fields are nobody's and left out.
+QList<FieldId> differing(const PadForm &form, const QList<Change> &changes);
+
+} // namespace change_sets
+
+} // namespace quillon

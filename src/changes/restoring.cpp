@@ -1,0 +1,67 @@
+#include "changes/restoring.h"
+
+#include "journal/history.h"
+#include "journal/journal.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon::restoring {
+
+namespace {
+
+Result<QList<history::Row>> rowsOf(const QString &title)
+{
+    QList<history::Row> rows;
+    const Result<> read = Journal::ofDataFolder().read([&](Database &database) -> Result<> {
+        auto found = history::rows(database, title);
+        if (!found)
+            return found.error();
+        rows = *std::move(found);
+        return {};
+    });
+    if (!read && !read.isError(Error::Kind::Missing))
+        return read.error();
+    return rows;
+}
+
+/// The value of each field when the row @p number had come in; @p rows are newest first.
+FormValues valuesAt(const QList<history::Row> &rows, qint64 number, FormValues values)
+{
+    std::array<bool, fieldCount> isKnown{};
+    for (auto row = rows.crbegin(); row != rows.crend(); ++row) {
+        const auto field = fieldNamed(row->field);
+        if (!field)
+            continue;
+        const auto place = size_t(*field);
+        if (row->number <= number)
+            values[place] = row->after;
+        else if (!isKnown[place])
+            values[place] = row->before;
+        isKnown[place] = true;
+    }
+    return values;
+}
+
+} // namespace
+
+Result<ChangeSet> plan(const QString &title, const PadForm &form, qint64 row,
+                       const std::optional<FieldId> &field)
+{
+    const auto rows = rowsOf(title);
+    if (!rows)
+        return rows.error();
+    const bool isThere = std::any_of(rows->begin(), rows->end(),
+                                     [row](const history::Row &each) { return each.number == row; });
+    if (!isThere && row != 0)
+        return Error{Error::Kind::Refused, title, u"its history has no row %1"_s.arg(row)};
+    const FormValues now = change_sets::valuesOf(form);
+    ChangeSet set{history::origin::restore, u"Back to row %1"_s.arg(row),
+                  change_sets::between(now, valuesAt(*rows, row, now))};
+    if (field)
+        set.changes.removeIf([&field](const Change &change) { return change.field != *field; });
+    return set;
+}
+
+} // namespace quillon::restoring
