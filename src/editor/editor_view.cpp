@@ -68,8 +68,13 @@ EditorView::EditorView(Editor &editor, QWidget *parent)
     m_editorTabs->setObjectName(u"editorTabs"_s);
     m_editorTabs->setDocumentMode(true);
     m_editorTabs->setIconSize({2 * fontMetrics().height(), fontMetrics().height()}); // Room for two digits.
-    for (const EditorPage &page : editorPages)
-        m_editorTabs->addTab(newPage(page), page.label.toString());
+    for (const EditorPage &page : editorPages) {
+        auto *area = new QScrollArea;
+        area->setFrameShape(QFrame::NoFrame);
+        area->setWidgetResizable(true);
+        area->setFocusPolicy(Qt::NoFocus);
+        m_editorTabs->addTab(area, page.label.toString());
+    }
     m_editorTabs->tabBar()->setAccessibleName(u"Pages of the PAD file"_s);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -80,6 +85,16 @@ EditorView::EditorView(Editor &editor, QWidget *parent)
     connect(&editor, &Editor::checked, this, &EditorView::showErrors);
     connect(&editor, &Editor::formLoaded, this, &EditorView::enablePages);
     enablePages();
+    showErrorCounts();
+}
+
+void EditorView::makeCurrentPage()
+{
+    auto *area = qobject_cast<QScrollArea *>(m_editorTabs->currentWidget());
+    if (area->widget())
+        return;
+    area->setWidget(newPage(editorPages[size_t(m_editorTabs->currentIndex())]));
+    showErrors();
 }
 
 QWidget *EditorView::newPage(const EditorPage &page)
@@ -99,12 +114,7 @@ QWidget *EditorView::newPage(const EditorPage &page)
         if (column->itemAt(0)->widget()->sizePolicy().verticalPolicy() != QSizePolicy::Expanding)
             column->addStretch(1);
     }
-    auto *area = new QScrollArea;
-    area->setFrameShape(QFrame::NoFrame);
-    area->setWidgetResizable(true);
-    area->setFocusPolicy(Qt::NoFocus);
-    area->setWidget(content);
-    return area;
+    return content;
 }
 
 QWidget *EditorView::newGroup(const FieldGroup &group)
@@ -186,8 +196,9 @@ QLabel *EditorView::newCaption(const FieldLine &line)
 
 void EditorView::focusField(FieldId field)
 {
+    makeCurrentPage();
     QWidget *widget = m_widgets.value(field);
-    if (!widget->isVisible()) {
+    if (!widget || !widget->isVisible()) {
         field = m_editor.didSelectTabViewItem(m_editorTabs->tabText(m_editorTabs->currentIndex()));
         widget = m_widgets.value(field);
     }
@@ -207,6 +218,7 @@ void EditorView::revealField(FieldId field)
 
 void EditorView::tabPicked(int index)
 {
+    makeCurrentPage();
     const QString label = m_editorTabs->tabText(index);
     settings().setValue(pageKey, label);
     Q_EMIT tabSelected(label);
@@ -261,6 +273,7 @@ void EditorView::showEvent(QShowEvent *event)
         return;
     if (!std::exchange(m_isPageRestored, true))
         restorePage();
+    makeCurrentPage();
     // Perhaps another title's: nothing of what was looked for in the last one stays.
     for (FieldCheckList *list : findChildren<FieldCheckList *>())
         list->showAll();

@@ -16,8 +16,8 @@ struct FieldGroup;
 struct FieldLine;
 
 /// The main window's second view: the editor's five pages, each field with its caption, its control and its
-/// hint with the live counter. The tab of a page that holds errors carries their number; the field's tool
-/// tip, which a screen reader reads too, says what is wrong with it.
+/// hint with the live counter. A page is made when it is first shown. The tab of a page that holds errors
+/// carries their number; the field's tool tip, which a screen reader reads too, says what is wrong with it.
 class EditorView : public QWidget
 {
     Q_OBJECT
@@ -40,6 +40,7 @@ protected:
     void showEvent(QShowEvent *event) override;
 
 private:
+    void makeCurrentPage();
     QWidget *newPage(const EditorPage &page);
     QWidget *newGroup(const FieldGroup &group);
     void addLine(QBoxLayout *layout, const FieldLine &line);

@@ -37,6 +37,7 @@ const QString stateKey = u"mainWindow/state"_s;
 MainWindow::MainWindow(ToolbarControl &toolbar, OverviewController &overview, TitleCommands &titles,
                        Editor &editor, PreferencesController &preferences)
     : m_toolbarControl(toolbar)
+    , m_editor(editor)
     , m_commands(new CommandSet(mainWindowCommands({*this, toolbar, overview, titles, preferences}), this))
     , m_content(new QStackedWidget)
     , m_toolbar(new MainToolbar(*m_commands, this))
@@ -44,7 +45,7 @@ MainWindow::MainWindow(ToolbarControl &toolbar, OverviewController &overview, Ti
 {
     setObjectName(u"mainWindow"_s);
     setWindowTitle(u"Quillon"_s);
-    buildContent(overview, titles, editor);
+    buildContent(overview, titles);
     m_commands->fillMenus(*menuBar());
     addToolBar(m_toolbar);
     buildStatusBar();
@@ -58,17 +59,26 @@ MainWindow::MainWindow(ToolbarControl &toolbar, OverviewController &overview, Ti
     restoreLayout();
 }
 
-void MainWindow::buildContent(OverviewController &overview, TitleCommands &titles, Editor &editor)
+void MainWindow::buildContent(OverviewController &overview, TitleCommands &titles)
 {
     m_overviewView = new OverviewView(overview, titles, *m_commands);
-    m_editView = new EditorView(editor);
     m_content->addWidget(m_overviewView);
-    m_content->addWidget(m_editView);
     setCentralWidget(m_content);
     connect(m_overviewView, &OverviewView::editRequested, &m_toolbarControl, &ToolbarControl::editTBI);
     connect(m_overviewView, &OverviewView::fieldRequested, this, &MainWindow::editField);
-    connect(&m_toolbarControl, &ToolbarControl::focusField, m_editView, &EditorView::focusField);
-    connect(m_editView, &EditorView::tabSelected, &m_toolbarControl, &ToolbarControl::setSelectedTabLabel);
+    connect(&m_toolbarControl, &ToolbarControl::focusField, this,
+            [this](FieldId field) { editView().focusField(field); });
+}
+
+EditorView &MainWindow::editView()
+{
+    if (!m_editView) {
+        m_editView = new EditorView(m_editor);
+        m_content->addWidget(m_editView);
+        connect(m_editView, &EditorView::tabSelected, &m_toolbarControl,
+                &ToolbarControl::setSelectedTabLabel);
+    }
+    return *m_editView;
 }
 
 void MainWindow::buildStatusBar()
@@ -117,7 +127,7 @@ void MainWindow::showImportProgress(int done, int total)
 void MainWindow::showContent(ContentView view)
 {
     m_content->setCurrentWidget(view == ContentView::Overview ? static_cast<QWidget *>(m_overviewView)
-                                                              : m_editView);
+                                                              : &editView());
     checkShownView();
     const bool isTitleShown = view == ContentView::Editor && mwqnSelSW;
     setWindowTitle(isTitleShown ? plainWindowTitle(*mwqnSelSW) : u"Quillon"_s);
@@ -134,7 +144,7 @@ void MainWindow::editField(const QString &key)
     const auto field = fieldNamed(key);
     m_toolbarControl.editTBI();
     if (field)
-        m_editView->revealField(*field);
+        editView().revealField(*field);
 }
 
 void MainWindow::bringToFront()

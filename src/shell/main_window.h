@@ -43,19 +43,22 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
-    void buildContent(OverviewController &overview, TitleCommands &titles, Editor &editor);
+    void buildContent(OverviewController &overview, TitleCommands &titles);
     void buildStatusBar();
     void restoreLayout();
     void showContent(ContentView view);
     void checkShownView();
+    /// Made when it is first asked for.
+    EditorView &editView();
     void showImportProgress(int done, int total);
     void editField(const QString &key);
 
     ToolbarControl &m_toolbarControl;
+    Editor &m_editor;
     CommandSet *m_commands;
     QStackedWidget *m_content;
     OverviewView *m_overviewView = nullptr;
-    EditorView *m_editView = nullptr;
+    EditorView *m_editView = nullptr; ///< Null before it is first shown.
     MainToolbar *m_toolbar;
     QProgressBar *m_importProgress;
 };

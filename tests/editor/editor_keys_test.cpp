@@ -227,6 +227,9 @@ TEST_F(EditorViewTest, TheSameViewInPixelsWithoutStrayWindows)
     QApplication::setFont(inPixels);
     qApp->installEventFilter(&watch);
     EditorView second(editor);
+    EXPECT_EQ(second.findChild<QLabel *>(u"companyNameMessage"_s), nullptr) << "pages are made when shown";
+    for (const EditorPage &page : editorPages)
+        second.revealField(page.firstField);
     qApp->removeEventFilter(&watch);
     EXPECT_EQ(watch.windows, 0);
     EXPECT_EQ(second.findChild<QLabel *>(u"companyNameMessage"_s)->font().pixelSize(), 12);

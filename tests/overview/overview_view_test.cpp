@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QListView>
 #include <QPlainTextEdit>
+#include <QTabWidget>
 
 using namespace Qt::StringLiterals;
 using namespace quillon;
@@ -94,6 +95,7 @@ TEST_F(OverviewViewTest, TheKeyThatDeletesATitleBelongsToTheList)
     command(u"Edit"_s)->trigger();
     // As when the submission window was closed: the commands of the File menu can be used again.
     NotificationCenter::defaultCenter().post(notification::mwqnRS87968tJHKgfds);
+    visible<QTabWidget>(u"editorTabs"_s)->setCurrentIndex(1);
     const QList<QListView *> lists = visible<QWidget>(u"editView"_s)->findChildren<QListView *>();
     ASSERT_FALSE(lists.isEmpty());
     for (QListView *list : lists) {
