@@ -1,8 +1,6 @@
+#include "data_folder.h"
 #include "measuring.h"
 #include "overview/overview_controller.h"
-#include "store/add_delete_import_edit.h"
-#include "store/process_state.h"
-#include "store/title_folder.h"
 #include "support/recorders.h"
 
 #include <QFile>
@@ -15,32 +13,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 using namespace quillon;
-
-/// Fills a new data folder with @p count titles, plainly and without syncs, and gives the summary files'
-/// paths.
-QStringList fillDataFolder(const QString &home, int count)
-{
-    setDataFolder(home);
-    (void)AddDeleteImportEdit::checkAppSuppExists();
-    QStringList summaries;
-    for (int number = 0; number < count; ++number) {
-        const QString folder = *title_folder::path(u"Title %1"_s.arg(number));
-        QDir().mkdir(folder);
-        Summary summary;
-        summary.version = u"1.%1"_s.arg(number);
-        summary.releaseDate = u"2009-%1-%2"_s.arg(number % 12 + 1).arg(number % 28 + 1);
-        summary.operatingSystems = u"Linux,Mac OS X,Win7 x64,WinXP"_s;
-        summary.validated = u"1"_s;
-        summary.sites = u"Download 3000,FileCluster,Softpedia"_s;
-        summary.versions = u"1.0,1.1,1.2"_s;
-        const QString path = folder + u'/' + title_folder::summaryFile;
-        QFile file(path);
-        if (!file.open(QIODevice::WriteOnly) || file.write(summary_file::text(summary).toUtf8()) < 0)
-            std::abort();
-        summaries.append(path);
-    }
-    return summaries;
-}
 
 /// A list of titles, and how long each look at it took (seconds).
 class MeasuredList

@@ -1,37 +1,11 @@
+#include "child_process.h"
 #include "measuring.h"
 
-#include <array>
 #include <benchmark/benchmark.h>
-#include <cstdlib>
-#include <fcntl.h>
-#include <spawn.h>
-#include <string>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace {
 
 using namespace quillon;
-
-/// Runs a program to its end, its output thrown away; its exit status.
-int run(std::vector<std::string> command)
-{
-    std::vector<char *> arguments;
-    arguments.reserve(command.size() + 1);
-    for (std::string &word : command)
-        arguments.push_back(word.data());
-    arguments.push_back(nullptr);
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    for (const int stream : {STDOUT_FILENO, STDERR_FILENO})
-        posix_spawn_file_actions_addopen(&actions, stream, "/dev/null", O_WRONLY, 0);
-    pid_t process = 0;
-    int status = -1;
-    if (posix_spawnp(&process, arguments[0], &actions, nullptr, arguments.data(), environ) == 0)
-        waitpid(process, &status, 0);
-    posix_spawn_file_actions_destroy(&actions);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-}
 
 /// @p command as a whole process, in turn with @p floor; both have to end with a status below @p tooMuch.
 void besideFloor(benchmark::State &state, const std::vector<std::string> &command,
@@ -41,8 +15,8 @@ void besideFloor(benchmark::State &state, const std::vector<std::string> &comman
     std::vector<double> floors;
     for ([[maybe_unused]] const auto iteration : state) {
         int worst = 0;
-        floors.push_back(seconds([&] { worst = run(floor); }));
-        commands.push_back(seconds([&] { worst = std::max(worst, run(command)); }));
+        floors.push_back(seconds([&] { worst = exitStatus(startProgram(floor)); }));
+        commands.push_back(seconds([&] { worst = std::max(worst, exitStatus(startProgram(command))); }));
         state.SetIterationTime(commands.back());
         if (worst >= tooMuch || worst < 0) {
             state.SkipWithError("a program could not be run");
@@ -63,6 +37,13 @@ void listNothing(benchmark::State &state)
     rmdir(home.c_str());
 }
 BENCHMARK(listNothing)->Iterations(100)->UseManualTime()->Unit(benchmark::kMillisecond);
+
+/// Judging a PAD file, beside the same floor.
+void checkFileBesideCore(benchmark::State &state)
+{
+    besideFloor(state, {QUILLON_CLI, "check", QUILLON_SAMPLES "/filled_form.xml"}, {BARE_APPLICATION}, 4);
+}
+BENCHMARK(checkFileBesideCore)->Iterations(100)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 /// Judging a PAD file, beside the desktop's own checker of metainfo files judging a typical one.
 void checkFile(benchmark::State &state)
