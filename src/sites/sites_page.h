@@ -3,19 +3,16 @@
 #include <QWidget>
 
 class QAction;
-class QLabel;
 class QPushButton;
-class QSortFilterProxyModel;
 class QSplitter;
-class QTableView;
 
 namespace quillon {
 
 class PreferencesController;
-class SiteListTable;
+class SitesTableView;
 
 /// The preferences window's page of sites: those of the catalogue and the default ones that were removed,
-/// with what can be done to them. A filter by name leaves out of sight what does not match.
+/// with what can be done to them, and one filter for both.
 class SitesPage : public QWidget
 {
     Q_OBJECT
@@ -24,31 +21,16 @@ public:
     ~SitesPage() override;
 
 private:
-    /// A table of sites as the filter leaves it, under a caption that counts its rows.
-    struct SiteTable
-    {
-        QString caption; ///< With the mark of its key.
-        QSortFilterProxyModel *rows = nullptr;
-        QTableView *view = nullptr;
-        QLabel *label = nullptr;
-    };
-
     QLayout *newFilterRow();
-    QWidget *newSitesPanel();
-    QWidget *newIgnoredPanel();
-    SiteTable newSiteTable(const QString &name, const QString &caption, SiteListTable &sites,
-                           void (PreferencesController::*select)(const QList<int> &));
-    void addKeys();
-    void showCount(const SiteTable &table) const;
-    void setFilter(const QString &text);
+    void buildSites();
+    void buildIgnoredSites();
+    QAction *newKey(const QString &text, const QKeySequence &key);
     void editSelected();
     void updateButtons();
-    void saveLayout() const;
-    void restoreLayout();
 
     PreferencesController &m_preferences;
-    SiteTable m_sites;
-    SiteTable m_ignored;
+    SitesTableView *m_sites;
+    SitesTableView *m_ignored;
     QSplitter *m_splitter;
     QPushButton *m_editSiteButton = nullptr;
     QPushButton *m_removeSiteButton = nullptr;
