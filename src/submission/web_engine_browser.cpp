@@ -1,6 +1,7 @@
 #include "submission/web_engine_browser.h"
 
 #include "platform/web_address.h"
+#include "submission/hang_bar.h"
 #include "submission/web_engine_page.h"
 #include "submission/web_engine_view.h"
 
@@ -27,6 +28,7 @@ WebEngineBrowser::WebEngineBrowser(QWebEngineProfile &profile, PasteQueue &paste
     : QWidget(parent)
     , m_profile(profile)
     , m_view(new WebEngineView(this))
+    , m_hangBar(new HangBar)
     , m_page(new WebEnginePage(&profile, this))
     , m_pasting(pastes)
 {
@@ -35,7 +37,9 @@ WebEngineBrowser::WebEngineBrowser(QWebEngineProfile &profile, PasteQueue &paste
     m_view->setPage(m_page);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_view);
+    layout->addWidget(m_hangBar);
+    layout->addWidget(m_view, 1);
+    m_hangBar->hide();
     setFocusProxy(m_view);
     connectParts();
     connectPage();
@@ -54,6 +58,11 @@ void WebEngineBrowser::connectParts()
         m_pasting.documentCame();
     });
     connect(&m_pasting, &WebEnginePasting::notice, this, &WebEngineBrowser::notice);
+    connect(&m_watch, &WebEngineWatch::hangChanged, m_hangBar, &QWidget::setVisible);
+    connect(m_hangBar, &HangBar::endRequested, this, [this] {
+        m_loading.processEnds();
+        m_watch.endProcess();
+    });
     connect(&m_windows, &WebEngineWindows::refused, this,
             [this] { Q_EMIT notice(u"The page wanted to open a window by itself; it was not opened."_s); });
 }
@@ -63,6 +72,7 @@ void WebEngineBrowser::connectPage()
     m_loading.setPage(*m_page);
     m_pasting.setPage(*m_page);
     m_windows.setPage(*m_page);
+    m_watch.setPage(*m_page);
     connect(m_page, &QWebEnginePage::titleChanged, this, &WebEngineBrowser::titleChanged);
     connect(m_page, &QWebEnginePage::windowCloseRequested, this, &WebEngineBrowser::closeRequested);
     connect(m_page, &QWebEnginePage::linkHovered, this, &WebEngineBrowser::showLink);
@@ -77,7 +87,8 @@ void WebEngineBrowser::connectPage()
 void WebEngineBrowser::renew()
 {
     WebEnginePage *const old = m_page;
-    for (const QObject *listener : std::initializer_list<const QObject *>{this, &m_loading, &m_windows})
+    for (const QObject *listener :
+         std::initializer_list<const QObject *>{this, &m_loading, &m_windows, &m_watch})
         old->disconnect(listener);
     m_page = new WebEnginePage(&m_profile, this);
     m_page->setDelegate(m_delegate);

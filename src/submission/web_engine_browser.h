@@ -3,6 +3,7 @@
 #include "submission/browser_module.h"
 #include "submission/web_engine_loading.h"
 #include "submission/web_engine_pasting.h"
+#include "submission/web_engine_watch.h"
 #include "submission/web_engine_windows.h"
 
 #include <QPointer>
@@ -13,6 +14,7 @@ class QWebEngineProfile;
 
 namespace quillon {
 
+class HangBar;
 class WebEnginePage;
 class WebEngineView;
 
@@ -69,11 +71,13 @@ private:
 
     QWebEngineProfile &m_profile;
     WebEngineView *m_view;
+    HangBar *m_hangBar;
     WebEnginePage *m_page;
     BrowserDelegate *m_delegate = nullptr;
     WebEngineLoading m_loading;
     WebEnginePasting m_pasting;
     WebEngineWindows m_windows;
+    WebEngineWatch m_watch;
     QPointer<WebEngineBrowser> m_pasteTarget;
     double m_zoomFactor = 1;
     bool m_showsLink = false;

@@ -8,6 +8,8 @@
 #include <QJsonDocument>
 #include <QWebEngineLoadingInfo>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace quillon {
@@ -41,6 +43,7 @@ void WebEngineLoading::setPage(WebEnginePage &page)
     ++m_loads;
     m_isLoading = false;
     m_showsOwnPage = false;
+    m_isEnding = false;
     m_ownPageAddress.reset();
     m_fileText.reset();
     m_address.clear();
@@ -201,7 +204,10 @@ void WebEngineLoading::processEnded(QWebEnginePage::RenderProcessTerminationStat
     if (status == QWebEnginePage::NormalTerminationStatus)
         return;
     Q_EMIT documentGoes();
-    failLater(u"The process that shows the page has ended unexpectedly. Reload the page to try again."_s);
+    failLater(
+        std::exchange(m_isEnding, false)
+            ? u"The page was ended, because it did not answer. Reload the page to try again."_s
+            : u"The process that shows the page has ended unexpectedly. Reload the page to try again."_s);
 }
 
 void WebEngineLoading::addressChanged(const QUrl &url)

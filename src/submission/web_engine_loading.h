@@ -39,6 +39,9 @@ public:
     void loadHtml(const QString &html, const QString &baseUrl);
     void reload();
 
+    /// The author has the page's process ended, which fails the page.
+    void processEnds() { m_isEnding = true; }
+
     /// How much of the page is there, from 0.0 to 1.0.
     [[nodiscard]] double progress() const { return m_progress; }
     /// The address of the main frame, as nobody can mistake it; that of one of the program's own pages as it
@@ -83,7 +86,8 @@ private:
     double m_progress = 0;
     bool m_isLoading = false;
     bool m_showsOwnPage = false;
-    int m_loads = 0; ///< Number of the load that is under way or was the last.
+    bool m_isEnding = false; ///< Of processEnds().
+    int m_loads = 0;         ///< Number of the load that is under way or was the last.
 };
 
 } // namespace quillon

@@ -35,6 +35,9 @@ public:
     /// page it ran in is gone. Not answered when this object goes first.
     void ask(const QString &script, std::function<void(const QVariant &)> answer = {});
 
+    /// Whether the page waits for an answer of the author's.
+    [[nodiscard]] bool isAsking() const { return m_openQuestions > 0; }
+
     /// Who is asked before something is pasted; without one nothing is. It must outlive the page, or be taken
     /// away by null.
     void setPasteGuard(PasteGuard *guard) { m_pasteGuard = guard; }

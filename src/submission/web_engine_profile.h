@@ -1,47 +1,17 @@
 #pragma once
 
-#include "submission/download_page.h"
-
-#include <QObject>
-#include <QPointer>
-#include <QTemporaryDir>
+#include <QString>
 
 #include <memory>
 
-class QWebEngineDownloadRequest;
 class QWebEngineProfile;
 
 namespace quillon {
 
-class WebEnginePage;
-
 /// What all pages of the submission window share: cookies and other data in @p folder, and what a page may
-/// do, which is neither to read the clipboard nor files, places or devices, nor to store anything as part of
-/// another site's page. It must outlive its pages.
+/// do, which is neither to read the clipboard nor files, places or devices, nor anything of this program, nor
+/// to store anything as part of another site's page, or a script that goes on without a page. It must outlive
+/// its pages.
 std::unique_ptr<QWebEngineProfile> newWebEngineProfile(const QString &folder);
-
-/// Fetches what pages of a profile offer for download as far as it can be shown, and nothing into a folder of
-/// the author's. Only what stands in place of a page is fetched, and only until the author goes elsewhere; a
-/// frame, or a script, does not take the place of a form.
-class Downloads : public QObject
-{
-    Q_OBJECT
-public:
-    explicit Downloads(QWebEngineProfile &profile);
-
-private:
-    void fetch(QWebEngineDownloadRequest *request);
-    /// A page's navigation that ended in a file; the page may be gone before the file has come.
-    struct Asker
-    {
-        QPointer<WebEnginePage> page;
-        int navigation;
-    };
-    void look(QWebEngineDownloadRequest *request, const Asker &asker);
-    void finish(QWebEngineDownloadRequest *request, const Asker &asker, std::optional<QString> text);
-
-    QTemporaryDir m_folder;
-    int m_count = 0;
-};
 
 } // namespace quillon

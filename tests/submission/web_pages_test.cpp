@@ -8,7 +8,12 @@
 #include "widgets/qt_desktop.h"
 
 #include <QSignalSpy>
+#include <QSslKey>
+#include <QSslServer>
+#include <QSslSocket>
 #include <QTextDocument>
+#include <QWebEngineCertificateError>
+#include <QWebEngineClientCertificateStore>
 #include <QWebEngineProfile>
 
 #include <csignal>
@@ -167,6 +172,8 @@ TEST_F(WebPagesTest, OfferedFilesAreShownAndNotStored)
 TEST_F(WebPagesTest, OfferedFilesTakeThePlaceOfNoForm)
 {
     server.serve(u"/program"_s, {QByteArray(2048, '\1'), "application/octet-stream"});
+    for (int i = 0; i < 200; ++i)
+        server.serve(u"/program?%1"_s.arg(i), {"\1", "application/octet-stream"});
     server.serve(u"/advert"_s, {"<title>Advert</title><iframe src='/program'></iframe>"});
     server.serve(u"/late.csv"_s,
                  {QByteArray(4000, 'x'), "text/csv", "200 OK", {}, WebServer::Extent::HalfHeld});
@@ -180,11 +187,15 @@ TEST_F(WebPagesTest, OfferedFilesTakeThePlaceOfNoForm)
     ASSERT_TRUE(open(u"/frames.html"_s));
     server.release();
     ASSERT_TRUE(open(u"/form.html"_s)) << "a file that the author has left meanwhile";
+    ask(u"for (let i = 0; i < 200; ++i) document.body.append(Object.assign(document.createElement('iframe'),"
+        "{ src: '/program?' + i })); 0"_s);
+    EXPECT_TRUE(eventually([&] { return offered.count() == 201; }));
+    offered.clear();
     EXPECT_EQ(page().title(), u"Submit"_s);
 
     ask(u"document.getElementById('heading').onclick = () => window.open('/late.csv'); 0"_s);
     click(u"heading"_s);
-    EXPECT_TRUE(eventually([&] { return offered.count() == 2 && openWindow<PopUpWindow>(); }));
+    EXPECT_TRUE(eventually([&] { return offered.count() == 1 && openWindow<PopUpWindow>(); }));
     press(u"closePopUpWindowButton"_s);
     server.release();
     EXPECT_TRUE(open(u"/frames.html"_s)) << "nor one whose window is gone";
@@ -199,23 +210,95 @@ TEST_F(WebPagesTest, ASiteThatWantsALogInIsAskedOnce)
     EXPECT_EQ(server.count(u"/private"_s), 1);
 }
 
+TEST_F(WebPagesTest, PagesGoToPagesOfTheWebOnly)
+{
+    AddressCatcher catcher;
+    ASSERT_TRUE(open(u"/windows.html"_s));
+    const struct
+    {
+        QString address;
+        bool isTold; // Else the engine refuses it before it asks.
+    } cases[] = {{u"mailto:a@host.example"_s, true},
+                 {u"smb://host.example/x"_s, true},
+                 {u"tel:110"_s, true},
+                 {u"data:text/html,x"_s, false},
+                 {u"qrc:/icons/quillon.svg"_s, false},
+                 {u"file:///etc/hostname"_s, false},
+                 {u"chrome://version"_s, false},
+                 {u"view-source:about:blank"_s, false},
+                 {u"devtools://devtools"_s, false}};
+    for (const auto &[address, isTold] : cases) {
+        visible<QLabel>(u"notice"_s)->clear();
+        ask(u"Object.assign(document.createElement('a'), { href: '%1' }).click(); 0"_s.arg(address));
+        const QString kind = u"“%1:”"_s.arg(QUrl(address).scheme());
+        EXPECT_TRUE(!isTold || eventually([&] {
+            return visible<QLabel>(u"notice"_s)->text().contains(kind);
+        })) << address.toStdString();
+        EXPECT_EQ(ask(u"document.title"_s), u"Windows"_s) << address.toStdString();
+    }
+    EXPECT_EQ(catcher.opened, QStringList());
+}
+
+TEST_F(WebPagesTest, ServersAreKnownByGoodCertificatesAndLearnNoneOfTheAuthors)
+{
+    QFile file(QStringLiteral(QUILLON_SAMPLES "/self_signed.pem"));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray pem = file.readAll();
+    const QSslCertificate certificate(pem);
+    const QSslKey key(pem, QSsl::Ec);
+    QSslServer secure;
+    QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
+    configuration.setLocalCertificate(certificate);
+    configuration.setPrivateKey(key);
+    configuration.setPeerVerifyMode(QSslSocket::QueryPeer);
+    secure.setSslConfiguration(configuration);
+    int answered = 0;
+    QObject::connect(&secure, &QTcpServer::pendingConnectionAvailable, &secure, [&] {
+        auto *connection = static_cast<QSslSocket *>(secure.nextPendingConnection());
+        QObject::connect(connection, &QIODevice::readyRead, connection, [&, connection] {
+            ++answered;
+            EXPECT_TRUE(connection->peerCertificate().isNull());
+            connection->write("HTTP/1.1 200 OK\r\nContent-Length: 21\r\n\r\n<title>Secret</title>");
+        });
+    });
+    ASSERT_TRUE(secure.listen(QHostAddress::LocalHost));
+    const QString address = u"https://127.0.0.1:%1/"_s.arg(secure.serverPort());
+    visit(address);
+    ASSERT_TRUE(waitForPage(errorTitle));
+    EXPECT_TRUE(pageText().contains(u"ERR_CERT_AUTHORITY_INVALID")) << pageText().toStdString();
+    EXPECT_EQ(answered, 0);
+
+    page().profile()->clientCertificateStore()->add(certificate, key);
+    QObject::connect(&page(), &QWebEnginePage::certificateError, &secure,
+                     [](QWebEngineCertificateError error) { error.acceptCertificate(); });
+    visit(address);
+    EXPECT_TRUE(waitForPage(u"Secret")) << pageText().toStdString();
+    EXPECT_GT(answered, 0);
+}
+
 TEST_F(WebPagesTest, PagesGetNothingFromTheDesktop)
 {
     QApplication::clipboard()->setText(u"secret"_s);
+    server.serve(u"/worker.js"_s, {";", "text/javascript"});
     ASSERT_TRUE(open(u"/curious.html"_s));
     click(u"ask"_s);
     for (const QString &what : {u"save"_s, u"clipboard"_s, u"execPaste"_s, u"file"_s, u"place"_s, u"camera"_s,
-                                u"notification"_s, u"fullscreen"_s})
+                                u"notification"_s, u"fullscreen"_s, u"mouse"_s, u"screen"_s, u"midi"_s,
+                                u"quota"_s, u"program"_s, u"disk"_s, u"worker"_s})
         EXPECT_EQ(posted(what), u"refused"_s) << what.toStdString();
     EXPECT_EQ(page().title(), u"Curious"_s);
 }
 
 TEST_F(WebPagesTest, AFrameFromElsewhereStoresNothing)
 {
-    server.serve(u"/store"_s, {"<script>document.cookie = 'a=1; SameSite=None; Secure'; let kept = '';"
-                               "try { localStorage.a = 1; kept = 'local'; } catch {}"
-                               "top.postMessage(`${document.cookie} ${kept}`, '*')</script>"});
-    for (const auto &[host, stored] : {std::pair(u"127.0.0.1"_s, u"a=1 local"_s), {u"localhost"_s, u" "_s}}) {
+    server.serve(u"/store"_s,
+                 {"<script>document.cookie = 'a=1; SameSite=None; Secure'; let kept = '';"
+                  "try { localStorage.a = 1; kept = 'local'; } catch {}"
+                  "const tell = more => top.postMessage(`${document.cookie} ${kept} ${more}`, '*');"
+                  "const ask = indexedDB.open('a'); ask.onsuccess = () => tell('database'); ask.onerror = () "
+                  "=> tell('')</script>"});
+    for (const auto &[host, stored] :
+         {std::pair(u"127.0.0.1"_s, u"a=1 local database"_s), {u"localhost"_s, u"  "_s}}) {
         const QString frame = server.url(u"/store"_s).replace(u"127.0.0.1"_s, host);
         server.serve(u"/around"_s,
                      {"<title>Around</title><script>told = ''; onmessage = event => told = event.data"
@@ -389,6 +472,20 @@ TEST_F(WebPagesTest, ScriptsMayTellAndAsk)
     page(u"popUpWebView"_s).runJavaScript(u"confirm('Sure?')"_s);
     EXPECT_TRUE(eventually([] { return !openWindow<PopUpWindow>() && !openWindow<QMessageBox>(); }));
     EXPECT_TRUE(open(u"/frames.html"_s));
+}
+
+TEST_F(WebPagesTest, APageThatDoesNotAnswerCanBeEnded)
+{
+    ASSERT_TRUE(open(u"/windows.html"_s));
+    ask(u"setTimeout(() => { for (;;); }); 0"_s);
+    auto *end = window().findChild<QPushButton *>(u"endPageButton"_s);
+    ASSERT_TRUE(eventually([end] { return end->isVisible(); }));
+    QTest::mouseClick(end, Qt::LeftButton);
+    ASSERT_TRUE(waitForPage(errorTitle));
+    EXPECT_TRUE(pageText().contains(u"was ended"));
+    EXPECT_FALSE(end->isVisible());
+    QTest::keyClick(&window(), Qt::Key_F5);
+    EXPECT_TRUE(waitForPage(u"Windows"));
 }
 
 TEST_F(WebPagesTest, ADeadRendererIsAnErrorThatReloadingMends)

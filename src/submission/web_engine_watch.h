@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QObject>
+#include <QPointer>
+#include <QTimer>
+
+namespace quillon {
+
+class WebEnginePage;
+
+/// Whether the page of one browser answers. One that keeps its process busy does nothing any more, and nor do
+/// the other pages of its site; it is looked at while it is on show and waits for nobody.
+class WebEngineWatch : public QObject
+{
+    Q_OBJECT
+public:
+    explicit WebEngineWatch(QObject *parent = nullptr);
+
+    /// From now on all is about @p page, which answers.
+    void setPage(WebEnginePage &page);
+
+    /// Ends the process that shows the page, at once.
+    void endProcess();
+
+Q_SIGNALS:
+    /// The page has not answered for some seconds, or has again.
+    void hangChanged(bool hangs);
+
+private:
+    void look();
+    void setHangs(bool hangs);
+    void takeAnswer();
+
+    QPointer<WebEnginePage> m_page;
+    QTimer m_looks;
+    QElapsedTimer m_sinceQuestion; ///< Valid while the page owes an answer.
+    int m_question = 0;            ///< Number of the last one.
+    bool m_hangs = false;
+};
+
+} // namespace quillon
