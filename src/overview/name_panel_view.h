@@ -17,11 +17,11 @@ class NamePanelView : public QDialog
 public:
     NamePanelView(TitleCommands &commands, QWidget *parent);
 
+    /// Shows the panel as it is now, or hides it; later changes are shown by themselves.
+    void showPanel();
     void reject() override;
 
 private:
-    void showPanel();
-
     TitleCommands &m_commands;
     QLabel *m_message;
     QLabel *m_inputMessage;

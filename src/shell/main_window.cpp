@@ -49,12 +49,14 @@ MainWindow::MainWindow(ToolbarControl &toolbar, OverviewController &overview, Ti
     m_commands->fillMenus(*menuBar());
     addToolBar(m_toolbar);
     buildStatusBar();
-    new NamePanelView(titles, this);
 
     connect(&overview.fileMenu(), &FileMenu::changed, m_commands, &CommandSet::update);
     for (const QString &view : {u"Overview"_s, u"Edit"_s}) // Also when the command was refused.
         connect(m_commands->action(view), &QAction::triggered, this, &MainWindow::checkShownView);
     connect(&toolbar, &ToolbarControl::showView, this, &MainWindow::showContent);
+    connect(
+        &titles, &TitleCommands::namePanelChanged, this,
+        [this, &titles] { (new NamePanelView(titles, this))->showPanel(); }, Qt::SingleShotConnection);
     connect(&titles, &TitleCommands::importProgress, this, &MainWindow::showImportProgress);
     restoreLayout();
 }

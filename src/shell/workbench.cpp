@@ -7,7 +7,9 @@ namespace quillon {
 Workbench::Workbench()
 {
     m_alerts.setWidget(SheetWindow::Main, &m_window);
-    m_alerts.setWidget(SheetWindow::Preferences, new PreferencesWindow(m_preferences, &m_window));
+    QObject::connect(
+        &m_preferences, &PreferencesController::showPreferences, &m_window, [this] { openPreferences(); },
+        Qt::SingleShotConnection);
     QObject::connect(&m_window, &MainWindow::closed, &m_submission, &SubmissionOpener::close);
     QObject::connect(&m_instance, &SingleInstance::activated, &m_window, &MainWindow::bringToFront);
     QObject::connect(&m_titles, &TitleCommands::openWebAddress, &m_window,
@@ -17,6 +19,13 @@ Workbench::Workbench()
     m_editor.awakeFromNib();      // Before the overview, whose selection it is to hear of.
     m_preferences.awakeFromNib(); // Likewise, for the overview asks for the catalogue.
     m_overview.awakeFromNib();
+}
+
+void Workbench::openPreferences()
+{
+    auto *window = new PreferencesWindow(m_preferences, &m_window);
+    m_alerts.setWidget(SheetWindow::Preferences, window);
+    window->open(); // From now on it opens by itself.
 }
 
 } // namespace quillon

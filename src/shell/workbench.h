@@ -35,6 +35,8 @@ public:
     [[nodiscard]] MainWindow &window() { return m_window; }
 
 private:
+    void openPreferences();
+
     MessageBoxSheets m_alerts;
     TimedCalls m_delayedCalls;
     QtDesktop m_desktop;
