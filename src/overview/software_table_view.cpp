@@ -67,7 +67,6 @@ SoftwareTableView::SoftwareTableView(OverviewController &overview, const Command
     buildTable(commands);
     bindSelection();
     addWidget(captioned(new QLabel(u"Software &titles"_s), m_table));
-    addWidget(newEmptyPage());
     restoreColumns();
 
     connect(&overview, &OverviewController::selectedRowChanged, this, &SoftwareTableView::showSelectedRow);
@@ -75,7 +74,6 @@ SoftwareTableView::SoftwareTableView(OverviewController &overview, const Command
     connect(m_sorted, &QAbstractItemModel::modelReset, this, &SoftwareTableView::showLoadedList);
     connect(m_table->horizontalHeader(), &QHeaderView::sortIndicatorChanged, this,
             [this] { showSelectedRow(m_overview.selectedRow()); });
-    showListOrHint();
 }
 
 SoftwareTableView::~SoftwareTableView()
@@ -125,9 +123,18 @@ void SoftwareTableView::restoreColumns()
     header->setSectionsMovable(true);
 }
 
+void SoftwareTableView::showEvent(QShowEvent *event)
+{
+    showListOrHint(); // Not before it is known whether there are titles: the hint costs some milliseconds.
+    QStackedWidget::showEvent(event);
+}
+
 void SoftwareTableView::showListOrHint()
 {
-    setCurrentIndex(m_sorted->rowCount() == 0 ? 1 : 0);
+    const bool isEmpty = m_sorted->rowCount() == 0;
+    if (isEmpty && count() == 1)
+        addWidget(newEmptyPage());
+    setCurrentIndex(isEmpty ? 1 : 0);
 }
 
 void SoftwareTableView::showSelectedRow(int row)

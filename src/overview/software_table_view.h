@@ -27,6 +27,9 @@ Q_SIGNALS:
     /// The author asks to edit the selected title.
     void editRequested();
 
+protected:
+    void showEvent(QShowEvent *event) override;
+
 private:
     void buildTable(const CommandSet &commands);
     void bindSelection();

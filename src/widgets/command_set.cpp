@@ -1,8 +1,9 @@
 #include "widgets/command_set.h"
 
+#include "widgets/lazy_icon.h"
+
 #include <QAction>
 #include <QActionGroup>
-#include <QIcon>
 #include <QMenu>
 #include <QMenuBar>
 
@@ -38,7 +39,7 @@ CommandSet::CommandSet(const QList<Command> &commands, QWidget *window)
 
 QAction *CommandSet::newAction(const Command &command)
 {
-    const QIcon icon = command.icon.isEmpty() ? QIcon() : QIcon(u":/icons/%1.svg"_s.arg(command.icon));
+    const QIcon icon = command.icon.isEmpty() ? QIcon() : lazyIcon(command.icon);
     auto *action = new QAction(icon, command.text, this);
     action->setObjectName(command.id);
     action->setShortcuts(command.keys);
