@@ -88,7 +88,8 @@ int main(int argc, char *argv[])
 
     CLI::App program("Keeps, checks and submits the PAD files of software titles.", "quillon-cli");
     program.set_version_flag("--version", application_info::version.toStdString());
-    program.require_subcommand(0, 1); // With 1 the parser would not name an unknown one; none is told below.
+    // None is complained of below: were one required here, the parser would not name an unknown one.
+    program.require_subcommand(0, 1);
     std::string home = QDir::homePath().toStdString();
     program.add_option("--home", home, "Use this folder as the user's home folder")->type_name("DIR");
 

@@ -29,8 +29,8 @@ StringDictionary stored(QStringView siteList)
     return sites.valueOr({});
 }
 
-/// Complains of each of @p names that stays hidden when they are restored, since another ignored site has its
-/// address. False when one of them has no entry of its own that could be taken away.
+/// Complains of each of @p names that stays hidden when they are restored, because another removed site has
+/// the same address. False when one was not removed itself, so that there is nothing to restore.
 bool canBeRestored(const QStringList &names)
 {
     const StringDictionary ignored = stored(site_list::ignoredSites);
@@ -105,7 +105,7 @@ private:
             complain(edit.sentence);
             return edit.outcome == SiteEdit::NotStored ? FileFailed : Refused;
         }
-        return TitleSession::stored(); // A mark in a title may not have followed.
+        return TitleSession::stored(); // It may not be safe yet.
     }
 
     /// False, with a complaint, when one of @p names is not among @p sites.

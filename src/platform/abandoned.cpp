@@ -15,7 +15,7 @@ void removeAbandoned(const QString &folder)
     const auto handle = FolderHandle::open(folder);
     const auto entries = handle ? handle->entries() : handle.error();
     if (!entries)
-        return;                              // Who made something there has told it.
+        return;                              // Nothing that the author needs to know.
     static constexpr qint64 patience = 3600; // Seconds.
     const QDateTime latest = QDateTime::currentDateTime().addSecs(-patience);
     for (const FolderHandle::Entry &entry : *entries) {

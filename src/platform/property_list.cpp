@@ -28,9 +28,9 @@ qsizetype bytesMoved(QByteArrayView xml)
     return moved;
 }
 
-/// Whether libplist can take @p xml. It ends the process on a NUL, looks through the keys before for each
-/// one, and descends into containers without a bound; to count those that are open at a time would have to
-/// agree with it on every comment and declaration, to count all of them need not.
+/// Whether libplist can take @p xml: it ends the process on a NUL, compares each key with all before it, and
+/// calls itself for each container in another one. Counted are all containers, not only those in one another,
+/// which could not be told without reading comments and declarations just as libplist does.
 bool isBearable(const QByteArray &xml)
 {
     return !xml.isEmpty() && xml.size() <= maxSize && !xml.contains('\0') &&

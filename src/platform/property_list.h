@@ -14,8 +14,8 @@ inline constexpr qsizetype maxEntries = 10'000;
 inline constexpr qsizetype maxSize = qsizetype{4} * 1024 * 1024; ///< Bytes.
 /// Dictionaries and arrays; ours hold one.
 inline constexpr qsizetype maxContainers = 1000;
-/// What references such as "&amp;" cost: for each, the bytes of the text that it stands in, summed up. An
-/// address of 2,000 bytes with 100 of them costs 200,000; the largest list of them a twentieth of this.
+/// References such as "&amp;" each cost as many bytes as the text has that they stand in: 100 of them in an
+/// address of 2,000 bytes cost 200,000. The largest list of such addresses costs a twentieth of this.
 inline constexpr qsizetype maxMoves = 10'000'000'000;
 
 /// The dictionary in @p bytes; unintelligible when they are malformed, no dictionary, hold a NUL or more than

@@ -10,7 +10,7 @@ inline constexpr char file[] = ".tmp";    ///< Ends the name of a file that is b
 inline constexpr char folder[] = ".new";  ///< Ends the name of a folder that is being filled.
 inline constexpr char deleted[] = ".old"; ///< Ends the name of what is being removed.
 
-/// A name with the end @p end that nobody else has. It leaves room for the longest that a file system takes.
+/// A new name with the end @p end, which nobody else has, and short enough for any file system.
 QByteArray make(QByteArrayView end);
 
 /// Whether make() gives such names for @p end.

@@ -49,10 +49,12 @@ SiteEdit addSite(const QString &name, const QString &url);
 
 /// Gives the catalogue's site @p old another name and address, and its marks in all titles the new name.
 ///
-/// A default site cannot be changed: it is hidden, as if removed, and an own site stands for it. When an own
-/// site gets the name and an address of default sites, it goes, and the default site of that name is on show
-/// again; but the own site stays where another removed site has that one's address and so keeps it hidden.
-/// Another site that has the new name or address already is no obstacle.
+/// A default site is hidden, as if removed, and an own site stands for it. An own site that gets the name and
+/// an address of default sites goes, and the default site of that name is shown again; unless another removed
+/// site has the same address, which keeps the default one hidden: then the own site stays. Another site that
+/// has the new name or address already is no obstacle.
+///
+/// When something cannot be stored, both names may be listed; the same edit can then be made again.
 SiteEdit editSite(const Site &old, const QString &name, const QString &url);
 
 /// Removes sites of the catalogue by name: default ones are hidden from now on, own ones are gone.

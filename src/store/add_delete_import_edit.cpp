@@ -62,8 +62,8 @@ Error refused(const QString &path, const QString &reason)
     return {Error::Kind::Refused, path, reason};
 }
 
-/// The folder of a title that is listed. Where it lies in another one no title can be opened, and what was to
-/// be done to it is told as not done.
+/// The folder of a title that is listed. One inside another folder is listed, but cannot be opened: then what
+/// was to be done to it is told as not done.
 Result<QString> listedFolder(const QString &name)
 {
     if (std::optional<QString> folder = title_folder::path(name))
@@ -131,7 +131,7 @@ Result<> moved(const QString &path, const QByteArray &to)
     return moved ? data->sync() : moved;
 }
 
-/// Removes what is no longer anything; what stays of it goes at the next start.
+/// Removes what has an unfinished name; what cannot be removed now goes at the next start.
 void removeLeft(const QString &path)
 {
     if (const Result<> removed = atomic_file::removeAll(path); !removed)

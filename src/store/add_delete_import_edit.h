@@ -28,8 +28,7 @@ public:
     static Result<> checkAppSuppExists();
 
     /// Removes what crashes left half made, or half removed, in the data folder, in the titles and among the
-    /// pictures of sites. Only for
-    /// the one that holds the data folder's lock.
+    /// pictures of sites. Only for the one that holds the data folder's lock.
     static void removeUnfinished();
 
     /// Makes the folder and the first files of a new title. An existing title is left untouched, which is no
