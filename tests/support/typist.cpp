@@ -5,6 +5,7 @@
 // Whenever the status bar knows of nothing that could not be stored, what stands in the field is told on
 // standard output. Ends with 3 when another holds the data folder.
 
+#include "editor/editor_view.h"
 #include "platform/settings.h"
 #include "shell/workbench.h"
 #include "store/add_delete_import_edit.h"
@@ -38,6 +39,7 @@ int main(int argc, char *argv[])
     const int row = int(program.overview().softwareTable().swNameArray().indexOf(arguments.value(3)));
     program.window().findChild<QTableView *>(QStringLiteral("softwareTableView"))->selectRow(row);
     program.window().findChild<QAction *>(QStringLiteral("Edit"))->trigger();
+    program.window().findChild<EditorView *>()->revealField(FieldId::programVersion);
     auto *const field = program.window().findChild<QLineEdit *>(QStringLiteral("programVersion"));
     const auto tell = [field] {
         if (failedWritesLine().isEmpty())
