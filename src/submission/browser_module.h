@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/result.h"
 #include "submission/browser.h"
 
 #include <QtPlugin>
@@ -66,6 +67,9 @@ public:
 
     /// @p name is the object name of the view inside; @p observer outlives the browser.
     virtual WindowBrowser &newBrowser(const QString &name, BrowserObserver &observer) = 0;
+
+    /// Clears all that pages have stored; those on show are loaded anew.
+    virtual Result<> clearStorage() = 0;
 };
 
 /// The part of the program that is loaded when pages are to be shown: it alone links a web engine.

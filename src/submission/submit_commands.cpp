@@ -72,6 +72,8 @@ QList<Command> submitCommands(SubmitWindow &window)
         {.id = u"openInDefaultBrowser"_s, .text = u"&Open in Your Own Browser"_s, .menu = page,
          .icon = u"open-external"_s, .keys = {u"Ctrl+O"_s},
          .run = [&control] { control.pageLoad().openInDefaultBrowserAction(); }},
+        {.id = u"clearPagesData"_s, .text = u"&Clear Pages' Data…"_s, .menu = page, .opensGroup = true,
+         .keys = {u"Ctrl+Shift+Del"_s}, .run = [&window] { window.clearPagesData(); }},
 
         {.id = u"drawer"_s, .text = u"&List of Sites"_s, .menu = view, .icon = u"sites"_s, .keys = {u"F9"_s},
          .toolTip = u"Show or hide the list of sites"_s, .run = [&window] { window.toggleDrawer(); }},

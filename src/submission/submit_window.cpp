@@ -1,7 +1,9 @@
 #include "submission/submit_window.h"
 
+#include "platform/alert_sheets.h"
 #include "platform/settings.h"
 #include "store/process_state.h"
+#include "store/storage_status.h"
 #include "submission/accessible_roles.h"
 #include "submission/browser_bar.h"
 #include "submission/browser_events.h"
@@ -41,7 +43,9 @@ constexpr QSize usualSize(1240, 680);
 
 SubmitWindow::SubmitWindow(BrowserEngine &engine, AlertSheets &alerts, Desktop &desktop,
                            DelayedCalls &delayedCalls)
-    : m_events(new BrowserEvents)
+    : m_engine(engine)
+    , m_alerts(alerts)
+    , m_events(new BrowserEvents)
     , m_qnWebView(engine.newBrowser(u"qnWebView"_s, *m_events))
     , m_popUpBrowserWindow(std::make_unique<PopUpWindow>(engine))
     , m_control(std::make_unique<SubmitControl>(
@@ -193,6 +197,23 @@ void SubmitWindow::zoom(double factor)
     m_qnWebView.setZoomFactor(factor);
     m_statusRow->showNotice(u"Zoom: %1 %"_s.arg(qRound(m_qnWebView.zoomFactor() * 100)));
     settings().setValue(zoomKey, m_qnWebView.zoomFactor());
+}
+
+void SubmitWindow::clearPagesData()
+{
+    const Alert question{.message = u"Do you want to clear what pages have stored?"_s,
+                         .informativeText =
+                             u"Sites forget who you are, and pages on show are loaded anew; what "
+                             "was filled in there is lost. Titles and marks stay."_s,
+                         .defaultButton = u"Clear"_s,
+                         .alternateButton = u"Cancel"_s};
+    m_alerts.show(SheetWindow::Submission, question, [self = QPointer(this)](AlertAnswer answer) {
+        if (!self || answer != AlertAnswer::Default)
+            return;
+        const Result<> cleared = self->m_engine.clearStorage();
+        self->m_statusRow->showNotice(cleared ? u"What pages had stored is cleared."_s
+                                              : failureLine(cleared.error()));
+    });
 }
 
 void SubmitWindow::bringToFront()

@@ -43,6 +43,8 @@ public:
     void toggleDrawer();
     /// Shows pages in that part of their usual size, from now on and in later runs.
     void zoom(double factor);
+    /// Asks whether to clear what pages have stored, and does so.
+    void clearPagesData();
 
 protected:
     void closeEvent(QCloseEvent *event) override;
@@ -59,6 +61,8 @@ private:
     void restoreLayout();
     void saveLayout() const;
 
+    BrowserEngine &m_engine;
+    AlertSheets &m_alerts;
     BrowserEvents *m_events;
     WindowBrowser &m_qnWebView;
     std::unique_ptr<PopUpWindow> m_popUpBrowserWindow;

@@ -3,6 +3,7 @@
 #include "platform/web_address.h"
 #include "submission/hang_bar.h"
 #include "submission/web_engine_page.h"
+#include "submission/web_engine_storage.h"
 #include "submission/web_engine_view.h"
 
 #include <QVBoxLayout>
@@ -23,13 +24,13 @@ constexpr double greatestZoom = 5.0;
 
 } // namespace
 
-WebEngineBrowser::WebEngineBrowser(QWebEngineProfile &profile, PasteQueue &pastes, const QString &name,
+WebEngineBrowser::WebEngineBrowser(WebEngineStorage &storage, PasteQueue &pastes, const QString &name,
                                    QWidget *parent)
     : QWidget(parent)
-    , m_profile(profile)
+    , m_storage(storage)
     , m_view(new WebEngineView(this))
     , m_hangBar(new HangBar)
-    , m_page(new WebEnginePage(&profile, this))
+    , m_page(new WebEnginePage(storage.profile(), this))
     , m_pasting(pastes)
 {
     setObjectName(name + u"Browser"_s);
@@ -59,6 +60,8 @@ void WebEngineBrowser::connectParts()
     });
     connect(&m_pasting, &WebEnginePasting::notice, this, &WebEngineBrowser::notice);
     connect(&m_watch, &WebEngineWatch::hangChanged, m_hangBar, &QWidget::setVisible);
+    connect(&m_watch, &WebEngineWatch::looked, &m_storage, &WebEngineStorage::look);
+    connect(&m_storage, &WebEngineStorage::cleared, this, &WebEngineBrowser::storageCleared);
     connect(m_hangBar, &HangBar::endRequested, this, [this] {
         m_loading.processEnds();
         m_watch.endProcess();
@@ -90,12 +93,36 @@ void WebEngineBrowser::renew()
     for (const QObject *listener :
          std::initializer_list<const QObject *>{this, &m_loading, &m_windows, &m_watch})
         old->disconnect(listener);
-    m_page = new WebEnginePage(&m_profile, this);
+    m_page = new WebEnginePage(m_storage.profile(), this);
     m_page->setDelegate(m_delegate);
     connectPage();
     m_view->setPage(m_page);
     old->giveUp(); // It may be the one that asks for this.
     Q_EMIT stateChanged();
+}
+
+void WebEngineBrowser::storageCleared(const QString &reason)
+{
+    const QString address = currentUrl();
+    renew();
+    if (address.isEmpty())
+        return;
+    if (reason.isEmpty())
+        loadUrl(address);
+    else
+        m_loading.refuse(address, reason);
+}
+
+void WebEngineBrowser::showEvent(QShowEvent *event)
+{
+    m_watch.setRunning(true);
+    QWidget::showEvent(event);
+}
+
+void WebEngineBrowser::hideEvent(QHideEvent *event)
+{
+    m_watch.setRunning(false);
+    QWidget::hideEvent(event);
 }
 
 void WebEngineBrowser::open(QWebEngineNewWindowRequest &request)

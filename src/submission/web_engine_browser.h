@@ -10,12 +10,12 @@
 #include <QWidget>
 
 class QWebEngineNewWindowRequest;
-class QWebEngineProfile;
 
 namespace quillon {
 
 class HangBar;
 class WebEnginePage;
+class WebEngineStorage;
 class WebEngineView;
 
 /// The browser on Qt's web engine: one view, and its page with what it loads, pastes and opens.
@@ -23,9 +23,9 @@ class WebEngineBrowser final : public QWidget, public WindowBrowser
 {
     Q_OBJECT
 public:
-    /// @p profile and @p pastes, which all browsers share, must outlive the browser; @p name is the inner
+    /// @p storage and @p pastes, which all browsers share, must outlive the browser; @p name is the inner
     /// view's object name.
-    WebEngineBrowser(QWebEngineProfile &profile, PasteQueue &pastes, const QString &name,
+    WebEngineBrowser(WebEngineStorage &storage, PasteQueue &pastes, const QString &name,
                      QWidget *parent = nullptr);
     ~WebEngineBrowser() override;
 
@@ -64,12 +64,17 @@ Q_SIGNALS:
     void closeRequested();
     void notice(const QString &text);
 
+protected:
+    void showEvent(QShowEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+
 private:
+    void storageCleared(const QString &reason);
     void connectParts();
     void connectPage();
     void showLink(const QString &url);
 
-    QWebEngineProfile &m_profile;
+    WebEngineStorage &m_storage;
     WebEngineView *m_view;
     HangBar *m_hangBar;
     WebEnginePage *m_page;

@@ -63,9 +63,14 @@ void WebEngineLoading::loadUrl(const QString &text)
         m_page->load(url);
         return;
     }
+    refuse(text, refusal(text));
+}
+
+void WebEngineLoading::refuse(const QString &address, const QString &reason)
+{
     m_page->triggerAction(QWebEnginePage::Stop);
-    begin(QUrl(), text);
-    failLater(refusal(text));
+    begin(QUrl(), address);
+    failLater(reason);
 }
 
 void WebEngineLoading::loadHtml(const QString &html, const QString &baseUrl)

@@ -39,6 +39,9 @@ public:
     void loadHtml(const QString &html, const QString &baseUrl);
     void reload();
 
+    /// Fails @p address for @p reason, as if it could not be loaded.
+    void refuse(const QString &address, const QString &reason);
+
     /// The author has the page's process ended, which fails the page.
     void processEnds() { m_isEnding = true; }
 

@@ -2,9 +2,7 @@
 
 #include "submission/paste_queue.h"
 #include "submission/web_engine_browser.h"
-#include "submission/web_engine_profile.h"
-
-#include <QWebEngineProfile>
+#include "submission/web_engine_storage.h"
 
 namespace quillon {
 
@@ -13,14 +11,11 @@ namespace {
 class WebEngine final : public BrowserEngine
 {
 public:
-    WebEngine(const QString &folder, Desktop &desktop)
-        : m_profile(newWebEngineProfile(folder)), m_pastes(desktop)
-    {
-    }
+    WebEngine(const QString &folder, Desktop &desktop) : m_storage(folder), m_pastes(desktop) {}
 
     WindowBrowser &newBrowser(const QString &name, BrowserObserver &observer) override
     {
-        auto *browser = new WebEngineBrowser(*m_profile, m_pastes, name);
+        auto *browser = new WebEngineBrowser(m_storage, m_pastes, name);
         const auto tell = [&](auto signal, auto report) {
             QObject::connect(browser, signal, browser, std::bind_front(report, &observer));
         };
@@ -32,8 +27,10 @@ public:
         return *browser;
     }
 
+    Result<> clearStorage() override { return m_storage.clear(); }
+
 private:
-    std::unique_ptr<QWebEngineProfile> m_profile;
+    WebEngineStorage m_storage;
     PasteQueue m_pastes;
 };
 

@@ -82,8 +82,12 @@ bool isOneOf(const std::array<QStringView, count> &schemes, const QUrl &url)
 
 } // namespace
 
-WebEnginePage::WebEnginePage(QWebEngineProfile *profile, QObject *parent) : QWebEnginePage(profile, parent)
+WebEnginePage::WebEnginePage(const std::shared_ptr<QWebEngineProfile> &profile, QObject *parent)
+    : QWebEnginePage(profile.get(), parent)
 {
+    // Members go before the engine's page, and that needs the profile; connections go after it.
+    connect(
+        this, &QObject::destroyed, this, [kept = profile] {}, Qt::DirectConnection);
     refusePermissions();
     refuseToLogIn();
     QWebEngineScript watch;

@@ -8,6 +8,7 @@
 #include <QWebEngineScript>
 
 #include <functional>
+#include <memory>
 #include <optional>
 
 namespace quillon {
@@ -17,7 +18,8 @@ class WebEnginePage : public QWebEnginePage
 {
     Q_OBJECT
 public:
-    WebEnginePage(QWebEngineProfile *profile, QObject *parent);
+    /// Holds @p profile until the page has gone whole.
+    WebEnginePage(const std::shared_ptr<QWebEngineProfile> &profile, QObject *parent);
 
     void setDelegate(BrowserDelegate *delegate) { m_delegate = delegate; }
 

@@ -20,7 +20,16 @@ constexpr std::chrono::milliseconds patience{5000};
 WebEngineWatch::WebEngineWatch(QObject *parent) : QObject(parent)
 {
     connect(&m_looks, &QTimer::timeout, this, &WebEngineWatch::look);
-    m_looks.start(lookInterval);
+    connect(&m_looks, &QTimer::timeout, this, &WebEngineWatch::looked);
+}
+
+void WebEngineWatch::setRunning(bool isRunning)
+{
+    takeAnswer();
+    if (isRunning)
+        m_looks.start(lookInterval);
+    else
+        m_looks.stop();
 }
 
 void WebEngineWatch::setPage(WebEnginePage &page)
@@ -32,7 +41,7 @@ void WebEngineWatch::setPage(WebEnginePage &page)
 
 void WebEngineWatch::look()
 {
-    if (!m_page->isVisible() || m_page->isAsking() || m_page->renderProcessPid() == 0) {
+    if (m_page->isAsking() || m_page->renderProcessPid() == 0) {
         takeAnswer();
     } else if (!m_sinceQuestion.isValid()) {
         m_sinceQuestion.start();

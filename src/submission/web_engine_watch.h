@@ -17,6 +17,9 @@ class WebEngineWatch : public QObject
 public:
     explicit WebEngineWatch(QObject *parent = nullptr);
 
+    /// Looks every second, or not at all.
+    void setRunning(bool isRunning);
+
     /// From now on all is about @p page, which answers.
     void setPage(WebEnginePage &page);
 
@@ -24,6 +27,8 @@ public:
     void endProcess();
 
 Q_SIGNALS:
+    /// Another second has passed.
+    void looked();
     /// The page has not answered for some seconds, or has again.
     void hangChanged(bool hangs);
 

@@ -1,10 +1,10 @@
 #include "platform/plain_text.h"
 #include "platform/web_address.h"
 #include "submission/address_catcher.h"
+#include "submission/engine_environment.h"
 #include "submission/pop_up_window.h"
 #include "submission/submit_window_fixture.h"
 #include "submission/web_engine_page.h"
-#include "submission/engine_environment.h"
 #include "widgets/qt_desktop.h"
 
 #include <QSignalSpy>
@@ -308,6 +308,31 @@ TEST_F(WebPagesTest, AFrameFromElsewhereStoresNothing)
         EXPECT_TRUE(eventually([] { return !ask(u"told"_s).toString().isEmpty(); }));
         EXPECT_EQ(ask(u"told"_s), stored) << host.toStdString();
     }
+}
+
+TEST_F(WebPagesTest, WhatPagesStoreIsBoundedAndCanBeCleared)
+{
+    const QString kept = u"document.cookie + localStorage.a"_s;
+    const QDir folder(QFileInfo(settings().fileName()).path() + u"/Quillon-web"_s);
+    ASSERT_TRUE(open(u"/windows.html"_s));
+    ask(u"document.cookie = 'a=1; max-age=9999'; localStorage.a = 2; 0"_s);
+    window().findChild<QAction *>(u"clearPagesData"_s)->trigger();
+    answerAlert(u"Cancel"_s);
+    ASSERT_TRUE(open(u"/windows.html"_s));
+    EXPECT_EQ(ask(kept), u"a=12"_s);
+    window().findChild<QAction *>(u"clearPagesData"_s)->trigger();
+    answerAlert(u"Clear"_s);
+    ASSERT_TRUE(waitForPage(u"Windows")) << "the page is loaded anew";
+    EXPECT_EQ(ask(kept), u"undefined"_s);
+
+    ask(u"document.cookie = 'a=1; max-age=9999'; 0"_s);
+    ask(u"caches.open('a').then(all => all.put('/a', new Response(new Uint8Array(70e6)))); 0"_s);
+    ASSERT_TRUE(waitForPage(errorTitle));
+    EXPECT_TRUE(pageText().contains(u"stored more than 64 MB"));
+    start();
+    ASSERT_TRUE(open(u"/windows.html"_s));
+    EXPECT_EQ(ask(kept), u"undefined"_s);
+    EXPECT_EQ(folder.entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), QStringList(u"3"_s));
 }
 
 TEST(WebEngineEnvironmentTest, OpensNoPagesToOthersAndHidesNoMissingSandbox)
