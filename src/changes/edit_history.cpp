@@ -53,8 +53,9 @@ EditHistory::EditHistory(Editor &editor, DelayedCalls &delayedCalls, QObject *pa
     connect(&editor, &Editor::edited, this, &EditHistory::note);
     connect(&editor, &Editor::stepEnded, this, &EditHistory::endTyping);
     connect(&editor, &Editor::left, this, [this](FieldId field) {
-        if (m_field == field)
-            store();
+        if (!m_field)
+            note(field); // Leaving may put a text in order that nobody was typing in.
+        store();
     });
     // The title may be renamed, or deleted, when the list is to be seen.
     NotificationCenter::defaultCenter().addObserver(notification::mwqnOvLSlst, this, [this] { store(); });
@@ -105,7 +106,7 @@ void EditHistory::endStep(const QString &origin, const QString &label)
     const QList<Change> changes = change_sets::between(m_before, now);
     m_before = now;
     if (changes.isEmpty())
-        return;
+        return Q_EMIT changed();
     history::Step step{origin, label, QDateTime::currentMSecsSinceEpoch(), {}};
     for (const Change &change : changes)
         step.rows.append({.field = padField(change.field).control.toString(),
@@ -174,7 +175,7 @@ bool EditHistory::canUndo()
 
 bool EditHistory::canRedo()
 {
-    return !m_field && !stacks().undone.isEmpty();
+    return m_field || !stacks().undone.isEmpty();
 }
 
 Result<QList<FieldId>> EditHistory::undo()

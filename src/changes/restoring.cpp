@@ -2,6 +2,11 @@
 
 #include "journal/history.h"
 #include "journal/journal.h"
+#include "journal/originals.h"
+#include "pad/pad_form.h"
+#include "pad/pad_reader.h"
+#include "validation/error_pass.h"
+#include "validation/field_rules.h"
 
 #include <algorithm>
 
@@ -24,6 +29,18 @@ Result<QList<history::Row>> rowsOf(const QString &title)
     if (!read && !read.isError(Error::Kind::Missing))
         return read.error();
     return rows;
+}
+
+/// What an import of the title's original makes of it.
+std::optional<FormValues> valuesOfOriginal(const QString &title)
+{
+    const auto original = originals::of(title);
+    PadForm form;
+    if (!original || !loadPADData(original->bytes, form))
+        return std::nullopt;
+    ErrorPass errors;
+    field_rules::checkEntries(form, errors); // As the first opening does; it puts texts in order.
+    return change_sets::valuesOf(form);
 }
 
 /// The value of each field when the row @p number had come in; @p rows are newest first.
@@ -57,8 +74,9 @@ Result<ChangeSet> plan(const QString &title, const PadForm &form, qint64 row,
     if (!isThere && row != 0)
         return Error{Error::Kind::Refused, title, u"its history has no row %1"_s.arg(row)};
     const FormValues now = change_sets::valuesOf(form);
+    const auto original = row == 0 ? valuesOfOriginal(title) : std::nullopt; // The rows may be thinned out.
     ChangeSet set{history::origin::restore, u"Back to row %1"_s.arg(row),
-                  change_sets::between(now, valuesAt(*rows, row, now))};
+                  change_sets::between(now, original ? *original : valuesAt(*rows, row, now))};
     if (field)
         set.changes.removeIf([&field](const Change &change) { return change.field != *field; });
     return set;

@@ -5,6 +5,7 @@
 #include "editor/editor_layout.h"
 #include "editor/error_badge.h"
 #include "editor/field_check_list.h"
+#include "editor/field_watch.h"
 #include "editor/hint_label.h"
 #include "editor/text_bindings.h"
 #include "editor/unreadable_file_bar.h"
@@ -62,7 +63,7 @@ void placeCursorAtEnd(QWidget *widget)
 } // namespace
 
 EditorView::EditorView(Editor &editor, QWidget *parent)
-    : QWidget(parent), m_editor(editor), m_editorTabs(new QTabWidget)
+    : QWidget(parent), m_editor(editor), m_editorTabs(new QTabWidget), m_watch(new FieldWatch(editor, this))
 {
     setObjectName(u"editView"_s);
     m_editorTabs->setObjectName(u"editorTabs"_s);
@@ -81,6 +82,9 @@ EditorView::EditorView(Editor &editor, QWidget *parent)
     layout->addWidget(new UnreadableFileBar(editor, this));
     layout->addWidget(m_editorTabs, 1);
     connect(m_editorTabs, &QTabWidget::currentChanged, this, &EditorView::tabPicked);
+    for (auto each = m_widgets.cbegin(); each != m_widgets.cend(); ++each)
+        m_watch->add(each.value(), each.key());
+    connect(m_watch, &FieldWatch::earlierTextsRequested, this, &EditorView::earlierTextsRequested);
     connect(&editor, &Editor::checked, this, &EditorView::showErrorCounts);
     connect(&editor, &Editor::checked, this, &EditorView::showErrors);
     connect(&editor, &Editor::formLoaded, this, &EditorView::enablePages);
@@ -214,6 +218,39 @@ void EditorView::revealField(FieldId field)
     const auto page = qsizetype(&pageOf(field) - editorPages.data());
     m_editorTabs->setCurrentIndex(int(page));
     focusField(field);
+}
+
+std::optional<FieldId> EditorView::focusedText() const
+{
+    QWidget *focused = focusWidget();
+    const bool isText = qobject_cast<FieldLineEdit *>(focused) || qobject_cast<FieldTextEdit *>(focused);
+    return isText ? std::optional(m_widgets.key(focused)) : std::nullopt;
+}
+
+bool EditorView::undoTyping()
+{
+    auto *line = qobject_cast<FieldLineEdit *>(focusWidget());
+    auto *text = qobject_cast<FieldTextEdit *>(focusWidget());
+    if (line && line->isUndoAvailable())
+        line->undo();
+    else if (text && text->document()->isUndoAvailable())
+        text->undo();
+    else
+        return false;
+    return true;
+}
+
+bool EditorView::redoTyping()
+{
+    auto *line = qobject_cast<FieldLineEdit *>(focusWidget());
+    auto *text = qobject_cast<FieldTextEdit *>(focusWidget());
+    if (line && line->isRedoAvailable())
+        line->redo();
+    else if (text && text->document()->isRedoAvailable())
+        text->redo();
+    else
+        return false;
+    return true;
 }
 
 void EditorView::tabPicked(int index)

@@ -5,6 +5,8 @@
 #include <QHash>
 #include <QWidget>
 
+#include <optional>
+
 class QBoxLayout;
 class QLabel;
 class QTabWidget;
@@ -12,6 +14,7 @@ class QTabWidget;
 namespace quillon {
 
 class Editor;
+class FieldWatch;
 struct FieldGroup;
 struct FieldLine;
 
@@ -31,7 +34,15 @@ public:
     /// Shows the page of @p field and puts the focus into it.
     void revealField(FieldId field);
 
+    /// The field with a text that has the focus; none when something else has it.
+    [[nodiscard]] std::optional<FieldId> focusedText() const;
+    /// Takes back, or does again, what was typed into that field; false where it has nothing of it.
+    bool undoTyping();
+    bool redoTyping();
+
 Q_SIGNALS:
+    /// The author wants to see what @p field held before.
+    void earlierTextsRequested(quillon::FieldId field);
     /// The author picked the page of that label.
     void tabSelected(const QString &label);
 
@@ -56,6 +67,7 @@ private:
 
     Editor &m_editor;
     QTabWidget *m_editorTabs;
+    FieldWatch *m_watch;
     QHash<FieldId, QWidget *> m_widgets;
     bool m_revealing = false; ///< The page changes for a field that gets the focus by itself.
     bool m_isPageRestored = false;

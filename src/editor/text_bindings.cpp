@@ -19,6 +19,18 @@ namespace quillon {
 
 namespace {
 
+/// Leaves the keys of undo and redo to the window's commands; they come as keys where it has none to offer.
+bool isLeftToWindow(QEvent *event)
+{
+    if (event->type() != QEvent::ShortcutOverride)
+        return false;
+    const auto *key = static_cast<QKeyEvent *>(event);
+    if (!key->matches(QKeySequence::Undo) && !key->matches(QKeySequence::Redo))
+        return false;
+    event->ignore();
+    return true;
+}
+
 QTextCharFormat redFormat(const QWidget &widget)
 {
     QTextCharFormat format;
@@ -135,9 +147,26 @@ void FieldLineEdit::walkHistory(void (QLineEdit::*step)(), bool (QLineEdit::*can
     showControl();
 }
 
+void FieldLineEdit::paste()
+{
+    const bool replacesAll = !text().isEmpty() && selectedText() == text();
+    if (replacesAll)
+        m_editor.endStep();
+    QLineEdit::paste();
+    if (replacesAll)
+        m_editor.endStep();
+}
+
+bool FieldLineEdit::event(QEvent *event)
+{
+    return isLeftToWindow(event) || QLineEdit::event(event);
+}
+
 void FieldLineEdit::keyPressEvent(QKeyEvent *event)
 {
-    if (event->matches(QKeySequence::Undo))
+    if (event->matches(QKeySequence::Paste))
+        paste();
+    else if (event->matches(QKeySequence::Undo))
         undo();
     else if (event->matches(QKeySequence::Redo))
         redo();
@@ -256,12 +285,23 @@ void FieldTextEdit::changeEvent(QEvent *event)
         showColours();
 }
 
+bool FieldTextEdit::event(QEvent *event)
+{
+    return isLeftToWindow(event) || WithFocusFrame::event(event);
+}
+
 void FieldTextEdit::insertFromMimeData(const QMimeData *source)
 {
     if (!source->hasText())
         return;
+    const qsizetype selected = textCursor().selectionEnd() - textCursor().selectionStart();
+    const bool replacesAll = selected > 0 && selected == document()->characterCount() - 1;
+    if (replacesAll)
+        m_editor.endStep();
     chooseWrapMode(source->text());
     insertPlainText(source->text());
+    if (replacesAll)
+        m_editor.endStep();
 }
 
 void FieldTextEdit::chooseWrapMode(const QString &text)

@@ -24,8 +24,11 @@ public Q_SLOTS:
     /// is another, past those that the field's filter did not let stand.
     void undo();
     void redo();
+    /// A step of its own where it replaces the whole text.
+    void paste();
 
 protected:
+    bool event(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
     void inputMethodEvent(QInputMethodEvent *event) override;
@@ -60,6 +63,7 @@ public:
     [[nodiscard]] QSize sizeHint() const override;
 
 protected:
+    bool event(QEvent *event) override;
     void changeEvent(QEvent *event) override;
     void insertFromMimeData(const QMimeData *source) override;
 

@@ -1,5 +1,6 @@
 #include "journal/originals.h"
 
+#include "journal/history.h"
 #include "journal/journal.h"
 #include "journal/titles.h"
 
@@ -58,6 +59,8 @@ Result<> keep(const QString &title, const Original &file, Keeping keeping)
             return id.error();
         const QByteArray compressed = qCompress(file.bytes);
         const bool isSmaller = compressed.size() < file.bytes.size();
+        if (Result<> noted = history::appendImport(database, title); !noted)
+            return noted;
         return database.run("INSERT INTO originals (title_id, time, name, is_compressed, bytes)"
                             " VALUES (?, ?, ?, ?, ?)",
                             *id, QDateTime::currentMSecsSinceEpoch(), file.name, qint64(isSmaller),

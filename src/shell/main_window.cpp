@@ -1,5 +1,6 @@
 #include "shell/main_window.h"
 
+#include "changes/edit_history.h"
 #include "editor/editor.h"
 #include "editor/editor_view.h"
 #include "overview/name_panel_view.h"
@@ -35,9 +36,10 @@ const QString stateKey = u"mainWindow/state"_s;
 } // namespace
 
 MainWindow::MainWindow(ToolbarControl &toolbar, OverviewController &overview, TitleCommands &titles,
-                       Editor &editor, PreferencesController &preferences)
+                       Editor &editor, PreferencesController &preferences, EditHistory &edits)
     : m_toolbarControl(toolbar)
     , m_editor(editor)
+    , m_edits(edits)
     , m_commands(new CommandSet(mainWindowCommands({*this, toolbar, overview, titles, preferences}), this))
     , m_content(new QStackedWidget)
     , m_toolbar(new MainToolbar(*m_commands, this))
@@ -53,6 +55,7 @@ MainWindow::MainWindow(ToolbarControl &toolbar, OverviewController &overview, Ti
     connect(&overview.fileMenu(), &FileMenu::changed, m_commands, &CommandSet::update);
     for (const QString &view : {u"Overview"_s, u"Edit"_s}) // Also when the command was refused.
         connect(m_commands->action(view), &QAction::triggered, this, &MainWindow::checkShownView);
+    connect(&edits, &EditHistory::changed, m_commands, &CommandSet::update);
     connect(&toolbar, &ToolbarControl::showView, this, &MainWindow::showContent);
     connect(
         &titles, &TitleCommands::namePanelChanged, this,
@@ -130,9 +133,11 @@ void MainWindow::showContent(ContentView view)
 {
     m_content->setCurrentWidget(view == ContentView::Overview ? static_cast<QWidget *>(m_overviewView)
                                                               : &editView());
+    m_isEditorShown = view == ContentView::Editor;
     checkShownView();
-    const bool isTitleShown = view == ContentView::Editor && mwqnSelSW;
+    const bool isTitleShown = m_isEditorShown && mwqnSelSW;
     setWindowTitle(isTitleShown ? plainWindowTitle(*mwqnSelSW) : u"Quillon"_s);
+    m_commands->update();
 }
 
 void MainWindow::checkShownView()
@@ -147,6 +152,42 @@ void MainWindow::editField(const QString &key)
     m_toolbarControl.editTBI();
     if (field)
         editView().revealField(*field);
+}
+
+bool MainWindow::canUndo() const
+{
+    return m_isEditorShown && m_edits.canUndo();
+}
+
+bool MainWindow::canRedo() const
+{
+    return m_isEditorShown && m_edits.canRedo();
+}
+
+void MainWindow::undo()
+{
+    const auto field = editView().focusedText();
+    if (!field || !m_edits.isUnderWayIn(*field) || !editView().undoTyping())
+        showChanged(m_edits.undo());
+}
+
+void MainWindow::redo()
+{
+    const auto field = editView().focusedText();
+    if (!field || !m_edits.isUnderWayIn(*field) || !editView().redoTyping())
+        showChanged(m_edits.redo());
+}
+
+void MainWindow::showChanged(const Result<QList<FieldId>> &fields)
+{
+    static constexpr int milliseconds = 10000;
+    if (!fields)
+        return statusBar()->showMessage(u"Nothing was changed: %1"_s.arg(fields.error().reason),
+                                        milliseconds);
+    for (const FieldId field : *fields) {
+        if (padField(field).kind != FieldKind::Computed)
+            return editView().revealField(field);
+    }
 }
 
 void MainWindow::bringToFront()

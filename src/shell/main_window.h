@@ -1,5 +1,7 @@
 #pragma once
 
+#include "pad/field_catalogue.h"
+#include "platform/result.h"
 #include "shell/toolbar_control.h"
 
 #include <QMainWindow>
@@ -10,6 +12,7 @@ class QStackedWidget;
 namespace quillon {
 
 class CommandSet;
+class EditHistory;
 class Editor;
 class EditorView;
 class MainToolbar;
@@ -25,11 +28,19 @@ class MainWindow : public QMainWindow
 public:
     /// All must outlive the window.
     MainWindow(ToolbarControl &toolbar, OverviewController &overview, TitleCommands &titles, Editor &editor,
-               PreferencesController &preferences);
+               PreferencesController &preferences, EditHistory &edits);
 
     /// Shows the window above all others, also when it is minimised.
     void bringToFront();
     void customiseToolbar();
+
+    /// Whether the editor is on show and something in it can be taken back, or done again.
+    [[nodiscard]] bool canUndo() const;
+    [[nodiscard]] bool canRedo() const;
+    /// Takes back the last step in the selected title, and shows the page and the field that it was in. What
+    /// is being typed goes back as the field itself does it.
+    void undo();
+    void redo();
     void openAboutPanelAction();
 
     /// What a right click on the toolbar or on the menu bar offers.
@@ -52,9 +63,13 @@ private:
     EditorView &editView();
     void showImportProgress(int done, int total);
     void editField(const QString &key);
+    /// Shows what of @p fields has changed, or says why it has not.
+    void showChanged(const Result<QList<FieldId>> &fields);
 
     ToolbarControl &m_toolbarControl;
     Editor &m_editor;
+    EditHistory &m_edits;
+    bool m_isEditorShown = false;
     CommandSet *m_commands;
     QStackedWidget *m_content;
     OverviewView *m_overviewView = nullptr;

@@ -16,6 +16,7 @@ QList<Command> mainWindowCommands(const MainWindowParts &parts)
         return [&menu, item] { return menu.isEnabled(item); };
     };
     const QString file = u"&File"_s;
+    const QString edit = u"&Edit"_s;
     const QString view = u"&View"_s;
     const QString title = u"Tit&le"_s;
     const QString help = u"&Help"_s;
@@ -47,6 +48,11 @@ QList<Command> mainWindowCommands(const MainWindowParts &parts)
          .keys = {u"Ctrl+,"_s}, .run = [parts] { parts.preferences.openPrefsWindow(); }},
         {.id = u"quit"_s, .text = u"&Quit"_s, .menu = file, .opensGroup = true, .keys = {QKeySequence::Quit},
          .run = [parts] { parts.window.close(); }},
+
+        {.id = u"undo"_s, .text = u"&Undo"_s, .menu = edit, .keys = {QKeySequence::Undo},
+         .isEnabled = [parts] { return parts.window.canUndo(); }, .run = [parts] { parts.window.undo(); }},
+        {.id = u"redo"_s, .text = u"&Redo"_s, .menu = edit, .keys = {u"Ctrl+Shift+Z"_s},
+         .isEnabled = [parts] { return parts.window.canRedo(); }, .run = [parts] { parts.window.redo(); }},
 
         {.id = u"Overview"_s, .text = u"&Overview"_s, .menu = view, .icon = u"OverviewTBI"_s,
          .keys = {u"Ctrl+1"_s}, .isView = true, .run = [parts] { parts.toolbar.overviewTBI(); }},

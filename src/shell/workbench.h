@@ -1,5 +1,6 @@
 #pragma once
 
+#include "changes/edit_history.h"
 #include "editor/editor.h"
 #include "overview/overview_controller.h"
 #include "overview/title_commands.h"
@@ -44,9 +45,10 @@ private:
     TitleCommands m_titles{m_overview, m_alerts, m_delayedCalls};
     ToolbarControl m_toolbar{m_overview, m_alerts};
     Editor m_editor{m_alerts};
+    EditHistory m_edits{m_editor, m_delayedCalls};
     PreferencesController m_preferences{m_alerts, m_delayedCalls};
     SubmissionOpener m_submission{m_toolbar, m_overview, m_alerts, m_delayedCalls};
-    MainWindow m_window{m_toolbar, m_overview, m_titles, m_editor, m_preferences};
+    MainWindow m_window{m_toolbar, m_overview, m_titles, m_editor, m_preferences, m_edits};
     SingleInstance m_instance;
 };
 

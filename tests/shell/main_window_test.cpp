@@ -1,13 +1,16 @@
+#include "editor/editor_view.h"
 #include "shell/customise_toolbar_dialog.h"
 #include "shell/main_window_fixture.h"
 #include "shell/toolbar_layout.h"
 #include "sites/preferences_window.h"
 #include "store/storage_status.h"
 
+#include <QClipboard>
 #include <QHelpEvent>
 #include <QLabel>
 #include <QListWidget>
 #include <QMenu>
+#include <QPlainTextEdit>
 #include <QSplitter>
 #include <QToolBar>
 #include <QToolTip>
@@ -150,4 +153,59 @@ TEST_F(MainWindowTest, WithoutARuntimeFolderNoSocketIsMade)
     for (const auto &[name, value] : variables)
         value.isEmpty() ? qunsetenv(name) : qputenv(name, value);
     QDir::setCurrent(before);
+}
+
+TEST_F(MainWindowTest, UndoGoesBackThroughFieldsAndRuns)
+{
+    using enum FieldId;
+    drop({padFile(u"A"_s)});
+    answerAlert(u"OK"_s);
+    clickTitle(0);
+    EXPECT_FALSE(command(u"undo"_s)->isEnabled()) << "an import is no step";
+    command(u"Edit"_s)->trigger();
+    const auto field = [this](FieldId id) {
+        return window().findChild<QWidget *>(padField(id).control.toString());
+    };
+    const auto key = [](QKeySequence keys) { QTest::keySequence(QApplication::focusWidget(), keys); };
+    const auto value = [this](const QByteArray &element) {
+        const QByteArray pad = contents(inData(u"A.qndata/data.qnxml"_s));
+        const qsizetype start = pad.indexOf(QByteArray('<' + element + '>')) + element.size() + 2;
+        return pad.sliced(start, pad.indexOf('<', start) - start);
+    };
+    auto *view = window().findChild<EditorView *>();
+    view->revealField(companyName);
+    QTest::keyClicks(field(companyName), u"Smith"_s);
+    view->revealField(eula);
+    QTest::keyClicks(field(eula), u"Free"_s);
+    EXPECT_TRUE(command(u"undo"_s)->isEnabled());
+    key(u"Ctrl+Z"_s);
+    EXPECT_NE(value("EULA"), "Free") << "the field itself";
+    key(u"Ctrl+Shift+Z"_s);
+    EXPECT_EQ(value("EULA"), "Free");
+    view->revealField(programVersion);
+    key(u"Ctrl+Z"_s);
+    EXPECT_EQ(value("EULA"), QByteArray());
+    EXPECT_EQ(QApplication::focusWidget(), field(eula)) << "it shows what has changed";
+
+    start();
+    clickTitle(0);
+    command(u"Edit"_s)->trigger();
+    view = window().findChild<EditorView *>();
+    view->revealField(appInfoURL);
+    key(u"Ctrl+Z"_s);
+    EXPECT_EQ(value("Company_Name"), QByteArray());
+    EXPECT_EQ(QApplication::focusWidget(), field(companyName));
+    EXPECT_FALSE(command(u"undo"_s)->isEnabled());
+    key(u"Ctrl+Shift+Z"_s);
+    key(u"Ctrl+Shift+Z"_s);
+    EXPECT_EQ(value("EULA"), "Free");
+    EXPECT_FALSE(command(u"redo"_s)->isEnabled());
+
+    QApplication::clipboard()->setText(u"Quite another"_s);
+    qobject_cast<QPlainTextEdit *>(field(eula))->selectAll();
+    key(QKeySequence::Paste);
+    QTest::keyClicks(field(eula), u"!"_s);
+    view->revealField(companyName);
+    key(u"Ctrl+Z"_s);
+    EXPECT_EQ(value("EULA"), "Quite another") << "a pasted whole is a step of its own";
 }
