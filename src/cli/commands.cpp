@@ -2,6 +2,7 @@
 
 #include "cli/backup_commands.h"
 #include "cli/check_command.h"
+#include "cli/deleted_commands.h"
 #include "cli/history_commands.h"
 #include "cli/list_command.h"
 #include "cli/new_rename_delete.h"
@@ -17,9 +18,11 @@ std::vector<std::unique_ptr<Command>> commands()
 {
     std::vector<std::unique_ptr<Command>> all;
     for (const auto make :
-         {listCommand, newCommand, renameCommand, deleteCommand, importCommand, exportCommand,
-          originalCommand, showCommand, setCommand, historyCommand, restoreTextCommand, restoreTitleCommand,
-          checkCommand, sitesCommand, markCommand, unmarkCommand, copyCommand, backupCommand, restoreCommand})
+         {listCommand,     newCommand,    renameCommand,  deleteCommand,      deletedCommand,
+          undeleteCommand, forgetCommand, importCommand,  exportCommand,      originalCommand,
+          showCommand,     setCommand,    historyCommand, restoreTextCommand, restoreTitleCommand,
+          checkCommand,    sitesCommand,  markCommand,    unmarkCommand,      copyCommand,
+          backupCommand,   restoreCommand})
         all.push_back(make());
     return all;
 }

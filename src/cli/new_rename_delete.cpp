@@ -1,5 +1,6 @@
 #include "cli/new_rename_delete.h"
 
+#include "overview/title_deletion.h"
 #include "overview/title_operations.h"
 #include "store/add_delete_import_edit.h"
 
@@ -74,8 +75,8 @@ class Delete final : public Command
 public:
     CLI::App *addTo(CLI::App &application) override
     {
-        CLI::App *command =
-            application.add_subcommand("delete", "Delete a title, without asking; it cannot be undone");
+        CLI::App *command = application.add_subcommand(
+            "delete", "Delete a title, without asking; for 90 days \"undelete\" brings it back");
         command->add_option("TITLE", m_title, "The title")->required();
         return command;
     }
@@ -86,7 +87,7 @@ public:
     {
         if (!titleExists(text(m_title)))
             return Refused;
-        return outcome(AddDeleteImportEdit::deleteQnDataFile(text(m_title)));
+        return outcome(title_operations::deleteTitle(text(m_title)));
     }
 
 private:

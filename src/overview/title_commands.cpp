@@ -1,6 +1,7 @@
 #include "overview/title_commands.h"
 
 #include "journal/originals.h"
+#include "overview/title_deletion.h"
 #include "platform/application_info.h"
 #include "store/add_delete_import_edit.h"
 #include "store/process_state.h"
@@ -116,7 +117,7 @@ void TitleCommands::deleteButtonAction()
     m_alerts.show(SheetWindow::Main, alert, [this, name = *mwqnSelSW](AlertAnswer answer) {
         if (answer != AlertAnswer::Default)
             return;
-        (void)AddDeleteImportEdit::deleteQnDataFile(name); // The list and the status bar tell.
+        (void)title_operations::deleteTitle(name); // The list and the status bar tell.
         reload();
     });
 }

@@ -12,7 +12,8 @@ enum class SheetWindow
 {
     Main,
     Submission,
-    Preferences
+    Preferences,
+    DeletedTitles
 };
 
 /// What an alert sheet says. Every text is plain text, never markup.

@@ -36,11 +36,13 @@ const QString stateKey = u"mainWindow/state"_s;
 } // namespace
 
 MainWindow::MainWindow(ToolbarControl &toolbar, OverviewController &overview, TitleCommands &titles,
-                       Editor &editor, PreferencesController &preferences, EditHistory &edits)
+                       Editor &editor, PreferencesController &preferences, EditHistory &edits,
+                       DeletedTitles &deleted)
     : m_toolbarControl(toolbar)
     , m_editor(editor)
     , m_edits(edits)
-    , m_commands(new CommandSet(mainWindowCommands({*this, toolbar, overview, titles, preferences}), this))
+    , m_commands(
+          new CommandSet(mainWindowCommands({*this, toolbar, overview, titles, preferences, deleted}), this))
     , m_content(new QStackedWidget)
     , m_toolbar(new MainToolbar(*m_commands, this))
     , m_importProgress(new QProgressBar)

@@ -12,6 +12,7 @@ class QStackedWidget;
 namespace quillon {
 
 class CommandSet;
+class DeletedTitles;
 class EditHistory;
 class Editor;
 class EditorView;
@@ -28,7 +29,7 @@ class MainWindow : public QMainWindow
 public:
     /// All must outlive the window.
     MainWindow(ToolbarControl &toolbar, OverviewController &overview, TitleCommands &titles, Editor &editor,
-               PreferencesController &preferences, EditHistory &edits);
+               PreferencesController &preferences, EditHistory &edits, DeletedTitles &deleted);
 
     /// Shows the window above all others, also when it is minimised.
     void bringToFront();

@@ -4,6 +4,7 @@
 #include "overview/title_commands.h"
 #include "shell/main_window.h"
 #include "shell/toolbar_control.h"
+#include "sites/deleted_titles.h"
 #include "sites/preferences_controller.h"
 
 using namespace Qt::StringLiterals;
@@ -66,6 +67,9 @@ QList<Command> mainWindowCommands(const MainWindowParts &parts)
         {.id = u"exportOriginal"_s, .text = u"Export &Original…"_s, .menu = title,
          .toolTip = u"Save the file that the selected title was imported from"_s,
          .isEnabled = ifFileMenuHas(FileMenu::Export), .run = [parts] { parts.titles.exportOriginal(); }},
+        {.id = u"deletedTitles"_s, .text = u"&Deleted Titles…"_s, .menu = title, .opensGroup = true,
+         .toolTip = u"Bring back titles and sites of your own that you deleted"_s,
+         .isEnabled = ifFileMenuHas(FileMenu::New), .run = [parts] { parts.deleted.open(); }},
 
         {.id = u"help"_s, .text = u"Quillon &Help"_s, .menu = help, .icon = u"help"_s,
          .keys = {QKeySequence::HelpContents}, .run = [parts] { parts.titles.helpAction(); }},

@@ -4,6 +4,7 @@
 
 namespace quillon {
 
+class DeletedTitles;
 class MainWindow;
 class OverviewController;
 class PreferencesController;
@@ -18,6 +19,7 @@ struct MainWindowParts
     OverviewController &overview;
     TitleCommands &titles;
     PreferencesController &preferences;
+    DeletedTitles &deleted;
 };
 
 /// Every command of the main window: its menus, toolbar, the buttons and the context menu of its list.

@@ -1,5 +1,6 @@
 #include "shell/workbench.h"
 
+#include "sites/deleted_titles_window.h"
 #include "sites/preferences_window.h"
 
 namespace quillon {
@@ -9,6 +10,9 @@ Workbench::Workbench()
     m_alerts.setWidget(SheetWindow::Main, &m_window);
     QObject::connect(
         &m_preferences, &PreferencesController::showPreferences, &m_window, [this] { openPreferences(); },
+        Qt::SingleShotConnection);
+    QObject::connect(
+        &m_deleted, &DeletedTitles::showWindow, &m_window, [this] { openDeletedTitles(); },
         Qt::SingleShotConnection);
     QObject::connect(&m_window, &MainWindow::closed, &m_submission, &SubmissionOpener::close);
     QObject::connect(&m_window, &MainWindow::closed, &m_edits, &EditHistory::store);
@@ -27,6 +31,13 @@ void Workbench::openPreferences()
     auto *window = new PreferencesWindow(m_preferences, &m_window);
     m_alerts.setWidget(SheetWindow::Preferences, window);
     window->open(); // From now on it opens by itself.
+}
+
+void Workbench::openDeletedTitles()
+{
+    auto *window = new DeletedTitlesWindow(m_deleted, &m_window);
+    m_alerts.setWidget(SheetWindow::DeletedTitles, window);
+    window->open(); // Likewise.
 }
 
 } // namespace quillon

@@ -10,6 +10,7 @@
 #include "shell/single_instance.h"
 #include "shell/submission_opener.h"
 #include "shell/toolbar_control.h"
+#include "sites/deleted_titles.h"
 #include "sites/preferences_controller.h"
 #include "widgets/qt_desktop.h"
 
@@ -37,6 +38,7 @@ public:
 
 private:
     void openPreferences();
+    void openDeletedTitles();
 
     MessageBoxSheets m_alerts;
     TimedCalls m_delayedCalls;
@@ -48,7 +50,8 @@ private:
     EditHistory m_edits{m_editor, m_delayedCalls};
     PreferencesController m_preferences{m_alerts, m_delayedCalls};
     SubmissionOpener m_submission{m_toolbar, m_overview, m_alerts, m_delayedCalls};
-    MainWindow m_window{m_toolbar, m_overview, m_titles, m_editor, m_preferences, m_edits};
+    DeletedTitles m_deleted{m_alerts};
+    MainWindow m_window{m_toolbar, m_overview, m_titles, m_editor, m_preferences, m_edits, m_deleted};
     SingleInstance m_instance;
 };
 

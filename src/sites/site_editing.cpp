@@ -1,6 +1,7 @@
 #include "sites/site_editing.h"
 
 #include "platform/property_list.h"
+#include "journal/deleted_items.h"
 #include "platform/regex.h"
 #include "sites/site_renaming.h"
 #include "store/process_state.h"
@@ -261,16 +262,20 @@ Result<> removeSites(const QStringList &names)
         return lists.error();
     const SiteCatalogue catalogue = catalogueOf(lists->sites());
     SiteLists after = lists->sites();
+    StringDictionary own;
     for (const QString &name : names) {
         const auto listed = catalogue.urlByName.find(name);
         if (listed == catalogue.urlByName.end())
             continue;
         if (isListedDefault({name, listed->second}, catalogue.ignored))
             after.ignored[name] = mwqnDefaultSitesDict.at(name);
-        else
-            after.user.erase(name);
+        else if (after.user.erase(name) > 0)
+            own.insert(*listed);
     }
-    return store(*lists, after, site_list::userSites);
+    Result<> stored = store(*lists, after, site_list::userSites);
+    if (stored.isDone() && !own.empty())
+        (void)deleted_items::keepSites(own); // The status bar tells.
+    return stored;
 }
 
 Result<> restoreSites(const QStringList &names)

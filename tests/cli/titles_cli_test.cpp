@@ -1,6 +1,8 @@
+#include "journal/journal.h"
 #include "store/data_folder_lock.h"
 #include "support/command_line.h"
 
+#include <QDateTime>
 #include <QDir>
 
 using namespace Qt::StringLiterals;
@@ -147,6 +149,57 @@ TEST_F(TitlesCli, ADataFolderThatIsAFileIsToldAndLeftAlone)
     EXPECT_EQ(cli({u"new"_s, u"A"_s}).status, 4);
     EXPECT_EQ(cli({u"list"_s}).status, 4);
     EXPECT_EQ(contents(home() + u"/Library/Application Support/Marrowick/Quillon"_s), "precious");
+}
+
+TEST_F(TitlesCli, WhatWasDeletedComesBackForNinetyDays)
+{
+    const auto status = [this](const QStringList &arguments) { return cli(arguments).status; };
+    const auto deleted = [this] { return cli({u"deleted"_s, u"--json"_s}).json().array(); };
+    const QString file = QStringLiteral(QUILLON_SAMPLES "/old_tool.xml");
+    ASSERT_EQ(status({u"import"_s, file, u"--as"_s, u"First"_s}), 0);
+    ASSERT_EQ(status({u"rename"_s, u"First"_s, u"A"_s}), 0);
+    ASSERT_TRUE(put(inData(u"A.qndata/notes \xff.txt"_s), "precious"));
+    const auto before = tree(inData(u"A.qndata"_s));
+    EXPECT_EQ(status({u"delete"_s, u"A"_s}), 0);
+    EXPECT_EQ(deleted()[0][u"name"_s], u"A"_s);
+    EXPECT_EQ(status({u"undelete"_s, u"A"_s, u"--dry-run"_s}), 0);
+    EXPECT_TRUE(titles().isEmpty());
+    EXPECT_EQ(status({u"new"_s, u"A"_s}), 0);
+    EXPECT_EQ(status({u"undelete"_s, u"A"_s}), 3);
+    EXPECT_EQ(status({u"undelete"_s, u"A"_s, u"--as"_s, u"B"_s}), 0);
+    EXPECT_EQ(tree(inData(u"B.qndata"_s)), before);
+    EXPECT_EQ(cli({u"original"_s, u"B"_s, u"-"_s}).output, contents(file));
+    EXPECT_TRUE(deleted().isEmpty());
+
+    ASSERT_EQ(status({u"delete"_s, u"B"_s}), 0);
+    EXPECT_TRUE(contents(inData(u"quillon.sqlite"_s)).contains("precious"));
+    EXPECT_EQ(status({u"forget"_s, u"B"_s, u"--dry-run"_s}), 0);
+    EXPECT_EQ(deleted().size(), 1);
+    EXPECT_EQ(status({u"forget"_s, u"B"_s}), 0);
+    EXPECT_EQ(status({u"undelete"_s, u"B"_s}), 3);
+    EXPECT_FALSE(contents(inData(u"quillon.sqlite"_s)).contains("precious"));
+
+    ASSERT_EQ(status({u"sites"_s, u"add"_s, u"Mine"_s, u"https://mine/"_s}), 0);
+    const auto sites = contents(inData(u"sites.qnrc"_s));
+    ASSERT_EQ(status({u"sites"_s, u"remove"_s, u"Mine"_s}), 0);
+    EXPECT_EQ(status({u"undelete"_s, u"Mine"_s}), 0);
+    EXPECT_EQ(contents(inData(u"sites.qnrc"_s)), sites);
+
+    ASSERT_EQ(status({u"delete"_s, u"A"_s}), 0);
+    ASSERT_TRUE(Journal::ofDataFolder().change([](Database &database) {
+        return database.run("UPDATE deleted_titles SET time = ?",
+                            QDateTime::currentMSecsSinceEpoch() - 91LL * 86'400'000);
+    }));
+    Journal::ofDataFolder().close();
+    EXPECT_TRUE(deleted().isEmpty());
+    // Where nothing can be kept, a title is deleted all the same.
+    QFile::remove(inData(u"quillon.sqlite"_s));
+    ASSERT_TRUE(QDir().mkdir(inData(u"quillon.sqlite"_s)));
+    ASSERT_EQ(status({u"new"_s, u"A"_s}), 0);
+    const CliResult unkept = cli({u"delete"_s, u"A"_s});
+    EXPECT_EQ(unkept.status, 0);
+    EXPECT_TRUE(unkept.messages.contains("quillon.sqlite")) << unkept.messages.constData();
+    EXPECT_TRUE(titles().isEmpty());
 }
 
 /// Every real PAD file comes in under a name of its own, shows what its summary elements say, and comes out

@@ -1,0 +1,169 @@
+#include "cli/deleted_commands.h"
+
+#include "cli/title_session.h"
+#include "sites/deleted_titles.h"
+
+#include <QDateTime>
+#include <QJsonArray>
+#include <QJsonObject>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon::cli {
+
+namespace {
+
+using deleted_items::Item;
+using deleted_items::Kind;
+
+QString name(Kind kind)
+{
+    return kind == Kind::Title ? u"title"_s : u"site"_s;
+}
+
+QString timeOf(const Item &item)
+{
+    return QDateTime::fromMSecsSinceEpoch(item.time, Qt::UTC).toString(Qt::ISODate);
+}
+
+void printItem(const Item &item)
+{
+    printColumns({item.name, name(item.kind), timeOf(item), item.address});
+}
+
+/// What was deleted and is called @p name, the newest first; complains when nothing is.
+Result<QList<Item>> itemsNamed(const QString &name)
+{
+    auto items = deleted_items::all();
+    if (items)
+        items->removeIf([&name](const Item &item) { return item.name != name; });
+    if (items && items->isEmpty())
+        complain(u"Nothing named %1 is kept."_s.arg(name));
+    return items;
+}
+
+class Deleted final : public Command
+{
+public:
+    CLI::App *addTo(CLI::App &application) override
+    {
+        CLI::App *command = application.add_subcommand(
+            "deleted", "The deleted titles and own sites that can be brought back, the newest first");
+        command->add_flag("--json", m_json, "As a JSON array");
+        return command;
+    }
+
+    [[nodiscard]] bool writes() const override { return false; }
+
+    ExitStatus run() override
+    {
+        const auto items = deleted_items::all();
+        if (!items)
+            return outcome(items.error());
+        QJsonArray array;
+        for (const Item &item : *items) {
+            if (m_json)
+                array.append(QJsonObject{{u"name"_s, item.name},
+                                         {u"kind"_s, name(item.kind)},
+                                         {u"deleted"_s, timeOf(item)},
+                                         {u"address"_s, item.address}});
+            else
+                printItem(item);
+        }
+        if (m_json)
+            print(QJsonDocument(array));
+        return Done;
+    }
+
+private:
+    bool m_json = false;
+};
+
+class Undelete final : public Command
+{
+public:
+    CLI::App *addTo(CLI::App &application) override
+    {
+        CLI::App *command = application.add_subcommand(
+            "undelete", "Bring back a deleted title, or else an own site; of several the newest");
+        command->add_option("NAME", m_name, "What it was called")->required();
+        m_as = command->add_option("--as", m_newName, "What it is to be called");
+        command->add_flag("--dry-run", m_dryRun, "Only show what would be brought back");
+        return command;
+    }
+
+    [[nodiscard]] bool writes() const override { return !m_dryRun; }
+
+    ExitStatus run() override
+    {
+        auto items = itemsNamed(text(m_name));
+        if (!items || items->isEmpty())
+            return items ? Refused : outcome(items.error());
+        std::ranges::stable_sort(*items, {}, &Item::kind); // Titles first.
+        if (m_dryRun) {
+            printItem(items->first());
+            return Done;
+        }
+        const Result<> back = bringBack(items->first(), *m_as ? text(m_newName) : text(m_name));
+        if (!back.isError(Error::Kind::Refused))
+            return outcome(back);
+        complain(back.error().reason);
+        return Refused;
+    }
+
+private:
+    std::string m_name;
+    std::string m_newName;
+    bool m_dryRun = false;
+    CLI::Option *m_as = nullptr;
+};
+
+class Forget final : public Command
+{
+public:
+    CLI::App *addTo(CLI::App &application) override
+    {
+        CLI::App *command = application.add_subcommand(
+            "forget", "Remove deleted titles and own sites of a name for good, without asking");
+        command->add_option("NAME", m_name, "What they were called")->required();
+        command->add_flag("--dry-run", m_dryRun, "Only show what would be forgotten");
+        return command;
+    }
+
+    [[nodiscard]] bool writes() const override { return !m_dryRun; }
+
+    ExitStatus run() override
+    {
+        const auto items = itemsNamed(text(m_name));
+        if (!items || items->isEmpty())
+            return items ? Refused : outcome(items.error());
+        if (!m_dryRun)
+            return outcome(deleted_items::forget(*items));
+        for (const Item &item : *items)
+            printItem(item);
+        return Done;
+    }
+
+private:
+    std::string m_name;
+    bool m_dryRun = false;
+};
+
+} // namespace
+
+std::unique_ptr<Command> deletedCommand()
+{
+    return std::make_unique<Deleted>();
+}
+
+std::unique_ptr<Command> undeleteCommand()
+{
+    return std::make_unique<Undelete>();
+}
+
+std::unique_ptr<Command> forgetCommand()
+{
+    return std::make_unique<Forget>();
+}
+
+} // namespace quillon::cli
