@@ -78,6 +78,11 @@ Result<BrowserModule *> loadBrowserModule(const QString &path)
     if (!QFileInfo(pageProgram()).isExecutable())
         return cannotLoad(path, u"libQt6WebEngine"_s);
     prepareEngineEnvironment();
+    if (sandboxWarning().isEmpty() && !canMakeSandbox())
+        return Error{
+            Error::Kind::Refused, path,
+            u"Pages cannot be shown, because this system lets no program make a sandbox for them: user "
+            "namespaces are switched off."_s};
     return module;
 }
 

@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <fcntl.h>
+#include <sched.h>
+#include <sys/wait.h>
 
 using namespace Qt::StringLiterals;
 
@@ -10,6 +13,7 @@ namespace quillon {
 
 namespace {
 
+constexpr const char *processVariable = "QTWEBENGINEPROCESS_PATH";
 constexpr const char *debuggingVariable = "QTWEBENGINE_REMOTE_DEBUGGING";
 constexpr const char *sandboxVariable = "QTWEBENGINE_DISABLE_SANDBOX";
 constexpr const char *switchesVariable = "QTWEBENGINE_CHROMIUM_FLAGS";
@@ -34,19 +38,35 @@ void leaveOut(const char *variable)
 
 void prepareEngineEnvironment()
 {
-    closeRemoteDebugging();
+    closeToOthers();
     if (const QString warning = sandboxWarning(); !warning.isEmpty())
         std::fprintf(stderr, "quillon: %s\n", qPrintable(warning));
     if (geteuid() == 0)
         qputenv(sandboxVariable, "1");
 }
 
-void closeRemoteDebugging()
+void closeToOthers()
 {
-    if (qEnvironmentVariableIsSet(debuggingVariable))
-        leaveOut(debuggingVariable);
+    for (const char *variable : {processVariable, debuggingVariable}) {
+        if (qEnvironmentVariableIsSet(variable))
+            leaveOut(variable);
+    }
     if (environmentSwitches().contains("remote-debugging"))
         leaveOut(switchesVariable);
+}
+
+bool canMakeSandbox()
+{
+    // The engine does the same in a process of its own, and does not survive the answer no.
+    const QByteArray map = QByteArray::number(geteuid()) + ' ' + QByteArray::number(geteuid()) + " 1";
+    const pid_t child = fork();
+    if (child == 0) {
+        const bool isAlone = unshare(CLONE_NEWUSER) == 0;
+        const int file = isAlone ? open("/proc/self/uid_map", O_WRONLY) : -1;
+        _exit(file >= 0 && write(file, map.constData(), size_t(map.size())) == map.size() ? 0 : 1);
+    }
+    int status = -1;
+    return child > 0 && waitpid(child, &status, 0) == child && status == 0;
 }
 
 QString sandboxWarning(bool isRoot)

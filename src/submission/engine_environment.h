@@ -11,8 +11,13 @@ namespace quillon {
 /// out.
 void prepareEngineEnvironment();
 
-/// Takes out of the environment what would open pages to other programs, and says so on standard error.
-void closeRemoteDebugging();
+/// Takes out of the environment what would open pages to other programs, or have another program run them,
+/// and says so on standard error.
+void closeToOthers();
+
+/// Whether a process of this user's can make the sandbox that the engine puts pages into; where it cannot,
+/// and the sandbox is not switched off, the engine ends the whole program.
+bool canMakeSandbox();
 
 /// Why pages run without the engine's sandbox, in a sentence; empty when they run inside it. It does not work
 /// for root, and an environment variable may have switched it off.

@@ -343,6 +343,7 @@ TEST(WebEngineEnvironmentTest, OpensNoPagesToOthersAndHidesNoMissingSandbox)
         bool stays, warns;
     } cases[] = {
         {"QTWEBENGINE_REMOTE_DEBUGGING", "9222", false, false},
+        {"QTWEBENGINEPROCESS_PATH", "/bin/false", false, false},
         {"QTWEBENGINE_CHROMIUM_FLAGS", "--no-sandbox --remote-debugging-port=9222", false, false},
         {"QTWEBENGINE_CHROMIUM_FLAGS", "--remote-deb\"ugging-pipe\"", false, false},
         {"QTWEBENGINE_CHROMIUM_FLAGS", "--disable-gpu", true, false},
@@ -353,7 +354,7 @@ TEST(WebEngineEnvironmentTest, OpensNoPagesToOthersAndHidesNoMissingSandbox)
     qunsetenv("QTWEBENGINE_DISABLE_SANDBOX");
     for (const auto &each : cases) {
         qputenv(each.variable, each.value);
-        closeRemoteDebugging();
+        closeToOthers();
         EXPECT_EQ(qEnvironmentVariableIsSet(each.variable), each.stays) << each.value;
         EXPECT_EQ(sandboxWarning(false).isEmpty(), !each.warns) << each.value;
         qunsetenv(each.variable);
