@@ -108,6 +108,22 @@ Result<> lookThrough(Database &database, const QString &path, Database::Opening 
 
 } // namespace
 
+/// Whether the disk gives every byte of the database at @p path, which must not be open: what it fails to
+/// read SQLite takes for damage.
+static Result<> readThrough(const QString &path)
+{
+    static constexpr qint64 piece = 1'048'576;
+    for (const QString &place : {path, QString(path + u"-wal")}) {
+        QFile file(place);
+        bool isOpen = file.open(QIODevice::ReadOnly | QIODevice::Unbuffered);
+        while (isOpen)
+            isOpen = !file.read(piece).isEmpty();
+        if (file.error() != QFileDevice::NoError && file.exists())
+            return Error{Error::Kind::Unreadable, path, file.errorString()};
+    }
+    return {};
+}
+
 Journal &Journal::ofDataFolder()
 {
     static Journal journal;
@@ -207,8 +223,17 @@ Result<> Journal::changeWith(Database::Opening opening, const Work &work)
         const Result<> opened = open(opening);
         return opened ? m_database->transaction(work) : opened;
     };
+    const auto isDamaged = [](const Result<> &result) {
+        return result.isError(Error::Kind::Unintelligible) && result.error().path == path();
+    };
     Result<> done = attempt();
-    if (done.isError(Error::Kind::Unintelligible) && done.error().path == path()) {
+    if (isDamaged(done)) {
+        m_database.reset();
+        done = readThrough(path());
+        if (done)
+            done = attempt();
+    }
+    if (isDamaged(done)) {
         done = setAside(done.error());
         if (done)
             done = attempt();

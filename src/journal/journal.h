@@ -28,8 +28,8 @@ public:
     static Journal &ofDataFolder();
 
     /// Does @p work in one transaction, in a database that is made where it is missing. Called inside of
-    /// another change it is a part of that. @p work may run twice: when the database turns out to be damaged
-    /// in the middle, once more in a new one.
+    /// another change it is a part of that. @p work may run again: when the database turns out to be damaged
+    /// in the middle, once more, and then in a new one.
     Result<> change(const Work &work);
 
     /// The same, but without a database there is nothing to do, which is no error.

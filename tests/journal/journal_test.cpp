@@ -1,6 +1,7 @@
 #include "journal/journal.h"
 #include "journal/titles.h"
 #include "store/storage_status.h"
+#include "support/faults.h"
 #include "support/temporary_home.h"
 
 using namespace Qt::StringLiterals;
@@ -68,6 +69,27 @@ TEST_F(JournalTest, IsMadeWhenSomethingIsFirstKeptAndGivesEveryTextBack)
     }));
     EXPECT_EQ(kept().size(), names.size() - 1);
     EXPECT_EQ(failedExtrasLine(), QString());
+}
+
+/// SQLite tells a disk that fails to read as a damaged database.
+TEST_F(JournalTest, WhatCannotBeReadIsNotSetAside)
+{
+    for (int number = 0; number < 20; ++number)
+        ASSERT_TRUE(keep(u"Title %1"_s.arg(number)));
+    for (const char *const lasting : {"", "+"}) {
+        bool isMet = true;
+        for (int call = 1; isMet; ++call) {
+            Journal::ofDataFolder().close();
+            std::optional<FaultPlan> plan(std::in_place, home(),
+                                          "read@" + QByteArray::number(call) + lasting + "=EIO");
+            const bool isKept = bool(keep(u"Title 1"_s));
+            isMet = plan->met();
+            EXPECT_TRUE(isKept || isMet);
+            plan.reset();
+            EXPECT_EQ(setAside(), QStringList()) << call << lasting;
+            EXPECT_EQ(kept().size(), 20) << call << lasting;
+        }
+    }
 }
 
 TEST_F(JournalTest, WhatIsNoJournalIsSetAsideWhole)
