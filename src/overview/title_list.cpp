@@ -34,7 +34,8 @@ constexpr QStringView oldPadExtension = u".qnxml";
 struct Found
 {
     TitleList list;
-    QStringList oldFolders; ///< Of the older layout, each with its name's files in it, as relative paths.
+    QStringList oldFolders;  ///< Of the older layout, each with its name's files in it, as relative paths.
+    bool hasChanged = false; ///< A folder has gone since it was listed.
 };
 
 Result<QByteArray> storedSummary(const QString &name)
@@ -56,11 +57,18 @@ Summary summaryIn(const std::optional<FolderHandle> &folder, const QString &name
     return summary_file::parse(bytes.valueOr({}));
 }
 
-/// The folder that @p entry of @p folder is; none for anything else, and one that cannot be opened is among
-/// the
-/// @p failures.
+/// Notes in @p found that a folder could not be opened or listed.
+void note(const Error &error, Found &found)
+{
+    if (error.kind == Error::Kind::Missing)
+        found.hasChanged = true;
+    else
+        found.list.failures.append(error);
+}
+
+/// The folder that @p entry of @p folder is; none for anything else, or when it cannot be opened.
 std::optional<FolderHandle> folderIn(const FolderHandle &folder, const FolderHandle::Entry &entry,
-                                     QList<Error> &failures)
+                                     Found &found)
 {
     // What is half made or half removed holds no titles.
     if (entry.kind != FolderHandle::Kind::Folder ||
@@ -70,8 +78,7 @@ std::optional<FolderHandle> folderIn(const FolderHandle &folder, const FolderHan
     auto inside = folder.openFolder(entry.name);
     if (inside)
         return *std::move(inside);
-    if (!inside.isError(Error::Kind::Missing))
-        failures.append(inside.error());
+    note(inside.error(), found);
     return std::nullopt;
 }
 
@@ -85,7 +92,7 @@ Result<> walk(const FolderHandle &folder, const QString &path, Found &found)
     const QStringView parent = QStringView(path).chopped(path.isEmpty() ? 0 : 1);
     for (const FolderHandle::Entry &entry : *entries) {
         const QString place = path + exactText(entry.name);
-        const auto inside = folderIn(folder, entry, found.list.failures);
+        const auto inside = folderIn(folder, entry, found);
         if (place.endsWith(title_folder::extension) && place.size() > title_folder::extension.size()) {
             const QString name = place.chopped(title_folder::extension.size());
             found.list.titles.append({name, summaryIn(inside, name, found.list.failures)});
@@ -97,7 +104,7 @@ Result<> walk(const FolderHandle &folder, const QString &path, Found &found)
         if (!inside || place.size() >= PATH_MAX)
             continue;
         if (const Result<> walked = walk(*inside, place + u'/', found); !walked)
-            found.list.failures.append(walked.error());
+            note(walked.error(), found);
     }
     return {};
 }
@@ -109,9 +116,15 @@ Result<Found> walkDataFolder()
         return Found();
     if (!dataFolder)
         return dataFolder.error();
-    Found found;
-    const Result<> walked = walk(*dataFolder, {}, found);
-    return walked ? found : Result<Found>(walked.error());
+    // Another program may be renaming what was listed; so the list is taken anew.
+    static constexpr int mostTurns = 20;
+    for (int turn = 1;; ++turn) {
+        Found found;
+        if (const Result<> walked = walk(*dataFolder, {}, found); !walked)
+            return walked.error();
+        if (!found.hasChanged || turn == mostTurns)
+            return found;
+    }
 }
 
 /// The two files of a title in a folder of the older layout.

@@ -115,6 +115,14 @@ TEST_F(TitlesCli, ListsNamesAsTheyAreAndSaysWhenItCannot)
     const QByteArrayList lines = cli({u"list"_s}).output.split('\n');
     EXPECT_TRUE(lines[0].startsWith("  a  b \t")) << lines[0].constData();
     EXPECT_TRUE(lines[1].startsWith("c d\t")) << lines[1].constData();
+    // A folder of the older layout that is seen, and gone when its turn comes, as while another moves it.
+    ASSERT_TRUE(QDir().mkpath(inData(u"Old"_s)) && put(inData(u"Old/Old.qnxmld"_s), "<a/>"));
+    for (int turn = 2; turn < 9; ++turn) {
+        const QTemporaryDir copy;
+        QProcess::execute(u"cp"_s, {u"-a"_s, home() + u"/Library"_s, copy.path()});
+        const CliResult result = runCli(copy.path(), {u"list"_s}, {}, u"open@%1=ENOENT"_s.arg(turn));
+        EXPECT_TRUE(result.status == 4 || result.output.contains("Old\t")) << turn;
+    }
     const CliResult full = runCli(home(), {u"list"_s}, u"/dev/full"_s);
     EXPECT_EQ(full.status, 4);
     EXPECT_TRUE(full.messages.contains("could not be written")) << full.messages.constData();
