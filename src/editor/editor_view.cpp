@@ -82,8 +82,6 @@ EditorView::EditorView(Editor &editor, QWidget *parent)
     layout->addWidget(new UnreadableFileBar(editor, this));
     layout->addWidget(m_editorTabs, 1);
     connect(m_editorTabs, &QTabWidget::currentChanged, this, &EditorView::tabPicked);
-    for (auto each = m_widgets.cbegin(); each != m_widgets.cend(); ++each)
-        m_watch->add(each.value(), each.key());
     connect(m_watch, &FieldWatch::earlierTextsRequested, this, &EditorView::earlierTextsRequested);
     connect(&editor, &Editor::checked, this, &EditorView::showErrorCounts);
     connect(&editor, &Editor::checked, this, &EditorView::showErrors);
@@ -177,6 +175,7 @@ QWidget *EditorView::newControl(FieldId field, int lines)
     case FieldKind::CheckList: {
         auto *list = new FieldCheckList(m_editor, field);
         m_widgets.insert(field, list->list());
+        m_watch->add(list->list(), field);
         return list;
     }
     case FieldKind::Computed:
@@ -184,6 +183,7 @@ QWidget *EditorView::newControl(FieldId field, int lines)
         break;
     }
     m_widgets.insert(field, widget);
+    m_watch->add(widget, field);
     return widget;
 }
 

@@ -1,11 +1,14 @@
 #include "shell/main_window.h"
 
 #include "changes/edit_history.h"
+#include "changes/history_window.h"
 #include "editor/editor.h"
 #include "editor/editor_view.h"
 #include "overview/name_panel_view.h"
 #include "overview/overview_view.h"
 #include "overview/title_commands.h"
+#include "platform/notification_center.h"
+#include "platform/notifications.h"
 #include "platform/plain_text.h"
 #include "platform/settings.h"
 #include "shell/about_panel.h"
@@ -82,6 +85,8 @@ EditorView &MainWindow::editView()
     if (!m_editView) {
         m_editView = new EditorView(m_editor);
         m_content->addWidget(m_editView);
+        connect(m_editView, &EditorView::earlierTextsRequested, this,
+                [this](FieldId field) { openHistory(field); });
         connect(m_editView, &EditorView::tabSelected, &m_toolbarControl,
                 &ToolbarControl::setSelectedTabLabel);
     }
@@ -178,6 +183,20 @@ void MainWindow::redo()
     const auto field = editView().focusedText();
     if (!field || !m_edits.isUnderWayIn(*field) || !editView().redoTyping())
         showChanged(m_edits.redo());
+}
+
+void MainWindow::openHistory(const std::optional<FieldId> &field)
+{
+    if (auto *open = findChild<HistoryWindow *>())
+        open->close();
+    auto *history = new HistoryWindow(m_editor, m_edits, field, this);
+    connect(history, &HistoryWindow::restored, this, [this](const QList<FieldId> &fields) {
+        if (m_isEditorShown)
+            showChanged(fields);
+        else
+            NotificationCenter::defaultCenter().post(notification::mwqnOCu432hjiudsh);
+    });
+    history->show();
 }
 
 void MainWindow::showChanged(const Result<QList<FieldId>> &fields)

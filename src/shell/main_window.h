@@ -42,6 +42,8 @@ public:
     /// is being typed goes back as the field itself does it.
     void undo();
     void redo();
+    /// Opens the history of the selected title, or of @p field in it.
+    void openHistory(const std::optional<FieldId> &field);
     void openAboutPanelAction();
 
     /// What a right click on the toolbar or on the menu bar offers.

@@ -6,6 +6,7 @@
 #include "shell/toolbar_control.h"
 #include "sites/deleted_titles.h"
 #include "sites/preferences_controller.h"
+#include "store/process_state.h"
 
 using namespace Qt::StringLiterals;
 
@@ -64,6 +65,9 @@ QList<Command> mainWindowCommands(const MainWindowParts &parts)
         {.id = u"customise"_s, .text = u"&Customise Toolbar…"_s, .menu = view, .opensGroup = true,
          .run = [parts] { parts.window.customiseToolbar(); }},
 
+        {.id = u"history"_s, .text = u"&History…"_s, .menu = title,
+         .toolTip = u"What was changed in the selected title, and the way back"_s,
+         .isEnabled = [] { return mwqnSelSW.has_value(); }, .run = [parts] { parts.window.openHistory({}); }},
         {.id = u"exportOriginal"_s, .text = u"Export &Original…"_s, .menu = title,
          .toolTip = u"Save the file that the selected title was imported from"_s,
          .isEnabled = ifFileMenuHas(FileMenu::Export), .run = [parts] { parts.titles.exportOriginal(); }},

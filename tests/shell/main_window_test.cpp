@@ -6,12 +6,15 @@
 #include "store/storage_status.h"
 
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QHelpEvent>
 #include <QLabel>
 #include <QListWidget>
 #include <QMenu>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QSplitter>
+#include <QTextEdit>
 #include <QToolBar>
 #include <QToolTip>
 
@@ -208,4 +211,58 @@ TEST_F(MainWindowTest, UndoGoesBackThroughFieldsAndRuns)
     view->revealField(companyName);
     key(u"Ctrl+Z"_s);
     EXPECT_EQ(value("EULA"), "Quite another") << "a pasted whole is a step of its own";
+}
+
+TEST_F(MainWindowTest, EarlierTextsAreShownAndBroughtBack)
+{
+    using enum FieldId;
+    drop({padFile(u"A"_s)});
+    answerAlert(u"OK"_s);
+    clickTitle(0);
+    command(u"Edit"_s)->trigger();
+    auto *view = window().findChild<EditorView *>();
+    view->revealField(eula);
+    auto *eulaText = window().findChild<QPlainTextEdit *>(u"eula"_s);
+    for (const QString &text : {u"Free for all"_s, u"Free for two"_s}) {
+        eulaText->selectAll();
+        QTest::keyClicks(eulaText, text);
+        view->revealField(companyName);
+        view->revealField(eula);
+    }
+    QTest::keyClicks(window().findChild<QLineEdit *>(u"companyName"_s), u"Smith"_s);
+
+    QContextMenuEvent request(QContextMenuEvent::Keyboard, {}, eulaText->mapToGlobal(QPoint()));
+    QApplication::sendEvent(eulaText, &request);
+    auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+    ASSERT_TRUE(menu);
+    menu->findChild<QAction *>(u"earlierTexts"_s)->trigger();
+    menu->close();
+    auto *moments = visible<QTableView>(u"moments"_s);
+    ASSERT_EQ(moments->model()->rowCount(), 2);
+    const auto marked = [](const QString &name) { // What is struck out or underlined.
+        QString text;
+        auto *widget = visible<QTextEdit>(name);
+        for (QTextCursor at(widget->document()); !at.atEnd(); at.movePosition(QTextCursor::Right)) {
+            QTextCursor next = at;
+            next.movePosition(QTextCursor::Right);
+            if (next.charFormat().fontStrikeOut() || next.charFormat().fontUnderline())
+                text += widget->document()->characterAt(at.position());
+        }
+        return text;
+    };
+    EXPECT_EQ(marked(u"textBefore"_s), u"all"_s);
+    EXPECT_EQ(marked(u"textAfter"_s), u"two"_s);
+    EXPECT_FALSE(visible<QPushButton>(u"textAfterRestore"_s)->isEnabled());
+    press(u"textBeforeRestore"_s);
+    EXPECT_EQ(eulaText->toPlainText(), u"Free for all"_s);
+    EXPECT_EQ(moments->model()->rowCount(), 3) << "restoring is a moment, too";
+
+    command(u"history"_s)->trigger();
+    ASSERT_TRUE(eventually([] { return visible<QTableView>(u"moments"_s)->model()->rowCount() == 5; }));
+    visible<QTableView>(u"moments"_s)->selectRow(4); // The import.
+    press(u"restoreTitle"_s);
+    EXPECT_EQ(eulaText->toPlainText(), QString());
+    command(u"undo"_s)->trigger();
+    EXPECT_EQ(eulaText->toPlainText(), u"Free for all"_s);
+    press(u"closeHistory"_s);
 }

@@ -1,0 +1,118 @@
+#include "changes/history_table.h"
+
+#include "editor/editor_layout.h"
+#include "journal/journal.h"
+
+#include <QDateTime>
+#include <QHash>
+#include <QLocale>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+
+namespace {
+
+constexpr qint64 rowsAtATime = 200;
+
+QString originText(const QString &origin)
+{
+    static const QHash<QString, QString> texts = {
+        {history::origin::typed, u"Edited"_s},     {history::origin::import, u"Imported"_s},
+        {history::origin::restore, u"Restored"_s}, {history::origin::release, u"Release"_s},
+        {history::origin::undo, u"Undone"_s},      {history::origin::redo, u"Redone"_s}};
+    return texts.value(origin, origin);
+}
+
+QString fieldText(const history::Row &row)
+{
+    const auto field = fieldNamed(row.field);
+    return row.field.isEmpty() ? u"(the whole file)"_s : field ? accessibleNameOf(*field) : row.field;
+}
+
+} // namespace
+
+HistoryTable::HistoryTable(const QString &title, const std::optional<FieldId> &field, QObject *parent)
+    : QAbstractTableModel(parent)
+    , m_title(title)
+    , m_field(field ? padField(*field).control.toString() : QString())
+    , m_rows(read(std::numeric_limits<qint64>::max()))
+    , m_hasMore(m_rows.size() == rowsAtATime)
+{
+}
+
+QList<history::Row> HistoryTable::read(qint64 before) const
+{
+    QList<history::Row> rows;
+    (void)Journal::ofDataFolder().read([&](Database &database) -> Result<> { // The status bar tells.
+        auto found = history::rows(database, m_title, m_field, rowsAtATime, before);
+        if (!found)
+            return found.error();
+        rows = *std::move(found);
+        return {};
+    });
+    return rows;
+}
+
+void HistoryTable::refresh()
+{
+    QList<history::Row> rows = read(std::numeric_limits<qint64>::max());
+    const qint64 newest = m_rows.isEmpty() ? -1 : m_rows.first().number;
+    rows.removeIf([newest](const history::Row &row) { return row.number <= newest; });
+    if (rows.isEmpty())
+        return;
+    beginInsertRows({}, 0, int(rows.size()) - 1);
+    m_rows = rows + m_rows;
+    endInsertRows();
+}
+
+int HistoryTable::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : int(m_rows.size());
+}
+
+int HistoryTable::columnCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : ColumnCount;
+}
+
+QVariant HistoryTable::data(const QModelIndex &index, int role) const
+{
+    if (role != Qt::DisplayRole || !index.isValid())
+        return {};
+    const history::Row &row = m_rows[index.row()];
+    switch (index.column()) {
+    case Time:
+        return QLocale().toString(QDateTime::fromMSecsSinceEpoch(row.time), QLocale::ShortFormat);
+    case Field:
+        return fieldText(row);
+    default:
+        return originText(row.origin);
+    }
+}
+
+QVariant HistoryTable::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (role != Qt::DisplayRole || orientation != Qt::Horizontal)
+        return {};
+    static const QStringList headers = {u"When"_s, u"Field"_s, u"What"_s};
+    return headers.value(section);
+}
+
+bool HistoryTable::canFetchMore(const QModelIndex &parent) const
+{
+    return !parent.isValid() && m_hasMore;
+}
+
+void HistoryTable::fetchMore(const QModelIndex &)
+{
+    const QList<history::Row> rows = read(m_rows.last().number);
+    m_hasMore = rows.size() == rowsAtATime;
+    if (rows.isEmpty())
+        return;
+    beginInsertRows({}, int(m_rows.size()), int(m_rows.size() + rows.size()) - 1);
+    m_rows += rows;
+    endInsertRows();
+}
+
+} // namespace quillon

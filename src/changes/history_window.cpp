@@ -1,0 +1,218 @@
+#include "changes/history_window.h"
+
+#include "changes/edit_history.h"
+#include "changes/restoring.h"
+#include "editor/editor.h"
+#include "editor/editor_layout.h"
+#include "editor/text_change.h"
+#include "platform/plain_text.h"
+#include "store/process_state.h"
+#include "widgets/row_table.h"
+
+#include <QBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QSplitter>
+#include <QTableView>
+#include <QTextEdit>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+
+namespace {
+
+constexpr QSize firstSize(1040, 540);
+constexpr int firstMomentsWidth = 460;
+
+/// Line ends as a text widget has them, so that positions in it are those of the text.
+QString withPlainLineEnds(QString text)
+{
+    return text.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
+}
+
+QTextCharFormat removedFormat()
+{
+    QTextCharFormat format;
+    format.setFontStrikeOut(true);
+    format.setBackground(QColor(200, 0, 0, 60));
+    return format;
+}
+
+QTextCharFormat insertedFormat()
+{
+    QTextCharFormat format;
+    format.setFontUnderline(true);
+    format.setFontWeight(QFont::Bold);
+    format.setBackground(QColor(0, 150, 0, 60));
+    return format;
+}
+
+void showMarked(QTextEdit &widget, const QString &text, qsizetype start, qsizetype length,
+                const QTextCharFormat &format)
+{
+    widget.setCurrentCharFormat({});
+    widget.setPlainText(text);
+    QTextCursor cursor(widget.document());
+    cursor.setPosition(int(start));
+    cursor.setPosition(int(start + length), QTextCursor::KeepAnchor);
+    cursor.mergeCharFormat(format);
+}
+
+QString windowTitleFor(const std::optional<FieldId> &field)
+{
+    const QString title = plainWindowTitle(*mwqnSelSW);
+    return field ? u"Earlier Texts of %1 – %2"_s.arg(accessibleNameOf(*field), title)
+                 : u"History – %1"_s.arg(title);
+}
+
+} // namespace
+
+HistoryWindow::HistoryWindow(Editor &editor, EditHistory &edits, const std::optional<FieldId> &field,
+                             QWidget *parent)
+    : QDialog(parent), m_editor(editor), m_edits(edits), m_title(*mwqnSelSW), m_outcome(new QLabel)
+{
+    edits.store(); // What is under way is to be seen, too.
+    m_table = new HistoryTable(m_title, field, this);
+    setObjectName(u"historyWindow"_s);
+    setAttribute(Qt::WA_DeleteOnClose);
+    setWindowTitle(windowTitleFor(field));
+    resize(firstSize);
+
+    m_moments = newRowTable(u"moments"_s, u"Moments"_s, this);
+    m_moments->setModel(m_table);
+    m_moments->setColumnHidden(HistoryTable::Field, field.has_value());
+    m_moments->horizontalHeader()->setStretchLastSection(true);
+    m_moments->resizeColumnsToContents();
+    auto *right = new QWidget;
+    auto *columns = new QHBoxLayout;
+    columns->addWidget(newText(m_before, m_restoreBefore, u"textBefore"_s,
+                               u"&Before (what went is struck out)"_s, &history::Row::before));
+    columns->addWidget(newText(m_after, m_restoreAfter, u"textAfter"_s, u"&After (what came is underlined)"_s,
+                               &history::Row::after));
+    auto *rows = new QVBoxLayout(right);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->addLayout(columns, 1);
+    auto *splitter = new QSplitter;
+    splitter->addWidget(m_moments);
+    splitter->addWidget(right);
+    splitter->setStretchFactor(1, 1);
+    splitter->setSizes({firstMomentsWidth, firstSize.width() - firstMomentsWidth});
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(splitter, 1);
+    m_outcome->setTextFormat(Qt::PlainText);
+    m_outcome->setWordWrap(true);
+    layout->addWidget(m_outcome);
+    layout->addWidget(newButtons());
+
+    connect(m_moments->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            &HistoryWindow::showMoment);
+    connect(&edits, &EditHistory::changed, m_table, &HistoryTable::refresh);
+    connect(&editor, &Editor::checked, this, &HistoryWindow::showMoment);
+    connect(&editor, &Editor::formLoaded, this, &HistoryWindow::closeForAnother);
+    if (m_table->rowCount() > 0)
+        m_moments->selectRow(0);
+    else
+        m_outcome->setText(u"Nothing has been changed here yet."_s);
+    showMoment();
+}
+
+QWidget *HistoryWindow::newText(QTextEdit *&text, QPushButton *&button, const QString &name,
+                                const QString &caption, QString history::Row::*side)
+{
+    text = new QTextEdit;
+    text->setObjectName(name);
+    text->setReadOnly(true);
+    text->setTabChangesFocus(true);
+    text->setAccessibleName(QString(caption).remove(u'&'));
+    button = new QPushButton(u"Restore This Field"_s);
+    button->setObjectName(name + u"Restore"_s);
+    button->setAutoDefault(false);
+    button->setAccessibleName(u"Restore this field: "_s + text->accessibleName());
+    connect(button, &QPushButton::clicked, this, [this, side] {
+        if (const history::Row *row = moment())
+            restoreField(row->*side);
+    });
+    QWidget *column = captioned(new QLabel(caption), text);
+    column->layout()->addWidget(button);
+    return column;
+}
+
+QWidget *HistoryWindow::newButtons()
+{
+    auto *buttons = new QWidget;
+    auto *row = new QHBoxLayout(buttons);
+    row->setContentsMargins(0, 0, 0, 0);
+    m_restoreTitle = new QPushButton(u"&Restore the Title As It Was Here"_s);
+    m_restoreTitle->setObjectName(u"restoreTitle"_s);
+    m_restoreTitle->setAutoDefault(false);
+    m_restoreTitle->setToolTip(u"Brings all fields back to what they were after the selected moment"_s);
+    connect(m_restoreTitle, &QPushButton::clicked, this, &HistoryWindow::restoreTitle);
+    auto *close = new QPushButton(u"&Close"_s);
+    close->setObjectName(u"closeHistory"_s);
+    close->setAutoDefault(false);
+    connect(close, &QPushButton::clicked, this, &HistoryWindow::close);
+    row->addWidget(m_restoreTitle);
+    row->addStretch(1);
+    row->addWidget(close);
+    return buttons;
+}
+
+void HistoryWindow::closeForAnother()
+{
+    if (mwqnSelSW != m_title)
+        close();
+}
+
+const history::Row *HistoryWindow::moment() const
+{
+    const QModelIndex index = m_moments->currentIndex();
+    return index.isValid() ? &m_table->entry(index.row()) : nullptr;
+}
+
+void HistoryWindow::showMoment()
+{
+    const history::Row *row = moment();
+    const QString before = row ? withPlainLineEnds(row->before) : QString();
+    const QString after = row ? withPlainLineEnds(row->after) : QString();
+    const TextChange change = TextChange::between(before, after);
+    showMarked(*m_before, before, change.start, change.removed, removedFormat());
+    showMarked(*m_after, after, change.start, change.inserted.size(), insertedFormat());
+    const auto field = row ? fieldNamed(row->field) : std::nullopt;
+    const bool canRestore = field && padField(*field).kind != FieldKind::Computed && m_editor.loaded();
+    m_restoreBefore->setEnabled(canRestore && m_editor.form().value(*field) != row->before);
+    m_restoreAfter->setEnabled(canRestore && m_editor.form().value(*field) != row->after);
+    m_restoreTitle->setEnabled(row && m_editor.loaded());
+}
+
+void HistoryWindow::restoreField(const QString &text)
+{
+    m_edits.store();
+    const FieldId field = *fieldNamed(moment()->field);
+    const QString now = m_editor.form().value(field);
+    apply(ChangeSet{history::origin::restore, u"Back to an earlier text"_s, {{field, now, text}}});
+}
+
+void HistoryWindow::restoreTitle()
+{
+    m_edits.store();
+    if (const history::Row *row = moment())
+        apply(restoring::plan(m_title, m_editor.form(), row->number, std::nullopt));
+}
+
+void HistoryWindow::apply(const Result<ChangeSet> &set)
+{
+    const auto fields = set && mwqnSelSW == m_title ? m_edits.apply(*set)
+                        : set                       ? Error{.reason = u"another title is open"_s}
+                                                    : Result<QList<FieldId>>(set.error());
+    if (!fields)
+        return m_outcome->setText(u"Nothing was changed: %1"_s.arg(fields.error().reason));
+    m_outcome->setText(fields->isEmpty() ? u"The title is as it was then."_s
+                       : fields->size() == 1
+                           ? u"1 field was restored. Undo takes that back."_s
+                           : u"%1 fields were restored. Undo takes that back."_s.arg(fields->size()));
+    Q_EMIT restored(*fields);
+}
+
+} // namespace quillon
