@@ -117,11 +117,11 @@ TEST_F(TitlesCli, ListsNamesAsTheyAreAndSaysWhenItCannot)
     EXPECT_TRUE(lines[1].startsWith("c d\t")) << lines[1].constData();
     // A folder of the older layout that is seen, and gone when its turn comes, as while another moves it.
     ASSERT_TRUE(QDir().mkpath(inData(u"Old"_s)) && put(inData(u"Old/Old.qnxmld"_s), "<a/>"));
-    for (int turn = 2; turn < 9; ++turn) {
+    for (int turn = 2; turn < 5; ++turn) {
         const QTemporaryDir copy;
         QProcess::execute(u"cp"_s, {u"-a"_s, home() + u"/Library"_s, copy.path()});
-        const CliResult result = runCli(copy.path(), {u"list"_s}, {}, u"open@%1=ENOENT"_s.arg(turn));
-        EXPECT_TRUE(result.status == 4 || result.output.contains("Old\t")) << turn;
+        const CliResult result = runCli(copy.path(), {u"list"_s}, {}, u"lseek@%1=ENOENT"_s.arg(turn));
+        EXPECT_TRUE(result.status == 0 && result.output.contains("Old\t")) << result.messages.constData();
     }
     const CliResult full = runCli(home(), {u"list"_s}, u"/dev/full"_s);
     EXPECT_EQ(full.status, 4);
