@@ -1,14 +1,12 @@
 #include "submission/web_engine_page.h"
 
 #include "platform/web_address.h"
+#include "submission/web_engine_paste_watch.h"
 
 #include <QAuthenticator>
 #include <QCoreApplication>
 #include <QEventLoop>
-#include <QFile>
 #include <QPointer>
-#include <QUuid>
-#include <QWebEngineClientCertificateSelection>
 #include <QWebEngineFileSystemAccessRequest>
 #include <QWebEngineQuotaRequest>
 #include <QWebEngineRegisterProtocolHandlerRequest>
@@ -22,12 +20,6 @@
 
 using namespace Qt::StringLiterals;
 
-/// What a static library has as resources is there when it is asked for; outside any namespace.
-static void initScripts()
-{
-    Q_INIT_RESOURCE(quillon_scripts);
-}
-
 namespace quillon {
 
 namespace {
@@ -35,44 +27,6 @@ namespace {
 /// What frames inside a page, and windows that it opens, may show beside pages of the web: what the page
 /// itself made.
 constexpr std::array<QStringView, 3> innerSchemes = {u"about", u"blob", u"data"};
-
-/// What pasteWatch() says first; no page can guess it.
-const QString &pasteToken()
-{
-    static const QString token = QUuid::createUuid().toString();
-    return token;
-}
-
-/// The script that watches for pastes, in a page for the first time, or looks for new frames there.
-const QString &pasteWatch()
-{
-    static const QString script = [] {
-        initScripts();
-        QFile file(u":/scripts/paste-watch.js"_s);
-        if (!file.open(QIODevice::ReadOnly))
-            qFatal("%s is not part of the program.", qPrintable(file.fileName()));
-        return u"(globalThis.quillonPastes ||= (%1)('%2'))()"_s.arg(
-            QString::fromUtf8(file.readAll()).trimmed(), pasteToken());
-    }();
-    return script;
-}
-
-const std::array<std::pair<QStringView, PastePlace::Kind>, 3> placeKinds = {{
-    {u"text", PastePlace::Kind::Text},
-    {u"locked", PastePlace::Kind::Locked},
-    {u"none", PastePlace::Kind::None},
-}};
-
-/// The place that the words of pasteWatch() after "paste" tell of, in the frame of @p origin.
-PastePlace pastePlace(const QUrl &origin, const QStringList &words)
-{
-    const auto kind = std::ranges::find(placeKinds, QStringView(words.value(1)),
-                                        &std::pair<QStringView, PastePlace::Kind>::first);
-    return {.kind = kind == placeKinds.end() ? PastePlace::Kind::None : kind->second,
-            .isMainFrame = words.value(2) == u"true",
-            .origin = origin,
-            .lastPress = words.value(3).toLongLong()};
-}
 
 template<size_t count>
 bool isOneOf(const std::array<QStringView, count> &schemes, const QUrl &url)
@@ -165,8 +119,6 @@ void WebEnginePage::refusePermissions()
             [](QWebEngineQuotaRequest request) { request.reject(); });
     connect(this, &QWebEnginePage::registerProtocolHandlerRequested, this,
             [](QWebEngineRegisterProtocolHandlerRequest request) { request.reject(); });
-    connect(this, &QWebEnginePage::selectClientCertificate, this,
-            [](QWebEngineClientCertificateSelection selection) { selection.selectNone(); });
     connect(this, &QWebEnginePage::fileSystemAccessRequested, this,
             [](QWebEngineFileSystemAccessRequest request) { request.reject(); });
 }

@@ -22,6 +22,7 @@ protected:
     void TearDown() override
     {
         m_program.reset();
+        settings().sync(); // Else they would be written when their folder has gone.
         Home::TearDown();
     }
 
