@@ -10,14 +10,21 @@ namespace quillon::cli {
 
 namespace {
 
-/// A backup or a restore, of titles or of sites.
+/// A backup or a restore, of titles, of sites or of everything.
 class Transfer final : public Command
 {
 public:
     using Run = BackupResult (*)(const QString &folder);
 
-    Transfer(const char *name, const char *help, Run titles, Run sites)
-        : m_commandName(name), m_help(help), m_runTitles(titles), m_runSites(sites)
+    struct Runs
+    {
+        Run titles;
+        Run sites;
+        Run all;
+    };
+
+    Transfer(const char *name, const char *help, const Runs &runs)
+        : m_commandName(name), m_help(help), m_runs(runs)
     {
     }
 
@@ -26,7 +33,9 @@ public:
         CLI::App *command = application.add_subcommand(m_commandName, m_help);
         m_titles = command->add_subcommand("titles", "The software list");
         m_sites = command->add_subcommand("sites", "The changes to the list of sites");
-        for (CLI::App *what : {m_titles, m_sites})
+        m_all = command->add_subcommand("all", "Both, and what is kept besides: earlier texts, originals, "
+                                               "what was deleted");
+        for (CLI::App *what : {m_titles, m_sites, m_all})
             what->add_option("FOLDER", m_folder, "The backup's folder")->required();
         command->require_subcommand(1);
         return command;
@@ -37,7 +46,8 @@ public:
     ExitStatus run() override
     {
         const QString folder = QFileInfo(text(m_folder)).absoluteFilePath();
-        const BackupResult result = m_titles->parsed() ? m_runTitles(folder) : m_runSites(folder);
+        const Run run = m_all->parsed() ? m_runs.all : m_titles->parsed() ? m_runs.titles : m_runs.sites;
+        const BackupResult result = run(folder);
         for (const QString &detail : result.details)
             complain(detail);
         for (const QString &sentence : {result.sentence, result.informativeText}) {
@@ -60,11 +70,11 @@ public:
 private:
     const char *m_commandName;
     const char *m_help;
-    Run m_runTitles;
-    Run m_runSites;
+    Runs m_runs;
     std::string m_folder;
     CLI::App *m_titles = nullptr;
     CLI::App *m_sites = nullptr;
+    CLI::App *m_all = nullptr;
 };
 
 } // namespace
@@ -72,17 +82,25 @@ private:
 std::unique_ptr<Command> backupCommand()
 {
     return std::make_unique<Transfer>(
-        "backup", "Copy all titles, or the changes to the list of sites, to a new folder",
-        [](const QString &folder) { return backups::backupTitles(folder, backups::Existing::Refuse); },
-        [](const QString &folder) { return backups::backupSites(folder, backups::Existing::Refuse); });
+        "backup", "Copy all titles, the changes to the list of sites, or everything, to a new folder",
+        Transfer::Runs{
+            .titles =
+                [](const QString &folder) {
+                    return backups::backupTitles(folder, backups::Existing::Refuse);
+                },
+            .sites =
+                [](const QString &folder) { return backups::backupSites(folder, backups::Existing::Refuse); },
+            .all =
+                [](const QString &folder) { return backups::backupAll(folder, backups::Existing::Refuse); }});
 }
 
 std::unique_ptr<Command> restoreCommand()
 {
     return std::make_unique<Transfer>(
-        "restore", "Bring back titles, or changes to the list of sites, from a backup",
-        [](const QString &folder) { return backups::restoreTitles(folder); },
-        [](const QString &folder) { return backups::restoreSites(folder); });
+        "restore", "Bring back titles, changes to the list of sites, or everything, from a backup",
+        Transfer::Runs{.titles = [](const QString &folder) { return backups::restoreTitles(folder); },
+                       .sites = backups::restoreSites,
+                       .all = backups::restoreAll});
 }
 
 } // namespace quillon::cli

@@ -24,9 +24,9 @@ struct Item
 {
     Kind kind = Kind::Title;
     qint64 id = 0; ///< Among those of its kind.
-    QString name;
-    QString address; ///< Of a site.
-    qint64 time = 0; ///< When it was deleted: milliseconds since 1970 (UTC).
+    QString name = {};
+    QString address = {}; ///< Of a site.
+    qint64 time = 0;      ///< When it was deleted: milliseconds since 1970 (UTC).
 };
 
 /// A file of a title, by its name in the file system's bytes.

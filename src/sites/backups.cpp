@@ -3,6 +3,7 @@
 #include "platform/abandoned.h"
 #include "platform/property_list.h"
 #include "platform/staged_folder.h"
+#include "sites/whole_backup.h"
 #include "store/process_state.h"
 #include "store/site_list.h"
 #include "store/storage_status.h"
@@ -154,6 +155,16 @@ BackupResult backupTitles(const QString &to, Existing existing, const Progress &
 BackupResult restoreTitles(const QString &from, const Progress &progress)
 {
     return run(*TitleTransfer::restore(from), progress);
+}
+
+BackupResult backupAll(const QString &to, Existing existing)
+{
+    return run(*whole_backup::backup(to, existing), {});
+}
+
+BackupResult restoreAll(const QString &from)
+{
+    return run(*whole_backup::restore(from), {});
 }
 
 BackupResult backupSites(const QString &to, Existing existing)

@@ -35,6 +35,10 @@ BackupResult backupSites(const QString &to, Existing existing);
 /// stays. The sentence is empty when all of it is done.
 BackupResult restoreSites(const QString &from);
 
+/// Makes the folder @p to of everything, and brings back what is missing of it (whole_backup.h).
+BackupResult backupAll(const QString &to, Existing existing);
+BackupResult restoreAll(const QString &from);
+
 /// Whether a backup may be made at @p to; else it is refused, with the reason.
 Result<> mayBeMade(const QString &to, QStringView extension, Existing existing);
 

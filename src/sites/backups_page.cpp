@@ -32,10 +32,19 @@ BackupsPage::BackupsPage(PreferencesBackups &backups, QWidget *parent) : QWidget
          u"Adds the changes of a backup to the site list; where both have a site, yours stays as it is."_s,
          &PreferencesBackups::importSitesAction, false},
     };
+    const QList<Command> ofAll = {
+        {u"backupAllButton"_s, u"Back Up &Everything…"_s, u":/icons/backup.svg"_s,
+         u"Copies titles and sites, and what is kept besides: earlier texts, originals and what was deleted."_s,
+         &PreferencesBackups::backupAllAction, true},
+        {u"importAllButton"_s, u"Restore Everyt&hing…"_s, u":/icons/import.svg"_s,
+         u"Adds whatever of a backup is missing; nothing that is there is replaced."_s,
+         &PreferencesBackups::importAllAction, true},
+    };
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(newGroup(u"Software list"_s, ofTitles));
     layout->addWidget(newGroup(u"Site list"_s, ofSites));
+    layout->addWidget(newGroup(u"Everything"_s, ofAll));
     alignSentences();
     layout->addWidget(newProgressRow());
     layout->addStretch(1);

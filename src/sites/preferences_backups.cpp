@@ -4,6 +4,7 @@
 #include "platform/delayed_calls.h"
 #include "platform/notification_center.h"
 #include "platform/notifications.h"
+#include "sites/whole_backup.h"
 
 #include <QElapsedTimer>
 
@@ -79,6 +80,26 @@ void PreferencesBackups::importSitesAction()
                          });
 }
 
+void PreferencesBackups::backupAllAction()
+{
+    m_alerts.chooseSaveFile(SheetWindow::Preferences,
+                            request(u"Save Backup"_s, whole_backup::extension, u"Quillon Backup.qnall"_s),
+                            [this](const QString &path) {
+                                beginTransfer(whole_backup::backup(path, backups::Existing::Replace),
+                                              &PreferencesBackups::backupEnded);
+                            });
+}
+
+void PreferencesBackups::importAllAction()
+{
+    m_alerts.chooseFiles(SheetWindow::Preferences, request(u"Choose Backup"_s, whole_backup::extension),
+                         [this](const QStringList &paths) {
+                             if (!paths.isEmpty())
+                                 beginTransfer(whole_backup::restore(paths.first()),
+                                               &PreferencesBackups::restoreAllEnded);
+                         });
+}
+
 void PreferencesBackups::beginTransfer(std::unique_ptr<TitleTransfer> transfer,
                                        void (PreferencesBackups::*ended)(const BackupResult &))
 {
@@ -126,6 +147,12 @@ void PreferencesBackups::restoreEnded(const BackupResult &result)
 {
     tellLater(alertOf(result));
     NotificationCenter::defaultCenter().post(notification::mwqnOvLSlst);
+}
+
+void PreferencesBackups::restoreAllEnded(const BackupResult &result)
+{
+    restoreEnded(result);
+    NotificationCenter::defaultCenter().post(notification::mwqnPClSiL432ds);
 }
 
 void PreferencesBackups::tellLater(const Alert &alert)

@@ -25,6 +25,9 @@ public:
     void importSoftwareListAction();
     void backupSitesListAction();
     void importSitesAction();
+    /// Backs everything up into one folder, and brings back what is missing of it.
+    void backupAllAction();
+    void importAllAction();
     /// Stops the backup or restore of titles that is running; what it began is removed.
     void cancelTransfer();
 
@@ -40,6 +43,7 @@ private:
     void continueTransfer();
     void backupEnded(const BackupResult &result);
     void restoreEnded(const BackupResult &result);
+    void restoreAllEnded(const BackupResult &result);
     void tellLater(const Alert &alert);
 
     AlertSheets &m_alerts;

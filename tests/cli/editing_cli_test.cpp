@@ -341,5 +341,48 @@ TEST_F(EditingCli, EarlierTextsAreListedAndRestored)
     EXPECT_EQ(cli({u"set"_s, u"Past"_s, u"programName=Two"_s}).status, 0) << "only the extras are concerned";
 }
 
+TEST_F(EditingCli, OneBackupBringsBackWhatIsMissingAndReplacesNothing)
+{
+    const QString backup = home() + u"/b.qnall"_s;
+    const QString file = QStringLiteral(QUILLON_SAMPLES "/old_tool.xml");
+    const auto extras = [this]() -> QByteArray {
+        return cli({u"deleted"_s, u"--json"_s}).output + cli({u"history"_s, u"Old"_s, u"--json"_s}).output +
+               cli({u"original"_s, u"Old"_s, u"-"_s}).output;
+    };
+    for (const QStringList &command : {QStringList{u"import"_s, file, u"--as"_s, u"Old"_s},
+                                       {u"set"_s, u"Old"_s, u"programVersion=4"_s},
+                                       {u"new"_s, u"Gone"_s},
+                                       {u"delete"_s, u"Gone"_s},
+                                       {u"sites"_s, u"add"_s, u"Mine"_s, u"mine"_s},
+                                       {u"sites"_s, u"add"_s, u"Yours"_s, u"yours"_s},
+                                       {u"sites"_s, u"remove"_s, u"Mine"_s},
+                                       {u"backup"_s, u"all"_s, backup}})
+        ASSERT_EQ(cli(command).status, 0) << command.join(u' ').toStdString();
+    EXPECT_EQ(cli({u"backup"_s, u"all"_s, backup}).status, 3) << "there is one already";
+    EXPECT_EQ(names(backup), QStringList({u"quillon.sqlite"_s, u"sites.qnback"_s, u"titles.swback"_s}));
+    const auto before = files();
+    const QByteArray extrasBefore = extras();
+
+    ASSERT_TRUE(QDir().rename(mwqnAppSuppLoc, home() + u"/away"_s));
+    ASSERT_EQ(cli({u"new"_s, u"T"_s}).status + cli({u"set"_s, u"T"_s, u"companyName=Here"_s}).status, 0);
+    const QString kept = inData(u"T.qndata/data.qnxml"_s);
+    const QByteArray present = contents(kept);
+    for (int turn = 0; turn < 2; ++turn) {
+        EXPECT_EQ(cli({u"restore"_s, u"all"_s, backup}).status, 0);
+        EXPECT_EQ(extras(), extrasBefore);
+        EXPECT_EQ(contents(kept), present);
+        QMap<QString, QByteArray> after = files();
+        for (const QString &each : names(inData(u"T.qndata"_s)))
+            after[u"T.qndata/"_s + each] = before[u"T.qndata/"_s + each];
+        EXPECT_EQ(after, before);
+    }
+    // A database that nobody can use costs only what it holds.
+    ASSERT_TRUE(put(backup + u"/quillon.sqlite"_s, contents(backup + u"/quillon.sqlite"_s).first(9000)));
+    ASSERT_EQ(cli({u"delete"_s, u"Old"_s}).status, 0);
+    EXPECT_EQ(cli({u"restore"_s, u"all"_s, backup}).status, 4);
+    EXPECT_EQ(contents(inData(u"Old.qndata/data.qnxml"_s)), before[u"Old.qndata/data.qnxml"_s]);
+    EXPECT_EQ(cli({u"restore"_s, u"all"_s, home()}).status, 4) << "that is no backup";
+}
+
 } // namespace
 } // namespace quillon

@@ -1,0 +1,187 @@
+#include "journal/journal_copies.h"
+
+#include "journal/journal.h"
+#include "journal/journal_schema.h"
+#include "platform/staged_folder.h"
+#include "store/process_state.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon::journal_copies {
+
+namespace {
+
+/// The highest number that each table has given here; those of the copy come after it.
+struct Highest
+{
+    qint64 title = 0;
+    qint64 set = 0;
+    qint64 deleted = 0;
+};
+
+Error isNoCopy(const QString &path, const QString &reason)
+{
+    return {Error::Kind::Unintelligible, path, reason};
+}
+
+/// Makes the copy at @p path, of which a copy lies at @p own, one of the present version there.
+Result<> prepare(const QString &path, const QString &own)
+{
+    auto database = Database::open(path, Database::Opening::ExistingOnly);
+    if (!database)
+        return database.error();
+    const auto owner = database->number("PRAGMA application_id");
+    const auto version = database->number("PRAGMA user_version");
+    if (!owner || !version)
+        return owner ? version.error() : owner.error();
+    if (*owner != journal_schema::applicationId || *version < 1)
+        return isNoCopy(path, u"it is another program's"_s);
+    if (*version > journal_schema::newestVersion())
+        return isNoCopy(path, u"it was made by a newer version of Quillon"_s);
+    if (Result<> copied = database->copyTo(own); !copied) // Reads all of it.
+        return copied;
+    auto copy = Database::open(own, Database::Opening::ExistingOnly);
+    return copy ? journal_schema::migrate(*copy) : copy.error();
+}
+
+/// Notes the titles that are to come in, in the table "wanted".
+Result<> noteWanted(Database &database, const std::function<bool(const QString &)> &isWanted)
+{
+    Result<> noted = database.execute(R"(
+        CREATE TEMP TABLE wanted (id INTEGER PRIMARY KEY);
+        INSERT INTO wanted SELECT DISTINCT title_id FROM old.deleted_titles AS theirs WHERE NOT EXISTS (
+            SELECT * FROM main.deleted_titles AS ours WHERE ours.name = theirs.name AND ours.time = theirs.time))");
+    if (!noted)
+        return noted;
+    auto titles = database.prepare("SELECT id, name FROM old.titles"
+                                   " WHERE name IS NOT NULL AND name NOT IN"
+                                   " (SELECT name FROM main.titles WHERE name IS NOT NULL)");
+    while (titles) {
+        const Result<bool> hasRow = titles->next();
+        if (!hasRow)
+            return hasRow.error();
+        if (!*hasRow)
+            return {};
+        if (!isWanted(titles->text(1)))
+            continue;
+        if (Result<> wanted = database.run("INSERT INTO wanted VALUES (?)", titles->number(0)); !wanted)
+            return wanted;
+    }
+    return titles.error();
+}
+
+Result<Highest> highest(Database &database)
+{
+    const auto title = database.number("SELECT max(id) FROM main.titles");
+    const auto set = database.number("SELECT max(id) FROM main.change_sets");
+    const auto deleted = database.number("SELECT max(id) FROM main.deleted_titles");
+    for (const Result<qint64> &number : {title, set, deleted}) {
+        if (!number)
+            return number.error();
+    }
+    return Highest{.title = *title, .set = *set, .deleted = *deleted};
+}
+
+/// Copies what belongs to the titles in "wanted", and deleted sites that are not here.
+Result<> copyRows(Database &database, const Highest &ours)
+{
+    Result<> done = database.run("INSERT INTO main.titles SELECT id + ?, name FROM old.titles"
+                                 " WHERE id IN wanted",
+                                 ours.title);
+    if (done)
+        done = database.run("INSERT INTO main.change_sets (id, time, label, origin)"
+                            " SELECT id + ?, time, label, origin FROM old.change_sets WHERE id IN"
+                            " (SELECT set_id FROM old.history WHERE title_id IN wanted)",
+                            ours.set);
+    if (done)
+        done = database.run(
+            "INSERT INTO main.history (title_id, row, field, time, before, after, origin, set_id)"
+            " SELECT title_id + ?, row, field, time, before, after, origin, set_id + ? FROM old.history"
+            " WHERE title_id IN wanted",
+            ours.title, ours.set);
+    if (done)
+        done = database.run("INSERT INTO main.originals (title_id, time, name, is_compressed, bytes)"
+                            " SELECT title_id + ?, time, name, is_compressed, bytes FROM old.originals"
+                            " WHERE title_id IN wanted",
+                            ours.title);
+    if (done)
+        done = database.run("INSERT INTO main.deleted_titles (id, title_id, name, time)"
+                            " SELECT id + ?, title_id + ?, name, time FROM old.deleted_titles"
+                            " WHERE title_id IN wanted",
+                            ours.deleted, ours.title);
+    if (done)
+        done = database.run("INSERT INTO main.deleted_files (deleted_id, name, bytes)"
+                            " SELECT deleted_id + ?, name, bytes FROM old.deleted_files WHERE deleted_id IN"
+                            " (SELECT id FROM old.deleted_titles WHERE title_id IN wanted)",
+                            ours.deleted);
+    if (done)
+        done = database.execute(R"(
+            INSERT INTO main.deleted_sites (name, address, time, picture_name, picture)
+                SELECT name, address, time, picture_name, picture FROM old.deleted_sites AS theirs
+                WHERE NOT EXISTS (SELECT * FROM main.deleted_sites AS ours WHERE ours.name = theirs.name
+                                  AND ours.address = theirs.address AND ours.time = theirs.time))");
+    return done;
+}
+
+Result<qint64> merge(Database &database, const std::function<bool(const QString &)> &isWanted)
+{
+    qint64 count = 0;
+    const Result<> merged = database.transaction([&](Database &inside) -> Result<> {
+        if (Result<> noted = noteWanted(inside, isWanted); !noted)
+            return noted;
+        const auto ours = highest(inside);
+        if (!ours)
+            return ours.error();
+        if (Result<> copied = copyRows(inside, *ours); !copied)
+            return copied;
+        const auto wanted = inside.number("SELECT count(*) FROM wanted");
+        if (!wanted)
+            return wanted.error();
+        count = *wanted;
+        return inside.execute("DROP TABLE wanted");
+    });
+    return merged ? count : Result<qint64>(merged.error());
+}
+
+} // namespace
+
+Result<> copyTo(const QString &path)
+{
+    Result<> copied;
+    const Result<> read = Journal::ofDataFolder().read([&](Database &database) -> Result<> {
+        copied = database.copyTo(path); // Its failure is none of the database's.
+        return {};
+    });
+    return read ? copied : read;
+}
+
+Result<qint64> bringIn(const QString &path, const std::function<bool(const QString &title)> &isWanted)
+{
+    if (const QFileInfo file(path); !file.isFile() || file.isSymLink())
+        return Error{file.exists() || file.isSymLink() ? Error::Kind::Unreadable : Error::Kind::Missing, path,
+                     u"it is no regular file"_s};
+    const auto staged = StagedFolder::in(QDir::cleanPath(mwqnAppSuppLoc));
+    if (!staged)
+        return staged.error();
+    const QString own = staged->folder().path() + u"/copy.sqlite";
+    if (Result<> prepared = prepare(path, own); !prepared)
+        return Error{prepared.error().kind, path, prepared.error().reason};
+    if (Result<> made = Journal::ofDataFolder().change([](Database &) -> Result<> { return {}; }); !made)
+        return made.error();
+    Result<qint64> merged = 0;
+    const Result<> read = Journal::ofDataFolder().read([&](Database &database) -> Result<> {
+        // Not in a transaction, which cannot begin to use another file. What fails is the copy's failure.
+        const Result<> attached = database.run("ATTACH ? AS old", own);
+        merged = attached ? merge(database, isWanted) : Result<qint64>(attached.error());
+        (void)database.execute("DETACH old");
+        return {};
+    });
+    if (!read)
+        return read.error();
+    return merged ? merged : Result<qint64>(Error{merged.error().kind, path, merged.error().reason});
+}
+
+} // namespace quillon::journal_copies

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "platform/result.h"
+
+#include <QString>
+
+#include <functional>
+
+/// Copies of the journal's database, and the way back.
+namespace quillon::journal_copies {
+
+/// Copies the database to the new file @p path, by SQLite's own means. Missing where there is none.
+Result<> copyTo(const QString &path);
+
+/// Adds from the copy @p path what the present database does not have: all that is known of titles that are
+/// not known here and @p isWanted accepts, and what was deleted. Nothing that is here is changed. How many
+/// titles and deleted things came in.
+///
+/// @p path may be of an older version; it is not changed. Unintelligible when it is no such copy, or damaged.
+Result<qint64> bringIn(const QString &path, const std::function<bool(const QString &title)> &isWanted);
+
+} // namespace quillon::journal_copies

@@ -1,0 +1,174 @@
+#include "sites/whole_backup.h"
+
+#include "journal/journal_copies.h"
+#include "platform/abandoned.h"
+#include "platform/staged_folder.h"
+#include "sites/backups.h"
+#include "store/storage_status.h"
+#include "store/title_folder.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon::whole_backup {
+
+namespace {
+
+const QString titlesName = u"/titles.swback"_s;
+const QString sitesName = u"/sites.qnback"_s;
+const QString journalName = u"/quillon.sqlite"_s;
+
+/// Adds what came of a part to @p whole.
+void add(const BackupResult &part, BackupResult &whole)
+{
+    whole.copied += part.copied;
+    whole.ignored += part.ignored;
+    whole.details += part.details;
+    whole.fileFailed = whole.fileFailed || part.fileFailed;
+    if (part.outcome == BackupResult::Failed || part.outcome == BackupResult::Refused)
+        whole.outcome = BackupResult::Failed;
+    else if (part.outcome == BackupResult::Done && whole.outcome == BackupResult::Nothing)
+        whole.outcome = BackupResult::Done;
+}
+
+/// The same of the database, which may be missing.
+void addJournal(const Result<> &part, BackupResult &whole)
+{
+    if (part)
+        add({.outcome = BackupResult::Done}, whole);
+    else if (!part.isError(Error::Kind::Missing))
+        add({.outcome = BackupResult::Failed, .details = {backups::detail(part.error())}, .fileFailed = true},
+            whole);
+}
+
+/// What both ways share: titles are copied one by one, all else at the end.
+class Whole : public TitleTransfer
+{
+public:
+    [[nodiscard]] int total() const override { return m_titles ? m_titles->total() : 0; }
+    [[nodiscard]] int done() const override { return m_titles ? m_titles->done() : 0; }
+    bool step() override { return m_titles && m_titles->step(); }
+
+protected:
+    std::unique_ptr<TitleTransfer> m_titles;
+};
+
+class WholeBackup final : public Whole
+{
+public:
+    WholeBackup(const QString &to, backups::Existing existing)
+        : m_place(QDir::cleanPath(QFileInfo(to).absoluteFilePath())), m_existing(existing)
+    {
+        m_state = backups::mayBeMade(to, extension, existing);
+        m_isRefused = !m_state;
+        auto staged = m_state ? StagedFolder::in(QFileInfo(m_place).path()) : m_state.error();
+        if (!staged) {
+            m_state = staged.error();
+            return;
+        }
+        m_staged.emplace(*std::move(staged));
+        m_titles = TitleTransfer::backup(inside(titlesName), backups::Existing::Refuse);
+    }
+
+    BackupResult finish() override
+    {
+        BackupResult result{.outcome = BackupResult::Nothing, .sentence = backups::nothingToBackup};
+        if (m_state) {
+            add(m_titles->finish(), result);
+            add(backups::backupSites(inside(sitesName), backups::Existing::Refuse), result);
+            addJournal(journal_copies::copyTo(inside(journalName)), result);
+            if (result.outcome == BackupResult::Nothing)
+                return result;
+            m_state = put(result.outcome == BackupResult::Failed);
+        }
+        if (!m_state) {
+            result.details.prepend(backups::detail(m_state.error()));
+            result.fileFailed = !m_isRefused;
+        }
+        if (!m_state.isDone())
+            result.copied = 0;
+        const bool isWhole = m_state && result.outcome == BackupResult::Done;
+        result.sentence = isWhole ? backups::backupSucceeded : backups::backupFailed;
+        if (m_state.isDone() && !isWhole)
+            result.informativeText = m_state ? u"%1 holds what could be read, but not all"_s.arg(m_place)
+                                             : failureLine(m_state.error());
+        if (!isWhole)
+            result.outcome = m_isRefused ? BackupResult::Refused : BackupResult::Failed;
+        else
+            removeAbandoned(QFileInfo(m_place).path());
+        return result;
+    }
+
+private:
+    [[nodiscard]] QString inside(const QString &name) const { return m_staged->folder().path() + name; }
+
+    Result<> put(bool isIncomplete)
+    {
+        const QString name = QFileInfo(m_place).fileName();
+        // The older backup may hold what could not be read now.
+        if (isIncomplete && m_staged->parent().exists(QFile::encodeName(name)))
+            return Error{.path = m_place,
+                         .reason = u"it was not replaced, since not everything could be read"_s};
+        return m_staged->putInPlace(name, StagedFolder::Content::Folders,
+                                    m_existing == backups::Existing::Replace);
+    }
+
+    QString m_place;
+    backups::Existing m_existing;
+    std::optional<StagedFolder> m_staged;
+    Result<> m_state; ///< An error when it makes no sense to go on.
+    bool m_isRefused = false;
+};
+
+class WholeRestore final : public Whole
+{
+public:
+    explicit WholeRestore(const QString &from) : m_from(from)
+    {
+        // First: then it is known what the titles that come back came from.
+        const auto isMissing = [](const QString &title) { return !title_folder::exists(title); };
+        const auto broughtIn = journal_copies::bringIn(from + journalName, isMissing);
+        addJournal(broughtIn ? Result<>() : broughtIn.error(), m_result);
+        if (QFileInfo::exists(from + titlesName))
+            m_titles = TitleTransfer::restore(from + titlesName);
+    }
+
+    BackupResult finish() override
+    {
+        const BackupResult titles =
+            m_titles ? m_titles->finish() : BackupResult{.outcome = BackupResult::Nothing};
+        add(titles, m_result);
+        if (QFileInfo::exists(m_from + sitesName))
+            add(backups::restoreSites(m_from + sitesName), m_result);
+        if (m_result.outcome == BackupResult::Nothing)
+            return {.outcome = BackupResult::Failed,
+                    .sentence = u"%1 holds no backup"_s.arg(m_from),
+                    .fileFailed = true};
+        m_result.sentence =
+            titles.sentence.isEmpty() ? u"No software titles were imported."_s : titles.sentence;
+        m_result.informativeText = titles.informativeText;
+        if (m_result.outcome == BackupResult::Failed || m_result.fileFailed)
+            m_result.informativeText = u"Not all of the backup was restored"_s;
+        return m_result;
+    }
+
+private:
+    QString m_from;
+    BackupResult m_result{.outcome = BackupResult::Nothing};
+};
+
+} // namespace
+
+std::unique_ptr<TitleTransfer> backup(const QString &to, backups::Existing existing)
+{
+    return std::make_unique<WholeBackup>(to, existing);
+}
+
+std::unique_ptr<TitleTransfer> restore(const QString &from)
+{
+    return std::make_unique<WholeRestore>(from);
+}
+
+} // namespace quillon::whole_backup
