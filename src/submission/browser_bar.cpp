@@ -1,7 +1,7 @@
 #include "submission/browser_bar.h"
 
-#include "platform/plain_text.h"
 #include "submission/browser_events.h"
+#include "submission/host_label.h"
 #include "submission/page_load.h"
 #include "widgets/command_set.h"
 
@@ -15,15 +15,13 @@ using namespace Qt::StringLiterals;
 
 namespace quillon {
 
-namespace {
-
-constexpr int longestHost = 30; ///< In widths of the letter "x".
-
-} // namespace
-
 BrowserBar::BrowserBar(PageLoad &load, WindowBrowser &browser, BrowserEvents &events,
                        const CommandSet &commands, QWidget *parent)
-    : QWidget(parent), m_load(load), m_browser(browser), m_host(new QLabel), m_urlField(new QLineEdit)
+    : QWidget(parent)
+    , m_load(load)
+    , m_browser(browser)
+    , m_host(new HostLabel(u"pageHost"_s))
+    , m_urlField(new QLineEdit)
 {
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -31,11 +29,6 @@ BrowserBar::BrowserBar(PageLoad &load, WindowBrowser &browser, BrowserEvents &ev
     m_urlField->setAccessibleName(u"Address"_s);
     m_urlField->setToolTip(u"Address of the page (Ctrl+L)"_s);
     m_urlField->setPlaceholderText(u"Select a site, or type an address"_s);
-    m_host->setObjectName(u"pageHost"_s);
-    m_host->setTextFormat(Qt::PlainText);
-    QFont bold = m_host->font();
-    bold.setBold(true);
-    m_host->setFont(bold);
     auto *caption = new QLabel(u"&Address:"_s);
     caption->setBuddy(m_urlField);
 
@@ -53,8 +46,7 @@ BrowserBar::BrowserBar(PageLoad &load, WindowBrowser &browser, BrowserEvents &ev
     });
     connect(&load, &PageLoad::urlFieldChanged, this, &BrowserBar::showAddress);
     connect(&events, &BrowserEvents::stateChanged, this, &BrowserBar::takeAddress);
-    connect(&events, &BrowserEvents::stateChanged, this, &BrowserBar::showHost);
-    showHost();
+    connect(&events, &BrowserEvents::stateChanged, this, [this] { m_host->setHost(m_browser.host()); });
 }
 
 void BrowserBar::addButton(QAction *action)
@@ -71,17 +63,6 @@ void BrowserBar::focusAddress()
 {
     m_urlField->setFocus(Qt::ShortcutFocusReason);
     m_urlField->selectAll();
-}
-
-void BrowserBar::showHost()
-{
-    const QString host = m_browser.host();
-    // The end of a server's name says whose it is.
-    const int width = longestHost * m_host->fontMetrics().horizontalAdvance(u'x');
-    m_host->setText(m_host->fontMetrics().elidedText(host, Qt::ElideLeft, width));
-    m_host->setAccessibleName(u"Server of the page: %1"_s.arg(host));
-    m_host->setToolTip(plainToolTip(host));
-    m_host->setVisible(!host.isEmpty());
 }
 
 void BrowserBar::showAddress()

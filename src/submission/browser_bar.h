@@ -3,13 +3,13 @@
 #include <QWidget>
 
 class QAction;
-class QLabel;
 class QLineEdit;
 
 namespace quillon {
 
 class BrowserEvents;
 class CommandSet;
+class HostLabel;
 class PageLoad;
 class WindowBrowser;
 
@@ -30,13 +30,12 @@ public:
 
 private:
     void addButton(QAction *action);
-    void showHost();
     void showAddress();
     void takeAddress();
 
     PageLoad &m_load;
     WindowBrowser &m_browser;
-    QLabel *m_host;
+    HostLabel *m_host;
     QLineEdit *m_urlField;
 };
 

@@ -3,6 +3,7 @@
 #include "platform/plain_text.h"
 #include "platform/settings.h"
 #include "submission/browser_events.h"
+#include "submission/host_label.h"
 #include "submission/load_error_page.h"
 #include "submission/submit_control.h"
 
@@ -33,6 +34,7 @@ constexpr int frameRoom =
 PopUpWindow::PopUpWindow(BrowserEngine &engine)
     : m_events(new BrowserEvents)
     , m_browser(engine.newBrowser(u"popUpWebView"_s, *m_events))
+    , m_host(new HostLabel(u"popUpHost"_s))
     , m_address(new QLabel)
 {
     m_events->setParent(&m_browser.widget()); // It may be told of something until then.
@@ -51,6 +53,7 @@ PopUpWindow::PopUpWindow(BrowserEngine &engine)
     addAction(closeKey);
 
     auto *row = new QHBoxLayout;
+    row->addWidget(m_host);
     row->addWidget(m_address, 1);
     row->addWidget(close);
     auto *layout = new QVBoxLayout(this);
@@ -117,6 +120,7 @@ void PopUpWindow::keepClearOf(const QWidget &panel)
 
 void PopUpWindow::showAddress()
 {
+    m_host->setHost(m_browser.host());
     m_address->setText(m_browser.currentUrl());
     m_address->setToolTip(plainToolTip(m_browser.currentUrl()));
 }

@@ -8,11 +8,12 @@ namespace quillon {
 
 class BrowserEngine;
 class BrowserEvents;
+class HostLabel;
 class SubmitControl;
 class WindowBrowser;
 
-/// The one window for all pages that ask for a window of their own, with the address of what it shows and a
-/// button that closes it.
+/// The one window for all pages that ask for a window of their own, with the server and the address of what
+/// it shows and a button that closes it.
 ///
 /// Its title begins with the page's server. It takes the keyboard only from a page.
 class PopUpWindow : public QWidget
@@ -40,6 +41,7 @@ private:
 
     BrowserEvents *m_events;
     WindowBrowser &m_browser;
+    HostLabel *m_host;
     QLabel *m_address;
     QString m_title; ///< As the page has it.
     SubmitControl *m_control = nullptr;

@@ -379,6 +379,7 @@ TEST_F(WebPagesTest, OtherWindowsAreOneWindow)
     ASSERT_TRUE(waitForPage(u"Submit", popUp));
     EXPECT_EQ(page().title(), u"Windows"_s);
     EXPECT_EQ(visible<QLabel>(u"popUpAddress"_s)->text(), server.url(u"/form.html"_s));
+    EXPECT_EQ(visible<QLabel>(u"popUpHost"_s)->text(), u"127.0.0.1:%1"_s.arg(server.serverPort()));
 
     click(u"text"_s, {}, popUp);
     press(u"companyNameButton"_s);
