@@ -185,8 +185,7 @@ constexpr std::array<FieldRule, fieldCount> table = {{
      required({1, 15}, {}, u"The program version number is too short.", u"The program version number is too long.")},
     {releaseDateDay, 23, digits(2), {Leaving::ReleaseDate, 31},
      releaseDate({1, 31}, u"The program release day should not be empty.")},
-    // A loaded month passes up to 31, in case a file has day and month the other way round; leaving the field
-    // makes it 12 at most.
+    // The full check lets a month pass up to 31, leaving the field makes it 12 at most: kept on purpose.
     {releaseDateMonth, 24, digits(2), {Leaving::ReleaseDate, 12},
      releaseDate({1, 31}, u"The program release month should not be empty.")},
     {releaseDateYear, 25, digits(4), {Leaving::ReleaseYear, 0, u"The Program Release Year must be between 1900 and 2199!"},
@@ -205,7 +204,7 @@ constexpr std::array<FieldRule, fieldCount> table = {{
      expireDate({1, 31}, u"The program expire day is too long.")},
     {expireDateMonth, 32, digits(2), {Leaving::ExpireDate, 12}, // Up to 31 like the release month.
      expireDate({1, 31}, u"The program expire month is too long.")},
-    // Typing leaves two digits, so that a typed year becomes 2010 with the alert; authors paste or import others.
+    // Typing leaves two digits of a year, and leaving the field then makes it 2010, with the alert: kept on purpose.
     {expireDateYear, 33, digits(2), {Leaving::ExpireYear, 0, u"The Expiry Year must be between 1900 and 2199!"},
      expireDate({1901, 2198}, u"The program expire year is invalid.")},
     {expireInfo, 34, counted({0, 100}, text0to100), {},

@@ -10,9 +10,7 @@
 
 #include <random>
 
-using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
-using namespace quillon;
 
 namespace {
 
@@ -117,7 +115,7 @@ TEST_F(EditHistoryTest, FiveHundredEditsAreTakenBackOneByOneAndDoneAgain)
     const auto walk = [&](auto move, qsizetype from, qsizetype to, int direction) {
         for (qsizetype at = from; at != to; at += direction) {
             const auto moved = (edits.*move)();
-            ASSERT_TRUE(moved) << at << ": " << moved.error().reason.toStdString();
+            ASSERT_TRUE(moved) << at << ": " << moved.error().reason;
             ASSERT_FALSE(moved->isEmpty()) << at;
             ASSERT_EQ(files(), states[at]) << at;
         }

@@ -1,12 +1,8 @@
 #include "controls/controls.h"
-#include "support/printing.h"
+#include "support/testing.h"
 
 #include <functional>
-#include <gtest/gtest.h>
 #include <random>
-
-using namespace Qt::StringLiterals;
-using namespace quillon;
 
 TEST(ControlsTest, TellOfChangesAndOfNothingElse)
 {
@@ -71,9 +67,7 @@ TEST(ControlsTest, RedRunsAreWhatColouringUnitByUnitWouldGive)
 TEST(ControlsTest, ListsChooseAndTickWhatExists)
 {
     PopUpControl popUp(u"p"_s);
-    EXPECT_EQ(popUp.index(), -1);
     popUp.setItems({u""_s, u"Days"_s, u"days"_s});
-    EXPECT_FALSE(popUp.isSet());
     for (const auto &[title, index] :
          {std::pair(u"days"_s, 2), {u"DAYS"_s, -1}, {u""_s, 0}, {u"Days"_s, 1}}) {
         popUp.setTitle(title);
@@ -82,13 +76,9 @@ TEST(ControlsTest, ListsChooseAndTickWhatExists)
     }
     popUp.setIndex(3);
     EXPECT_EQ(popUp.title(), QString());
-
     CheckListControl list(u"l"_s);
-    list.setEntries({u"a"_s, u"b"_s, u"c"_s});
+    list.setEntries(words(u"a b c"_s));
     for (const int row : {-1, 2, 1, 0, 3, 1})
         list.toggle(row);
-    EXPECT_EQ(list.states(), (QStringList{u"1"_s, u"0"_s, u"1"_s}));
-    EXPECT_EQ(list.tickedEntries(), (QStringList{u"a"_s, u"c"_s}));
-    list.setEntries({u"d"_s});
-    EXPECT_EQ(list.states(), QStringList{u"0"_s});
+    EXPECT_EQ(list.tickedEntries(), words(u"a c"_s));
 }

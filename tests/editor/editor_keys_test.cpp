@@ -7,8 +7,6 @@
 #include <QScrollBar>
 #include <QWheelEvent>
 
-using namespace quillon;
-
 /// How far apart two colours are in lightness, from 1 (not at all) to 21.
 static double contrast(const QColor &one, const QColor &other)
 {
@@ -25,7 +23,7 @@ static double contrast(const QColor &one, const QColor &other)
 
 TEST_F(EditorViewTest, CheckListsAreWorkedByKeysAlone)
 {
-    for (const FieldId field : {FieldId::osTable, FieldId::languageTable}) {
+    for (const FieldId field : {osTable, languageTable}) {
         const QString name = padField(field).control.toString();
         SCOPED_TRACE(name.toStdString());
         const QStringList entries = editor.form().checkList(field).entries();
@@ -54,11 +52,10 @@ TEST_F(EditorViewTest, CheckListsAreWorkedByKeysAlone)
 
 TEST_F(EditorViewTest, UndoAndRedoGoThroughWhatWasFiltered)
 {
-    const std::tuple<FieldId, QString, QString> typings[] = {
-        {FieldId::companyCountry, u"Ger5many"_s, u"Germany"_s},
-        {FieldId::companyCountry, u"12Chad34"_s, u"Chad"_s},
-        {FieldId::releaseDateDay, u"1234"_s, u"12"_s},
-        {FieldId::programVersion, u"1.0$b"_s, u"1.0b"_s}};
+    const std::tuple<FieldId, QString, QString> typings[] = {{companyCountry, u"Ger5many"_s, u"Germany"_s},
+                                                             {companyCountry, u"12Chad34"_s, u"Chad"_s},
+                                                             {releaseDateDay, u"1234"_s, u"12"_s},
+                                                             {programVersion, u"1.0$b"_s, u"1.0b"_s}};
     for (const auto &[id, keys, text] : typings) {
         FieldLineEdit *field = line(id);
         field->selectAll();
@@ -145,7 +142,7 @@ TEST_F(EditorViewTest, FocusShowsInTextsAndListsLightAndDark)
     dark.setColor(QPalette::Base, QColor(0x1b, 0x1e, 0x20));
     for (const QPalette &palette : {light, dark}) {
         view->setPalette(palette);
-        for (const FieldId field : {FieldId::osTable, FieldId::eula, FieldId::changeInformationView}) {
+        for (const FieldId field : {osTable, eula, changeInformationView}) {
             auto *area = widget<QAbstractScrollArea>(field);
             const QPoint edges[] = {{0, area->height() / 2},
                                     {area->width() / 2, 0},
@@ -164,9 +161,9 @@ TEST_F(EditorViewTest, FocusShowsInTextsAndListsLightAndDark)
 
 TEST_F(EditorViewTest, AScreenReaderHearsFieldsHintsAndErrors)
 {
-    const std::pair<FieldId, const char *> popUps[] = {{FieldId::categoryPopUp, "Category"},
-                                                       {FieldId::otherPricePopUp, "Other price, currency"},
-                                                       {FieldId::programTypePopUp, "Program type"}};
+    const std::pair<FieldId, const char *> popUps[] = {{categoryPopUp, "Category"},
+                                                       {otherPricePopUp, "Other price, currency"},
+                                                       {programTypePopUp, "Program type"}};
     for (const auto &[field, name] : popUps) {
         auto *box = widget<FieldComboBox>(field);
         QTest::keyClick(box, Qt::Key_Down);
@@ -176,7 +173,7 @@ TEST_F(EditorViewTest, AScreenReaderHearsFieldsHintsAndErrors)
         EXPECT_FALSE(heard->text(QAccessible::Value).isEmpty());
         EXPECT_EQ(heard->role(), QAccessible::ComboBox);
     }
-    FieldLineEdit *name = line(FieldId::companyName);
+    FieldLineEdit *name = line(companyName);
     QTest::keyClicks(name, u"A"_s);
     EXPECT_EQ(name->accessibleDescription(), u"The company name is too short."_s);
     QTest::keyClicks(name, u"cme"_s);

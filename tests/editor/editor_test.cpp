@@ -16,9 +16,6 @@
 
 #include <random>
 
-using namespace Qt::StringLiterals;
-using namespace quillon;
-
 using enum FieldId;
 
 /// An editor with a new title loaded.
@@ -145,20 +142,6 @@ TEST_F(EditorTest, DoesNotMakeALogThatIsMissingOrUnreadable)
         EXPECT_EQ(editor.errors().at(u"companyName"_s), u"The company name is too short."_s);
         EXPECT_EQ(summary().validated, u"1"_s);
     }
-}
-
-TEST_F(EditorTest, TellsOfFailedWritesUntilTheyAreMended)
-{
-    const QString padFile = path(title_folder::padFile);
-    QFile::remove(padFile);
-    QDir().mkdir(padFile);
-    editor.typed(companyName, u"Ab"_s);
-    EXPECT_EQ(mwqnFailedWrites.keys(), QStringList{padFile});
-    EXPECT_EQ(summary().validated, u"0"_s) << "the other files are stored all the same";
-    QDir().rmdir(padFile);
-    editor.checkEntriesForErrors();
-    EXPECT_TRUE(mwqnFailedWrites.isEmpty());
-    EXPECT_TRUE(stored(title_folder::padFile).contains("<Company_Name>Ab<"));
 }
 
 TEST_F(EditorTest, AFullDiskLeavesTheOldFilesWhole)
@@ -361,7 +344,7 @@ TEST_F(EditorTest, NoReadThatFailsForAMomentLosesAnything)
     const QString address = editor.form().value(primaryDownloadURL);
     bool isMet = true;
     for (int call = 1; isMet; ++call) {
-        const QByteArray rules = "reading@" + QByteArray::number(call) + "=EIO";
+        const QByteArray rules = failing("reading", call);
         {
             const FaultPlan plan(mwqnAppSuppLoc, rules.constData());
             load();

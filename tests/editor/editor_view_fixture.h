@@ -16,7 +16,7 @@
 
 namespace quillon {
 
-using namespace Qt::StringLiterals;
+using enum FieldId;
 
 /// The real editor and its view on an empty title, driven by keys and mouse.
 class EditorViewTest : public TemporaryDataFolder

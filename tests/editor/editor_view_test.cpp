@@ -2,13 +2,11 @@
 
 #include <QClipboard>
 
-using namespace quillon;
-
 TEST_F(EditorViewTest, EachKeyIsCountedColouredAndStored)
 {
-    FieldLineEdit *name = line(FieldId::companyName);
+    FieldLineEdit *name = line(companyName);
     QTest::keyClicks(name, u"A"_s);
-    EXPECT_EQ(stored(FieldId::companyName), u"A"_s);
+    EXPECT_EQ(stored(companyName), u"A"_s);
     EXPECT_TRUE(showsRed(name)) << "one character is too short";
     QTest::keyClicks(name, u"cme"_s);
     EXPECT_EQ(label(u"companyNameMessage"_s)->text().replace(QChar::Nbsp, u' '),
@@ -26,15 +24,15 @@ TEST_F(EditorViewTest, EachKeyIsCountedColouredAndStored)
 
 TEST_F(EditorViewTest, FiltersKeepTheCursorInTheMiddle)
 {
-    FieldLineEdit *country = line(FieldId::companyCountry);
+    FieldLineEdit *country = line(companyCountry);
     QTest::keyClicks(country, u"Iceland"_s);
     country->setCursorPosition(3);
     QTest::keyClicks(country, u"1x2"_s);
     EXPECT_EQ(country->text(), u"Icexland"_s);
     EXPECT_EQ(country->cursorPosition(), 4);
-    EXPECT_EQ(stored(FieldId::companyCountry), u"Icexland"_s);
+    EXPECT_EQ(stored(companyCountry), u"Icexland"_s);
 
-    FieldTextEdit *description = text(FieldId::pd45CharDescript);
+    FieldTextEdit *description = text(pd45CharDescript);
     QTest::keyClicks(description, QString(50, u'a'));
     EXPECT_TRUE(showsRed(description->viewport()));
     QTextCursor cursor = description->textCursor();
@@ -42,7 +40,7 @@ TEST_F(EditorViewTest, FiltersKeepTheCursorInTheMiddle)
     description->setTextCursor(cursor);
     QTest::keyClick(description, Qt::Key_Backspace);
     EXPECT_EQ(description->textCursor().position(), 9);
-    EXPECT_EQ(stored(FieldId::pd45CharDescript).size(), 49);
+    EXPECT_EQ(stored(pd45CharDescript).size(), 49);
 }
 
 TEST_F(EditorViewTest, OddTextsComeThroughUnchanged)
@@ -50,43 +48,43 @@ TEST_F(EditorViewTest, OddTextsComeThroughUnchanged)
     const QStringList odd = {u"no\u00A0break"_s,    u"\u05E9\u05DC\u05D5\u05DD"_s,
                              u"emoji \U0001F600"_s, u"tab\tinside"_s,
                              u"a & b < c > d"_s,    u"$1 ${2} \\1"_s};
-    FieldTextEdit *eula = text(FieldId::eula);
+    FieldTextEdit *edit = text(eula);
     for (const QString &each : odd) {
-        eula->selectAll();
-        eula->insertPlainText(each);
-        EXPECT_EQ(stored(FieldId::eula), each);
+        edit->selectAll();
+        edit->insertPlainText(each);
+        EXPECT_EQ(stored(eula), each);
     }
     QApplication::clipboard()->setText(QString(1000000, u'x'));
-    text(FieldId::pd2000CharDescript)->paste();
-    EXPECT_EQ(stored(FieldId::pd2000CharDescript).size(), 1000000);
-    line(FieldId::companyName)->paste();
-    EXPECT_EQ(stored(FieldId::companyName).size(), 1000000);
+    text(pd2000CharDescript)->paste();
+    EXPECT_EQ(stored(pd2000CharDescript).size(), 1000000);
+    line(companyName)->paste();
+    EXPECT_EQ(stored(companyName).size(), 1000000);
 }
 
 TEST_F(EditorViewTest, LeavingADatePutsItInOrder)
 {
-    QTest::keyClicks(line(FieldId::releaseDateDay), u"7"_s);
+    QTest::keyClicks(line(releaseDateDay), u"7"_s);
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     QTest::keyClicks(QApplication::focusWidget(), u"13"_s);
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-    EXPECT_EQ(stored(FieldId::releaseDateDay), u"07"_s);
-    EXPECT_EQ(stored(FieldId::releaseDateMonth), u"12"_s);
+    EXPECT_EQ(stored(releaseDateDay), u"07"_s);
+    EXPECT_EQ(stored(releaseDateMonth), u"12"_s);
 
-    QTest::keyClicks(line(FieldId::expireDateYear), u"2012"_s);
-    EXPECT_EQ(stored(FieldId::expireDateYear), u"20"_s);
+    QTest::keyClicks(line(expireDateYear), u"2012"_s);
+    EXPECT_EQ(stored(expireDateYear), u"20"_s);
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     EXPECT_EQ(sheets.lastMessage(), u"The Expiry Year must be between 1900 and 2199!"_s);
     EXPECT_EQ(sheets.windows, QList{SheetWindow::Main});
-    EXPECT_EQ(stored(FieldId::expireDateYear), u"2010"_s);
+    EXPECT_EQ(stored(expireDateYear), u"2010"_s);
 }
 
 TEST_F(EditorViewTest, ChoicesAreSearchedByTyping)
 {
-    auto *category = widget<FieldComboBox>(FieldId::categoryPopUp);
+    auto *category = widget<FieldComboBox>(categoryPopUp);
     category->lineEdit()->selectAll();
     QTest::keyClicks(category->lineEdit(), u"security & privacy::encryption tools"_s);
     QTest::keyClick(category->lineEdit(), Qt::Key_Return);
-    EXPECT_EQ(stored(FieldId::categoryPopUp), u"Security & Privacy::Encryption Tools"_s);
+    EXPECT_EQ(stored(categoryPopUp), u"Security & Privacy::Encryption Tools"_s);
     category->lineEdit()->selectAll();
     QTest::keyClicks(category->lineEdit(), u"no such thing"_s);
     QTest::keyClick(category->lineEdit(), Qt::Key_Return);
@@ -96,26 +94,26 @@ TEST_F(EditorViewTest, ChoicesAreSearchedByTyping)
         category->lineEdit()->selectAll();
         QTest::keyClicks(category->lineEdit(), part);
         QTest::keyClick(category->lineEdit(), Qt::Key_Return);
-        EXPECT_EQ(stored(FieldId::categoryPopUp), u"Home & Hobby::Astrology/Biorhythms/Mystic"_s);
+        EXPECT_EQ(stored(categoryPopUp), u"Home & Hobby::Astrology/Biorhythms/Mystic"_s);
     }
 
-    auto *languages = widget<QListView>(FieldId::languageTable);
+    auto *languages = widget<QListView>(languageTable);
     view->findChild<QLineEdit *>(u"languageTableFilter"_s)->setText(u"chinese"_s);
     ASSERT_EQ(languages->model()->rowCount(), 3);
     languages->setCurrentIndex(languages->model()->index(1, 0));
     QTest::keyClick(languages, Qt::Key_Space);
-    EXPECT_EQ(stored(FieldId::languageTable), u"ChineseSimplified"_s);
+    EXPECT_EQ(stored(languageTable), u"ChineseSimplified"_s);
 
-    auto *expires = widget<FieldCheckBox>(FieldId::expireCheckBox);
+    auto *expires = widget<FieldCheckBox>(expireCheckBox);
     QTest::mouseClick(expires, Qt::LeftButton, {}, {8, expires->height() / 2});
-    EXPECT_EQ(stored(FieldId::expireCheckBox), u"Y"_s);
+    EXPECT_EQ(stored(expireCheckBox), u"Y"_s);
 }
 
 TEST_F(EditorViewTest, PagesTellTheirErrorsAndTakeTheFocus)
 {
     QTabWidget *tabs = editorTabs();
     const QString before = tabs->tabToolTip(3);
-    QTest::keyClicks(line(FieldId::appInfoURL), u"http://example.org/"_s);
+    QTest::keyClicks(line(appInfoURL), u"http://example.org/"_s);
     EXPECT_EQ(before, u"5 errors on this page"_s);
     EXPECT_EQ(tabs->tabToolTip(3), u"4 errors on this page"_s);
     EXPECT_EQ(tabs->tabText(3), u"Web Information"_s);
@@ -129,13 +127,13 @@ TEST_F(EditorViewTest, PagesTellTheirErrorsAndTakeTheFocus)
     EXPECT_EQ(focused->objectName(), u"appInfoURL"_s);
     EXPECT_EQ(focused->cursorPosition(), focused->text().size());
     EXPECT_FALSE(focused->hasSelectedText());
-    view->focusField(FieldId::keywordsView); // On another page: the page that shows keeps the keyboard.
+    view->focusField(keywordsView); // On another page: the page that shows keeps the keyboard.
     EXPECT_EQ(QApplication::focusWidget(), focused);
 }
 
 TEST_F(EditorViewTest, APadFileThatCannotBeReadIsToldAndNothingIsTyped)
 {
-    QTest::keyClicks(line(FieldId::companyName), u"Acme"_s);
+    QTest::keyClicks(line(companyName), u"Acme"_s);
     const QString file = *mwqnCurrentSWBundle + u"/data.qnxml"_s;
     ASSERT_TRUE(QFile::rename(file, file + u".aside"_s) && QDir().mkdir(file));
     editor.loadPADData();
@@ -150,6 +148,6 @@ TEST_F(EditorViewTest, APadFileThatCannotBeReadIsToldAndNothingIsTyped)
     ASSERT_TRUE(QDir().rmdir(file) && QFile::rename(file + u".aside"_s, file));
     press(u"readAgainButton"_s);
     EXPECT_FALSE(told->isVisible());
-    QTest::keyClicks(line(FieldId::companyName), u" Ltd"_s);
-    EXPECT_EQ(stored(FieldId::companyName), u"Acme Ltd"_s);
+    QTest::keyClicks(line(companyName), u" Ltd"_s);
+    EXPECT_EQ(stored(companyName), u"Acme Ltd"_s);
 }

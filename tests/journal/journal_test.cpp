@@ -4,9 +4,6 @@
 #include "support/faults.h"
 #include "support/temporary_home.h"
 
-using namespace Qt::StringLiterals;
-using namespace quillon;
-
 namespace {
 
 struct JournalTest : TemporaryDataFolder

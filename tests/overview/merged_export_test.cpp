@@ -4,17 +4,12 @@
 #include "pad/pad_form.h"
 #include "pad/pad_reader.h"
 #include "pad/pad_writer.h"
-#include "support/files.h"
+#include "support/testing.h"
 #include "validation/error_pass.h"
 #include "validation/field_rules.h"
 
 #include <QStringEncoder>
 #include <QXmlStreamReader>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-using namespace quillon;
 
 /// Everything that a reader of XML sees of @p xml; the texts of @p element, and what is in them, left out.
 static std::optional<QStringList> seen(const QByteArray &xml, QStringView element)
@@ -44,26 +39,26 @@ TEST(MergedExport, LaysOnlyWhatTheAuthorChangedOverRealFiles)
     for (const QString &file : files) {
         const QByteArray original = contents(folder + file);
         const PadDocument document(original);
-        EXPECT_EQ(mergedExport(original, document.text().toUtf8()), original) << file.toStdString();
+        EXPECT_EQ(mergedExport(original, document.text().toUtf8()), original) << file;
         PadForm form;
         loadPADData(document, form);
         ErrorPass errors;
         field_rules::checkEntries(form, errors);
-        EXPECT_EQ(mergedExport(original, pad_writer::document(form)), original) << file.toStdString();
+        EXPECT_EQ(mergedExport(original, pad_writer::document(form)), original) << file;
 
         form.text(FieldId::programVersion).setText(u"9.8.7 & <later>"_s);
         const auto merged = mergedExport(original, pad_writer::document(form));
-        ASSERT_TRUE(merged) << file.toStdString() << merged.error().reason.toStdString();
+        ASSERT_TRUE(merged) << file << merged.error().reason;
         const QByteArray laid = "9.8.7 &amp; &lt;later>";
         const qsizetype at = merged->indexOf(laid);
-        ASSERT_GE(at, 0) << file.toStdString();
+        ASSERT_GE(at, 0) << file;
         if (!document.holds(padField(FieldId::programVersion)))
             continue;
-        EXPECT_TRUE(original.startsWith(merged->first(at))) << file.toStdString();
-        EXPECT_TRUE(original.endsWith(merged->sliced(at + laid.size()))) << file.toStdString();
+        EXPECT_TRUE(original.startsWith(merged->first(at))) << file;
+        EXPECT_TRUE(original.endsWith(merged->sliced(at + laid.size()))) << file;
         const auto before = seen(original, u"Program_Version");
         wellFormed += before ? 1 : 0;
-        EXPECT_TRUE(!before || seen(*merged, u"Program_Version") == before) << file.toStdString();
+        EXPECT_TRUE(!before || seen(*merged, u"Program_Version") == before) << file;
     }
     EXPECT_GT(wellFormed, 80);
 }
@@ -149,7 +144,7 @@ TEST(MergedExport, ListsKeepWhatPadDoesNotKnowUnlessTheAuthorChangedThem)
     loadPADData(original, form);
     form.text(FieldId::companyName).setText(u"A <b> & more"_s);
     const auto merged = mergedExport(original, pad_writer::document(form));
-    ASSERT_TRUE(merged) << merged.error().reason.toStdString();
+    ASSERT_TRUE(merged) << merged.error().reason;
     PadForm again;
     loadPADData(*merged, again);
     EXPECT_EQ(again.value(FieldId::companyName), u"A <b> & more"_s);

@@ -8,9 +8,6 @@
 #include <QPlainTextEdit>
 #include <QTabWidget>
 
-using namespace Qt::StringLiterals;
-using namespace quillon;
-
 using OverviewViewTest = MainWindowTest;
 
 TEST_F(OverviewViewTest, ATitleFromItsCreationToItsEnd)
@@ -40,7 +37,7 @@ TEST_F(OverviewViewTest, ATitleFromItsCreationToItsEnd)
     for (const bool enabled : {false, true}) {
         enabled ? overview().fileMenu().enableAll() : overview().fileMenu().disableAll();
         for (const QString &button : {u"importButton"_s, u"renameButton"_s, u"deleteButton"_s})
-            EXPECT_EQ(visible<QPushButton>(button)->isEnabled(), enabled) << button.toStdString();
+            EXPECT_EQ(visible<QPushButton>(button)->isEnabled(), enabled) << button;
         QMimeData data;
         EXPECT_EQ(drag({home()}, data), enabled);
     }
@@ -101,7 +98,7 @@ TEST_F(OverviewViewTest, TheKeyThatDeletesATitleBelongsToTheList)
     for (QListView *list : lists) {
         list->setFocus();
         QTest::keyClick(list, Qt::Key_Delete);
-        EXPECT_EQ(openWindow<QMessageBox>(), nullptr) << list->objectName().toStdString();
+        EXPECT_EQ(openWindow<QMessageBox>(), nullptr) << list->objectName();
     }
     command(u"Overview"_s)->trigger();
     visible<QTableView>(u"softwareTableView"_s)->setFocus();

@@ -2,15 +2,9 @@
 #include "pad/layout.h"
 #include "pad/messages.h"
 #include "pad/vocabularies.h"
-#include "support/printing.h"
+#include "support/testing.h"
 
 #include <QSet>
-
-#include <algorithm>
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-using namespace quillon;
 
 TEST(CatalogueTest, EveryFieldIsFoundByEitherNameAndNothingElseIs)
 {
@@ -43,33 +37,18 @@ TEST(CatalogueTest, EveryFieldStandsInItsGroupOfTheLayout)
     EXPECT_EQ(elements.size(), 64);
 }
 
-TEST(VocabularyTest, ListsHaveTheirLengthAndTheirOddities)
+TEST(VocabularyTest, NothingStandsTwiceAndNothingIsEmpty)
 {
     const std::pair<FieldId, int> lengths[] = {
         {FieldId::programTypePopUp, 6}, {FieldId::programStatusPopUp, 6}, {FieldId::installSupportPopUp, 4},
         {FieldId::expireBasePopUp, 3},  {FieldId::otherPricePopUp, 162},  {FieldId::categoryPopUp, 155},
         {FieldId::languageTable, 139},  {FieldId::osTable, 33},           {FieldId::companyName, 0}};
     for (const auto &[field, length] : lengths) {
-        const QStringList &list = vocabulary::of(field);
-        EXPECT_EQ(list.size(), length);
-        EXPECT_EQ(QSet<QString>(list.begin(), list.end()).size(), length);
+        QStringList list = vocabulary::of(field);
         EXPECT_FALSE(list.contains(QString()));
+        EXPECT_EQ(list.removeDuplicates(), 0);
+        EXPECT_EQ(list.size(), length);
     }
-    EXPECT_TRUE(std::ranges::is_sorted(vocabulary::languages()));
-    EXPECT_EQ(vocabulary::languages().indexOf(u"Other"_s), vocabulary::languages().indexOf(u"Pashto"_s) - 1);
-    EXPECT_EQ(vocabulary::operatingSystems().last(2), (QStringList{u"Other"_s, u"Not Applicable"_s}));
-    QStringList currencies = vocabulary::currencies();
-    EXPECT_EQ(currencies.indexOf(u"CZK"_s) + 1, currencies.indexOf(u"CUP"_s));
-    currencies.removeAll(u"CZK"_s);
-    EXPECT_TRUE(std::ranges::is_sorted(currencies));
-
-    QStringList groups;
-    for (const QString &category : vocabulary::categories())
-        groups.append(category.first(qMax(category.indexOf(u"::"_s), qsizetype(0))));
-    EXPECT_TRUE(std::ranges::is_sorted(groups));
-    EXPECT_EQ(groups.removeDuplicates(), 155 - 14);
-    EXPECT_EQ(vocabulary::categories().filter(u"::Screen Savers: "_s).size(), 5);
-    EXPECT_EQ(vocabulary::categories().filter(u"::Screen Savers:"_s).size(), 8);
 }
 
 TEST(MessagesTest, EveryKeyOfTheCatalogueHasItsThreeMessages)
@@ -78,21 +57,6 @@ TEST(MessagesTest, EveryKeyOfTheCatalogueHasItsThreeMessages)
     for (const PadField &field : padFields)
         keys.insert(field.messageKey.toString());
     keys.remove(QString());
-    EXPECT_EQ(keys.size(), 39);
     for (const auto dictionary : {mwqnErrorMessagesEmpty, mwqnErrorMessagesOver, mwqnErrorMessagesUnder})
         EXPECT_EQ(QSet<QString>(dictionary().keyBegin(), dictionary().keyEnd()), keys);
-
-    // A choice is made or not: three messages in one. An optional field may be empty.
-    EXPECT_EQ(std::ranges::count_if(keys,
-                                    [](const QString &key) {
-                                        const QString empty = mwqnErrorMessagesEmpty().value(key);
-                                        return empty == mwqnErrorMessagesOver().value(key) &&
-                                               empty == mwqnErrorMessagesUnder().value(key);
-                                    }),
-              7);
-    EXPECT_EQ(mwqnErrorMessagesEmpty().keys(QString()).size(), 8);
-    EXPECT_EQ(mwqnErrorMessagesUnder().keys(QString()).size(), 4);
-    EXPECT_EQ(mwqnErrorMessagesOver().keys(QString()).size(), 0);
-    EXPECT_EQ(mwqnErrorMessagesUnder().value(u"salesEmail"_s), u"The sales email address is not valid."_s);
-    EXPECT_EQ(mwqnErrorMessagesEmpty().value(u"padFileURL"_s), u"The PAD File url should end with .xml"_s);
 }

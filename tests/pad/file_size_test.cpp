@@ -1,12 +1,7 @@
 #include "pad/file_size.h"
-#include "support/printing.h"
+#include "support/testing.h"
 
 #include <QStringList>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-using namespace quillon;
 
 TEST(FileSizeTest, ShowsKilobytesAndMegabytesExactly)
 {
@@ -21,13 +16,13 @@ TEST(FileSizeTest, ShowsKilobytesAndMegabytesExactly)
         const QString bytes = each.section(u'=', 0, 0);
         const QString kilobytes = each.section(u'=', 1).section(u'/', 0, 0);
         const QString megabytes = each.section(u'/', 1);
-        EXPECT_EQ(file_size::kilobytes(bytes), kilobytes + u" KB") << each.left(40).toStdString();
-        EXPECT_EQ(file_size::megabytes(bytes), megabytes + u" MB") << each.left(40).toStdString();
+        EXPECT_EQ(file_size::kilobytes(bytes), kilobytes + u" KB") << each.left(40);
+        EXPECT_EQ(file_size::megabytes(bytes), megabytes + u" MB") << each.left(40);
         EXPECT_EQ(file_size::withoutUnit(file_size::kilobytes(bytes)), kilobytes);
         EXPECT_EQ(file_size::withoutUnit(file_size::megabytes(bytes)), megabytes);
     }
     for (const QString &none :
          {u""_s, u".5"_s, u"-1"_s, u"--1024"_s, u"e6"_s, u"many"_s, u"١٠٢٤"_s, u"1e999999999"_s,
           u"1e-999999999"_s, u"2048e99999999999999999999"_s, QString(200, u'9')})
-        EXPECT_EQ(file_size::kilobytes(none), u"0 KB"_s) << none.toStdString();
+        EXPECT_EQ(file_size::kilobytes(none), u"0 KB"_s) << none;
 }

@@ -1,44 +1,14 @@
 #include "pad/pad_form.h"
 #include "pad/pad_reader.h"
 #include "pad/pad_writer.h"
-#include "support/files.h"
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-using namespace quillon;
+#include "support/tables.h"
 
 TEST(PadReaderTest, ReadsFilesOfEveryOrigin)
 {
-    // Each file with what its form holds: the values by their elements' names.
-    const std::pair<QString, QString> cases[] = {
-        {u"short_forms.xml"_s,
-         u"Company_Name=Mill & Race|Address_1=|City_Town=|Country=Wales|Program_Version= 1.0.0 "
-         u"|Program_Type=|"
-         "Program_OS_Support=Linux,Mac OS X|Program_Language=English,Welsh|Program_Change_Info=grinds &amp; "
-         "turns\n"
-         "    &lt;twice&gt;, 1 &gt; 0|File_Size_K=0|File_Size_MB=0.0|Keywords=|Char_Desc_45=|"
-         "Char_Desc_80=<![CDATA[<b>bold</b> & raw]]>"_s},
-        {u"crlf_bom.xml"_s,
-         u"Company_Name=Kontor für Zeit|Program_Change_Info=eins\r\nzwei|Has_Expire_Info=Y|EULA=one\r\ntwo\r\n"_s},
-        {u"latin1.xml"_s, u"Company_Name=Café “Zoë”|Program_Name=Théière|Program_Cost_Other=5 €"_s},
-        {u"languages.xml"_s, u"Program_Name=Dovecote|Keywords=Taube, Schlag|Char_Desc_45=Tauben zählen|"
-                             "Char_Desc_80=Counts doves and feeds them"_s},
-        {u"old_tool.xml"_s,
-         u"Company_Name=Inkwell, Ltd.|Program_Version=v3 {Build}|Program_Release_Month=Feb|"
-         "Program_Cost_Dollars=Free / 10|Program_OS_Support=Win98|File_Size_Bytes=266,752|"
-         "File_Size_K=0"_s},
-        {u"broken.xml"_s, u"Company_Name=Bell & Whistle|Address_1=1 < 2 Lane|Country=England|"
-                          "Program_Name=Bell Ringer|Program_Release_Day=5|Program_Release_Month=3|"
-                          "Program_Change_Info=AT&T, R & D <-- arrow <!-- remark|Char_Desc_45=Rings --> loud|"
-                          "EULA=See <https://licence.example/text>.\fPage two & last."_s}};
-    for (const auto &[file, expected] : cases) {
+    for (const QStringList &row : table(u"files_read"_s)) {
         PadForm form;
-        loadPADData(sample(file), form);
-        for (const QString &line : expected.split(u'|')) {
-            const QString element = line.section(u'=', 0, 0);
-            EXPECT_EQ(form.value(fieldNamed(element).value()), line.section(u'=', 1)) << line.toStdString();
-        }
+        loadPADData(sample(row[0]), form);
+        EXPECT_EQ(form.value(fieldNamed(row[1]).value()), row[2]) << row[0] << ' ' << row[1];
     }
 }
 
@@ -72,34 +42,17 @@ TEST(PadReaderTest, TheCheckBoxIsOnForAnyWordButN)
         PadForm form;
         form.checkBox(FieldId::expireCheckBox).setOn(!on);
         loadPADData("<r><Has_Expire_Info>" + value + "</Has_Expire_Info></r>", form);
-        EXPECT_EQ(form.checkBox(FieldId::expireCheckBox).isOn(), on) << value.toStdString();
+        EXPECT_EQ(form.checkBox(FieldId::expireCheckBox).isOn(), on) << value;
     }
 }
 
 TEST(PadReaderTest, ALongTextIsCutOutBetweenItsOwnTags)
 {
-    // What stands in the file before and around the licence, and how the licence reads.
-    const std::pair<QByteArray, QString> cases[] = {
-        {"<EULA lang='en'>text</EULA>", u""_s},
-        {"<EULA >text</EULA>", u""_s},
-        {"<EULA>text</EULA >", u""_s},
-        {"<Keywords>a <EULA> b</Keywords><EULA>text</EULA>", u"text"_s},
-        {"<Keywords></EULA> a</Keywords><EULA>text</EULA>", u"text"_s},
-        {"<Keywords>a <EULA> b</Keywords><Address_2/><EULA>1 &lt; 2</EULA>", u"1 &lt; 2"_s},
-        {"<Keywords>a <EULA> b</Keywords><EULA>c <EULA> d <EULA> e</EULA>", u"c <EULA> d <EULA> e"_s},
-        {"<EULA>a </r> b</EULA>", u"a </r> b"_s},
-        {"<EULA>a </b> <EULA> b</EULA >c</EULA>", u"a </b> <EULA> b</EULA >c"_s},
-        {"<Address_2/><EULA>a </r> b</EULA >c</EULA>", u"a &lt;/r&gt; b&lt;/EULA &gt;c"_s},
-        {"<Keywords>a<br/>b</Keywords><EULA>Tom & Jerry, 1 > 0</EULA>", u"Tom & Jerry, 1 > 0"_s},
-        {"<Address_2/><EULA>\n\t<b>1</b> <i>2</i></EULA>", u"\n\t<b>1</b> <i>2</i>"_s},
-        {"<Address_2/><EULA>\n\t</EULA>", u""_s},
-        {"<Address_2/><EULA><!-- none yet --></EULA>", u"<!-- none yet -->"_s},
-        {"<Address_2 /><EULA>Tom & Jerry, 1 > 0</EULA>", u"Tom &amp; Jerry, 1 &gt; 0"_s}};
-    for (const auto &[elements, expected] : cases) {
+    for (const QStringList &row : table(u"cut_out"_s)) {
         PadForm form;
         form.text(FieldId::eula).setText(u"of another title"_s);
-        loadPADData("<r>" + elements + "</r>", form);
-        EXPECT_EQ(form.value(FieldId::eula), expected) << elements.toStdString();
+        loadPADData("<r>" + row[0].toUtf8() + "</r>", form);
+        EXPECT_EQ(form.value(FieldId::eula), row[1]) << row[0];
     }
 }
 
@@ -152,17 +105,17 @@ TEST(PadReaderTest, ReadingTwiceOrWhatWasWrittenChangesNothing)
     for (const QDir folder : folders) {
         const QStringList files = folder.entryList({u"*.xml"_s}, QDir::Files);
         if (files.isEmpty())
-            GTEST_SKIP() << "no PAD files in " << folder.path().toStdString();
+            GTEST_SKIP() << "no PAD files in " << folder.path();
         for (const QString &name : files) {
             const QByteArray stored = contents(folder.filePath(name));
             PadForm form;
             loadPADData(stored, form);
             const QByteArray written = pad_writer::document(form);
             loadPADData(stored, form);
-            EXPECT_EQ(pad_writer::document(form), written) << name.toStdString();
+            EXPECT_EQ(pad_writer::document(form), written) << name;
             PadForm again;
             loadPADData(written, again);
-            EXPECT_EQ(pad_writer::document(again), written) << name.toStdString();
+            EXPECT_EQ(pad_writer::document(again), written) << name;
         }
     }
 }

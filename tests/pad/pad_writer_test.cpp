@@ -2,13 +2,7 @@
 #include "pad/pad_form.h"
 #include "pad/pad_writer.h"
 #include "platform/application_info.h"
-#include "support/files.h"
-#include "support/printing.h"
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-using namespace quillon;
+#include "support/tables.h"
 
 /// The bytes of tests/samples/@p name for the running version.
 static QByteArray expected(const QString &name)
@@ -70,22 +64,9 @@ TEST(PadWriterTest, WritesTheWholeLayoutByteForByte)
 
 TEST(PadWriterTest, ExportEscapesAmpersandsBetweenBlanksOnly)
 {
-    const std::pair<QByteArray, QByteArray> cases[] = {
-        {"", ""},
-        {"Tom & Jerry", "Tom &amp; Jerry"},
-        {"Tom&Jerry & co", "Tom&Jerry &amp; co"},
-        {"Tom &Jerry& co &\n", "Tom &Jerry& co &\n"},
-        {"a & & b", "a &amp; & b"},
-        {"a &amp; b < c", "a &amp; b < c"},
-        {"Zoë & 潮", "Zoë &amp; 潮"},
-        {"<?xml encoding='ISO-8859-1'?><r>Zoe & co</r>", "<?xml encoding='ISO-8859-1'?><r>Zoe &amp; co</r>"},
-        {"<?xml encoding='ISO-8859-1'?><r>Zoë & co</r>", "<?xml encoding='UTF-8'?><r>Zoë &amp; co</r>"},
-        {"\n<?xml encoding='ISO-8859-1'?><r>Zo\xEB & co</r>",
-         "\n<?xml encoding='UTF-8'?><r>Zoë &amp; co</r>"},
-        {"<?xml encoding='UTF-16LE'?><r>Zoe</r>", "<?xml encoding='UTF-8'?><r>Zoe</r>"},
-        {"<?xml encoding='utf-8'?><r>Zoë</r>", "<?xml encoding='utf-8'?><r>Zoë</r>"},
-        {"<r>Zo\xEB & encoding='x'</r>", "<r>Zoë &amp; encoding='x'</r>"},
-    };
-    for (const auto &[stored, exported] : cases)
-        EXPECT_EQ(pad_writer::exported(stored), exported);
+    for (const QStringList &row : table(u"exported"_s))
+        EXPECT_EQ(pad_writer::exported(row[0].toUtf8()), row[1].toUtf8());
+    EXPECT_EQ(pad_writer::exported("\n<?xml encoding='ISO-8859-1'?><r>Zo\xEB & co</r>"),
+              "\n<?xml encoding='UTF-8'?><r>Zoë &amp; co</r>");
+    EXPECT_EQ(pad_writer::exported("<r>Zo\xEB & encoding='x'</r>"), "<r>Zoë &amp; encoding='x'</r>");
 }

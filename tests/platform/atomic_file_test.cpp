@@ -1,16 +1,12 @@
 #include "platform/atomic_file.h"
 #include "platform/folder_handle.h"
 #include "support/faults.h"
-#include "support/files.h"
 #include "support/full_disk.h"
+#include "support/testing.h"
 
 #include <QTemporaryDir>
 
-#include <gtest/gtest.h>
 #include <unistd.h>
-
-using namespace Qt::StringLiterals;
-using namespace quillon;
 
 class AtomicFileTest : public testing::Test
 {
@@ -43,7 +39,7 @@ TEST_F(AtomicFileTest, KeepsTheModeAndMindsTheUsersMask)
     EXPECT_TRUE(atomic_file::write(at(u"f"_s), "new") && atomic_file::write(at(u"g"_s), "new"));
     ::umask(mask);
     for (const auto &[name, mode] : {std::pair(u"f"_s, 0x640), std::pair(u"g"_s, 0x600)})
-        EXPECT_EQ(QFileInfo(at(name)).permissions() & 0x777, mode) << name.toStdString();
+        EXPECT_EQ(QFileInfo(at(name)).permissions() & 0x777, mode) << name;
 }
 
 TEST_F(AtomicFileTest, AFailedWriteKeepsTheOldFileAndLeavesNothingBehind)
@@ -60,7 +56,7 @@ TEST_F(AtomicFileTest, AFailedWriteKeepsTheOldFileAndLeavesNothingBehind)
         EXPECT_TRUE(written.error().reason.startsWith(u"writing failed: "_s));
     }
     for (const QString &path : {u"d"_s, u"missing/f"_s, u"f/below"_s, QString(256, u'n')})
-        EXPECT_FALSE(atomic_file::write(at(path), "new").isDone()) << path.toStdString();
+        EXPECT_FALSE(atomic_file::write(at(path), "new").isDone()) << path;
     EXPECT_EQ(contents(at(u"f"_s)), "old");
     EXPECT_EQ(contents(at(others)), "other");
     EXPECT_EQ(names(folder.path()), (QStringList{others, u"d"_s, u"f"_s}));
@@ -77,7 +73,7 @@ TEST_F(AtomicFileTest, ReadsRegularFilesWithinTheBound)
     for (const auto &[name, kind] :
          {std::pair(u"missing"_s, Missing), std::pair(u"f/below"_s, Missing), std::pair(u"."_s, Unreadable),
           std::pair(u"pipe"_s, Unreadable), std::pair(u"astray"_s, Unreadable)})
-        EXPECT_TRUE(atomic_file::read(at(name)).isError(kind)) << name.toStdString();
+        EXPECT_TRUE(atomic_file::read(at(name)).isError(kind)) << name;
 }
 
 TEST_F(AtomicFileTest, ReplacesOnlyWhatWasRead)
@@ -99,7 +95,7 @@ TEST_F(AtomicFileTest, MovesFoldersOntoNothingOnly)
     ASSERT_TRUE(QFile::link(u"nowhere"_s, at(u"link"_s)));
     EXPECT_TRUE(parent->move("a", *parent, "b"));
     for (const QByteArray taken : {"empty", "link", "b"})
-        EXPECT_FALSE(parent->move("b", *parent, taken)) << taken.toStdString();
+        EXPECT_FALSE(parent->move("b", *parent, taken)) << taken;
     EXPECT_FALSE(parent->move("a", *parent, "c"));
     const FaultPlan plan(folder.path(), "open=EIO");
     EXPECT_FALSE(parent->makeFolder("made") || parent->exists("made"));

@@ -1,13 +1,8 @@
 #include "platform/delayed_calls.h"
 #include "platform/notification_center.h"
-#include "support/printing.h"
+#include "support/testing.h"
 
 #include <QCoreApplication>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-using namespace quillon;
 
 class NotificationCenterTest : public testing::Test
 {

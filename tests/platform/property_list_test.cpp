@@ -1,11 +1,7 @@
 #include "platform/property_list.h"
-#include "support/printing.h"
+#include "support/testing.h"
 
-#include <gtest/gtest.h>
 #include <random>
-
-using namespace Qt::StringLiterals;
-using namespace quillon;
 
 static QByteArray plist(const QByteArray &content)
 {
@@ -24,7 +20,7 @@ TEST(PropertyListTest, WhatIsWrittenReadsBackInTheOrderOfTheNames)
     for (const QString &text : {u""_s, u" blanks \t\n "_s, u"<>&\"'"_s, u"]]> &amp; &#65;"_s, u"\r\n"_s,
                                 u"\f\x01"_s, u"Zoë 😀"_s, u"<!-- <dict> -->"_s}) {
         const StringDictionary one{{text, text}};
-        EXPECT_EQ(property_list::read(property_list::write(one)), one) << text.toStdString();
+        EXPECT_EQ(property_list::read(property_list::write(one)), one) << text;
         all[text] = u"v"_s;
     }
     for (int number = 0; number < 8000; ++number)
@@ -64,7 +60,7 @@ TEST(PropertyListTest, RefusesWhatIsNoDictionary)
         plist("<dict>" + entry.repeated(10'001) + "</dict>"),
         plist("<dict><key>a</key><string>" + QByteArray("&amp;").repeated(800'000) + "</string></dict>")};
     for (const QByteArray &list : refused)
-        EXPECT_FALSE(property_list::read(list)) << list.left(200).toStdString();
+        EXPECT_FALSE(property_list::read(list)) << list.left(200);
 }
 
 TEST(PropertyListTest, HalvesAndDamageAreNeverTakenForMore)

@@ -1,32 +1,10 @@
 #include "platform/regex.h"
-#include "support/printing.h"
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-using namespace quillon;
+#include "support/tables.h"
 
 TEST(RegexTest, ReplacesEveryMatchByTheFilledInTemplate)
 {
-    const struct
-    {
-        QStringView pattern, subject, replacement, expected;
-    } cases[] = {{u"b", u"abcb", u"x", u"axcx"},
-                 {u"(b)(q)?", u"abz", u"[$1$2]", u"a[b]z"},
-                 {u"(b)", u"ab", u"${1}1", u"ab1"},
-                 {u"b+", u"abb", u"<$0$0>", u"a<bbbb>"},
-                 {u"(b)", u"ab", u"$x $$1 ${} ${1 ${y} $", u"a$x $b ${} ${1 ${y} $"},
-                 {u"b", u"abc", u"$9${12}$99999999999999", u"ac"},
-                 {u"b", u"ab", u"\\1\\$0", u"a\\1\\b"},
-                 {u"x*", u"axb", u"-", u"-a--b-"},
-                 {u"", u"ab", u".", u".a.b."},
-                 {u"^", u"ab\ncd", u">", u">ab\ncd"},
-                 {u"b", u"", u"x", u""},
-                 {u"<T>.*</T>", u"<T>1</T>\n<T>2\n</T>", u"x", u"x\n<T>2\n</T>"},
-                 {u"(b", u"a(b", u"x", u"a(b"},
-                 {u".", u"\xDE00\xD83D", u"[$0]", u"[\xDE00][\xD83D]"}};
-    for (const auto &[pattern, subject, replacement, expected] : cases)
-        EXPECT_EQ(Regex(pattern).replaceAll(subject.toString(), replacement), expected);
+    for (const QStringList &row : table(u"regex_replaced"_s))
+        EXPECT_EQ(Regex(row[0]).replaceAll(row[1], row[2]), row[3]) << row[0];
 }
 
 TEST(RegexTest, TellsTheFirstMatchAndItsGroups)

@@ -1,12 +1,7 @@
 #include "platform/text_decoding.h"
-#include "support/printing.h"
+#include "support/testing.h"
 
 #include <QStringEncoder>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-using namespace quillon;
 
 TEST(TextDecodingTest, MarksAndZerosTellTheEncoding)
 {

@@ -2,16 +2,12 @@
 #include "platform/tolerant_xml.h"
 #include "platform/xml_source.h"
 #include "support/growth.h"
-#include "support/printing.h"
+#include "support/tables.h"
 
 #include <QStringList>
 
-#include <gtest/gtest.h>
 #include <map>
 #include <random>
-
-using namespace Qt::StringLiterals;
-using namespace quillon;
 
 /// Expects that @p content reads as @p expected, and that what surrounds it is not touched.
 static void expectContent(const QString &content, const QString &expected)
@@ -19,9 +15,9 @@ static void expectContent(const QString &content, const QString &expected)
     const QString text = u"<?xml version='1.0'?><r><g><a>" + content +
                          u"</a><b>B --> &amp;</b></g><c><![CDATA[</i>]]></c><!-- e --><?f?></r>";
     const TolerantXml xml(text);
-    EXPECT_EQ(xml.first(u"a"), expected) << text.toStdString();
-    EXPECT_EQ(xml.first(u"b"), u"B --> &"_s) << text.toStdString();
-    EXPECT_EQ(xml.first(u"c"), u"</i>"_s) << text.toStdString();
+    EXPECT_EQ(xml.first(u"a"), expected) << text;
+    EXPECT_EQ(xml.first(u"b"), u"B --> &"_s) << text;
+    EXPECT_EQ(xml.first(u"c"), u"</i>"_s) << text;
 }
 
 TEST(TolerantXmlTest, WhatIsNoMarkupIsText)
@@ -37,26 +33,8 @@ TEST(TolerantXmlTest, WhatIsNoMarkupIsText)
 
 TEST(TolerantXmlTest, MarkupIsMendedWithinItsElement)
 {
-    const std::pair<QString, QString> cases[] = {
-        {u" \r\n\t "_s, u""_s},
-        {u"a &amp; b &lt;i&gt; &quot; &apos; &#252; &#x41; &#00000065; &#x1F600;&#x10FFFF;"_s,
-         u"a & b <i> \" ' ü A A 😀\U0010FFFF"_s},
-        {u"x"_s + QChar(0) + u"y"_s, u"x\xFFFDy"_s},
-        {u"<i>x</i> <u>y</u>\n\t"_s, u"x y\n\t"_s},
-        {u" <i>\r\n</i>\t<u/>"_s, u""_s},
-        {u"never <i>\n\t"_s, u"never "_s},
-        {u"<<<i>>>"_s, u"<<>>"_s},
-        {u"<i a='1' b = \"/>\">x</i> y"_s, u"x y"_s},
-        {u"never <i>closed"_s, u"never closed"_s},
-        {u"<i><u>crossed</i></u>"_s, u"crossed</u>"_s},
-        {u"<br/>x<br />"_s, u"x"_s},
-        {u"<!-- gone --><?gone?>x"_s, u"x"_s},
-        {u"<![CDATA[<i> & </i>]]>"_s, u"<i> & </i>"_s},
-        {u"</g>"_s, u""_s},
-        {u"<b>"_s, u""_s},
-        {u"<a>x"_s, u"x"_s}};
-    for (const auto &[content, expected] : cases)
-        expectContent(content, expected);
+    for (const QStringList &row : table(u"mended"_s))
+        expectContent(row[0], row[1]);
 }
 
 TEST(TolerantXmlTest, FindsTheFirstElementOfANameAtAnyDepth)
@@ -71,8 +49,8 @@ TEST(TolerantXmlTest, FindsTheFirstElementOfANameAtAnyDepth)
     EXPECT_EQ(TolerantXml(u"<r><i>x <!DOCTYPE\n<a>1</a></r>"_s).first(u"a"), u"1"_s);
     EXPECT_EQ(TolerantXml(u"<!DOCTYPE r [<!ENTITY e 'boom'>]><r><a>1 < 2</a></r>"_s).first(u"a"), u"1 < 2"_s);
     for (const QString &text : {u""_s, u"no markup"_s, u"<"_s, u"<!-- -->"_s, u"</r>"_s}) {
-        EXPECT_EQ(TolerantXml(text).first(u"r"), std::nullopt) << text.toStdString();
-        EXPECT_EQ(TolerantXml(text).serialised(), QString()) << text.toStdString();
+        EXPECT_EQ(TolerantXml(text).first(u"r"), std::nullopt) << text;
+        EXPECT_EQ(TolerantXml(text).serialised(), QString()) << text;
     }
 }
 
@@ -139,7 +117,7 @@ TEST(TolerantXmlTest, AFaultInOneFieldChangesNoOther)
                            QString(pieces[pick(pieces.size())]).replace(u'|', u' '));
         Fields values = valuesOf(fields);
         values[name] = expected.at(name);
-        EXPECT_EQ(values, expected) << "seed " << seed << "\n" << documentOf(fields).toStdString();
+        EXPECT_EQ(values, expected) << "seed " << seed << "\n" << documentOf(fields);
     }
 }
 
@@ -157,6 +135,6 @@ TEST(TolerantXmlTest, TheWorkGrowsWithTheLengthOfWhateverIsPiledUp)
             EXPECT_EQ(source.element("z"), "<z>end</z>");
             EXPECT_LE(source.element("a").size(), utf8.size());
         });
-        EXPECT_LT(growth, tolerableGrowth) << piece.toStdString();
+        EXPECT_LT(growth, tolerableGrowth) << piece;
     }
 }

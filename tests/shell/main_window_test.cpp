@@ -21,9 +21,6 @@
 #include <pwd.h>
 #include <unistd.h>
 
-using namespace Qt::StringLiterals;
-using namespace quillon;
-
 TEST_F(MainWindowTest, EscapeFromTheQuestionAboutErrorsIsNoAnswer)
 {
     drop({padFile(u"A"_s)});
@@ -114,7 +111,7 @@ TEST_F(MainWindowTest, FailedWritesStayInSightUntilMended)
     EXPECT_FALSE(line->isVisible());
     const QString path = home() + u"/missing/file"_s;
     EXPECT_FALSE(storeFile(path, "x"));
-    EXPECT_TRUE(line->isVisible() && line->text().contains(path)) << line->text().toStdString();
+    EXPECT_TRUE(line->isVisible() && line->text().contains(path)) << line->text();
     QDir().mkpath(home() + u"/missing"_s);
     EXPECT_TRUE(storeFile(path, "x"));
     EXPECT_FALSE(line->isVisible());

@@ -7,9 +7,6 @@
 #include "support/recorders.h"
 #include "support/temporary_home.h"
 
-using namespace Qt::StringLiterals;
-using namespace quillon;
-
 class ToolbarControlTest : public TemporaryHome
 {
 protected:

@@ -16,9 +16,6 @@
 #include <QTableView>
 #include <QToolButton>
 
-using namespace Qt::StringLiterals;
-
-namespace quillon {
 namespace {
 
 /// The real window and its sheets over a main window that is none; only the delays are the test's.
@@ -68,9 +65,17 @@ protected:
         sites()->setFocus();
         QTest::keyClick(sites(), key);
     }
+    /// Presses @p button and chooses @p path.
+    void choose(const QString &button, const QString &path)
+    {
+        press(button);
+        chooseFile(path);
+    }
 
     static QTableView *sites() { return visible<QTableView>(u"sitesTableView"_s); }
     static QTableView *ignored() { return visible<QTableView>(u"ignoreTableView"_s); }
+    static QLineEdit *name() { return visible<QLineEdit>(u"siteNameField"_s); }
+    static QLineEdit *url() { return visible<QLineEdit>(u"siteURLField"_s); }
     static QStringList namesIn(const QTableView *table)
     {
         QStringList names;
@@ -88,17 +93,25 @@ protected:
     {
         QTest::mouseClick(table->viewport(), Qt::LeftButton, keys, placeOf(table, site));
     }
-    static bool isEnabled(const QString &button) { return visible<QPushButton>(button)->isEnabled(); }
-    void save(const QString &name, const QString &url)
+    /// Which of the buttons for the edited, the removed and the restored sites can be pressed.
+    static QString enabled()
     {
-        ASSERT_TRUE(isPanelOpen());
+        QStringList buttons;
+        for (const QString &button : {u"edit"_s, u"remove"_s, u"restore"_s}) {
+            if (visible<QPushButton>(button + u"SiteButton")->isEnabled())
+                buttons.append(button);
+        }
+        return buttons.join(u' ');
+    }
+    void save(const QString &newName, const QString &newUrl)
+    {
+        ASSERT_TRUE(panel().isVisible());
         activate(panel());
-        type(u"siteNameField"_s, name);
-        type(u"siteURLField"_s, url);
-        QTest::keyClick(visible<QLineEdit>(u"siteURLField"_s), Qt::Key_Return);
+        type(u"siteNameField"_s, newName);
+        type(u"siteURLField"_s, newUrl);
+        QTest::keyClick(url(), Qt::Key_Return);
     }
     QDialog &panel() { return *window().findChild<QDialog *>(u"addEditPanel"_s); }
-    bool isPanelOpen() { return panel().isVisible(); }
     /// Keys go to the active window, which the desktop decides a little later than the program.
     static void activate(QWidget &window)
     {
@@ -110,21 +123,23 @@ protected:
         QTest::mouseClick(visible<QToolButton>(u"Backups"_s), Qt::LeftButton);
         EXPECT_EQ(preferences().currentPage(), PreferencesPage::Backups);
     }
+    void reload() { NotificationCenter::defaultCenter().post(notification::mwqnPClSiL432ds); }
 
     PostedNotifications posted{notification::mwqnLSLsc, notification::mwqnOCu432hjiudsh,
                                notification::mwqnOvLSlst};
 };
 
+} // namespace
+
 TEST_F(PreferencesWindowTest, KeepsTheCatalogueForEverybody)
 {
     EXPECT_EQ(namesIn(sites()).size(), 212);
-    ASSERT_TRUE(site_list::write(site_list::userSites, {{u"Zeta"_s, u"u:z"_s}, {u"alpha"_s, u"u:a"_s}}));
-    ASSERT_TRUE(site_list::write(site_list::ignoredSites,
-                                 {{u"NewFreeDownloads"_s, mwqnDefaultSitesDict.at(u"NFD"_s)}}));
-    NotificationCenter::defaultCenter().post(notification::mwqnPClSiL432ds);
-    EXPECT_EQ(namesIn(sites()).first(2), QStringList({u"alpha"_s, u"Zeta"_s}));
-    EXPECT_EQ(preferences().siteURLsMArray().first(2), QStringList({u"u:a"_s, u"u:z"_s}));
-    EXPECT_EQ(namesIn(ignored()), QStringList({u"NewFreeDownloads"_s, u"NFD"_s}));
+    ASSERT_TRUE(site_list::write(site_list::userSites, siteList(u"Zeta=u:z,alpha=u:a")));
+    ASSERT_TRUE(site_list::write(site_list::ignoredSites, siteList(u"NewFreeDownloads=NFD")));
+    reload();
+    EXPECT_EQ(namesIn(sites()).first(2), words(u"alpha Zeta"_s));
+    EXPECT_EQ(preferences().siteURLsMArray().first(2), words(u"u:a u:z"_s));
+    EXPECT_EQ(namesIn(ignored()), words(u"NewFreeDownloads NFD"_s));
     EXPECT_EQ(ignored()->model()->index(1, SiteListTable::Url).data(), mwqnDefaultSitesDict.at(u"NFD"_s));
     EXPECT_EQ(preferences().siteURLDict(), mwqnSCPreallSitesDict);
     EXPECT_EQ(mwqnSCPreallSitesDict.size(), 212U);
@@ -132,10 +147,8 @@ TEST_F(PreferencesWindowTest, KeepsTheCatalogueForEverybody)
 
 TEST_F(PreferencesWindowTest, ASiteIsAddedAfterEveryRefusal)
 {
-    ASSERT_TRUE(site_list::write(site_list::userSites, {{u"<b>Mine"_s, u"http://mine/"_s}}));
-    preferences().loadSitesIntoList();
-    const QString name = u"siteNameField"_s, url = u"siteURLField"_s;
-    const QString adding = u"Add A New Submission Site"_s, editing = u"Editing Submission Site"_s;
+    ASSERT_TRUE(site_list::write(site_list::userSites, siteList(u"<b>Mine=http://mine/")));
+    reload();
     const QString emptyNew = u"You must enter a name and URL to add an entry to the sites list"_s;
     const QString empty = u"The name and URL fields cannot be empty"_s;
     const QString nameExists = u"The site name already exists\nPlease enter a unique name for this site"_s;
@@ -143,39 +156,39 @@ TEST_F(PreferencesWindowTest, ASiteIsAddedAfterEveryRefusal)
                               "Please enter a unique URL for this site"_s;
     const QString bothExist =
         u"The site name and URL you entered both exist\nPlease enter a unique name and URL"_s;
+    const auto &nameField = &PreferencesWindowTest::name;
+    const auto &urlField = &PreferencesWindowTest::url;
     const struct
     {
-        QString title;
-        QStringList typed; ///< Name and address.
-        QString message, focus, selected;
-    } refusals[] = {{adding, {u" "_s, u"a b"_s}, emptyNew, name, u" "_s},
-                    {adding, {{}, {}}, emptyNew, name, {}},
-                    {adding, {u"A"_s, {}}, emptyNew, url, u"http://"_s},
-                    {adding, {u"<b>Mine"_s, u"a"_s}, nameExists, name, {}},
-                    {adding, {u"A"_s, u"mine/"_s}, urlExists, url, {}},
-                    {adding, {u"<b>Mine"_s, u"mine/"_s}, bothExist, name, {}},
-                    {editing, {u" "_s, u"a"_s}, empty, name, u" "_s},
-                    {editing, {u"A"_s, {}}, empty, url, u"http://"_s}};
+        bool isNew;
+        QString typedName, typedUrl, message;
+        QLineEdit *(*focus)();
+        QString selected;
+    } refusals[] = {{true, u" "_s, u"a b"_s, emptyNew, nameField, u" "_s},
+                    {true, {}, {}, emptyNew, nameField, {}},
+                    {true, u"A"_s, {}, emptyNew, urlField, u"http://"_s},
+                    {true, u"<b>Mine"_s, u"a"_s, nameExists, nameField, {}},
+                    {true, u"A"_s, u"mine/"_s, urlExists, urlField, {}},
+                    {true, u"<b>Mine"_s, u"mine/"_s, bothExist, nameField, {}},
+                    {false, u" "_s, u"a"_s, empty, nameField, u" "_s},
+                    {false, u"A"_s, {}, empty, urlField, u"http://"_s}};
     for (const auto &each : refusals) {
-        SCOPED_TRACE(each.message.toStdString() + " for " + each.typed.join(u'|').toStdString());
-        if (each.title == adding)
-            press(u"addSiteButton"_s);
-        else
-            preferences().doubleClick(0);
-        save(each.typed[0], each.typed[1]);
+        SCOPED_TRACE(each.message.toStdString() + " for " + each.typedName.toStdString());
+        each.isNew ? press(u"addSiteButton"_s) : preferences().doubleClick(0);
+        save(each.typedName, each.typedUrl);
         program().calls.pass(std::chrono::seconds(5));
-        EXPECT_FALSE(isPanelOpen()) << "the sheet is still there";
+        EXPECT_FALSE(panel().isVisible()) << "the sheet is still there";
         EXPECT_EQ(answerAlert(u"OK"_s), each.message);
         program().calls.pass(resultDelay - std::chrono::milliseconds(1));
-        EXPECT_FALSE(isPanelOpen());
+        EXPECT_FALSE(panel().isVisible());
         passDelay();
-        ASSERT_TRUE(isPanelOpen());
-        EXPECT_EQ(visible<QLabel>(u"addEditPanelTitle"_s)->text(), each.title);
-        EXPECT_EQ(visible<QLineEdit>(name)->text(), each.typed[0]);
-        EXPECT_EQ(visible<QLineEdit>(url)->text(),
-                  u"http://"_s + QString(each.typed[1]).replace(u' ', u"%20"_s));
-        EXPECT_TRUE(eventually([&] { return visible<QLineEdit>(each.focus)->hasFocus(); }));
-        EXPECT_EQ(visible<QLineEdit>(each.focus)->selectedText(), each.selected);
+        ASSERT_TRUE(panel().isVisible());
+        EXPECT_EQ(visible<QLabel>(u"addEditPanelTitle"_s)->text(),
+                  each.isNew ? u"Add A New Submission Site"_s : u"Editing Submission Site"_s);
+        EXPECT_EQ(name()->text(), each.typedName);
+        EXPECT_EQ(url()->text(), u"http://"_s + QString(each.typedUrl).replace(u' ', u"%20"_s));
+        EXPECT_TRUE(eventually([&] { return each.focus()->hasFocus(); }));
+        EXPECT_EQ(each.focus()->selectedText(), each.selected);
         preferences().addEditPanel().cancelAddEditAction();
         activate(window());
     }
@@ -185,68 +198,62 @@ TEST_F(PreferencesWindowTest, ASiteIsAddedAfterEveryRefusal)
     posted.names.clear();
     press(u"addSiteButton"_s);
     save(u"Another"_s, u"another/"_s);
-    EXPECT_EQ(answerAlert(u"OK"_s), u"Site Added Successfully"_s);
-    EXPECT_EQ(namesIn(sites()).first(2), QStringList({u"<b>Mine"_s, u"Another"_s}));
+    EXPECT_EQ(answerAlert(u"OK"_s), u"Site Added Successfully");
+    EXPECT_EQ(namesIn(sites()).first(2), words(u"<b>Mine Another"_s));
     EXPECT_EQ(posted.names, QStringList{u"mwqnLSLsc"_s});
-
     press(u"addSiteButton"_s);
-    EXPECT_EQ(visible<QLineEdit>(name)->text(), QString());
-    QTest::keyClick(visible<QLineEdit>(name), Qt::Key_Escape);
-    EXPECT_FALSE(isPanelOpen());
-    EXPECT_TRUE(window().isVisible());
+    EXPECT_EQ(name()->text(), QString());
+    QTest::keyClick(name(), Qt::Key_Escape);
+    EXPECT_TRUE(!panel().isVisible() && window().isVisible());
 
     press(u"addSiteButton"_s);
     save({}, {});
     preferences().closePrefs();
     clickAlert(u"OK"_s);
     passDelay();
-    EXPECT_FALSE(isPanelOpen()) << "not over a window that was closed meanwhile";
+    EXPECT_FALSE(panel().isVisible()) << "not over a window that was closed meanwhile";
 }
 
 TEST_F(PreferencesWindowTest, SitesAreEditedRemovedAndRestored)
 {
-    EXPECT_FALSE(isEnabled(u"editSiteButton"_s) || isEnabled(u"removeSiteButton"_s) ||
-                 isEnabled(u"restoreSiteButton"_s));
+    EXPECT_EQ(enabled(), QString());
     click(sites(), u"Softs"_s);
     QTest::mouseDClick(sites()->viewport(), Qt::LeftButton, {}, placeOf(sites(), u"Softs"_s));
-    EXPECT_EQ(visible<QLineEdit>(u"siteNameField"_s)->text(), u"Softs"_s);
-    EXPECT_EQ(visible<QLineEdit>(u"siteURLField"_s)->text(), mwqnDefaultSitesDict.at(u"Softs"_s));
-    EXPECT_TRUE(eventually([] { return visible<QLineEdit>(u"siteNameField"_s)->hasFocus(); }));
-    EXPECT_EQ(visible<QLineEdit>(u"siteNameField"_s)->selectedText(), QString());
+    EXPECT_EQ(name()->text() + u'=' + url()->text(), u"Softs="_s + mwqnDefaultSitesDict.at(u"Softs"_s));
+    EXPECT_TRUE(eventually([] { return name()->hasFocus(); }) && !name()->hasSelectedText());
     save(u"Softies"_s, u"softies/"_s);
-    EXPECT_EQ(answerAlert(u"OK"_s), u"Site edited successfully"_s);
-    EXPECT_EQ(namesIn(sites()).first(), u"Softies"_s);
+    EXPECT_EQ(answerAlert(u"OK"_s), u"Site edited successfully");
+    EXPECT_EQ(namesIn(sites()).first(), u"Softies");
     EXPECT_EQ(namesIn(ignored()), QStringList{u"Softs"_s});
 
     click(sites(), u"Softies"_s);
-    EXPECT_TRUE(isEnabled(u"editSiteButton"_s));
+    EXPECT_EQ(enabled(), u"edit remove");
     pressInSites(Qt::Key_Return);
-    EXPECT_EQ(visible<QLineEdit>(u"siteURLField"_s)->text(), u"http://softies/"_s);
-    QTest::keyClick(visible<QLineEdit>(u"siteNameField"_s), Qt::Key_Escape);
+    EXPECT_EQ(url()->text(), u"http://softies/");
+    QTest::keyClick(name(), Qt::Key_Escape);
 
     click(sites(), u"Softies"_s);
     click(sites(), u"5Awards"_s, Qt::ControlModifier);
-    EXPECT_FALSE(isEnabled(u"editSiteButton"_s)) << "only one at a time";
-    const QString removal = u"Are you sure you want to remove the selected sites?|"
-                            "Only removed default sites can be restored"_s;
+    EXPECT_EQ(enabled(), u"remove") << "one is edited at a time";
     press(u"removeSiteButton"_s);
-    EXPECT_EQ(answerAlert(u"Cancel"_s), removal);
+    EXPECT_EQ(answerAlert(u"Cancel"_s), u"Are you sure you want to remove the selected sites?|"
+                                        "Only removed default sites can be restored");
     EXPECT_EQ(namesIn(sites()).size(), 212);
     posted.names.clear();
     pressInSites(Qt::Key_Delete);
     answerAlert(u"Delete"_s);
-    EXPECT_EQ(posted.names, QStringList({u"mwqnLSLsc"_s, u"mwqnOCu432hjiudsh"_s}));
+    EXPECT_EQ(posted.names, words(u"mwqnLSLsc mwqnOCu432hjiudsh"_s));
     EXPECT_EQ(namesIn(sites()).size(), 210);
-    EXPECT_FALSE(isEnabled(u"removeSiteButton"_s));
     pressInSites(Qt::Key_Delete);
     EXPECT_FALSE(openWindow<QMessageBox>()) << "nothing is selected";
 
-    EXPECT_EQ(namesIn(ignored()), QStringList({u"5Awards"_s, u"Softs"_s}));
+    EXPECT_EQ(namesIn(ignored()), words(u"5Awards Softs"_s));
     click(ignored(), u"Softs"_s);
+    EXPECT_EQ(enabled(), u"restore");
     press(u"restoreSiteButton"_s);
     EXPECT_TRUE(namesIn(sites()).contains(u"Softs"_s));
     EXPECT_EQ(namesIn(ignored()), QStringList{u"5Awards"_s});
-    EXPECT_FALSE(isEnabled(u"restoreSiteButton"_s));
+    EXPECT_EQ(enabled(), QString());
 }
 
 TEST_F(PreferencesWindowTest, WhatTheFilterHidesIsNotSelected)
@@ -255,13 +262,12 @@ TEST_F(PreferencesWindowTest, WhatTheFilterHidesIsNotSelected)
     click(sites(), u"NFD"_s, Qt::ControlModifier);
     type(u"siteFilterField"_s, u" nfd "_s);
     EXPECT_EQ(namesIn(sites()), QStringList{u"NFD"_s});
-    EXPECT_TRUE(isEnabled(u"removeSiteButton"_s));
+    EXPECT_EQ(enabled(), u"edit remove");
     press(u"editSiteButton"_s);
-    EXPECT_EQ(visible<QLineEdit>(u"siteNameField"_s)->text(), u"NFD"_s) << "the row behind the filter";
+    EXPECT_EQ(name()->text(), u"NFD") << "the row behind the filter";
     preferences().addEditPanel().cancelAddEditAction();
     type(u"siteFilterField"_s, u"(no such"_s);
-    EXPECT_TRUE(namesIn(sites()).isEmpty());
-    EXPECT_FALSE(isEnabled(u"removeSiteButton"_s));
+    EXPECT_TRUE(namesIn(sites()).isEmpty() && enabled().isEmpty());
     press(u"closeButton"_s);
     preferences().openPrefsWindow();
     EXPECT_EQ(namesIn(sites()), preferences().sitesMArray()) << "the window opens with the whole list";
@@ -273,55 +279,50 @@ TEST_F(PreferencesWindowTest, BackupsAreFoldersThatAreChosenAsOneItem)
     showBackups();
     const QString backup = home() + u"/My list 1.0.swback"_s;
     press(u"backupSoftwareButton"_s);
-    EXPECT_EQ(visible<QLineEdit>(u"fileNameEdit"_s)->text(), u"Quillon Software List Backup.swback"_s);
+    EXPECT_EQ(visible<QLineEdit>(u"fileNameEdit"_s)->text(), u"Quillon Software List Backup.swback");
     chooseFile(home() + u"/My list 1.0"_s);
     EXPECT_TRUE(QFileInfo::exists(backup + u"/Mine.qndata/general.qnxmld"_s));
-    EXPECT_EQ(answerResult(), u"The backup was successful"_s);
+    EXPECT_EQ(answerResult(), u"The backup was successful");
 
     ASSERT_TRUE(put(backup + u"/older"_s, "x"));
     press(u"backupSoftwareButton"_s);
-    enterPath(backup);
-    EXPECT_EQ(
-        answerAlert(u"Cancel"_s),
-        u"“My list 1.0.swback” already exists. Do you want to replace it?|What it holds now will be lost."_s);
-    EXPECT_TRUE(QFileInfo::exists(backup + u"/older"_s));
-    enterPath(backup);
-    answerAlert(u"Replace"_s);
-    EXPECT_TRUE(eventually([] { return openWindow<QFileDialog>() == nullptr; }));
-    EXPECT_FALSE(QFileInfo::exists(backup + u"/older"_s));
-    EXPECT_EQ(answerResult(), u"The backup was successful"_s);
+    for (const auto &[answer, stays] : {std::pair(u"Cancel"_s, true), {u"Replace"_s, false}}) {
+        enterPath(backup);
+        EXPECT_EQ(answerAlert(answer), u"“My list 1.0.swback” already exists. Do you want to replace it?|"
+                                       "What it holds now will be lost.");
+        EXPECT_TRUE(eventually([&] { return (openWindow<QFileDialog>() != nullptr) == stays; }));
+        EXPECT_EQ(QFileInfo::exists(backup + u"/older"_s), stays);
+    }
+    EXPECT_EQ(answerResult(), u"The backup was successful");
 
-    ASSERT_TRUE(AddDeleteImportEdit::deleteQnDataFile(u"Mine"_s));
-    ASSERT_TRUE(QDir(home()).mkdir(u"plain"_s));
+    ASSERT_TRUE(AddDeleteImportEdit::deleteQnDataFile(u"Mine"_s) && QDir(home()).mkdir(u"plain"_s));
     press(u"importSoftwareListButton"_s);
-    EXPECT_EQ(openWindow<QFileDialog>()->labelText(QFileDialog::Accept), u"Choose Backup"_s);
+    EXPECT_EQ(openWindow<QFileDialog>()->labelText(QFileDialog::Accept), u"Choose Backup");
     enterPath(home() + u"/plain"_s);
     ASSERT_TRUE(openWindow<QFileDialog>()) << "any other folder is opened, not chosen";
-    EXPECT_EQ(openWindow<QFileDialog>()->directory().dirName(), u"plain"_s);
+    EXPECT_EQ(openWindow<QFileDialog>()->directory().dirName(), u"plain");
     enterPath(home() + u"/missing.swback"_s);
-    EXPECT_EQ(answerAlert(u"OK"_s), u"Please choose a backup, a folder whose name ends in “.swback”."_s);
+    EXPECT_EQ(answerAlert(u"OK"_s), u"Please choose a backup, a folder whose name ends in “.swback”.");
     chooseFile(backup);
     EXPECT_TRUE(title_folder::exists(u"Mine"));
     EXPECT_EQ(posted.names, QStringList{u"mwqnOvLSlst"_s});
-    EXPECT_EQ(answerResult(), u"1 software titles were imported."_s);
+    EXPECT_EQ(answerResult(), u"1 software titles were imported.");
 }
 
 TEST_F(PreferencesWindowTest, ABackupOfSitesComesBackIntoTheList)
 {
     preferences().openPrefsBackupWindow();
+    const QString backup = home() + u"/sites.qnback"_s;
     press(u"backupSitesListButton"_s);
-    EXPECT_EQ(visible<QLineEdit>(u"fileNameEdit"_s)->text(), u"Quillon Site List Backup.qnback"_s);
+    EXPECT_EQ(visible<QLineEdit>(u"fileNameEdit"_s)->text(), u"Quillon Site List Backup.qnback");
     chooseFile(home() + u"/sites"_s);
-    EXPECT_EQ(answerResult(), u"There is nothing to backup"_s);
-
-    ASSERT_TRUE(site_list::write(site_list::userSites, {{u"Mine"_s, u"http://mine/"_s}}));
-    press(u"backupSitesListButton"_s);
-    chooseFile(home() + u"/sites"_s);
-    EXPECT_EQ(answerResult(), u"The backup was successful"_s);
+    EXPECT_EQ(answerResult(), u"There is nothing to backup");
+    ASSERT_TRUE(site_list::write(site_list::userSites, siteList(u"Mine=http://mine/")));
+    choose(u"backupSitesListButton"_s, backup);
+    EXPECT_EQ(answerResult(), u"The backup was successful");
     ASSERT_TRUE(site_list::write(site_list::userSites, {}));
-    press(u"importSitesButton"_s);
-    chooseFile(home() + u"/sites.qnback"_s);
-    EXPECT_EQ(namesIn(sites()).first(), u"Mine"_s) << "the list's page is showing";
+    choose(u"importSitesButton"_s, backup);
+    EXPECT_EQ(namesIn(sites()).first(), u"Mine") << "the list's page is showing";
     EXPECT_TRUE(visible<QToolButton>(u"Sites List"_s)->isChecked());
     passDelay();
     EXPECT_FALSE(openWindow<QMessageBox>());
@@ -329,23 +330,17 @@ TEST_F(PreferencesWindowTest, ABackupOfSitesComesBackIntoTheList)
 
 TEST_F(PreferencesWindowTest, ARunningBackupIsSeenAndCancelled)
 {
-    for (int title = 0; title < 600; ++title) { // More than one turn can copy.
-        const QString folder = inData(u"Title %1.qndata"_s.arg(title));
-        ASSERT_TRUE(QDir().mkdir(folder));
-        for (const QString &file : {u"data.qnxml"_s, u"general.qnxmld"_s, u"error.log"_s})
-            ASSERT_TRUE(put(folder + u'/' + file, "text"));
-    }
+    for (int title = 0; title < 600; ++title) // More than one turn can copy.
+        ASSERT_TRUE(AddDeleteImportEdit::createNewListing(u"Title %1"_s.arg(title)));
     showBackups();
-    press(u"backupSoftwareButton"_s);
-    chooseFile(home() + u"/list.swback"_s);
+    choose(u"backupSoftwareButton"_s, home() + u"/list.swback"_s);
     const auto *progress = visible<QProgressBar>(u"transferProgress"_s);
-    ASSERT_TRUE(progress);
+    ASSERT_TRUE(progress && progress->value() < 600);
     EXPECT_EQ(progress->maximum(), 600);
-    EXPECT_LT(progress->value(), 600);
-    EXPECT_FALSE(isEnabled(u"backupSoftwareButton"_s) || isEnabled(u"importSoftwareListButton"_s));
+    const auto canStart = [](const QString &button) { return visible<QPushButton>(button)->isEnabled(); };
+    EXPECT_FALSE(canStart(u"backupSoftwareButton"_s) || canStart(u"importSoftwareListButton"_s));
     press(u"cancelTransferButton"_s);
-    EXPECT_FALSE(progress->isVisible());
-    EXPECT_TRUE(isEnabled(u"backupSoftwareButton"_s));
+    EXPECT_TRUE(!progress->isVisible() && canStart(u"backupSoftwareButton"_s));
     EXPECT_FALSE(QFileInfo::exists(home() + u"/list.swback"_s));
     passDelay();
     EXPECT_FALSE(openWindow<QMessageBox>());
@@ -374,20 +369,14 @@ TEST_F(PreferencesWindowTest, SizesOutliveARunAndEscapeCloses)
     start();
     EXPECT_EQ(window().size(), QSize(777, 555));
     EXPECT_EQ(sites()->columnWidth(SiteListTable::SiteName), 123);
-    press(u"closeButton"_s);
-    EXPECT_FALSE(window().isVisible());
 }
 
 TEST_F(PreferencesWindowTest, AListThatCannotBeStoredIsToldOnThePanel)
 {
-    QFile::remove(inData(u"sites.qnrc"_s));
-    ASSERT_TRUE(QDir().mkdir(inData(u"sites.qnrc"_s)));
+    const QString list = inData(u"sites.qnrc"_s);
+    ASSERT_TRUE(QFile::remove(list) && QDir().mkdir(list));
     press(u"addSiteButton"_s);
     save(u"A"_s, u"http://a/"_s);
-    EXPECT_TRUE(isPanelOpen());
+    EXPECT_TRUE(panel().isVisible() && failedWritesLine().contains(u"sites.qnrc"_s));
     EXPECT_EQ(visible<QLabel>(u"panelFailedWrites"_s)->text(), failedWritesLine());
-    EXPECT_TRUE(failedWritesLine().contains(u"sites.qnrc"_s));
 }
-
-} // namespace
-} // namespace quillon

@@ -8,8 +8,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-using namespace Qt::StringLiterals;
-using namespace quillon;
 using namespace std::chrono_literals;
 
 using State = DataFolderLock::State;
@@ -29,7 +27,7 @@ TEST_F(DataFolderLockTest, WhatTheFileHoldsIsNotAsked)
                                    QByteArray("1\ninit\nelsewhere\na\nb\n")}) {
         ASSERT_TRUE(put(inData(u"quillon.lock"_s), rest));
         ASSERT_EQ(::chmod(QFile::encodeName(inData(u"quillon.lock"_s)).constData(), 0644), 0);
-        EXPECT_EQ(tried(), State::Held) << rest.toStdString();
+        EXPECT_EQ(tried(), State::Held) << rest;
         EXPECT_EQ(QFileInfo(inData(u"quillon.lock"_s)).permissions() & 0x77, 0) << "others could lock it";
     }
     ASSERT_TRUE(QDir(mwqnAppSuppLoc).removeRecursively());

@@ -1,59 +1,42 @@
 #include "store/error_tracking.h"
 #include "support/temporary_home.h"
 
-using namespace Qt::StringLiterals;
-using namespace quillon;
-
-class ErrorTrackingTest : public TemporaryDataFolder
-{
-protected:
-    void SetUp() override
-    {
-        TemporaryDataFolder::SetUp();
-        ASSERT_TRUE(AddDeleteImportEdit::createNewListing(u"T"_s));
-        log = inData(u"T.qndata/error.log"_s);
-    }
-
-    QString log;
-    const QByteArray empty = sample(u"empty_list.plist"_s);
-};
+using ErrorTrackingTest = TemporaryDataFolder;
 
 TEST_F(ErrorTrackingTest, KeepsTheLatestMessageOfEachFieldAndWritesChangesOnly)
 {
+    ASSERT_TRUE(AddDeleteImportEdit::createNewListing(u"T"_s));
+    const QString log = inData(u"T.qndata/error.log"_s);
+    ErrorTracking::setHasError(u"eula"_s, u"no title is selected"_s);
+    EXPECT_FALSE(ErrorTracking::returnErrorDictionary());
     selectTitle(u"T"_s);
     EXPECT_EQ(ErrorTracking::returnErrorDictionary(), StringDictionary());
-    ErrorTracking::setHasError(u"otherPrice"_s, u"first"_s);
-    ErrorTracking::setHasError(u"companyName"_s, u"<&> \"Zoë\""_s);
-    ErrorTracking::setHasError(u"otherPrice"_s, u"second"_s);
+    for (const QString &message : {u"first"_s, u"<&> \"Zoë\""_s})
+        ErrorTracking::setHasError(u"otherPrice"_s, message);
     const ino_t number = fileNumber(log);
-    ErrorTracking::setHasError(u"otherPrice"_s, u"second"_s);
+    const StringDictionary latest{{u"otherPrice"_s, u"<&> \"Zoë\""_s}};
+    ErrorTracking::setHasError(u"otherPrice"_s, latest.begin()->second);
     ErrorTracking::setHasError(QString(), u"message"_s);
     ErrorTracking::setHasError(u"key"_s, QString());
     ErrorTracking::setNoError(u"absent"_s);
     ErrorTracking::setNoError(QString());
     EXPECT_EQ(fileNumber(log), number);
-    EXPECT_EQ(ErrorTracking::returnErrorDictionary(),
-              (StringDictionary{{u"companyName"_s, u"<&> \"Zoë\""_s}, {u"otherPrice"_s, u"second"_s}}));
-    ErrorTracking::setNoError(u"companyName"_s);
-    EXPECT_EQ(ErrorTracking::returnErrorDictionary(), (StringDictionary{{u"otherPrice"_s, u"second"_s}}));
+    EXPECT_EQ(ErrorTracking::returnErrorDictionary(), latest);
     ErrorTracking::setNoError(u"otherPrice"_s);
-    EXPECT_EQ(contents(log), empty);
+    EXPECT_EQ(contents(log), sample(u"empty_list.plist"_s));
 }
 
 TEST_F(ErrorTrackingTest, WithoutAReadableLogNothingIsReadOrWritten)
 {
-    const auto expectUntouched = [this](const QByteArray &bytes) {
+    ASSERT_TRUE(AddDeleteImportEdit::createNewListing(u"T"_s));
+    selectTitle(u"T"_s);
+    const QString log = inData(u"T.qndata/error.log"_s);
+    for (const bool removed : {false, true}) {
+        ASSERT_TRUE(removed ? QFile::remove(log) : put(log, "half a li"));
         ErrorTracking::setHasError(u"eula"_s, u"long"_s);
         ErrorTracking::setNoError(u"eula"_s);
         EXPECT_FALSE(ErrorTracking::returnErrorDictionary());
-        EXPECT_EQ(contents(log), bytes);
-    };
-    expectUntouched(empty); // No title is selected.
-    selectTitle(u"T"_s);
-    ASSERT_TRUE(put(log, "half a li"));
-    expectUntouched("half a li");
-    ASSERT_TRUE(QFile::remove(log));
-    expectUntouched(contents(log));
-    EXPECT_FALSE(QFile::exists(log));
+        EXPECT_EQ(contents(log), removed ? "(no such file)" : "half a li");
+    }
     EXPECT_TRUE(mwqnFailedWrites.isEmpty());
 }

@@ -1,38 +1,18 @@
 #include "pad/pad_document.h"
 #include "store/summary_file.h"
-#include "support/files.h"
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-using namespace quillon;
+#include "support/tables.h"
 
 TEST(SummaryFileTest, AnImportTakesWhatThePadFileSays)
 {
-    const QByteArray version = "<Program_Version>1.0</Program_Version>";
-    const QByteArray day = "<Program_Release_Day> 05</Program_Release_Day>";
-    const QByteArray month = "<Program_Release_Month>Feb</Program_Release_Month>";
-    const QByteArray systems = "<Program_OS_Support>Win98, WinXP</Program_OS_Support>";
-    const struct
-    {
-        QByteArray pad;
-        QString version, date, systems;
-    } cases[] = {{"", u""_s, u""_s, u""_s},
-                 {version + day + month + systems, u"1.0"_s, u" 05/Feb/"_s, u"Win98, WinXP"_s},
-                 {version + day, u"1.0"_s, u""_s, u""_s},
-                 {version + month + version, u"1.0"_s, u""_s, u""_s},
-                 {day + month + systems, u""_s, u" 05/Feb/"_s, u""_s}, // Systems come with a version only.
-                 {"<Program_Version/>" + systems, u""_s, u""_s, u"Win98, WinXP"_s},
-                 {"<Program_Version>a$1b${2}c$0d$</Program_Version>", u"abcd$"_s, u""_s, u""_s},
-                 {"<Program_Version>1 & < 2</Program_Version>", u"1 & < 2"_s, u""_s, u""_s},
-                 {sample(u"old_tool.xml"_s), u"v3 {Build}"_s, u"27/Feb/2004"_s, u"Win98,WinME,\nWinXP"_s}};
-    for (const auto &each : cases) {
-        const QString text = summary_file::textForImport(PadDocument(QByteArray("<r>" + each.pad + "</r>")));
-        const Summary summary = summary_file::parse(text.toUtf8());
-        using Texts = QList<std::optional<QString>>;
-        EXPECT_EQ((Texts{summary.version, summary.releaseDate, summary.operatingSystems, summary.validated}),
-                  (Texts{each.version, each.date, each.systems, u"0"_s}))
-            << text.toStdString();
+    QList<QStringList> rows = table(u"summaries"_s);
+    const QString old = QString::fromUtf8(sample(u"old_tool.xml"_s));
+    rows.append({old, u"v3 {Build}"_s, u"27/Feb/2004"_s, u"Win98,WinME,\nWinXP"_s});
+    for (const QStringList &row : std::as_const(rows)) {
+        const QString text = summary_file::textForImport(PadDocument(QString(u"<r>" + row[0] + u"</r>")));
+        const Summary read = summary_file::parse(text.toUtf8());
+        EXPECT_EQ((QStringList{*read.version, *read.releaseDate, *read.operatingSystems}), row.sliced(1))
+            << row[0];
+        EXPECT_EQ(read.validated, u"0"_s);
     }
 }
 
@@ -56,7 +36,7 @@ TEST(SummaryFileTest, AMissingOrBrokenFileHasNoElements)
 {
     for (const QByteArray bytes : {"", "garbage", "<OTS_VERSION", "<ots_version>1</ots_version>"}) {
         const Summary summary = summary_file::parse(bytes);
-        EXPECT_FALSE(summary.version || summary.validated || summary.sites) << bytes.toStdString();
+        EXPECT_FALSE(summary.version || summary.validated || summary.sites) << bytes;
         EXPECT_EQ(summary.siteList(), QStringList{QString()});
     }
     EXPECT_EQ(summary_file::parse("<OTS_VERSION>1.0").version, u"1.0"_s);

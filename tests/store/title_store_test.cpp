@@ -5,16 +5,12 @@
 #include "store/storage_status.h"
 #include "store/summary_file.h"
 #include "store/title_folder.h"
-#include "support/faults.h"
 #include "support/full_disk.h"
+#include "support/kills.h"
 #include "support/temporary_home.h"
 
 #include <functional>
-#include <sys/wait.h>
-#include <unistd.h>
 
-using namespace Qt::StringLiterals;
-using namespace quillon;
 using Store = quillon::AddDeleteImportEdit;
 
 class TitleStoreTest : public TemporaryDataFolder
@@ -53,7 +49,7 @@ TEST_F(TitleStoreTest, ADataFolderThatCannotBeSeenForAMomentIsNotMadeAnew)
     ASSERT_TRUE(put(inData(u"sites.qnrc"_s), "mine") && Store::createNewListing(u"T"_s));
     bool isMet = true;
     for (int call = 1; isMet; ++call) {
-        const FaultPlan plan(home(), "reading@" + QByteArray::number(call) + "=EIO");
+        const FaultPlan plan(home(), failing("reading", call));
         (void)Store::checkAppSuppExists();
         (void)Store::createNewListing(u"T"_s);
         isMet = plan.met();
@@ -83,24 +79,13 @@ TEST_F(TitleStoreTest, ADataFolderThatCannotBeIsToldUntilItIsMended)
     EXPECT_EQ(failedWritesLine(), QString());
 }
 
-TEST_F(TitleStoreTest, ANewTitleHoldsTheThreeFirstFiles)
-{
-    EXPECT_TRUE(Store::createNewListing(u"Tide"_s));
-    EXPECT_EQ(names(inData(u"Tide.qndata"_s)),
-              (QStringList{u"data.qnxml"_s, u"error.log"_s, u"general.qnxmld"_s}));
-    ASSERT_TRUE(put(inData(u"Tide.qndata/data.qnxml"_s), "mine") && put(inData(u"F.qndata"_s), "file"));
-    EXPECT_TRUE(Store::createNewListing(u"Tide"_s) && Store::createNewListing(u"F"_s));
-    EXPECT_EQ(contents(inData(u"Tide.qndata/data.qnxml"_s)), "mine");
-    EXPECT_EQ(contents(inData(u"F.qndata"_s)), "file");
-}
-
 TEST_F(TitleStoreTest, TakesAnyNameThatStaysInTheDataFolder)
 {
     QStringList folders;
     for (const QString &name : {u".."_s, u"."_s, u"   "_s, u" Tide"_s, u"Tide"_s, u"tide"_s, u"a\nb"_s,
                                 u"潮"_s, u"100%2 \\ & <b>"_s, QString(248, u'n'), QString(124, u'ü')}) {
-        EXPECT_TRUE(Store::createNewListing(name)) << name.toStdString();
-        EXPECT_EQ(files(name), newFiles) << name.toStdString();
+        EXPECT_TRUE(Store::createNewListing(name)) << name;
+        EXPECT_EQ(files(name), newFiles) << name;
         folders.append(name + u".qndata");
     }
     for (const QString &name : {u""_s, u"/"_s, u"a/b"_s, u"../up"_s, u"/etc/x"_s, u"a\0b"_s, u"\0"_s,
@@ -111,11 +96,16 @@ TEST_F(TitleStoreTest, TakesAnyNameThatStaysInTheDataFolder)
                      Store::renameExistingQnDataFile(u"Tide"_s, name) ||
                      Store::renameExistingQnDataFile(name, u"New"_s) || Store::deleteQnDataFile(name) ||
                      Store::writeToFile(u"data", "x") || Store::returnDataObjectFor(u"data"))
-            << name.toStdString();
+            << name;
     }
     const QStringList found = titles();
     EXPECT_EQ(QSet(found.begin(), found.end()), QSet(folders.begin(), folders.end()));
     EXPECT_EQ(names(maker), QStringList{u"Quillon"_s});
+
+    // What has the name stays.
+    ASSERT_TRUE(put(inData(u"Tide.qndata/data.qnxml"_s), "mine") && put(inData(u"F.qndata"_s), "file"));
+    EXPECT_TRUE(Store::createNewListing(u"Tide"_s) && Store::createNewListing(u"F"_s));
+    EXPECT_EQ(contents(inData(u"Tide.qndata/data.qnxml"_s)) + contents(inData(u"F.qndata"_s)), "minefile");
 }
 
 TEST_F(TitleStoreTest, AnImportKeepsTheBytesAndFillsTheSummary)
@@ -140,15 +130,14 @@ TEST_F(TitleStoreTest, ReadsAndWritesTheSelectedTitleByKey)
     EXPECT_FALSE(Store::writeToFile(u"data", "x") || Store::returnDataObjectFor(u"data"));
     ASSERT_TRUE(Store::createNewListing(u"T"_s));
     selectTitle(u"T"_s);
-    for (const QStringView key : {u"data", u"general", u"error", u"Data", u"General", u"Error"}) {
+    for (const QStringView key : {u"data", u"general", u"error", u"Data", u"General", u"Error"})
         EXPECT_TRUE(Store::writeToFile(key, key.toUtf8()));
-        EXPECT_EQ(Store::returnDataObjectFor(key.toString().toLower()), key.toUtf8());
-    }
     for (const QStringView key : {u"DATA", u"", u"data ", u"data.qnxml", u"gENERAL"})
-        EXPECT_FALSE(Store::writeToFile(key, "x")) << key.toString().toStdString();
+        EXPECT_FALSE(Store::writeToFile(key, "x")) << key.toString();
     EXPECT_EQ(files(u"T"_s), (QList<QByteArray>{"General", "Data", "Error"}));
-    for (const QStringView other : {u"Data", u"General", u"anything", u""})
-        EXPECT_EQ(Store::returnDataObjectFor(other), "Error") << other.toString().toStdString();
+    for (const auto &[key, file] :
+         {std::pair(u"data"_s, "Data"), {u"general"_s, "General"}, {u"Data"_s, "Error"}, {u""_s, "Error"}})
+        EXPECT_EQ(Store::returnDataObjectFor(key), file);
 }
 
 TEST_F(TitleStoreTest, RenamesTheFolderWithAllThatIsInIt)
@@ -176,7 +165,7 @@ TEST_F(TitleStoreTest, DeletesTheTitleAndNothingThatItLinksTo)
     ASSERT_TRUE(QFile::link(u"nowhere"_s, inData(u"B.qndata"_s)) && put(inData(u"F.qndata"_s), "file"));
     EXPECT_TRUE(Store::createNewListing(u"B"_s));
     for (const QString &name : {u"T"_s, u"L"_s, u"B"_s, u"F"_s})
-        EXPECT_TRUE(Store::deleteQnDataFile(name)) << name.toStdString();
+        EXPECT_TRUE(Store::deleteQnDataFile(name)) << name;
     EXPECT_EQ(titles(), QStringList());
     EXPECT_EQ(contents(home() + u"/kept"), "kept");
     EXPECT_FALSE(Store::deleteQnDataFile(u"T"_s));
@@ -216,27 +205,18 @@ TEST_F(TitleStoreTest, ACrashLeavesNoHalfATitle)
 {
     const PadDocument pad(QByteArray("<a/>"));
     const QList<QByteArray> imported{summary_file::textForImport(pad).toUtf8(), "<a/>", emptyList};
-    const std::function<bool()> making = [] { return bool(Store::createNewListing(u"T"_s)); };
-    const std::function<bool()> importing = [&] { return bool(Store::importExistingFile(u"I"_s, pad)); };
-    const std::function<bool()> deleting = [] { return bool(Store::deleteQnDataFile(u"T"_s)); };
-    for (const auto *const change : {&making, &importing, &deleting}) {
-        bool isDone = false;
-        for (int call = 1; !isDone; ++call) {
-            ASSERT_TRUE(change != &deleting || making());
-            const pid_t child = ::fork();
-            if (child == 0) {
-                const FaultPlan plan(home(), "writing@" + QByteArray::number(call) + "=kill");
-                ::_exit((*change)() ? 0 : 1);
-            }
-            int status = -1;
-            ::waitpid(child, &status, 0);
-            isDone = WIFEXITED(status);
-            EXPECT_TRUE(call > 1 || !isDone);
+    const auto make = [] { return bool(Store::createNewListing(u"T"_s)); };
+    const std::function<bool()> changes[] = {make,
+                                             [&] { return bool(Store::importExistingFile(u"I"_s, pad)); },
+                                             [] { return bool(Store::deleteQnDataFile(u"T"_s)); }};
+    for (const auto &change : changes) {
+        const auto prepare = [&] { ASSERT_TRUE(&change != &changes[2] || make()); };
+        killedAtEachCall(home(), prepare, change, [&] {
             for (const QString &title : titles())
-                EXPECT_EQ(files(title.first(1)), title == u"T.qndata" ? newFiles : imported) << call;
+                EXPECT_EQ(files(title.first(1)), title == u"T.qndata" ? newFiles : imported);
             Store::removeUnfinished();
-            EXPECT_EQ(names(mwqnAppSuppLoc).filter(u".quillon-"_s), QStringList()) << call;
-        }
+            EXPECT_EQ(names(mwqnAppSuppLoc).filter(u".quillon-"_s), QStringList());
+        });
     }
     EXPECT_EQ(titles(), QStringList{u"I.qndata"_s});
 }
@@ -250,8 +230,7 @@ TEST_F(TitleStoreTest, WhatIsDoneButNotYetSafeIsToldUntilItIs)
     const auto expectUnsafe = [&](int call, auto change) {
         const Result<> result = withoutSync(call, change);
         EXPECT_TRUE(result.isError(Error::Kind::NotYetSafe) && result.isDone());
-        EXPECT_TRUE(failedWritesLine().startsWith(u"Done, but not yet safe"_s))
-            << failedWritesLine().toStdString();
+        EXPECT_TRUE(failedWritesLine().startsWith(u"Done, but not yet safe"_s)) << failedWritesLine();
         EXPECT_TRUE(Store::checkAppSuppExists()); // Syncs the data folder.
         EXPECT_EQ(failedWritesLine(), QString());
     };

@@ -30,6 +30,7 @@ inline CliResult runCli(const QString &home, const QStringList &arguments, const
     process.setProcessEnvironment(faults.isEmpty() ? environment : faultEnvironment(home, faults));
     if (!outputFile.isEmpty())
         process.setStandardOutputFile(outputFile);
+    process.setWorkingDirectory(home);
     process.start(QStringLiteral(QUILLON_CLI), QStringList{QStringLiteral("--home"), home} + arguments);
     process.closeWriteChannel();
     process.waitForFinished(-1);
@@ -44,6 +45,19 @@ protected:
     CliResult cli(const QStringList &arguments, const QString &faults = {}) const
     {
         return runCli(home(), arguments, {}, faults);
+    }
+    /// The same with a command as it is typed in the home folder; '' is an empty argument.
+    CliResult run(const QString &command, const QString &faults = {}) const
+    {
+        return cli(QProcess::splitCommand(command).replaceInStrings(u"''"_s, u""_s), faults);
+    }
+    int statusOf(const QString &command) const { return run(command).status; }
+    /// The data folder's files with their bytes, but for the lock.
+    static QMap<QString, QByteArray> files()
+    {
+        QMap<QString, QByteArray> all = tree(mwqnAppSuppLoc);
+        all.remove(u"quillon.lock"_s);
+        return all;
     }
 };
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/testing.h"
+
 #include <QAccessible>
 #include <QApplication>
 #include <QElapsedTimer>
@@ -10,8 +12,6 @@
 #include <QTest>
 #include <QTimer>
 #include <QWidget>
-
-#include <gtest/gtest.h>
 
 namespace quillon {
 
@@ -47,7 +47,7 @@ Kind *visible(const QString &name)
                 return candidate;
         }
     }
-    ADD_FAILURE() << "no visible widget is named " << name.toStdString();
+    ADD_FAILURE() << "no visible widget is named " << name;
     return nullptr;
 }
 
@@ -98,7 +98,7 @@ inline QString answerAlert(const QString &buttonText)
 {
     QString texts;
     EXPECT_TRUE(eventually([&] { return !(texts = clickAlert(buttonText)).isNull(); }));
-    EXPECT_TRUE(eventually([] { return openWindow<QMessageBox>() == nullptr; })) << buttonText.toStdString();
+    EXPECT_TRUE(eventually([] { return openWindow<QMessageBox>() == nullptr; })) << buttonText;
     return texts;
 }
 
@@ -137,7 +137,7 @@ inline QList<QWidget *> tabStops(QWidget &window)
         stops.append(focus);
         QTest::keyClick(focus, Qt::Key_Tab);
     }
-    EXPECT_LT(stops.size(), most) << "Tab never comes back in " << window.objectName().toStdString();
+    EXPECT_LT(stops.size(), most) << "Tab never comes back in " << window.objectName();
     return stops;
 }
 
@@ -147,7 +147,7 @@ inline QList<QWidget *> expectNamedTabStops(QWidget &window, qsizetype least)
     QList<QWidget *> stops = tabStops(window);
     EXPECT_GE(stops.size(), least);
     for (QWidget *stop : std::as_const(stops))
-        EXPECT_FALSE(accessibleName(stop).isEmpty()) << stop->objectName().toStdString();
+        EXPECT_FALSE(accessibleName(stop).isEmpty()) << stop->objectName();
     return stops;
 }
 

@@ -45,6 +45,13 @@ public:
     /// The message of the newest alert; empty when there was none.
     [[nodiscard]] QString lastMessage() const { return alerts.isEmpty() ? QString() : alerts.last().message; }
 
+    /// All that it says, a line each.
+    [[nodiscard]] QString lastTexts() const
+    {
+        return (QStringList{alerts.last().message, alerts.last().informativeText} + alerts.last().details)
+            .join(u'\n');
+    }
+
     QList<SheetWindow> windows;
     QList<Alert> alerts;
     QList<FileRequest> requests;

@@ -2,12 +2,9 @@
 
 #include "store/add_delete_import_edit.h"
 #include "store/process_state.h"
-#include "support/files.h"
-#include "support/printing.h"
+#include "support/testing.h"
 
 #include <QTemporaryDir>
-
-#include <gtest/gtest.h>
 
 namespace quillon {
 

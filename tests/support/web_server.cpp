@@ -1,10 +1,8 @@
 #include "support/web_server.h"
 
-#include "support/files.h"
+#include "support/testing.h"
 
 #include <QUrlQuery>
-
-using namespace Qt::StringLiterals;
 
 namespace quillon {
 

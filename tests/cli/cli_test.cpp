@@ -1,0 +1,325 @@
+#include "journal/journal.h"
+#include "platform/property_list.h"
+#include "store/data_folder_lock.h"
+#include "support/command_line.h"
+#include "support/terminal.h"
+
+class Cli : public CommandLineTest
+{
+protected:
+    [[nodiscard]] QJsonArray titles() const { return run(u"list --json"_s).json().array(); }
+};
+
+class CliWithTitle : public Cli
+{
+protected:
+    void SetUp() override
+    {
+        CommandLineTest::SetUp();
+        ASSERT_EQ(statusOf(u"new T"_s), 0);
+    }
+};
+
+/// Somebody else's text may hold what a terminal obeys: it gets to see it, and files and pipes get it as it
+/// is.
+TEST_F(CliWithTitle, NoControlCharacterReachesAReaderOfTheOutput)
+{
+    const QString company = u"a\x1b]0;b\x07\u009b-c"_s;
+    const QByteArray exact = company.toUtf8();
+    const QByteArray shown = "a␛]0;b␇\xef\xbf\xbd-c";
+    put(inData(u"T.qndata/data.qnxml"_s),
+        "<Company_Name>" + exact + "</Company_Name><MASTER_PAD_VERSION_INFO></MASTER_PAD_VERSION_INFO>");
+    put(inData(u"sites.qnrc"_s), property_list::write({{u"A\tB\x1b"_s, u"http://a\nb"_s}}));
+
+    EXPECT_EQ(run(u"copy T companyName"_s).output, exact);
+    EXPECT_TRUE(
+        run(u"show T companyName"_s).output.startsWith(QByteArray("  Company_Name: " + exact + "\n")));
+    EXPECT_TRUE(run(u"export T -"_s).output.contains(exact));
+    EXPECT_EQ(run(u"show T companyName --json"_s).json()[u"fields"_s][0][u"value"_s], company);
+    EXPECT_TRUE(run(u"sites"_s).output.startsWith("A B␛\thttp://a b\tuser\n"));
+    EXPECT_EQ(run(u"sites --json"_s).json()[u"sites"_s][0][u"name"_s], u"A\tB\x1b"_s);
+    EXPECT_TRUE(run(u"show \x1b[31m"_s).messages.contains("no title named ␛[31m"));
+    EXPECT_TRUE(run(u"nonsense\x1b"_s).messages.contains("nonsense␛"));
+
+    Terminal terminal;
+    const auto atTerminal = [&](const QStringList &arguments) {
+        runCli(home(), arguments, terminal.path());
+        return terminal.read();
+    };
+    EXPECT_EQ(atTerminal({u"copy"_s, u"T"_s, u"companyName"_s}), shown);
+    EXPECT_TRUE(
+        atTerminal({u"show"_s, u"T"_s, u"companyName"_s}).startsWith(QByteArray("  Company_Name: " + shown)));
+    EXPECT_TRUE(atTerminal({u"export"_s, u"T"_s, u"-"_s}).contains(shown));
+    const QByteArray json = atTerminal({u"show"_s, u"T"_s, u"companyName"_s, u"--json"_s});
+    EXPECT_FALSE(json.contains("\xc2\x9b"));
+    EXPECT_EQ(QJsonDocument::fromJson(json)[u"fields"_s][0][u"value"_s], company);
+}
+
+/// Dates are the user's, whatever the character set of the environment is.
+TEST_F(CliWithTitle, DatesAreInTheUsersStyleInAnyCharacterSet)
+{
+    run(u"set T releaseDateDay=5 releaseDateMonth=3 releaseDateYear=2009"_s);
+    for (const auto &[variables, date] :
+         {std::pair(u"LC_TIME=de_DE.UTF-8"_s, "05.03.09"), std::pair(u"LANG=de_DE"_s, "05.03.09"),
+          std::pair(u"LANG=de_DE LC_ALL=en_US.ISO-8859-1"_s, "3/5/09"),
+          std::pair(u"LANG=C.UTF-8 LC_TIME=de_DE"_s, "05.03.09")}) {
+        QProcessEnvironment environment;
+        for (const QString &variable : variables.split(u' '))
+            environment.insert(variable.section(u'=', 0, 0), variable.section(u'=', 1));
+        const CliResult copied =
+            runCli(home(), {u"copy"_s, u"T"_s, u"programReleaseDate"_s}, {}, {}, environment);
+        EXPECT_EQ(copied.output, date) << variables;
+        EXPECT_EQ(copied.messages, "") << "nor does Qt complain";
+    }
+}
+
+TEST_F(CliWithTitle, WithoutDescriptorsNoStateOfASiteIsMadeUp)
+{
+    ASSERT_EQ(statusOf(u"sites add Mine mine"_s) + statusOf(u"mark T Mine"_s), 0);
+    const QByteArray calm = run(u"sites --for T"_s).output;
+    for (int turn = 1; turn <= 12; ++turn) {
+        const CliResult result = run(u"sites --for T"_s, u"open@%1=EMFILE"_s.arg(turn));
+        EXPECT_TRUE(result.status == 4 || (result.status == 0 && result.output == calm)) << turn;
+    }
+}
+
+/// A failed sync behind a finished change is told by each command, and the change is there.
+TEST_F(CliWithTitle, WhatIsDoneButNotYetSafeIsSaidSo)
+{
+    const QString commands = u"new N|rename N M|sites add Mine mine|sites edit Softs S s|sites remove Mine|"
+                             "sites restore Softs|mark T Simtel|unmark T Simtel"_s;
+    ASSERT_LE(statusOf(u"check T"_s), 1);
+    for (const QString &command : words(commands, u'|')) {
+        bool isTold = false;
+        for (int sync = 1; sync < 9 && !isTold; ++sync) {
+            const QTemporaryDir copy;
+            QProcess::execute(u"cp"_s, {u"-a"_s, home() + u"/Library"_s, copy.path()});
+            const CliResult result = runCli(copy.path(), words(command), {}, u"fsync@%1=EIO"_s.arg(sync));
+            isTold = result.status == 4 && result.messages.contains("quillon-cli: Done, but not yet safe");
+        }
+        EXPECT_TRUE(isTold) << command;
+        EXPECT_EQ(statusOf(command), 0) << command;
+    }
+}
+
+TEST_F(CliWithTitle, WhatAKillLeftBehindGoesWithTheNextChangeAndNothingElse)
+{
+    ASSERT_EQ(statusOf(u"new .quillon-mine"_s), 0);
+    const QString mine = u".quillon-1.tmp .quillon-0123456789ABCDEF.tmp x.quillon-0123456789abcdef.tmp "
+                         ".quillon-0123456789abcdef.tmpx .quillon-0123456789abcdef"_s;
+    for (const QString &name : mine.split(u' '))
+        ASSERT_TRUE(put(inData(name), "mine"));
+    ASSERT_TRUE(QDir().mkdir(inData(u"Site Images"_s)) && QDir().mkdir(inData(u".quillon-mine.new"_s)));
+    const auto before = files();
+    for (const QString &folder : {u""_s, u"T.qndata/"_s, u"Site Images/"_s}) {
+        const QString left = inData(folder + u".quillon-0123456789abcdef.");
+        ASSERT_TRUE(put(left + u"tmp", "half") && put(left + u"new", "half"));
+        ASSERT_TRUE(QDir().mkpath(left + u"old/0") && put(left + u"old/0/data.qnxml", "half"));
+    }
+    ASSERT_TRUE(QDir().mkpath(inData(u".quillon-0123456789abcde0.new/0"_s)));
+    const auto left = files();
+    EXPECT_EQ(statusOf(u"list"_s), 0);
+    EXPECT_EQ(files(), left) << "what only reads changes nothing";
+    EXPECT_EQ(statusOf(u"new N"_s) + statusOf(u"delete N"_s), 0);
+    EXPECT_EQ(files(), before);
+}
+
+/// The whole circle: real titles with marks and changed sites are backed up, lost, and brought back byte for
+/// byte.
+TEST_F(CliWithTitle, BackupsBringEverythingBack)
+{
+    QDirIterator pads(QStringLiteral(QUILLON_REAL_PADS), {u"*.xml"_s}, QDir::Files);
+    while (pads.hasNext())
+        cli({u"import"_s, pads.next()});
+    run(u"sites add Mine https://mine/"_s);
+    run(u"sites remove Simtel"_s);
+    run(u"mark T Mine"_s);
+    const auto before = files();
+    const QByteArray titles = run(u"list --json"_s).output;
+    const QByteArray sites = run(u"sites --json"_s).output;
+
+    EXPECT_EQ(statusOf(u"backup titles b.swback"_s), 0);
+    EXPECT_EQ(statusOf(u"backup titles b.swback"_s), 3) << "there is one already";
+    EXPECT_EQ(statusOf(u"backup sites b.qnback"_s), 0);
+    ASSERT_TRUE(QDir().rename(mwqnAppSuppLoc, home() + u"/away"_s));
+    EXPECT_EQ(statusOf(u"backup titles empty.swback"_s), 3);
+    EXPECT_FALSE(QFile::exists(home() + u"/empty.swback"_s));
+    EXPECT_EQ(statusOf(u"restore titles b.swback"_s), 0);
+    EXPECT_EQ(statusOf(u"restore sites b.qnback"_s), 0);
+    EXPECT_EQ(files(), before);
+    EXPECT_EQ(run(u"list --json"_s).output, titles);
+    EXPECT_EQ(run(u"sites --json"_s).output, sites);
+    EXPECT_TRUE(run(u"restore titles b.swback"_s).messages.contains("No software titles were imported."));
+}
+
+TEST_F(CliWithTitle, OneBackupBringsBackWhatIsMissingAndReplacesNothing)
+{
+    const QString backup = home() + u"/b.qnall"_s;
+    ASSERT_TRUE(put(home() + u"/old.xml"_s, sample(u"old_tool.xml"_s)));
+    const auto extras = [this]() -> QByteArray {
+        return run(u"deleted --json"_s).output + run(u"history Old --json"_s).output +
+               run(u"original Old -"_s).output;
+    };
+    const QString commands =
+        u"import old.xml --as Old|set Old programVersion=4|new Gone|delete Gone|sites add Mine mine|"
+        "sites add Yours yours|sites remove Mine|backup all b.qnall"_s;
+    for (const QString &command : words(commands, u'|'))
+        ASSERT_EQ(statusOf(command), 0) << command;
+    EXPECT_EQ(statusOf(u"backup all b.qnall"_s), 3) << "there is one already";
+    EXPECT_EQ(names(backup), words(u"quillon.sqlite sites.qnback titles.swback"_s));
+    const auto before = files();
+    const QByteArray extrasBefore = extras();
+
+    ASSERT_TRUE(QDir().rename(mwqnAppSuppLoc, home() + u"/away"_s));
+    ASSERT_EQ(statusOf(u"new T"_s) + statusOf(u"set T companyName=Here"_s), 0);
+    const QString kept = inData(u"T.qndata/data.qnxml"_s);
+    const QByteArray present = contents(kept);
+    for (int turn = 0; turn < 2; ++turn) {
+        EXPECT_EQ(statusOf(u"restore all b.qnall"_s), 0);
+        EXPECT_EQ(extras(), extrasBefore);
+        EXPECT_EQ(contents(kept), present);
+        QMap<QString, QByteArray> after = files();
+        for (const QString &each : names(inData(u"T.qndata"_s)))
+            after[u"T.qndata/"_s + each] = before[u"T.qndata/"_s + each];
+        EXPECT_EQ(after, before);
+    }
+    // A database that nobody can use costs only what it holds.
+    ASSERT_TRUE(put(backup + u"/quillon.sqlite"_s, contents(backup + u"/quillon.sqlite"_s).first(9000)));
+    ASSERT_EQ(statusOf(u"delete Old"_s), 0);
+    EXPECT_EQ(statusOf(u"restore all b.qnall"_s), 4);
+    EXPECT_EQ(contents(inData(u"Old.qndata/data.qnxml"_s)), before[u"Old.qndata/data.qnxml"_s]);
+    EXPECT_EQ(statusOf(u"restore all ."_s), 4) << "that is no backup";
+}
+
+TEST_F(Cli, AListThatIsNotWholeIsAnError)
+{
+    // A folder of the older layout that is seen, and gone when its turn comes, as while another moves it.
+    ASSERT_EQ(statusOf(u"new A"_s) + statusOf(u"new B"_s), 0);
+    ASSERT_TRUE(QDir().mkpath(inData(u"Old"_s)) && put(inData(u"Old/Old.qnxmld"_s), "<a/>"));
+    for (int turn = 2; turn < 5; ++turn) {
+        const QTemporaryDir copy;
+        QProcess::execute(u"cp"_s, {u"-a"_s, home() + u"/Library"_s, copy.path()});
+        const CliResult result = runCli(copy.path(), {u"list"_s}, {}, u"lseek@%1=ENOENT"_s.arg(turn));
+        EXPECT_TRUE(result.status == 0 && result.output.contains("Old\t")) << result.messages;
+    }
+    const CliResult full = runCli(home(), {u"list"_s}, u"/dev/full"_s);
+    EXPECT_EQ(full.status, 4);
+    EXPECT_TRUE(full.messages.contains("could not be written")) << full.messages;
+}
+
+TEST_F(CliWithTitle, ADamagedDatabaseConcernsOnlyTheExtras)
+{
+    ASSERT_TRUE(put(inData(u"quillon.sqlite"_s), QByteArray(4096, '\0')));
+    const CliResult damaged = run(u"history T"_s);
+    EXPECT_EQ(damaged.status, 4);
+    EXPECT_EQ(damaged.messages.count('\n'), 1) << damaged.messages;
+    EXPECT_EQ(statusOf(u"set T programName=Two"_s), 0);
+}
+
+TEST_F(CliWithTitle, WritersWaitForTheOneThatHoldsTheFolder)
+{
+    const DataFolderLock lock;
+    const CliResult refused = run(u"delete T"_s);
+    EXPECT_EQ(refused.status, 3);
+    EXPECT_TRUE(refused.messages.contains("Quillon is running"));
+    QDir().mkpath(inData(u"Old"_s));
+    put(inData(u"Old/Old.qnxmld"_s), "");
+    EXPECT_EQ(titles().size(), 1) << "reading needs no lock, and changes nothing without";
+}
+
+TEST_F(Cli, ReadingMakesNoFolderAndAFileInItsPlaceIsToldAndLeftAlone)
+{
+    EXPECT_EQ(statusOf(u"list"_s), 0);
+    EXPECT_EQ(run(u"sites"_s).output.count('\n'), 212);
+    EXPECT_EQ(names(home()), QStringList());
+    const CliResult nowhere = runCli({}, {u"list"_s});
+    EXPECT_EQ(nowhere.status, 2);
+    EXPECT_TRUE(nowhere.messages.contains("--home needs the name of a folder."));
+
+    const QString folder = home() + u"/Library/Application Support/Marrowick";
+    ASSERT_TRUE(QDir().mkpath(folder) && put(folder + u"/Quillon", "precious"));
+    EXPECT_EQ(statusOf(u"new A"_s) + statusOf(u"list"_s), 4 + 4);
+    EXPECT_EQ(contents(folder + u"/Quillon"), "precious");
+}
+
+TEST_F(Cli, WhatWasDeletedComesBackForNinetyDays)
+{
+    const auto deleted = [this] { return run(u"deleted --json"_s).json().array(); };
+    ASSERT_TRUE(put(home() + u"/a.xml"_s, sample(u"old_tool.xml"_s)));
+    ASSERT_EQ(statusOf(u"import a.xml --as First"_s) + statusOf(u"rename First A"_s), 0);
+    ASSERT_TRUE(put(inData(u"A.qndata/notes \xff.txt"_s), "precious"));
+    const auto before = tree(inData(u"A.qndata"_s));
+    EXPECT_EQ(statusOf(u"delete A"_s), 0);
+    EXPECT_EQ(deleted()[0][u"name"_s], u"A"_s);
+    EXPECT_EQ(statusOf(u"undelete A --dry-run"_s), 0);
+    EXPECT_TRUE(titles().isEmpty());
+    EXPECT_EQ(statusOf(u"new A"_s), 0);
+    EXPECT_EQ(statusOf(u"undelete A"_s), 3);
+    EXPECT_EQ(statusOf(u"undelete A --as B"_s), 0);
+    EXPECT_EQ(tree(inData(u"B.qndata"_s)), before);
+    EXPECT_EQ(run(u"original B -"_s).output, sample(u"old_tool.xml"_s));
+    EXPECT_TRUE(deleted().isEmpty());
+
+    const auto holdsIt = [] { return contents(inData(u"quillon.sqlite"_s)).contains("precious"); };
+    ASSERT_EQ(statusOf(u"delete B"_s), 0);
+    EXPECT_TRUE(holdsIt());
+    EXPECT_EQ(statusOf(u"forget B --dry-run"_s), 0);
+    EXPECT_EQ(deleted().size(), 1);
+    EXPECT_EQ(statusOf(u"forget B"_s), 0);
+    EXPECT_EQ(statusOf(u"undelete B"_s), 3);
+    EXPECT_FALSE(holdsIt());
+
+    ASSERT_EQ(statusOf(u"sites add Mine https://mine/"_s), 0);
+    const auto sites = contents(inData(u"sites.qnrc"_s));
+    ASSERT_EQ(statusOf(u"sites remove Mine"_s), 0);
+    EXPECT_EQ(statusOf(u"undelete Mine"_s), 0);
+    EXPECT_EQ(contents(inData(u"sites.qnrc"_s)), sites);
+
+    ASSERT_EQ(statusOf(u"delete A"_s), 0);
+    ASSERT_TRUE(Journal::ofDataFolder().change([](Database &database) {
+        return database.run("UPDATE deleted_titles SET time = ?",
+                            QDateTime::currentMSecsSinceEpoch() - 91LL * 86'400'000);
+    }));
+    Journal::ofDataFolder().close();
+    EXPECT_TRUE(deleted().isEmpty());
+    // Where nothing can be kept, a title is deleted all the same.
+    QFile::remove(inData(u"quillon.sqlite"_s));
+    ASSERT_TRUE(QDir().mkdir(inData(u"quillon.sqlite"_s)));
+    ASSERT_EQ(statusOf(u"new A"_s), 0);
+    const CliResult unkept = run(u"delete A"_s);
+    EXPECT_EQ(unkept.status, 0);
+    EXPECT_TRUE(unkept.messages.contains("quillon.sqlite")) << unkept.messages;
+    EXPECT_TRUE(titles().isEmpty());
+}
+
+/// Every real PAD file comes in under a name of its own, shows what its summary elements say, and comes out
+/// so that a second home shows the same.
+TEST_F(Cli, RealFilesComeInAndGoOutAgain)
+{
+    const QDir folder(QStringLiteral(QUILLON_REAL_PADS));
+    if (!folder.exists())
+        GTEST_SKIP() << "the real PAD files are not beside the checkout: " << folder.path();
+    const QString second = home() + u"/second"_s;
+    ASSERT_TRUE(QDir().mkdir(second));
+    int imported = 0;
+    QSet<int> judgements;
+    for (const QFileInfo &file : folder.entryInfoList({u"*.xml"_s}, QDir::Files)) {
+        const CliResult first = cli({u"import"_s, file.filePath(), u"--as"_s, file.fileName()});
+        const bool isPad = contents(file.filePath()).toLower().contains("<master_pad_version_info>");
+        ASSERT_EQ(first.status, isPad ? 0 : 3) << file.fileName() << first.messages.constData();
+        if (!isPad)
+            continue;
+        ++imported;
+        judgements.insert(cli({u"check"_s, file.filePath()}).status);
+        const QString copy = home() + u"/copy.xml"_s;
+        ASSERT_EQ(cli({u"export"_s, file.fileName(), copy}).status, 0);
+        for (const QStringList &command : {QStringList{u"original"_s}, {u"export"_s, u"--merged"_s}})
+            EXPECT_EQ(cli(command + QStringList{file.fileName(), u"-"_s}).output, contents(file.filePath()));
+        ASSERT_EQ(runCli(second, {u"import"_s, copy, u"--as"_s, file.fileName()}).status, 0);
+        EXPECT_EQ(cli({u"show"_s, file.fileName(), u"--json"_s}).output,
+                  runCli(second, {u"show"_s, file.fileName(), u"--json"_s}).output);
+    }
+    EXPECT_EQ(judgements, QSet<int>({0, 1})) << "some have errors, and some have none";
+    EXPECT_EQ(titles().size(), imported);
+    EXPECT_EQ(titles(), runCli(second, {u"list"_s, u"--json"_s}).json().array());
+}
