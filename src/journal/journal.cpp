@@ -170,7 +170,7 @@ Result<> Journal::open(Database::Opening opening)
 
 Result<> Journal::accept(Database &database, Database::Opening opening)
 {
-    const Result<> header = judgeHeader(database, m_path);
+    Result<> header = judgeHeader(database, m_path);
     if (!header && (!header.isError(Error::Kind::Missing) || opening == Database::Opening::ExistingOnly))
         return header;
     if (Result<> set = database.execute(settings); !set)
