@@ -151,12 +151,6 @@ TEST_F(OverviewViewTest, FilesComeInByTheChooserAndByDropping)
     drop({padFile(u"B"_s), padFile(u"C"_s)});
     EXPECT_TRUE(answerAlert(u"OK"_s).startsWith(u"Import Successful"));
     EXPECT_EQ(titles(), QStringList({u"A"_s, u"B"_s, u"C"_s}));
-
-    drop({padFile(u"B"_s)}); // Taken: another name is asked for.
-    ASSERT_TRUE(eventually([] { return openWindow<QDialog>() != nullptr; }));
-    typeName(u"B again"_s);
-    EXPECT_TRUE(answerAlert(u"OK"_s).startsWith(u"Import Successful"));
-    EXPECT_TRUE(titles().contains(u"B again"_s));
 }
 
 TEST_F(OverviewViewTest, SelectionStaysWhileTheSubmissionWindowIsOpen)

@@ -9,6 +9,7 @@
 #include "support/accessibility.h"
 #include "support/program_test.h"
 #include "support/recorders.h"
+#include "support/tables.h"
 
 #include <QAbstractItemModelTester>
 #include <QLabel>
@@ -149,46 +150,27 @@ TEST_F(PreferencesWindowTest, ASiteIsAddedAfterEveryRefusal)
 {
     ASSERT_TRUE(site_list::write(site_list::userSites, siteList(u"<b>Mine=http://mine/")));
     reload();
-    const QString emptyNew = u"You must enter a name and URL to add an entry to the sites list"_s;
-    const QString empty = u"The name and URL fields cannot be empty"_s;
-    const QString nameExists = u"The site name already exists\nPlease enter a unique name for this site"_s;
-    const QString urlExists = u"The entered URL is already associated with the site '<b>Mine'\n"
-                              "Please enter a unique URL for this site"_s;
-    const QString bothExist =
-        u"The site name and URL you entered both exist\nPlease enter a unique name and URL"_s;
-    const auto &nameField = &PreferencesWindowTest::name;
-    const auto &urlField = &PreferencesWindowTest::url;
-    const struct
-    {
-        bool isNew;
-        QString typedName, typedUrl, message;
-        QLineEdit *(*focus)();
-        QString selected;
-    } refusals[] = {{true, u" "_s, u"a b"_s, emptyNew, nameField, u" "_s},
-                    {true, {}, {}, emptyNew, nameField, {}},
-                    {true, u"A"_s, {}, emptyNew, urlField, u"http://"_s},
-                    {true, u"<b>Mine"_s, u"a"_s, nameExists, nameField, {}},
-                    {true, u"A"_s, u"mine/"_s, urlExists, urlField, {}},
-                    {true, u"<b>Mine"_s, u"mine/"_s, bothExist, nameField, {}},
-                    {false, u" "_s, u"a"_s, empty, nameField, u" "_s},
-                    {false, u"A"_s, {}, empty, urlField, u"http://"_s}};
-    for (const auto &each : refusals) {
-        SCOPED_TRACE(each.message.toStdString() + " for " + each.typedName.toStdString());
-        each.isNew ? press(u"addSiteButton"_s) : preferences().doubleClick(0);
-        save(each.typedName, each.typedUrl);
+    for (const QStringList &row : table(u"site_refusals"_s)) {
+        const QString &typedName = row[1];
+        const QString &typedUrl = row[2];
+        const bool isNew = row[0] == u"new";
+        const auto focused = [&] { return row[4] == u"name" ? name() : url(); };
+        SCOPED_TRACE(row.join(u'|').toStdString());
+        isNew ? press(u"addSiteButton"_s) : preferences().doubleClick(0);
+        save(typedName, typedUrl);
         program().calls.pass(std::chrono::seconds(5));
         EXPECT_FALSE(panel().isVisible()) << "the sheet is still there";
-        EXPECT_EQ(answerAlert(u"OK"_s), each.message);
+        EXPECT_EQ(answerAlert(u"OK"_s), row[3]);
         program().calls.pass(resultDelay - std::chrono::milliseconds(1));
         EXPECT_FALSE(panel().isVisible());
         passDelay();
         ASSERT_TRUE(panel().isVisible());
         EXPECT_EQ(visible<QLabel>(u"addEditPanelTitle"_s)->text(),
-                  each.isNew ? u"Add A New Submission Site"_s : u"Editing Submission Site"_s);
-        EXPECT_EQ(name()->text(), each.typedName);
-        EXPECT_EQ(url()->text(), u"http://"_s + QString(each.typedUrl).replace(u' ', u"%20"_s));
-        EXPECT_TRUE(eventually([&] { return each.focus()->hasFocus(); }));
-        EXPECT_EQ(each.focus()->selectedText(), each.selected);
+                  isNew ? u"Add A New Submission Site"_s : u"Editing Submission Site"_s);
+        EXPECT_EQ(name()->text(), typedName);
+        EXPECT_EQ(url()->text(), u"http://"_s + QString(typedUrl).replace(u' ', u"%20"_s));
+        EXPECT_TRUE(eventually([&] { return focused()->hasFocus(); }));
+        EXPECT_EQ(focused()->selectedText(), row[5]);
         preferences().addEditPanel().cancelAddEditAction();
         activate(window());
     }

@@ -108,16 +108,11 @@ TEST_F(TitleStoreTest, TakesAnyNameThatStaysInTheDataFolder)
     EXPECT_EQ(contents(inData(u"Tide.qndata/data.qnxml"_s)) + contents(inData(u"F.qndata"_s)), "minefile");
 }
 
-TEST_F(TitleStoreTest, AnImportKeepsTheBytesAndFillsTheSummary)
+TEST_F(TitleStoreTest, AnImportKeepsTheBytesAndReplacesTheThreeFiles)
 {
-    const QByteArray pad =
-        "<r><Program_Version>2.0</Program_Version><Program_Release_Day>5</Program_Release_Day>"
-        "<Program_Release_Month>3</Program_Release_Month>\r\n"
-        "<Program_Release_Year>2009</Program_Release_Year>"
-        "<Program_OS_Support>Win98,Other</Program_OS_Support></r>";
+    const QByteArray pad = "<r><Program_Version>2.0</Program_Version>\r\n</r>";
     QByteArray summary = emptySummary;
-    summary.replace("_VERSION></OTS", "_VERSION>2.0</OTS").replace("_DATE></", "_DATE>5/3/2009</");
-    summary.replace("_SYSTEMS></", "_SYSTEMS>Win98,Other</");
+    summary.replace("_VERSION></OTS", "_VERSION>2.0</OTS");
     EXPECT_TRUE(Store::importExistingFile(u"T"_s, PadDocument(QByteArray("<other/>"))));
     ASSERT_TRUE(put(inData(u"T.qndata/error.log"_s), "old") && put(inData(u"T.qndata/notes"_s), "mine"));
     EXPECT_TRUE(Store::importExistingFile(u"T"_s, PadDocument(pad)));

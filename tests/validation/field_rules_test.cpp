@@ -83,35 +83,22 @@ TEST(FieldRules, JudgeChoices)
     EXPECT_EQ(checked(form), expected);
 }
 
-// clang-format off
 TEST(FieldRules, JudgeExpiry)
 {
-    const QString empty = u"The expire count should not be empty."_s;
-    const QString tooLong = u"The expire count is too long."_s;
-    const QString noBase = u"You need to select an expire base."_s;
-    const QString count = u"The expire count has been set without checking the 'Has Expire Information' checkbox."_s;
-    const QString base = u"An expire base has been set without checking the 'Has Expire Information' checkbox."_s;
-    struct Case { bool ticked; int base; qsizetype countLength; QString countMessage; QString baseMessage; };
-    const Case cases[] = {
-        {true, 1, 1, {}, {}}, {true, 1, 0, empty, {}}, {true, 1, 14, {}, {}}, {true, 1, 15, tooLong, {}},
-        {true, 0, 0, empty, noBase}, {true, -1, 2, {}, noBase}, {false, 2, 2, count, base},
-        {false, 0, 15, count, {}}, {false, 1, 0, {}, base}, {false, 0, 0, {}, {}},
-    };
-    for (const Case &each : cases) {
+    for (const QStringList &row : table(u"expiry_judged"_s)) {
         PadForm form;
         fillValidly(form);
-        form.checkBox(expireCheckBox).setOn(each.ticked);
-        form.popUp(expireBasePopUp).setIndex(each.base);
-        form.text(expireCount).setText(of(each.countLength, u'1'));
+        form.checkBox(expireCheckBox).setOn(row[0] == u"Y");
+        form.popUp(expireBasePopUp).setIndex(row[1].toInt());
+        form.text(expireCount).setText(row[2]);
         StringDictionary errors = checked(form);
-        EXPECT_EQ(form.control(expireCheckBox).caption().colour(), errors.empty() ? Colour::Black : Colour::Red);
-        EXPECT_EQ(errors[u"expireCount"_s], each.countMessage);
-        EXPECT_EQ(errors[u"expireBasePopUp"_s], each.baseMessage);
+        EXPECT_EQ(form.control(expireCheckBox).caption().colour(),
+                  errors.empty() ? Colour::Black : Colour::Red);
+        EXPECT_EQ(errors[u"expireCount"_s], row[3]);
+        EXPECT_EQ(errors[u"expireBasePopUp"_s], row[4]);
         EXPECT_EQ(errors.size(), 2U) << "an error of another field";
     }
 }
-
-// clang-format on
 
 TEST(FieldRules, ShowLengthsInTheHintsAndMarkWhatIsBeyond)
 {
@@ -229,25 +216,6 @@ TEST(FieldRules, JudgingAgainChangesNothing)
     }
     EXPECT_EQ(checked(form), errors);
     EXPECT_EQ(changes, 0);
-}
-
-TEST(FieldRules, RealFilesKeepTheirErrorsWhenWrittenAnew)
-{
-    const QStringList files = names(QStringLiteral(QUILLON_REAL_PADS));
-    if (files.isEmpty())
-        GTEST_SKIP() << "no PAD files beside the checkout";
-    qsizetype valid = 0;
-    for (const QString &file : files) {
-        PadForm form;
-        loadPADData(contents(QStringLiteral(QUILLON_REAL_PADS "/") + file), form);
-        const StringDictionary errors = checked(form);
-        PadForm again;
-        loadPADData(pad_writer::document(form), again);
-        EXPECT_EQ(checked(again), errors) << file;
-        valid += errors.empty() ? 1 : 0;
-    }
-    EXPECT_GT(valid, 0);
-    EXPECT_LT(valid, files.size());
 }
 
 TEST(FieldRules, TheWorkOfTheFullCheckGrowsWithTheTexts)
