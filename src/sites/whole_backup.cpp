@@ -43,6 +43,21 @@ void addJournal(const Result<> &part, BackupResult &whole)
             whole);
 }
 
+/// Whether the part at @p path is there; what is no folder, or a link to one, is noted and left alone.
+bool isThere(const QString &path, BackupResult &whole)
+{
+    const QFileInfo part(path);
+    if (!part.exists() && !part.isSymLink())
+        return false;
+    const bool isFolder = part.isDir() && !part.isSymLink();
+    if (!isFolder)
+        add({.outcome = BackupResult::Failed,
+             .details = {u"%1 was passed over: it is no folder"_s.arg(part.fileName())},
+             .fileFailed = true},
+            whole);
+    return isFolder;
+}
+
 /// What both ways share: titles are copied one by one, all else at the end.
 class Whole : public TitleTransfer
 {
@@ -131,7 +146,7 @@ public:
         const auto isMissing = [](const QString &title) { return !title_folder::exists(title); };
         const auto broughtIn = journal_copies::bringIn(from + journalName, isMissing);
         addJournal(broughtIn ? Result<>() : broughtIn.error(), m_result);
-        if (QFileInfo::exists(from + titlesName))
+        if (isThere(from + titlesName, m_result))
             m_titles = TitleTransfer::restore(from + titlesName);
     }
 
@@ -140,7 +155,7 @@ public:
         const BackupResult titles =
             m_titles ? m_titles->finish() : BackupResult{.outcome = BackupResult::Nothing};
         add(titles, m_result);
-        if (QFileInfo::exists(m_from + sitesName))
+        if (isThere(m_from + sitesName, m_result))
             add(backups::restoreSites(m_from + sitesName), m_result);
         if (m_result.outcome == BackupResult::Nothing)
             return {.outcome = BackupResult::Failed,

@@ -189,6 +189,8 @@ TEST_F(CliWithTitle, OneBackupBringsBackWhatIsMissingAndReplacesNothing)
     EXPECT_EQ(statusOf(u"restore all b.qnall"_s), 4);
     EXPECT_EQ(contents(inData(u"Old.qndata/data.qnxml"_s)), before[u"Old.qndata/data.qnxml"_s]);
     EXPECT_EQ(statusOf(u"restore all ."_s), 4) << "that is no backup";
+    ASSERT_TRUE(QFile::link(backup + u"/sites.qnback"_s, home() + u"/sites.qnback"_s));
+    EXPECT_TRUE(run(u"restore all ."_s).messages.contains("sites.qnback was passed over: it is no folder"));
 }
 
 TEST_F(Cli, AListThatIsNotWholeIsAnError)
