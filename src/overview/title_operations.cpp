@@ -143,7 +143,7 @@ Result<QByteArray> exportedPad(const QString &title, Export content)
         return Error{Error::Kind::Missing, title, u"there is no such title"_s};
     const auto stored = atomic_file::read(*folder + u'/' + title_folder::padFile);
     if (!stored)
-        return stored;
+        return stored.error();
     return content == Export::Merged ? mergedExport(original->bytes, *stored) : pad_writer::exported(*stored);
 }
 
