@@ -5,6 +5,7 @@
 #include "store/process_state.h"
 #include "store/storage_status.h"
 #include "submission/accessible_roles.h"
+#include "submission/author_presses.h"
 #include "submission/browser_bar.h"
 #include "submission/browser_events.h"
 #include "submission/engine_environment.h"
@@ -16,7 +17,6 @@
 #include "submission/submit_commands.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QCloseEvent>
 #include <QDialog>
 #include <QLabel>
@@ -123,32 +123,12 @@ void SubmitWindow::connectControl()
     connect(&control->fieldCopyPanel(), &FieldCopyPanel::nothingPasted, m_statusRow,
             &LoadStatusRow::showNotice);
     connect(m_events, &BrowserEvents::stateChanged, m_commands, &CommandSet::update);
-    qApp->installEventFilter(this);
+    m_presses =
+        std::make_unique<AuthorPresses>(m_qnWebView, m_popUpBrowserWindow->browser(), control->questions());
     connect(control, &SubmitControl::closePopUpWindow, this, [this] { m_qnWebView.setPasteTarget(nullptr); });
     connect(m_fieldCopyView, &FieldCopyView::pressedByKeyboard, this,
             [this] { m_qnWebView.widget().setFocus(); });
     showStates();
-}
-
-bool SubmitWindow::eventFilter(QObject *watched, QEvent *event)
-{
-    // The panel takes the focus from no page, but its window takes it from the other window. So what counts
-    // is where the author last did something.
-    if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::KeyPress) {
-        WindowBrowser &popUp = m_popUpBrowserWindow->browser();
-        const auto *widget = watched->isWidgetType() ? static_cast<const QWidget *>(watched) : nullptr;
-        const bool isMouse = event->type() == QEvent::MouseButtonPress;
-        if (popUp.widget().isAncestorOf(widget)) {
-            m_qnWebView.setPasteTarget(&popUp);
-            popUp.authorActed(isMouse);
-        } else if (m_qnWebView.widget().isAncestorOf(widget)) {
-            m_qnWebView.setPasteTarget(nullptr);
-            m_qnWebView.authorActed(isMouse);
-        }
-        if (widget && (widget->window() == this || widget->window() == m_popUpBrowserWindow.get()))
-            m_control->questions().authorActed();
-    }
-    return QMainWindow::eventFilter(watched, event);
 }
 
 void SubmitWindow::showStates()

@@ -10,6 +10,7 @@ class QStackedWidget;
 
 namespace quillon {
 
+class AuthorPresses;
 class BrowserBar;
 class BrowserEngine;
 class BrowserEvents;
@@ -48,7 +49,6 @@ public:
 
 protected:
     void closeEvent(QCloseEvent *event) override;
-    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void buildCommands();
@@ -76,6 +76,7 @@ private:
     QSplitter *m_splitter = nullptr;
     QStackedWidget *m_pageOrHint = nullptr;
     QLabel *m_notLoadedHint = nullptr;
+    std::unique_ptr<AuthorPresses> m_presses; ///< Goes first.
 };
 
 } // namespace quillon
