@@ -2,6 +2,7 @@
 
 #include <QFile>
 
+#include <algorithm>
 #include <sqlite3.h>
 
 using namespace Qt::StringLiterals;
@@ -99,12 +100,12 @@ qint64 Statement::number(int column) const
 QString Statement::text(int column) const
 {
     const bool isUtf16 = ::sqlite3_column_type(m_statement.get(), column) == SQLITE_BLOB;
-    const QByteArray stored = bytes(column);
+    const auto *stored = static_cast<const char *>(::sqlite3_column_blob(m_statement.get(), column));
+    const qsizetype size = ::sqlite3_column_bytes(m_statement.get(), column);
     if (!isUtf16)
-        return QString::fromUtf8(stored);
-    QString text(stored.size() / qsizetype(sizeof(QChar)), Qt::Uninitialized);
-    std::copy_n(stored.constData(), text.size() * qsizetype(sizeof(QChar)),
-                reinterpret_cast<char *>(text.data()));
+        return QString::fromUtf8(stored, size);
+    QString text(size / qsizetype(sizeof(QChar)), Qt::Uninitialized);
+    std::copy_n(stored, text.size() * qsizetype(sizeof(QChar)), reinterpret_cast<char *>(text.data()));
     return text;
 }
 

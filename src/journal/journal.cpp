@@ -256,7 +256,8 @@ Result<> Journal::changeExisting(const Work &work)
 Result<> Journal::read(const Work &work)
 {
     const Result<> opened = open(Database::Opening::ExistingOnly);
-    return told(path(), opened ? work(*m_database) : opened);
+    Result<> done = opened ? work(*m_database) : opened;
+    return done ? done : told(path(), std::move(done)); // What could not be written is not mended by reading.
 }
 
 } // namespace quillon

@@ -1,8 +1,11 @@
+#include "journal/history.h"
 #include "journal/journal.h"
 #include "journal/titles.h"
 #include "store/storage_status.h"
 #include "support/faults.h"
 #include "support/temporary_home.h"
+
+#include <QDateTime>
 
 namespace {
 
@@ -121,4 +124,58 @@ TEST_F(JournalTest, WhatIsNoJournalIsSetAsideWhole)
         Journal::ofDataFolder().close();
         ASSERT_TRUE(QFile::remove(inData(setAside().first())));
     }
+}
+
+TEST_F(JournalTest, WhatKeepsItFromBeingWrittenCostsTheExtrasOnly)
+{
+    ASSERT_TRUE(keep(u"A"_s));
+    const auto refusing = [](const char *what) {
+        EXPECT_FALSE(keep(u"Lost"_s)) << what;
+        EXPECT_EQ(kept(), QStringList(u"A"_s)) << what;
+        EXPECT_FALSE(failedExtrasLine().isEmpty()) << what << ": reading mends no writing";
+        EXPECT_TRUE(mwqnFailedWrites.isEmpty());
+        EXPECT_EQ(setAside(), QStringList()) << what;
+    };
+    {
+        auto other = Database::open(file(), Database::Opening::ExistingOnly);
+        ASSERT_TRUE(other && other->execute("BEGIN IMMEDIATE"));
+        refusing("locked by another program");
+    }
+    for (const char *fault : {"write+=ENOSPC", "write@2+=EIO", "fsync+=EIO"}) {
+        const FaultPlan plan(home(), fault);
+        refusing(fault);
+        EXPECT_TRUE(plan.met()) << fault;
+    }
+    EXPECT_TRUE(keep(u"B"_s));
+    EXPECT_EQ(kept(), QStringList({u"A"_s, u"B"_s}));
+    EXPECT_EQ(failedExtrasLine(), QString());
+    for (const QString &name : QDir(mwqnAppSuppLoc).entryList({u"quillon.sqlite*"_s}))
+        ASSERT_TRUE(QFile::remove(inData(name)));
+    EXPECT_TRUE(keep(u"C"_s));
+    EXPECT_EQ(kept(), QStringList(u"C"_s)) << "it was deleted while the program ran";
+    Journal::ofDataFolder().close();
+    ASSERT_TRUE(QFile::rename(file(), file() + u".old"_s) && QFile::link(file() + u".old"_s, file()));
+    EXPECT_FALSE(keep(u"D"_s)) << "what a link leads to is not ours";
+}
+
+TEST_F(JournalTest, OldHistoryIsThinnedOutButTheFileAndReleasesStay)
+{
+    const qint64 now = QDateTime::currentMSecsSinceEpoch();
+    const auto step = [](const QString &origin, qint64 time) {
+        return history::Step{origin, {}, time, {{.field = u"eula"_s, .before = u"a"_s, .after = u"b"_s}}};
+    };
+    QList<history::Step> steps = {step(history::origin::typed, 0), step(history::origin::release, 0)};
+    for (int number = 0; number < 10'100; ++number)
+        steps.append(step(history::origin::typed, now));
+    QList<history::Row> rows;
+    EXPECT_TRUE(Journal::ofDataFolder().change([&](Database &database) -> Result<> {
+        (void)history::appendImport(database, u"T"_s);
+        (void)history::append(database, u"T"_s, steps);
+        rows = history::rows(database, u"T"_s).valueOr({});
+        return {};
+    }));
+    ASSERT_EQ(rows.size(), 10'002);
+    EXPECT_EQ(rows.first().number, 10'102);
+    EXPECT_EQ(rows[10'000].origin, history::origin::release);
+    EXPECT_EQ(rows[10'001].number, 0);
 }
