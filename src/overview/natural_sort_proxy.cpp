@@ -25,13 +25,21 @@ bool NaturalSortProxy::lessThan(const QModelIndex &left, const QModelIndex &righ
     const QVariant second = right.data(sortRole());
     if (first.typeId() != QMetaType::QString)
         return QSortFilterProxyModel::lessThan(left, right);
-    const int order = m_collator.compare(first.toString(), second.toString());
+    const int order = keyOf(first.toString()).compare(keyOf(second.toString()));
     if (order != 0 || left.column() == 0)
         return order < 0;
     const auto inFirstColumn = [this](const QModelIndex &index) {
         return index.siblingAtColumn(0).data(sortRole()).toString();
     };
-    return m_collator.compare(inFirstColumn(left), inFirstColumn(right)) < 0;
+    return keyOf(inFirstColumn(left)).compare(keyOf(inFirstColumn(right))) < 0;
+}
+
+QCollatorSortKey NaturalSortProxy::keyOf(const QString &text) const
+{
+    auto found = m_keys.constFind(text);
+    if (found == m_keys.cend())
+        found = m_keys.insert(text, m_collator.sortKey(text));
+    return *found;
 }
 
 } // namespace quillon

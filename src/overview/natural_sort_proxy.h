@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QCollator>
+#include <QHash>
 #include <QSortFilterProxyModel>
 
 namespace quillon {
@@ -17,7 +18,10 @@ protected:
     [[nodiscard]] bool lessThan(const QModelIndex &left, const QModelIndex &right) const override;
 
 private:
+    [[nodiscard]] QCollatorSortKey keyOf(const QString &text) const;
+
     QCollator m_collator;
+    mutable QHash<QString, QCollatorSortKey> m_keys; ///< Sorting compares each text some twenty times.
 };
 
 } // namespace quillon

@@ -11,6 +11,7 @@
 #include <QCommandLineParser>
 #include <QDir>
 #include <QIcon>
+#include <QTimer>
 
 #include <cstdio>
 
@@ -20,6 +21,7 @@ using namespace quillon;
 namespace {
 
 constexpr int wrongUsage = 2;
+constexpr std::chrono::milliseconds untilDrawn{200}; ///< From showing the window, at a guess.
 
 /// The home folder that the command line names, or the user's own; none, with a message, for an empty name.
 std::optional<QString> homeFolder(const QApplication &application)
@@ -48,7 +50,6 @@ int main(int argc, char *argv[])
     QApplication::setApplicationDisplayName(u"Quillon"_s);
     QApplication::setApplicationVersion(application_info::version);
     QApplication::setDesktopFileName(u"quillon"_s);
-    QApplication::setWindowIcon(QIcon(u":/icons/quillon.svg"_s));
 
     const std::optional<QString> home = homeFolder(application);
     if (!home)
@@ -70,12 +71,16 @@ int main(int argc, char *argv[])
         return shown ? EXIT_SUCCESS : EXIT_FAILURE;
     }
 
-    if (lock.state() == DataFolderLock::State::Held)
-        AddDeleteImportEdit::removeUnfinished();
-
+    const bool isWriter = lock.state() == DataFolderLock::State::Held;
     Workbench workbench;
-    if (lock.state() == DataFolderLock::State::Held)
+    if (isWriter)
         workbench.listen();
     workbench.window().show();
+    // What nobody waits for: the list is to be on the screen first.
+    QTimer::singleShot(untilDrawn, &workbench.window(), [isWriter] {
+        QApplication::setWindowIcon(QIcon(u":/icons/quillon.svg"_s));
+        if (isWriter)
+            AddDeleteImportEdit::removeUnfinished();
+    });
     return QApplication::exec();
 }
