@@ -18,6 +18,7 @@
 
 #include <algorithm>
 #include <climits>
+#include <future>
 
 using namespace Qt::StringLiterals;
 
@@ -127,6 +128,9 @@ Result<Found> walkDataFolder()
     }
 }
 
+/// What readTitlesAhead() has begun and nobody has taken.
+std::future<Result<Found>> foundAhead;
+
 /// The two files of a title in a folder of the older layout.
 struct OldTitle
 {
@@ -206,9 +210,14 @@ void convert(const QStringList &oldFolders, QList<Error> &failures)
 
 } // namespace
 
+void readTitlesAhead()
+{
+    foundAhead = std::async(walkDataFolder);
+}
+
 Result<TitleList> loadTitles(OldLayout oldLayout)
 {
-    Result<Found> found = walkDataFolder();
+    Result<Found> found = foundAhead.valid() ? foundAhead.get() : walkDataFolder();
     QList<Error> failures;
     if (found && oldLayout == OldLayout::Convert && !found->oldFolders.isEmpty()) {
         convert(found->oldFolders, failures);

@@ -40,6 +40,10 @@ enum class OldLayout
 /// An error when the data folder cannot be listed; one that is not there yet has no titles.
 Result<TitleList> loadTitles(OldLayout oldLayout = OldLayout::Convert);
 
+/// Begins to look through the data folder in a thread of its own; the next loadTitles() takes what is found
+/// there. Nothing may be written in the data folder in between.
+void readTitlesAhead();
+
 /// The summary of the title @p name as it is on disk now.
 Result<Summary> loadSummary(const QString &name);
 

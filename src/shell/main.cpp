@@ -1,3 +1,4 @@
+#include "overview/title_list.h"
 #include "platform/application_info.h"
 #include "platform/settings.h"
 #include "shell/single_instance.h"
@@ -72,6 +73,7 @@ int main(int argc, char *argv[])
     }
 
     const bool isWriter = lock.state() == DataFolderLock::State::Held;
+    readTitlesAhead(); // The window is made meanwhile.
     Workbench workbench;
     if (isWriter)
         workbench.listen();
