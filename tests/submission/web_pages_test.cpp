@@ -526,6 +526,8 @@ TEST_F(WebPagesTest, ADeadRendererIsAnErrorThatReloadingMends)
 {
     for (int time = 0; time < 2; ++time) {
         ASSERT_GT(page().renderProcessPid(), 0);
+        const QByteArray status = contents(u"/proc/%1/status"_s.arg(page().renderProcessPid()));
+        EXPECT_TRUE(status.contains("Seccomp:\t2") || !sandboxWarning().isEmpty()) << status.toStdString();
         kill(pid_t(page().renderProcessPid()), SIGKILL);
         ASSERT_TRUE(waitForPage(errorTitle));
         EXPECT_TRUE(pageText().contains(u"ended unexpectedly"));
