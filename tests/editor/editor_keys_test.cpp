@@ -62,7 +62,7 @@ TEST_F(EditorViewTest, UndoAndRedoGoThroughWhatWasFiltered)
         QTest::keyClick(field, Qt::Key_Delete);
         QTest::keyClicks(field, keys);
         ASSERT_EQ(field->text(), text);
-        const auto goThrough = [this, field, id = id](auto move, const QString &end) {
+        const auto goThrough = [field, id = id](auto move, const QString &end) {
             for (int step = 0; step < 9 && field->text() != end; ++step) {
                 const QString before = field->text();
                 move();
