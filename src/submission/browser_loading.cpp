@@ -69,7 +69,7 @@ Result<BrowserModule *> loadBrowserModule(const QString &path)
     QLoggingCategory::setFilterRules(u"qt.webenginecontext.info=false\nqt.webenginecontext.debug=false"_s);
     shareOpenGlContext();
     QPluginLoader loader(path);
-    loader.setLoadHints(QLibrary::ResolveAllSymbolsHint | QLibrary::PreventUnloadHint);
+    loader.setLoadHints(QLibrary::PreventUnloadHint);
     if (!loader.load())
         return cannotLoad(path, loader.errorString());
     auto *module = qobject_cast<BrowserModule *>(loader.instance());
