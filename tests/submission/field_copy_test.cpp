@@ -1,12 +1,7 @@
 #include "submission/field_copy.h"
-#include "support/printing.h"
+#include "support/testing.h"
 
 #include <QSet>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-using namespace quillon;
 
 namespace {
 

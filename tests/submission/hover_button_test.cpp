@@ -5,12 +5,9 @@
 #include "submission/load_progress.h"
 #include "submission/prog_view.h"
 #include "support/gui.h"
-#include "support/printing.h"
+#include "support/testing.h"
 
 #include <QEnterEvent>
-
-using namespace Qt::StringLiterals;
-using namespace quillon;
 
 static void enter(QWidget &widget)
 {

@@ -2,14 +2,9 @@
 #include "submission/fakes.h"
 #include "submission/load_errors.h"
 #include "submission/paste_queue.h"
-#include "support/printing.h"
+#include "support/testing.h"
 
 #include <QStringList>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-using namespace quillon;
 
 /// A page that notes what is begun there, with what the clipboard holds then.
 struct FakeTarget final : PasteTarget

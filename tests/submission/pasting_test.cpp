@@ -2,9 +2,6 @@
 #include "submission/pop_up_window.h"
 #include "submission/submit_window_fixture.h"
 
-using namespace Qt::StringLiterals;
-using namespace quillon;
-
 /// Where values go that the panel pastes, and where not.
 class PastingTest : public SubmitWindowTest
 {

@@ -5,9 +5,6 @@
 
 #include <QSet>
 
-using namespace Qt::StringLiterals;
-using namespace quillon;
-
 namespace {
 
 StringDictionary defaults()

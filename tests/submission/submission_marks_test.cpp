@@ -1,11 +1,6 @@
 #include "store/summary_file.h"
 #include "submission/submission_marks.h"
-#include "support/printing.h"
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-using namespace quillon;
+#include "support/testing.h"
 
 namespace {
 

@@ -8,9 +8,6 @@
 #include "support/gui.h"
 #include "support/web_server.h"
 
-using namespace Qt::StringLiterals;
-using namespace quillon;
-
 /// Submitting in a process that has started without a web engine, as the program does.
 class SubmissionOpenerTest : public DataFolderTest
 {

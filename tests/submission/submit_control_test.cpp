@@ -10,9 +10,6 @@
 #include <QDir>
 #include <QSignalSpy>
 
-using namespace Qt::StringLiterals;
-using namespace quillon;
-
 namespace {
 
 /// A control over three sites, with a title selected that is marked for one.

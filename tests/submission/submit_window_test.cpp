@@ -13,9 +13,6 @@
 #include <QToolButton>
 #include <QToolTip>
 
-using namespace Qt::StringLiterals;
-using namespace quillon;
-
 TEST_F(SubmitWindowTest, ThePanelFillsFieldsOfEveryKind)
 {
     const std::tuple<QString, QString, QString> cases[] = {

@@ -18,9 +18,6 @@
 
 #include <csignal>
 
-using namespace Qt::StringLiterals;
-using namespace quillon;
-
 /// How the window treats pages of every kind.
 class WebPagesTest : public SubmitWindowTest
 {
