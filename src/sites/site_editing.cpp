@@ -1,7 +1,7 @@
 #include "sites/site_editing.h"
 
-#include "platform/property_list.h"
 #include "journal/deleted_items.h"
+#include "platform/property_list.h"
 #include "platform/regex.h"
 #include "sites/site_renaming.h"
 #include "store/process_state.h"

@@ -1,0 +1,251 @@
+#include "platform/plain_text.h"
+#include "platform/web_address.h"
+#include "submission/address_catcher.h"
+#include "submission/engine_environment.h"
+#include "submission/pop_up_window.h"
+#include "submission/web_engine_page.h"
+#include "submission/web_pages_fixture.h"
+#include "widgets/qt_desktop.h"
+
+#include <QSslKey>
+#include <QSslServer>
+#include <QSslSocket>
+#include <QTextDocument>
+#include <QWebEngineCertificateError>
+#include <QWebEngineClientCertificateStore>
+#include <QWebEngineProfile>
+
+TEST_F(WebPagesTest, ASiteThatWantsALogInIsAskedOnce)
+{
+    server.serve(u"/private"_s,
+                 {"<p>Members only</p>", "text/html", "401 No", "WWW-Authenticate: Basic realm=\"x\"\r\n"});
+    visit(server.url(u"/private"_s));
+    EXPECT_TRUE(eventually([] { return pageText().contains(u"Members only"); }));
+    EXPECT_EQ(server.count(u"/private"_s), 1);
+}
+
+TEST_F(WebPagesTest, PagesGoToPagesOfTheWebOnly)
+{
+    AddressCatcher catcher;
+    ASSERT_TRUE(open(u"/windows.html"_s));
+    const struct
+    {
+        QString address;
+        bool isTold; // Else the engine refuses it before it asks.
+    } cases[] = {{u"mailto:a@host.example"_s, true},
+                 {u"smb://host.example/x"_s, true},
+                 {u"tel:110"_s, true},
+                 {u"data:text/html,x"_s, false},
+                 {u"qrc:/icons/quillon.svg"_s, false},
+                 {u"file:///etc/hostname"_s, false},
+                 {u"chrome://version"_s, false},
+                 {u"view-source:about:blank"_s, false},
+                 {u"devtools://devtools"_s, false}};
+    for (const auto &[address, isTold] : cases) {
+        visible<QLabel>(u"notice"_s)->clear();
+        ask(u"Object.assign(document.createElement('a'), { href: '%1' }).click(); 0"_s.arg(address));
+        const QString kind = u"“%1:”"_s.arg(QUrl(address).scheme());
+        EXPECT_TRUE(!isTold || eventually([&] {
+            return visible<QLabel>(u"notice"_s)->text().contains(kind);
+        })) << address.toStdString();
+        EXPECT_EQ(ask(u"document.title"_s), u"Windows"_s) << address.toStdString();
+    }
+    EXPECT_EQ(catcher.opened, QStringList());
+}
+
+TEST_F(WebPagesTest, ServersAreKnownByGoodCertificatesAndLearnNoneOfTheAuthors)
+{
+    QFile file(QStringLiteral(QUILLON_SAMPLES "/self_signed.pem"));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray pem = file.readAll();
+    const QSslCertificate certificate(pem);
+    const QSslKey key(pem, QSsl::Ec);
+    QSslServer secure;
+    QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
+    configuration.setLocalCertificate(certificate);
+    configuration.setPrivateKey(key);
+    configuration.setPeerVerifyMode(QSslSocket::QueryPeer);
+    secure.setSslConfiguration(configuration);
+    int answered = 0;
+    QObject::connect(&secure, &QTcpServer::pendingConnectionAvailable, &secure, [&] {
+        auto *connection = static_cast<QSslSocket *>(secure.nextPendingConnection());
+        QObject::connect(connection, &QIODevice::readyRead, connection, [&, connection] {
+            ++answered;
+            EXPECT_TRUE(connection->peerCertificate().isNull());
+            connection->write("HTTP/1.1 200 OK\r\nContent-Length: 21\r\n\r\n<title>Secret</title>");
+        });
+    });
+    ASSERT_TRUE(secure.listen(QHostAddress::LocalHost));
+    const QString address = u"https://127.0.0.1:%1/"_s.arg(secure.serverPort());
+    visit(address);
+    ASSERT_TRUE(waitForPage(errorTitle));
+    EXPECT_TRUE(pageText().contains(u"ERR_CERT_AUTHORITY_INVALID")) << pageText().toStdString();
+    EXPECT_EQ(answered, 0);
+
+    int asked = 0;
+    QObject::connect(&page(), &QWebEnginePage::selectClientCertificate, &secure, [&asked] { ++asked; });
+    page().profile()->clientCertificateStore()->add(certificate, key);
+    QObject::connect(&page(), &QWebEnginePage::certificateError, &secure,
+                     [](QWebEngineCertificateError error) { error.acceptCertificate(); });
+    visit(address);
+    EXPECT_TRUE(waitForPage(u"Secret")) << pageText().toStdString();
+    EXPECT_GT(answered, 0);
+    EXPECT_GT(asked, 0) << "there was one to send";
+}
+
+TEST_F(WebPagesTest, PagesGetNothingFromTheDesktop)
+{
+    QApplication::clipboard()->setText(u"secret"_s);
+    server.serve(u"/worker.js"_s, {";", "text/javascript"});
+    ASSERT_TRUE(open(u"/curious.html"_s));
+    click(u"ask"_s);
+    for (const QString &what : {u"save"_s, u"clipboard"_s, u"execPaste"_s, u"file"_s, u"place"_s, u"camera"_s,
+                                u"notification"_s, u"fullscreen"_s, u"mouse"_s, u"screen"_s, u"midi"_s,
+                                u"quota"_s, u"program"_s, u"disk"_s, u"worker"_s})
+        EXPECT_EQ(posted(what), u"refused"_s) << what.toStdString();
+    EXPECT_EQ(page().title(), u"Curious"_s);
+}
+
+TEST_F(WebPagesTest, AFrameFromElsewhereStoresNothing)
+{
+    server.serve(u"/store"_s,
+                 {"<script>document.cookie = 'a=1; SameSite=None; Secure'; let kept = '';"
+                  "try { localStorage.a = 1; kept = 'local'; } catch {}"
+                  "const tell = more => top.postMessage(`${document.cookie} ${kept} ${more}`, '*');"
+                  "const ask = indexedDB.open('a'); ask.onsuccess = () => tell('database'); ask.onerror = () "
+                  "=> tell('')</script>"});
+    for (const auto &[host, stored] :
+         {std::pair(u"127.0.0.1"_s, u"a=1 local database"_s), {u"localhost"_s, u"  "_s}}) {
+        const QString frame = server.url(u"/store"_s).replace(u"127.0.0.1"_s, host);
+        server.serve(u"/around"_s,
+                     {"<title>Around</title><script>told = ''; onmessage = event => told = event.data"
+                      "</script><iframe src='" +
+                      frame.toUtf8() + "'></iframe>"});
+        ASSERT_TRUE(open(u"/around"_s));
+        EXPECT_TRUE(eventually([] { return !ask(u"told"_s).toString().isEmpty(); }));
+        EXPECT_EQ(ask(u"told"_s), stored) << host.toStdString();
+    }
+}
+
+TEST_F(WebPagesTest, WhatPagesStoreIsBoundedAndCanBeCleared)
+{
+    const QString kept = u"document.cookie + localStorage.a"_s;
+    const QDir folder(QFileInfo(settings().fileName()).path() + u"/Quillon-web"_s);
+    ASSERT_TRUE(open(u"/windows.html"_s));
+    ask(u"document.cookie = 'a=1; max-age=9999'; localStorage.a = 2; 0"_s);
+    window().findChild<QAction *>(u"clearPagesData"_s)->trigger();
+    answerAlert(u"Cancel"_s);
+    ASSERT_TRUE(open(u"/windows.html"_s));
+    EXPECT_EQ(ask(kept), u"a=12"_s);
+    window().findChild<QAction *>(u"clearPagesData"_s)->trigger();
+    answerAlert(u"Clear"_s);
+    ASSERT_TRUE(waitForPage(u"Windows")) << "the page is loaded anew";
+    EXPECT_EQ(ask(kept), u"undefined"_s);
+
+    ask(u"document.cookie = 'a=1; max-age=9999'; 0"_s);
+    ask(u"caches.open('a').then(all => all.put('/a', new Response(new Uint8Array(70e6)))); 0"_s);
+    ASSERT_TRUE(waitForPage(errorTitle));
+    EXPECT_TRUE(pageText().contains(u"stored more than 64 MB"));
+    const QString left = folder.filePath(u"3/offered/1.download"_s); // Of a run that was killed.
+    ASSERT_TRUE(folder.mkpath(u"3/offered"_s) && put(left, "x"));
+    start();
+    EXPECT_FALSE(QFile::exists(left));
+    ASSERT_TRUE(open(u"/windows.html"_s));
+    EXPECT_EQ(ask(kept), u"undefined"_s);
+    EXPECT_EQ(folder.entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), QStringList(u"3"_s));
+}
+
+TEST(WebEngineEnvironmentTest, OpensNoPagesToOthersAndHidesNoMissingSandbox)
+{
+    const struct
+    {
+        const char *variable, *value;
+        bool stays, warns;
+    } cases[] = {
+        {"QTWEBENGINE_REMOTE_DEBUGGING", "9222", false, false},
+        {"QTWEBENGINEPROCESS_PATH", "/bin/false", false, false},
+        {"QTWEBENGINE_CHROMIUM_FLAGS", "--no-sandbox --remote-debugging-port=9222", false, false},
+        {"QTWEBENGINE_CHROMIUM_FLAGS", "--remote-deb\"ugging-pipe\"", false, false},
+        {"QTWEBENGINE_CHROMIUM_FLAGS", "--disable-gpu", true, false},
+        {"QTWEBENGINE_CHROMIUM_FLAGS", "--no\"-sandbox\"", true, true},
+        {"QTWEBENGINE_DISABLE_SANDBOX", "1", true, true},
+    };
+    const QByteArray before = qgetenv("QTWEBENGINE_DISABLE_SANDBOX");
+    qunsetenv("QTWEBENGINE_DISABLE_SANDBOX");
+    for (const auto &each : cases) {
+        qputenv(each.variable, each.value);
+        closeToOthers();
+        EXPECT_EQ(qEnvironmentVariableIsSet(each.variable), each.stays) << each.value;
+        EXPECT_EQ(sandboxWarning(false).isEmpty(), !each.warns) << each.value;
+        qunsetenv(each.variable);
+    }
+    EXPECT_FALSE(sandboxWarning(true).isEmpty());
+    if (!before.isEmpty())
+        qputenv("QTWEBENGINE_DISABLE_SANDBOX", before);
+}
+
+TEST_F(WebPagesTest, WindowsOpenForThePressesOfTheAuthorOnly)
+{
+    const QString popUp = u"popUpWebView"_s;
+    auto *filter = visible<QLineEdit>(u"sitesFilter"_s);
+    ASSERT_TRUE(open(u"/windows.html"_s));
+    ask(u"tries = 0; setInterval(() => { ++tries; open('/form.html'); document.forms[0].submit();"
+        "document.links[0].dispatchEvent(new MouseEvent('click', { ctrlKey: true })); }, 50); 0"_s);
+    filter->setFocus();
+    EXPECT_TRUE(eventually([] { return ask(u"tries"_s).toInt() > 5; }));
+    EXPECT_EQ(openWindow<PopUpWindow>(), nullptr);
+
+    ASSERT_TRUE(open(u"/windows.html"_s));
+    click(u"text"_s);
+    ask(u"onclick = () => setTimeout(() => [1, 2, 3].forEach(() => open('/windows.html?again')), 300); 0"_s);
+    click(u"text"_s);
+    filter->setFocus();
+    ASSERT_TRUE(eventually([] { return openWindow<PopUpWindow>() != nullptr; }));
+    EXPECT_EQ(QApplication::focusWidget(), filter) << "what the author types in keeps the keyboard";
+    ASSERT_TRUE(waitForPage(u"Windows", popUp));
+    const QString host = unmistakableHost(QUrl(server.url({})));
+    EXPECT_EQ(openWindow<PopUpWindow>()->windowTitle(), host + u" – “Windows”");
+    ask(u"document.title = 'Quillon\\u202e[*]' + 'x'.repeat(300)"_s, popUp);
+    EXPECT_TRUE(eventually(
+        [&] { return openWindow<PopUpWindow>()->windowTitle().startsWith(host + u" – “Quillon [*]"); }));
+    EXPECT_LT(openWindow<PopUpWindow>()->windowTitle().size(), 150);
+    const QWidget *panel = visible<QWidget>(u"fieldCopyPanel"_s);
+    EXPECT_FALSE(openWindow<PopUpWindow>()->frameGeometry().intersects(
+        QRect(panel->mapToGlobal(QPoint()), panel->size())))
+        << "the window lies beside the panel that it needs";
+}
+
+TEST_F(WebPagesTest, WhatAPageSaysIsNoMarkup)
+{
+    ASSERT_TRUE(open(u"/windows.html"_s));
+    ask(u"setTimeout(() => alert('<a href=\"file:///\">Go</a> <img src=\"/etc/x.png\">')); 0"_s);
+    ASSERT_TRUE(eventually([] { return openWindow<QMessageBox>() != nullptr; }));
+    for (const QLabel *label : openWindow<QMessageBox>()->findChildren<QLabel *>())
+        EXPECT_EQ(label->textFormat(), Qt::PlainText) << label->text().toStdString();
+    answerAlert(u"OK"_s);
+
+    AddressCatcher catcher;
+    for (const QString &scheme : AddressCatcher::schemes())
+        QtDesktop().openWebAddress(QUrl(scheme + u"://host.example/x"_s));
+    EXPECT_EQ(catcher.opened, QStringList({u"ftp://host.example/x"_s, u"http://host.example/x"_s,
+                                           u"https://host.example/x"_s}));
+    for (const QString &text : {u"a\nb"_s, u"  two  blanks"_s, u"<b>&amp;"_s}) {
+        QTextDocument document;
+        document.setHtml(plainToolTip(text));
+        EXPECT_EQ(document.toPlainText(), text);
+    }
+}
+
+TEST_F(WebPagesTest, APageThatDoesNotAnswerCanBeEnded)
+{
+    ASSERT_TRUE(open(u"/windows.html"_s));
+    ask(u"setTimeout(() => { for (;;); }); 0"_s);
+    auto *end = window().findChild<QPushButton *>(u"endPageButton"_s);
+    ASSERT_TRUE(eventually([end] { return end->isVisible(); }));
+    QTest::mouseClick(end, Qt::LeftButton);
+    ASSERT_TRUE(waitForPage(errorTitle));
+    EXPECT_TRUE(pageText().contains(u"was ended"));
+    EXPECT_FALSE(end->isVisible());
+    QTest::keyClick(&window(), Qt::Key_F5);
+    EXPECT_TRUE(waitForPage(u"Windows"));
+}
