@@ -193,6 +193,31 @@ TEST_F(CliWithTitle, OneBackupBringsBackWhatIsMissingAndReplacesNothing)
     EXPECT_TRUE(run(u"restore all ."_s).messages.contains("sites.qnback was passed over: it is no folder"));
 }
 
+TEST_F(Cli, WhatTheDatabaseIsGoodForLeavesNoTraceInTheFiles)
+{
+    ASSERT_TRUE(put(home() + u"/old.xml"_s, sample(u"old_tool.xml"_s)));
+    const auto filesAfter = [this](const QString &commands) {
+        for (const QString &command : words(commands, u'|'))
+            EXPECT_EQ(statusOf(command), 0) << command;
+        return files();
+    };
+    const auto used = filesAfter(
+        u"import old.xml --as A|set A programName=One|set A programName=Two|restore-text A programName --to "
+        u"1|"
+        "set A eula=Free|restore-title A --to 1|original A o.xml|export --merged A m.xml|rename A B|"
+        "mark B Simtel|delete B|undelete B|new C|delete C|forget C|sites add Mine mine|sites remove Mine|"
+        "undelete Mine|backup all b|restore all b|set B eula=Last"_s);
+    for (const QString &file : QDir(mwqnAppSuppLoc).entryList({u"quillon.sqlite*"_s}))
+        EXPECT_TRUE(QFile::remove(inData(file)));
+    EXPECT_EQ(filesAfter(u"list|show B"_s), used);
+    ASSERT_TRUE(QDir().rename(mwqnAppSuppLoc, home() + u"/used"_s));
+    ASSERT_TRUE(QDir().mkpath(inData(u"quillon.sqlite"_s))); // Nothing can be kept.
+    EXPECT_EQ(filesAfter(u"import old.xml --as A|set A programName=One|set A programName=Two|"
+                         "set A programName=One|set A eula=Free|set A eula=|rename A B|mark B Simtel|"
+                         "sites add Mine mine|set B eula=Last"_s),
+              used);
+}
+
 TEST_F(Cli, AListThatIsNotWholeIsAnError)
 {
     // A folder of the older layout that is seen, and gone when its turn comes, as while another moves it.
