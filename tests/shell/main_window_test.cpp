@@ -166,7 +166,7 @@ TEST_F(MainWindowTest, UndoGoesBackThroughFieldsAndRuns)
     const auto field = [this](FieldId id) {
         return window().findChild<QWidget *>(padField(id).control.toString());
     };
-    const auto key = [](QKeySequence keys) { QTest::keySequence(QApplication::focusWidget(), keys); };
+    const auto key = [](const QKeySequence &keys) { QTest::keySequence(QApplication::focusWidget(), keys); };
     const auto value = [this](const QByteArray &element) {
         const QByteArray pad = contents(inData(u"A.qndata/data.qnxml"_s));
         const qsizetype start = pad.indexOf(QByteArray('<' + element + '>')) + element.size() + 2;
