@@ -50,7 +50,9 @@ void checkWebsite(const TypingRule &rule, TextControl &control)
 void checkOtherPrice(PadForm &form, ErrorPass &errors)
 {
     const Verdict verdict = otherPriceVerdict(form);
-    form.control(FieldId::otherPrice).caption().setColour(verdict.acceptable ? Colour::Black : Colour::Red);
+    form.control(FieldId::otherPrice)
+        .caption()
+        .setColour(verdict.isAcceptable() ? Colour::Black : Colour::Red);
     report(FieldId::otherPrice, verdict, form, errors);
 }
 
@@ -142,7 +144,7 @@ void reportReleaseDate(const FieldRule &rule, PadForm &form, ErrorPass &errors)
 {
     const bool empty = form.text(rule.field).text().isEmpty();
     const QString message = mwqnErrorMessagesEmpty().value(padField(rule.field).messageKey.toString());
-    report(rule.field, {!empty, empty ? QStringView(message) : QStringView()}, form, errors);
+    report(rule.field, empty ? Verdict{Fault::Missing, message} : Verdict(), form, errors);
 
     Caption &caption = form.control(rule.field).caption();
     const auto date = fields::between(FieldId::releaseDateDay, FieldId::releaseDateYear);
@@ -217,7 +219,7 @@ void checkEntries(PadForm &form, ErrorPass &errors)
     QSet<const Caption *> redCaptions; // Several fields may share one; it is red when any of them is wrong.
     for (const FieldRule &rule : table) {
         const auto &verdict = verdicts[size_t(rule.field)] = summaryVerdict(rule, form);
-        if (verdict && !verdict->acceptable)
+        if (verdict && !verdict->isAcceptable())
             redCaptions.insert(&form.control(rule.field).caption());
     }
     for (const FieldRule &rule : table) {

@@ -17,26 +17,13 @@ using Kind = SummaryRule::Kind;
 
 constexpr Verdict accepted = {};
 
-constexpr Verdict rejected(QStringView message)
+constexpr Verdict acceptedIf(bool acceptable, Fault otherwise, QStringView message)
 {
-    return {false, message};
-}
-
-constexpr Verdict acceptedIf(bool acceptable, QStringView otherwise)
-{
-    return acceptable ? accepted : rejected(otherwise);
-}
-
-/// The longest that @p text may be, its prefix included.
-int limitFor(const SummaryRule &rule, const QString &text)
-{
-    const auto begins = [&text](QStringView prefix) { return text.startsWith(prefix); };
-    const auto prefix = std::find_if(rule.prefixes.begin(), rule.prefixes.end(), begins);
-    return rule.bounds.max + (prefix == rule.prefixes.end() ? 0 : int(prefix->size()));
+    return acceptable ? accepted : Verdict{otherwise, message};
 }
 
 /// Shows the hint with the length; without it for an empty text, except of a web address.
-void showLength(const SummaryRule &rule, int limit, TextControl &control)
+void showLength(const SummaryRule &rule, TextControl &control)
 {
     const qsizetype length = control.text().size();
     if (rule.hint.isEmpty())
@@ -45,109 +32,118 @@ void showLength(const SummaryRule &rule, int limit, TextControl &control)
         control.setHint(rule.hint.toString());
     else
         control.setHint(rule.hint + u"        "_s + QString::number(length) + u" / "_s +
-                        QString::number(limit));
+                        QString::number(limitFor(rule, control.text())));
 }
 
-Verdict length(const FieldRule &field, TextControl &control)
+/// Colours a text of several lines and shows its length; puts an e-mail address in order and colours it;
+/// shows no size where there are no bytes.
+void show(const FieldRule &field, const Verdict &verdict, PadForm &form)
 {
     const SummaryRule &rule = field.summary;
-    const QString text = control.text();
-    const int limit = limitFor(rule, text);
-    if (padField(field.field).kind == FieldKind::MultiLine)
-        control.setColours(UniversalConverters::lengthColours(text.size(), {rule.bounds.min, limit}));
-    showLength(rule, limit, control);
-    if (text.isEmpty() && rule.emptyAllowed)
-        return accepted;
-    if (text.size() < rule.bounds.min)
-        return rejected(rule.tooShort);
-    return acceptedIf(text.size() <= limit, rule.tooLong);
+    if (rule.kind == Kind::Length || rule.kind == Kind::WebAddress) {
+        TextControl &control = form.text(field.field);
+        if (padField(field.field).kind == FieldKind::MultiLine)
+            control.setColours(UniversalConverters::lengthColours(
+                control.text().size(), {rule.bounds.min, limitFor(rule, control.text())}));
+        showLength(rule, control);
+    } else if (rule.kind == Kind::Email) {
+        TextControl &control = form.text(field.field);
+        control.setText(control.text().remove(u' '));
+        control.setWholeTextColour(verdict.isAcceptable() ? Colour::Black : Colour::Red);
+    } else if (rule.kind == Kind::Size && !verdict.isAcceptable()) {
+        file_size::showInitial(form);
+    }
 }
 
-Verdict email(const SummaryRule &rule, TextControl &control)
+Verdict length(const SummaryRule &rule, const QString &text)
 {
-    control.setText(control.text().remove(u' '));
-    const bool acceptable = UniversalConverters::isEmailAddress(field_rules::emailBounds, control.text());
-    control.setWholeTextColour(acceptable ? Colour::Black : Colour::Red);
-    return acceptedIf(acceptable, rule.unfit);
-}
-
-Verdict webAddress(const SummaryRule &rule, TextControl &control)
-{
-    const QString text = control.text();
-    const int limit = limitFor(rule, text);
-    showLength(rule, limit, control);
     if (text.isEmpty())
-        return acceptedIf(rule.emptyAllowed, rule.tooShort);
+        return acceptedIf(rule.emptyAllowed || rule.bounds.min == 0, Fault::Missing, rule.tooShort);
+    if (text.size() < rule.bounds.min)
+        return {Fault::TooShort, rule.tooShort};
+    return acceptedIf(text.size() <= limitFor(rule, text), Fault::TooLong, rule.tooLong);
+}
+
+Verdict email(const SummaryRule &rule, QString text)
+{
+    text.remove(u' ');
+    return acceptedIf(UniversalConverters::isEmailAddress(field_rules::emailBounds, text),
+                      text.isEmpty() ? Fault::Missing : Fault::Unfit, rule.unfit);
+}
+
+Verdict webAddress(const SummaryRule &rule, const QString &text)
+{
+    if (text.isEmpty())
+        return acceptedIf(rule.emptyAllowed, Fault::Missing, rule.tooShort);
     // The limit itself is too long already: kept on purpose.
-    if (text.size() >= limit)
-        return rejected(rule.tooLong);
+    if (text.size() >= limitFor(rule, text))
+        return {Fault::TooLong, rule.tooLong};
     const auto ends = [&text](QStringView ending) { return text.endsWith(ending); };
     return acceptedIf(rule.endings.empty() || std::any_of(rule.endings.begin(), rule.endings.end(), ends),
-                      rule.unfit);
+                      Fault::Unfit, rule.unfit);
 }
 
 Verdict releaseDate(const SummaryRule &rule, const QString &text)
 {
     if (text.isEmpty())
-        return rejected(rule.tooShort);
+        return {Fault::Missing, rule.tooShort};
     // There is no text for a number out of range, so that the log keeps what it says.
-    return acceptedIf(rule.bounds.hold(numbers::integerAtStart(text)), {});
+    return acceptedIf(rule.bounds.hold(numbers::integerAtStart(text)), Fault::OutOfRange, {});
 }
 
 Verdict expireDate(const SummaryRule &rule, const QString &text)
 {
     const int value = numbers::integerAtStart(text);
-    return acceptedIf(value <= 0 || rule.bounds.hold(value), rule.unfit);
-}
-
-Verdict size(const SummaryRule &rule, PadForm &form)
-{
-    if (!form.text(FieldId::sizeInBytes).text().isEmpty())
-        return accepted;
-    file_size::showInitial(form);
-    return rejected(rule.tooShort);
+    return acceptedIf(value <= 0 || rule.bounds.hold(value), Fault::OutOfRange, rule.unfit);
 }
 
 Verdict expireCount(const SummaryRule &rule, const PadForm &form)
 {
     const qsizetype length = form.text(FieldId::expireCount).text().size();
     if (!form.checkBox(FieldId::expireCheckBox).isOn())
-        return acceptedIf(length == 0, rule.unfit);
+        return acceptedIf(length == 0, Fault::Unasked, rule.unfit);
     if (length < rule.bounds.min)
-        return rejected(rule.tooShort);
-    return acceptedIf(length <= rule.bounds.max, rule.tooLong);
+        return {Fault::Missing, rule.tooShort};
+    return acceptedIf(length <= rule.bounds.max, Fault::TooLong, rule.tooLong);
 }
 
 Verdict expireBase(const SummaryRule &rule, const PadForm &form)
 {
     const bool chosen = form.popUp(FieldId::expireBasePopUp).isSet();
     if (!form.checkBox(FieldId::expireCheckBox).isOn())
-        return acceptedIf(!chosen, rule.unfit);
-    return acceptedIf(chosen, rule.tooShort);
+        return acceptedIf(!chosen, Fault::Unasked, rule.unfit);
+    return acceptedIf(chosen, Fault::Missing, rule.tooShort);
 }
 
 /// The check box's title is red when the count or the base is wrong; it has no error of its own.
 Verdict expireTitle(const PadForm &form)
 {
-    return acceptedIf(expireCount(field_rules::of(FieldId::expireCount).summary, form).acceptable &&
-                          expireBase(field_rules::of(FieldId::expireBasePopUp).summary, form).acceptable,
-                      {});
+    const Verdict count = expireCount(field_rules::of(FieldId::expireCount).summary, form);
+    const Verdict base = expireBase(field_rules::of(FieldId::expireBasePopUp).summary, form);
+    return {count.isAcceptable() ? base.fault : count.fault, {}};
 }
 
 } // namespace
 
-std::optional<Verdict> summaryVerdict(const FieldRule &field, PadForm &form)
+int limitFor(const SummaryRule &rule, QStringView text)
+{
+    const auto begins = [text](QStringView prefix) { return text.startsWith(prefix); };
+    const auto prefix = std::find_if(rule.prefixes.begin(), rule.prefixes.end(), begins);
+    return rule.bounds.max + (prefix == rule.prefixes.end() ? 0 : int(prefix->size()));
+}
+
+std::optional<Verdict> judged(const FieldRule &field, const PadForm &form)
 {
     const SummaryRule &rule = field.summary;
     switch (rule.kind) {
     case Kind::None:
         return std::nullopt;
     case Kind::Length:
-        return length(field, form.text(field.field));
+        return length(rule, form.text(field.field).text());
     case Kind::Email:
-        return email(rule, form.text(field.field));
+        return email(rule, form.text(field.field).text());
     case Kind::WebAddress:
-        return webAddress(rule, form.text(field.field));
+        return webAddress(rule, form.text(field.field).text());
     case Kind::ReleaseDate:
         return releaseDate(rule, form.text(field.field).text());
     case Kind::ExpireDate:
@@ -157,11 +153,12 @@ std::optional<Verdict> summaryVerdict(const FieldRule &field, PadForm &form)
             return std::nullopt;
         return otherPriceVerdict(form);
     case Kind::Size:
-        return size(rule, form);
+        return acceptedIf(!form.text(field.field).text().isEmpty(), Fault::Missing, rule.tooShort);
     case Kind::Choice:
-        return acceptedIf(form.popUp(field.field).isSet(), rule.tooShort);
+        return acceptedIf(form.popUp(field.field).isSet(), Fault::Missing, rule.tooShort);
     case Kind::Ticked:
-        return acceptedIf(form.checkList(field.field).states().contains(u"1"_s), rule.tooShort);
+        return acceptedIf(form.checkList(field.field).states().contains(u"1"_s), Fault::Missing,
+                          rule.tooShort);
     case Kind::ExpireCount:
         return expireCount(rule, form);
     case Kind::ExpireBase:
@@ -172,18 +169,28 @@ std::optional<Verdict> summaryVerdict(const FieldRule &field, PadForm &form)
     return std::nullopt;
 }
 
+std::optional<Verdict> summaryVerdict(const FieldRule &field, PadForm &form)
+{
+    std::optional<Verdict> verdict = judged(field, form);
+    if (verdict)
+        show(field, *verdict, form);
+    return verdict;
+}
+
 Verdict otherPriceVerdict(const PadForm &form)
 {
     const bool hasPrice = !form.text(FieldId::otherPrice).text().isEmpty();
     const bool hasCurrency = form.popUp(FieldId::otherPricePopUp).isSet();
-    return acceptedIf(hasPrice == hasCurrency, field_rules::of(FieldId::otherPrice).summary.unfit);
+    // "Missing" is the price, "Unfit" one without a currency.
+    return acceptedIf(hasPrice == hasCurrency, hasPrice ? Fault::Unfit : Fault::Missing,
+                      field_rules::of(FieldId::otherPrice).summary.unfit);
 }
 
 void report(FieldId field, const Verdict &verdict, PadForm &form, ErrorPass &errors)
 {
     const QString key = padField(field).control.toString();
-    form.control(field).setHintColour(verdict.acceptable ? Colour::Black : Colour::Red);
-    if (verdict.acceptable)
+    form.control(field).setHintColour(verdict.isAcceptable() ? Colour::Black : Colour::Red);
+    if (verdict.isAcceptable())
         errors.setNoError(key);
     else if (!verdict.message.isEmpty())
         errors.setHasError(key, verdict.message.toString());
