@@ -4,6 +4,7 @@
 #include "cli/check_command.h"
 #include "cli/deleted_commands.h"
 #include "cli/history_commands.h"
+#include "cli/ledger_commands.h"
 #include "cli/list_command.h"
 #include "cli/new_rename_delete.h"
 #include "cli/pad_file_commands.h"
@@ -21,8 +22,8 @@ std::vector<std::unique_ptr<Command>> commands()
          {listCommand,     newCommand,    renameCommand,  deleteCommand,      deletedCommand,
           undeleteCommand, forgetCommand, importCommand,  exportCommand,      originalCommand,
           showCommand,     setCommand,    historyCommand, restoreTextCommand, restoreTitleCommand,
-          checkCommand,    sitesCommand,  markCommand,    unmarkCommand,      copyCommand,
-          backupCommand,   restoreCommand})
+          checkCommand,    sitesCommand,  markCommand,    unmarkCommand,      ledgerCommand,
+          matrixCommand,   nextCommand,   copyCommand,    backupCommand,      restoreCommand})
         all.push_back(make());
     return all;
 }

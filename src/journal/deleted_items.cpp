@@ -1,6 +1,7 @@
 #include "journal/deleted_items.h"
 
 #include "journal/journal.h"
+#include "journal/statement_rows.h"
 #include "journal/titles.h"
 
 #include <QDateTime>
@@ -34,23 +35,6 @@ Result<> insertFiles(Database &database, qint64 id, const QList<File> &files)
             return stored;
     }
     return {};
-}
-
-/// The rows of a statement, each made into a value by @p take; the error of @p statement or of a step.
-template<typename Value, typename Take>
-Result<QList<Value>> rows(Result<Statement> statement, const Take &take)
-{
-    if (!statement)
-        return statement.error();
-    QList<Value> values;
-    for (;;) {
-        const Result<bool> hasRow = statement->next();
-        if (!hasRow)
-            return hasRow.error();
-        if (!*hasRow)
-            return values;
-        values.append(take(*statement));
-    }
 }
 
 Item itemOf(const Statement &row)
@@ -112,10 +96,11 @@ Result<QList<Item>> all()
 {
     Result<QList<Item>> items = QList<Item>();
     const Result<> read = Journal::ofDataFolder().read([&](Database &database) -> Result<> {
-        items = rows<Item>(database.prepare("SELECT 0, id, name, '', time AS t FROM deleted_titles UNION ALL"
-                                            " SELECT 1, id, name, address, time FROM deleted_sites"
-                                            " ORDER BY t DESC, id DESC"),
-                           itemOf);
+        items = statementRows<Item>(
+            database.prepare("SELECT 0, id, name, '', time AS t FROM deleted_titles UNION ALL"
+                             " SELECT 1, id, name, address, time FROM deleted_sites"
+                             " ORDER BY t DESC, id DESC"),
+            itemOf);
         return items ? Result<>() : items.error();
     });
     if (!read)
@@ -132,7 +117,7 @@ Result<QList<File>> filesOf(const Item &title)
 {
     Result<QList<File>> files = QList<File>();
     const Result<> read = Journal::ofDataFolder().read([&](Database &database) -> Result<> {
-        files = rows<File>(
+        files = statementRows<File>(
             database.prepare("SELECT name, bytes FROM deleted_files WHERE deleted_id = ?", title.id),
             [](const Statement &row) {
                 return File{row.bytes(0), row.bytes(1)};

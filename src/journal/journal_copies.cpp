@@ -20,6 +20,7 @@ struct Highest
     qint64 title = 0;
     qint64 set = 0;
     qint64 deleted = 0;
+    qint64 values = 0;
 };
 
 Error isNoCopy(const QString &path, const QString &reason)
@@ -78,11 +79,36 @@ Result<Highest> highest(Database &database)
     const auto title = database.number("SELECT max(id) FROM main.titles");
     const auto set = database.number("SELECT max(id) FROM main.change_sets");
     const auto deleted = database.number("SELECT max(id) FROM main.deleted_titles");
-    for (const Result<qint64> &number : {title, set, deleted}) {
+    const auto values = database.number("SELECT max(id) FROM main.sent_values");
+    for (const Result<qint64> &number : {title, set, deleted, values}) {
         if (!number)
             return number.error();
     }
-    return Highest{.title = *title, .set = *set, .deleted = *deleted};
+    return Highest{.title = *title, .set = *set, .deleted = *deleted, .values = *values};
+}
+
+/// Copies the ledger and the tours of the titles in "wanted".
+Result<> copyLedger(Database &database, const Highest &ours)
+{
+    Result<> done = database.run("INSERT INTO main.sent_values SELECT id + ?, title_id + ?, pad"
+                                 " FROM old.sent_values WHERE title_id IN wanted",
+                                 ours.values, ours.title);
+    if (done)
+        done = database.run("INSERT INTO main.ledger"
+                            " (title_id, site, version, time, state, address, note, before, values_id)"
+                            " SELECT title_id + ?, site, version, time, state, address, note, before,"
+                            " values_id + ? FROM old.ledger WHERE title_id IN wanted ORDER BY id",
+                            ours.title, ours.values);
+    if (done)
+        done = database.run("INSERT INTO main.tours SELECT title_id + ?, version, site FROM old.tours"
+                            " WHERE title_id IN wanted",
+                            ours.title);
+    if (done)
+        done = database.run("INSERT INTO main.tour_answers (title_id, site, version, answer)"
+                            " SELECT title_id + ?, site, version, answer FROM old.tour_answers"
+                            " WHERE title_id IN wanted ORDER BY id",
+                            ours.title);
+    return done;
 }
 
 /// Copies what belongs to the titles in "wanted", and deleted sites that are not here.
@@ -117,6 +143,8 @@ Result<> copyRows(Database &database, const Highest &ours)
                             " SELECT deleted_id + ?, name, bytes FROM old.deleted_files WHERE deleted_id IN"
                             " (SELECT id FROM old.deleted_titles WHERE title_id IN wanted)",
                             ours.deleted);
+    if (done)
+        done = copyLedger(database, ours);
     if (done)
         done = database.execute(R"(
             INSERT INTO main.deleted_sites (name, address, time, picture_name, picture)

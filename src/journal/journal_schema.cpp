@@ -15,6 +15,12 @@ namespace {
 ///   rows wait with deleted_titles; forgetting it removes its row here, and with it all others.
 /// - history: "row" counts from 0 for each title; 0 is an imported title's file as it came, of no field.
 /// - originals: "bytes" as qCompress() gives them where "is_compressed".
+/// - ledger: what became of a title on a site, the newest of both last. "before" is the version that was
+/// there
+///   until then. "sent_values" has the PAD file as it was sent, once for all entries that sent it, as
+///   qCompress() gives it.
+/// - tours: the site that the author is at with a title; tour_answers: what was said of sites. Both count for
+///   the title's version only.
 constexpr std::array migrations = {R"(
     CREATE TABLE state (checked INTEGER NOT NULL);
     INSERT INTO state VALUES (0);
@@ -58,6 +64,37 @@ constexpr std::array migrations = {R"(
         time INTEGER NOT NULL,
         picture_name BLOB,
         picture BLOB);
+)",
+                                   R"(
+    CREATE TABLE sent_values (
+        id INTEGER PRIMARY KEY,
+        title_id INTEGER NOT NULL REFERENCES titles ON DELETE CASCADE,
+        pad BLOB NOT NULL);
+    CREATE INDEX sent_values_of_title ON sent_values (title_id);
+    CREATE TABLE ledger (
+        id INTEGER PRIMARY KEY,
+        title_id INTEGER NOT NULL REFERENCES titles ON DELETE CASCADE,
+        site NOT NULL,
+        version NOT NULL,
+        time INTEGER NOT NULL,
+        state TEXT NOT NULL,
+        address NOT NULL,
+        note NOT NULL,
+        before,
+        values_id INTEGER REFERENCES sent_values ON DELETE SET NULL);
+    CREATE INDEX ledger_of_title ON ledger (title_id, site);
+    CREATE INDEX ledger_of_values ON ledger (values_id);
+    CREATE TABLE tours (
+        title_id INTEGER PRIMARY KEY REFERENCES titles ON DELETE CASCADE,
+        version NOT NULL,
+        site NOT NULL);
+    CREATE TABLE tour_answers (
+        id INTEGER PRIMARY KEY,
+        title_id INTEGER NOT NULL REFERENCES titles ON DELETE CASCADE,
+        site NOT NULL,
+        version NOT NULL,
+        answer TEXT NOT NULL,
+        UNIQUE (title_id, site));
 )"};
 
 } // namespace

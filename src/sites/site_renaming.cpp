@@ -1,5 +1,7 @@
 #include "sites/site_renaming.h"
 
+#include "journal/journal.h"
+#include "journal/ledger.h"
 #include "platform/atomic_file.h"
 #include "platform/folder_handle.h"
 #include "platform/regex.h"
@@ -111,6 +113,9 @@ Result<> renameSite(const QString &from, const QString &to)
     const auto folders = titleFolders();
     if (!folders)
         return reported(mwqnAppSuppLoc, folders.error());
+    (void)Journal::ofDataFolder().changeExisting([&](Database &database) { // The status bar tells.
+        return ledger::renameSite(database, from, to);
+    });
     Result<> outcome;
     for (const QString &folder : *folders) {
         if (Result<> renamed = renameMark(folder, from, to); !renamed.isDone())

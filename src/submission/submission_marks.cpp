@@ -1,5 +1,6 @@
 #include "submission/submission_marks.h"
 
+#include "ledger/mark_entries.h"
 #include "platform/text_decoding.h"
 #include "platform/tolerant_xml.h"
 #include "platform/xml_source.h"
@@ -99,7 +100,9 @@ QStringList sitesOf(const QString &summary)
     return summary_file::parse(summary.toUtf8()).siteList();
 }
 
-Result<> editSummary(QString (*edited)(const QString &summary, const QString &site), const QString &site)
+/// Changes the marks as @p edited does, and lets the ledger follow; @p isMarking says that @p site is sent.
+Result<> editSummary(QString (*edited)(const QString &summary, const QString &site), const QString &site,
+                     bool isMarking)
 {
     const auto bytes = AddDeleteImportEdit::returnDataObjectFor(u"general");
     if (!bytes) {
@@ -108,9 +111,12 @@ Result<> editSummary(QString (*edited)(const QString &summary, const QString &si
     }
     const QString before = decodedXmlText(*bytes);
     const QString after = edited(before, site);
-    if (after == before)
-        return {};
-    return AddDeleteImportEdit::writeToFile(u"general", after.toUtf8(), bytes);
+    Result<> changed =
+        after == before ? Result<>() : AddDeleteImportEdit::writeToFile(u"general", after.toUtf8(), bytes);
+    if (changed.isDone())
+        mark_entries::follow(summary_file::parse(*bytes), summary_file::parse(after.toUtf8()),
+                             isMarking ? site : QString());
+    return changed;
 }
 
 } // namespace
@@ -184,12 +190,12 @@ Result<> markSubmitted(const QString &site)
         return Error{.kind = Error::Kind::Refused,
                      .reason =
                          u"A mark for %1 cannot be kept: the name holds a comma or markup."_s.arg(site)};
-    return editSummary(withMark, site);
+    return editSummary(withMark, site, true);
 }
 
 Result<> removeMark(const QString &site)
 {
-    return editSummary(withoutMark, site);
+    return editSummary(withoutMark, site, false);
 }
 
 } // namespace quillon::submission_marks

@@ -25,10 +25,11 @@ QString withoutMark(const QString &summary, const QString &site);
 /// goes; not one with a comma in its name, with markup or the beginning of it, or with "<" or ">" at an end.
 bool canBeKept(const QString &site);
 
-/// Marks @p site in the selected title's summary file.
+/// Marks @p site in the selected title's summary file; the ledger follows, also when nothing changes there
+/// because the site is marked at this version already. What keeps the ledger from it is no error of the mark.
 Result<> markSubmitted(const QString &site);
 
-/// Removes the mark of @p site from the selected title's summary file.
+/// Removes the mark of @p site from the selected title's summary file; likewise.
 Result<> removeMark(const QString &site);
 
 } // namespace quillon::submission_marks

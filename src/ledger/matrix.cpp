@@ -1,0 +1,153 @@
+#include "ledger/matrix.h"
+
+#include "journal/journal.h"
+#include "ledger/version_order.h"
+#include "platform/string_dictionary.h"
+
+#include <algorithm>
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+
+namespace {
+
+using Relation = Matrix::Relation;
+using ledger::State;
+
+Relation relationOf(const Standing &standing, const QString &current)
+{
+    if (standing.isCurrent)
+        return Relation::Current;
+    const auto order = versionOrder(standing.version, current);
+    return order < 0 ? Relation::Older : order > 0 ? Relation::Newer : Relation::Other;
+}
+
+/// How a relation looks, and what it is in words.
+struct Wording
+{
+    QStringView sign;
+    QStringView words;
+};
+
+constexpr std::array<Wording, 4> wordings = {{
+    {u"✓", u"the title's version"},
+    {u"↑", u"an older version"},
+    {u"↓", u"a newer version"},
+    {u"≠", u"another version"},
+}};
+
+/// What is said of a state besides the version; nothing of what was only sent.
+QString stateWords(State state)
+{
+    return state == State::Sent ? QString() : name(state);
+}
+
+void describe(Matrix::Cell &cell)
+{
+    const Wording &wording = wordings[size_t(cell.relation)];
+    const QString version = cell.version.isEmpty() ? u"?"_s : cell.version;
+    const QString words = stateWords(cell.state);
+    cell.text = wording.sign + u' ' + version + (words.isEmpty() ? QString() : u", "_s + words);
+    cell.description = version + u", "_s + wording.words + (words.isEmpty() ? QString() : u", "_s + words) +
+                       (cell.isMarked ? QString() : u", no longer marked"_s);
+}
+
+/// The places of @p versions when they are sorted; equal ones share a place.
+QHash<QString, int> ranks(QStringList versions)
+{
+    std::ranges::sort(versions);
+    const auto same = std::ranges::unique(versions);
+    versions.erase(same.begin(), same.end());
+    std::ranges::stable_sort(
+        versions, [](const QString &left, const QString &right) { return versionOrder(left, right) < 0; });
+    QHash<QString, int> places;
+    for (const QString &version : std::as_const(versions))
+        places.insert(version, int(places.size()));
+    return places;
+}
+
+} // namespace
+
+Matrix::Matrix(const QList<Title> &titles, const QList<ledger::TitleEntry> &entries)
+{
+    QHash<QString, QList<ledger::Entry>> byTitle;
+    for (const ledger::TitleEntry &each : entries)
+        byTitle[each.title].append(each.entry);
+    QList<QList<Standing>> all;
+    StringDictionary used; // In the order of the catalogue.
+    for (const Title &title : titles) {
+        const QList<ledger::Entry> known = byTitle.value(title.name);
+        all.append(standings(title.summary, known));
+        m_rows.append({.title = title.name, .version = title.summary.version.value_or(QString())});
+        for (const Standing &standing : all.last())
+            used[standing.site];
+        for (const ledger::Entry &entry : known)
+            used[entry.site];
+    }
+    for (const auto &[site, nothing] : used) {
+        m_places.insert(site, m_sites.size());
+        m_sites.append(site);
+    }
+    m_cells.resize(size_t(m_rows.size() * m_sites.size()));
+    for (qsizetype row = 0; row < all.size(); ++row) {
+        for (const Standing &standing : all[row])
+            put(row, standing);
+    }
+    rank();
+}
+
+void Matrix::put(qsizetype row, const Standing &standing)
+{
+    const Relation relation = relationOf(standing, m_rows[row].version);
+    const int looks = (int(relation) * 16 + int(standing.state)) * 2 + int(standing.isMarked);
+    quint32 &place = m_kindPlaces[{standing.version, looks}];
+    if (place == 0) {
+        Cell cell{.version = standing.version,
+                  .relation = relation,
+                  .state = standing.state,
+                  .isMarked = standing.isMarked,
+                  .isStale = standing.isStale()};
+        describe(cell);
+        m_kinds.append(cell);
+        place = quint32(m_kinds.size());
+    }
+    m_rows[row].staleCount += int(standing.isStale());
+    m_cells[size_t(row * m_sites.size() + m_places[standing.site])] = place;
+}
+
+void Matrix::rank()
+{
+    QStringList versions;
+    for (const Cell &cell : std::as_const(m_kinds))
+        versions.append(cell.version);
+    for (const Row &row : std::as_const(m_rows))
+        versions.append(row.version);
+    const QHash<QString, int> places = ranks(std::move(versions));
+    for (Cell &cell : m_kinds)
+        cell.rank = places.value(cell.version);
+    for (Row &row : m_rows)
+        row.versionRank = places.value(row.version);
+}
+
+Result<ReadMatrix> readMatrix()
+{
+    auto titles = loadTitles(OldLayout::Leave);
+    if (!titles)
+        return titles.error();
+    QList<ledger::TitleEntry> entries;
+    const Result<> read = Journal::ofDataFolder().read([&](Database &database) -> Result<> {
+        auto found = ledger::newestOfAll(database);
+        if (!found)
+            return found.error();
+        entries = *std::move(found);
+        return {};
+    });
+    ReadMatrix result{.matrix = Matrix(titles->titles, entries), .failures = titles->failures};
+    if (!read && !read.isError(Error::Kind::Missing))
+        result.failures.append(read.error());
+    return result;
+}
+
+} // namespace quillon

@@ -1,0 +1,67 @@
+#include "ledger/standing.h"
+
+#include <QHash>
+
+#include <algorithm>
+
+namespace quillon {
+
+namespace {
+
+using ledger::Entry;
+using ledger::State;
+
+void take(Standing &standing, const Entry &entry)
+{
+    standing.state = entry.state;
+    standing.address = entry.address;
+    standing.note = entry.note;
+}
+
+} // namespace
+
+std::optional<QString> markedVersion(const Summary &summary, const QString &site)
+{
+    const qsizetype place = site.isEmpty() ? -1 : summary.siteList().indexOf(site);
+    return place < 0 ? std::nullopt : std::optional(summary.versionList().value(place));
+}
+
+QList<Standing> standings(const Summary &summary, const QList<Entry> &entries)
+{
+    const QStringList sites = summary.siteList();
+    const QStringList versions = summary.versionList();
+    QList<Standing> all;
+    QHash<QString, qsizetype> places;
+    for (qsizetype mark = 0; mark < sites.size(); ++mark) {
+        if (sites[mark].isEmpty() || places.contains(sites[mark]))
+            continue;
+        places.insert(sites[mark], all.size());
+        all.append({.site = sites[mark], .version = versions.value(mark), .isMarked = true});
+    }
+    for (const Entry &entry : entries) {
+        const auto place = places.constFind(entry.site);
+        if (place == places.cend()) {
+            places.insert(entry.site, all.size());
+            all.append({.site = entry.site, .version = entry.version});
+        }
+        Standing &standing = all[places[entry.site]];
+        if (!standing.isMarked)
+            standing.version = entry.version;
+        take(standing, entry);
+    }
+    for (Standing &standing : all) {
+        standing.isCurrent = standing.version == summary.version.value_or(QString());
+        if (standing.isMarked && standing.state == State::Removed)
+            standing.state = State::Sent; // Marked by other means since.
+    }
+    all.removeIf([](const Standing &standing) { return standing.state == State::Removed; });
+    return all;
+}
+
+const Standing *standingAt(const QList<Standing> &standings, const QString &site)
+{
+    const auto found = std::ranges::find(standings, site, &Standing::site);
+    return found == standings.end() ? nullptr : &*found;
+}
+
+} // namespace quillon

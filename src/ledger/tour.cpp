@@ -1,0 +1,160 @@
+#include "ledger/tour.h"
+
+#include "journal/journal.h"
+#include "ledger/changed_fields.h"
+#include "overview/title_list.h"
+#include "store/process_state.h"
+#include "store/storage_status.h"
+
+#include <QSet>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+
+namespace {
+
+/// What the journal knows of a title.
+struct Known
+{
+    QList<ledger::Entry> entries;
+    tours::Record record;
+};
+
+Result<Known> knownOf(const QString &title, const QString &version)
+{
+    Known known;
+    const Result<> read = Journal::ofDataFolder().read([&](Database &database) -> Result<> {
+        auto entries = ledger::entries(database, title);
+        if (!entries)
+            return entries.error();
+        auto record = tours::record(database, title, version);
+        if (!record)
+            return record.error();
+        known = {.entries = *std::move(entries), .record = *std::move(record)};
+        return {};
+    });
+    return read || read.isError(Error::Kind::Missing) ? known : Result<Known>(read.error());
+}
+
+/// The sites that had another version until @p version was sent to them.
+QSet<QString> broughtTo(const QString &version, const QList<ledger::Entry> &entries)
+{
+    QSet<QString> sites;
+    for (const ledger::Entry &entry : entries) {
+        if (entry.state == ledger::State::Sent && entry.version == version && entry.before &&
+            *entry.before != version)
+            sites.insert(entry.site);
+    }
+    return sites;
+}
+
+} // namespace
+
+Result<Tour> Tour::of(const QString &title)
+{
+    const auto summary = loadSummary(title);
+    if (!summary)
+        return summary.error();
+    Tour tour;
+    tour.m_title = title;
+    tour.m_version = summary->version.value_or(QString());
+    const auto known = knownOf(title, tour.m_version);
+    if (!known)
+        return known.error();
+    const QList<Standing> all = standings(*summary, known->entries);
+    const QSet<QString> brought = broughtTo(tour.m_version, known->entries);
+    QList<Standing> stale;
+    for (const auto &[site, url] : mwqnSCPreallSitesDict) {
+        const Standing *there = standingAt(all, site);
+        if (there && there->isStale())
+            stale.append(*there);
+        else if (there && brought.contains(site))
+            ++tour.m_done;
+    }
+    tour.arrange(stale, known->record.answers);
+    tour.m_at = tour.isLeft(known->record.at) ? known->record.at : tour.sites().value(0);
+    return tour;
+}
+
+/// Leaves out what is skipped, and puts what is put off at the end.
+void Tour::arrange(const QList<Standing> &stale, const QList<tours::AnsweredSite> &answers)
+{
+    m_left = stale;
+    for (const tours::AnsweredSite &each : answers) {
+        const Standing *there = standingAt(m_left, each.site);
+        if (!there)
+            continue;
+        const Standing standing = *there;
+        m_left.removeIf([&each](const Standing &left) { return left.site == each.site; });
+        if (each.answer == tours::Answer::Later)
+            m_left.append(standing);
+        else
+            ++m_done;
+    }
+}
+
+QStringList Tour::sites() const
+{
+    QStringList names;
+    for (const Standing &each : m_left)
+        names.append(each.site);
+    return names;
+}
+
+QString Tour::after(const QString &site) const
+{
+    const QStringList names = sites();
+    return names.isEmpty() ? QString() : names[(names.indexOf(site) + 1) % names.size()];
+}
+
+Result<Tour::Stop> Tour::stop(const QString &site) const
+{
+    const auto changed = changed_fields::sinceSent(m_title, site);
+    if (!changed)
+        return changed.error();
+    return Stop{.site = site, .version = standingAt(m_left, site)->version, .changed = *changed};
+}
+
+qsizetype Tour::number(const QString &site) const
+{
+    return m_done + sites().indexOf(site) + 1;
+}
+
+Result<> Tour::goTo(const QString &site)
+{
+    m_at = site;
+    return Journal::ofDataFolder().change(
+        [&](Database &database) { return tours::goTo(database, m_title, m_version, site); });
+}
+
+Result<> Tour::answer(const QString &site, tours::Answer answer)
+{
+    const QString next = after(site);
+    const Result<> noted = Journal::ofDataFolder().change([&](Database &database) -> Result<> {
+        Result<> done = tours::answer(database, m_title, m_version, {.site = site, .answer = answer});
+        return done ? tours::goTo(database, m_title, m_version, next) : done;
+    });
+    arrange(m_left, {{.site = site, .answer = answer}});
+    m_at = isLeft(next) ? next : sites().value(0);
+    return noted;
+}
+
+QString tourLine(const Tour &tour, const Result<Tour::Stop> &stop, bool isAtSite)
+{
+    const QString place = u"%1 of %2 to bring up to date: "_s;
+    if (!stop)
+        return u"What is to be brought up to date is not known. "_s + failureLine(stop.error());
+    QString line = place.arg(tour.number(stop->site)).arg(tour.total());
+    line += isAtSite ? u"has "_s : stop->site + u" has "_s;
+    line += stop->version.isEmpty() ? u"no known version"_s : stop->version;
+    if (!stop->changed)
+        return line + u"; what was sent then was not kept"_s;
+    return line + (stop->changed->isEmpty()
+                       ? u"; nothing has changed since then"_s
+                       : u"; since then changed: "_s + changed_fields::names(*stop->changed).join(u", "_s));
+}
+
+} // namespace quillon
