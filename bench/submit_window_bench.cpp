@@ -1,16 +1,8 @@
 #include "measuring.h"
-#include "pad/pad_writer.h"
-#include "platform/atomic_file.h"
-#include "platform/settings.h"
 #include "shell/workbench.h"
-#include "store/add_delete_import_edit.h"
-#include "store/process_state.h"
-#include "store/summary_file.h"
-#include "store/title_folder.h"
-#include "submission/default_sites.h"
 #include "submission/engine_environment.h"
 #include "submission/submit_window.h"
-#include "support/valid_form.h"
+#include "submitted_title.h"
 
 #include <QApplication>
 #include <QMainWindow>
@@ -26,57 +18,6 @@ using namespace quillon;
 
 namespace {
 
-constexpr size_t marks = 200;
-
-/// A title without errors and with marks for most of the sites, half of them at older versions.
-bool makeTitle()
-{
-    QStringList sites;
-    QStringList versions;
-    for (size_t index = 0; index < marks; ++index) {
-        sites.append(defaultSites[index].name.toString());
-        versions.append(index % 2 == 0 ? u"0.9"_s : u"1.0"_s);
-    }
-    PadForm form;
-    fillValidly(form, true);
-    Summary summary;
-    summary.version = form.value(FieldId::programVersion);
-    summary.sites = sites.join(u',');
-    summary.versions = versions.join(u',');
-    const QString title = u"Title"_s;
-    return AddDeleteImportEdit::createNewListing(title) &&
-           atomic_file::write(*title_folder::path(title) + u'/' + title_folder::padFile,
-                              pad_writer::document(form)) &&
-           atomic_file::write(*title_folder::path(title) + u'/' + title_folder::summaryFile,
-                              summary_file::text(summary).toUtf8());
-}
-
-/// Sees when the widget of a name, or something in it, is drawn.
-class Drawing : public QObject
-{
-public:
-    explicit Drawing(QString name) : m_name(std::move(name)) { qApp->installEventFilter(this); }
-    void wait() const
-    {
-        while (!m_isDrawn)
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    }
-
-protected:
-    bool eventFilter(QObject *watched, QEvent *event) override
-    {
-        if (event->type() == QEvent::Paint) {
-            for (const QObject *each = watched; each && !m_isDrawn; each = each->parent())
-                m_isDrawn = each->objectName() == m_name;
-        }
-        return false;
-    }
-
-private:
-    QString m_name;
-    bool m_isDrawn = false;
-};
-
 void showBareWindow(QWebEngineProfile &profile)
 {
     const Drawing drawing(u"bare"_s);
@@ -90,24 +31,12 @@ void showBareWindow(QWebEngineProfile &profile)
     drawing.wait();
 }
 
-/// What happens from the press of Submit until the list of sites is drawn.
-void showSubmitWindow(ToolbarControl &toolbar)
-{
-    const Drawing drawing(u"sitesTableView"_s);
-    toolbar.submitTBI();
-    drawing.wait();
-}
-
 /// Opening the submission window on a title with 200 marks, in turn with showing a window that holds nothing
 /// but the same engine's view. The engine itself runs already.
 void openSubmitWindow(benchmark::State &state)
 {
     const QTemporaryDir home;
-    setSettingsHome(home.path());
-    setDataFolder(home.path());
-    (void)AddDeleteImportEdit::checkAppSuppExists();
-    setDefaultSites();
-    if (!makeTitle())
+    if (!prepareHome(home.path()))
         state.SkipWithError("the title could not be made");
     const auto bare = [&home] {
         QWebEngineProfile profile(u"bare"_s);

@@ -1,6 +1,7 @@
 #include "shell/submission_opener.h"
 
 #include "overview/overview_controller.h"
+#include "platform/delayed_calls.h"
 #include "platform/notification_center.h"
 #include "platform/notifications.h"
 #include "platform/plain_text.h"
@@ -44,31 +45,58 @@ SubmissionOpener::~SubmissionOpener() = default;
 
 void SubmissionOpener::open()
 {
-    const Result<> made = m_window ? Result<>() : makeWindow();
-    if (made) {
-        m_window->bringToFront();
-        return;
+    if (!m_engine.hasBegun() && !isBrowserInPlace(m_browserModule)) {
+        if (const Result<> loaded = loadEngine(); !loaded) {
+            refuse(loaded.error().reason);
+            return;
+        }
     }
-    // What closing the window does: the list can be selected in again.
-    mwqnWOSi78tgsda = true;
-    NotificationCenter::defaultCenter().post(notification::mwqnRS87968tJHKgfds);
-    m_alerts.show(SheetWindow::Main, {made.error().reason}, {});
+    if (!m_window)
+        makeWindow();
+    m_window->bringToFront();
 }
 
-Result<> SubmissionOpener::makeWindow()
+void SubmissionOpener::makeWindow()
 {
-    const Result<BrowserModule *> module = loadBrowserModule(m_browserModule);
-    if (!module)
-        return module.error();
-    m_engine = (*module)->newEngine(webFolder(), m_desktop);
-    m_window = std::make_unique<SubmitWindow>(*m_engine, m_alerts, m_desktop, m_delayedCalls);
+    m_window = std::make_unique<SubmitWindow>(m_engine, m_alerts, m_desktop, m_delayedCalls);
     m_window->setWindowTitle(plainWindowTitle(m_title));
     m_alerts.setWidget(SheetWindow::Submission, m_window.get());
+    connect(m_window.get(), &SubmitWindow::drawn, this, [this] {
+        m_delayedCalls.after({}, this, [this] { bringPages(); }); // When it is on the screen.
+    });
     // What was posted before there was a window to observe it.
     SubmitControl &control = m_window->control();
     control.awakeFromNib();
     control.loadSitesList();
+}
+
+/// Loads the engine for a window that is still open.
+void SubmissionOpener::bringPages()
+{
+    if (!m_window || !m_window->isVisible())
+        return;
+    if (const Result<> loaded = loadEngine(); !loaded)
+        refuse(loaded.error().reason);
+}
+
+Result<> SubmissionOpener::loadEngine()
+{
+    if (m_engine.hasBegun())
+        return {};
+    const Result<BrowserModule *> module = loadBrowserModule(m_browserModule);
+    if (!module)
+        return module.error();
+    m_engine.begin((*module)->newEngine(webFolder(), m_desktop));
     return {};
+}
+
+void SubmissionOpener::refuse(const QString &reason)
+{
+    m_window.reset();
+    // What closing the window does: the list can be selected in again.
+    mwqnWOSi78tgsda = true;
+    NotificationCenter::defaultCenter().post(notification::mwqnRS87968tJHKgfds);
+    m_alerts.show(SheetWindow::Main, {reason}, {});
 }
 
 void SubmissionOpener::setTitle(const QString &title)

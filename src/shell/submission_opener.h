@@ -2,6 +2,7 @@
 
 #include "platform/result.h"
 #include "submission/browser_loading.h"
+#include "submission/late_engine.h"
 #include "widgets/qt_desktop.h"
 
 #include <QObject>
@@ -10,16 +11,17 @@
 
 namespace quillon {
 
-class BrowserEngine;
 class DelayedCalls;
 class MessageBoxSheets;
 class OverviewController;
 class SubmitWindow;
 class ToolbarControl;
 
-/// Loads the web engine and makes the submission window when that is first asked for: the engine takes its
-/// time and memory, and many runs do without. Without the engine's package a sheet says what to install, and
-/// the next attempt looks anew.
+/// Makes the submission window when that is first asked for, and loads the web engine when the window is
+/// drawn: the engine takes its time and memory, and many runs do without.
+///
+/// Without the engine's package a sheet says what to install, instead of the window, and the next attempt
+/// looks anew. What can only be found out by loading the engine takes the window away again.
 class SubmissionOpener : public QObject
 {
     Q_OBJECT
@@ -37,7 +39,10 @@ public:
 
 private:
     void open();
-    Result<> makeWindow();
+    void makeWindow();
+    void bringPages();
+    Result<> loadEngine();
+    void refuse(const QString &reason);
     void setTitle(const QString &title);
     void titleIsGone();
 
@@ -46,7 +51,7 @@ private:
     QtDesktop m_desktop;
     QString m_title;
     QString m_browserModule;
-    std::unique_ptr<BrowserEngine> m_engine; ///< Outlives the window's pages.
+    LateEngine m_engine; ///< Outlives the window's pages.
     std::unique_ptr<SubmitWindow> m_window;
 };
 

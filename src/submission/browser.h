@@ -71,7 +71,7 @@ public:
     virtual void stop() = 0;
 
     [[nodiscard]] virtual double zoomFactor() const = 0;
-    /// 1.0 is the page's own size.
+    /// 1.0 is the page's own size; it stays between 0.25 and 5.0.
     virtual void setZoomFactor(double factor) = 0;
 };
 

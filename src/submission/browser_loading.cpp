@@ -23,6 +23,12 @@ namespace {
 
 const QString enginePackage = u"libqt6webenginewidgets6"_s;
 
+/// Where the engine's package puts its library.
+QString engineLibrary()
+{
+    return QLibraryInfo::path(QLibraryInfo::LibrariesPath) + u"/libQt6WebEngineWidgets.so.6"_s;
+}
+
 /// The program of the engine's that each page runs in; without it the engine would end the process.
 QString pageProgram()
 {
@@ -61,6 +67,12 @@ Error cannotLoad(const QString &path, const QString &reason)
 QString browserModulePath()
 {
     return QCoreApplication::applicationDirPath() + u"/" QUILLON_MODULE_FOLDER "/libquillon_browser.so"_s;
+}
+
+bool isBrowserInPlace(const QString &path)
+{
+    return QFileInfo::exists(path) && QFileInfo::exists(engineLibrary()) &&
+           QFileInfo(pageProgram()).isExecutable() && (!sandboxWarning().isEmpty() || canMakeSandbox());
 }
 
 Result<BrowserModule *> loadBrowserModule(const QString &path)

@@ -26,6 +26,8 @@
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace quillon {
@@ -192,7 +194,8 @@ void SubmitWindow::clearPagesData()
             return;
         const Result<> cleared = self->m_engine.clearStorage();
         self->m_statusRow->showNotice(cleared ? u"What pages had stored is cleared."_s
-                                              : failureLine(cleared.error()));
+                                      : cleared.isError(Error::Kind::Refused) ? cleared.error().reason
+                                                                              : failureLine(cleared.error()));
     });
 }
 
@@ -203,6 +206,19 @@ void SubmitWindow::bringToFront()
     show();
     raise();
     activateWindow();
+}
+
+void SubmitWindow::paintEvent(QPaintEvent *event)
+{
+    QMainWindow::paintEvent(event);
+    if (!std::exchange(m_isDrawn, true))
+        Q_EMIT drawn();
+}
+
+void SubmitWindow::hideEvent(QHideEvent *event)
+{
+    m_isDrawn = false;
+    QMainWindow::hideEvent(event);
 }
 
 void SubmitWindow::closeEvent(QCloseEvent *event)

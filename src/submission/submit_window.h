@@ -47,7 +47,13 @@ public:
     /// Asks whether to clear what pages have stored, and does so.
     void clearPagesData();
 
+Q_SIGNALS:
+    /// The window is drawn for the first time since it was shown.
+    void drawn();
+
 protected:
+    void paintEvent(QPaintEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
 
 private:
@@ -76,6 +82,7 @@ private:
     QSplitter *m_splitter = nullptr;
     QStackedWidget *m_pageOrHint = nullptr;
     QLabel *m_notLoadedHint = nullptr;
+    bool m_isDrawn = false;
     std::unique_ptr<AuthorPresses> m_presses; ///< Goes first.
 };
 

@@ -10,19 +10,11 @@
 #include <QWebEngineHistory>
 #include <QWebEngineNewWindowRequest>
 
-#include <algorithm>
 #include <initializer_list>
 
 using namespace Qt::StringLiterals;
 
 namespace quillon {
-
-namespace {
-
-constexpr double smallestZoom = 0.25;
-constexpr double greatestZoom = 5.0;
-
-} // namespace
 
 WebEngineBrowser::WebEngineBrowser(WebEngineStorage &storage, PasteQueue &pastes, const QString &name,
                                    QWidget *parent)
@@ -195,8 +187,8 @@ void WebEngineBrowser::stop()
 
 void WebEngineBrowser::setZoomFactor(double factor)
 {
-    m_zoomFactor = std::clamp(factor, smallestZoom, greatestZoom);
-    m_page->setZoomFactor(m_zoomFactor);
+    m_zoomFactor = factor;
+    m_page->setZoomFactor(factor);
 }
 
 void WebEngineBrowser::showLink(const QString &url)

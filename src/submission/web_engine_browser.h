@@ -40,7 +40,7 @@ public:
     void reload() override { m_loading.reload(); }
     void stop() override;
     [[nodiscard]] double zoomFactor() const override { return m_zoomFactor; }
-    /// Holds for every page, from now on; from 0.25 to 5.0.
+    /// Holds for every page, from now on.
     void setZoomFactor(double factor) override;
 
     QWidget &widget() override { return *this; }

@@ -8,6 +8,8 @@
 #include "support/gui.h"
 #include "support/web_server.h"
 
+#include <QLabel>
+
 /// Submitting in a process that has started without a web engine, as the program does.
 class SubmissionOpenerTest : public DataFolderTest
 {
@@ -17,7 +19,8 @@ protected:
         DataFolderTest::SetUp();
         setSettingsHome(home());
         NotificationCenter::defaultCenter().addObserver(notification::mwqnPClSiL432ds, &m_observer, [this] {
-            mwqnSCPreallSitesDict = {{u"Alpha"_s, server.url(u"/form.html"_s)}};
+            mwqnSCPreallSitesDict = {{u"Alpha"_s, server.url(u"/form.html"_s)},
+                                     {u"Beta"_s, server.url(u"/windows.html"_s)}};
         });
         makeTitle(u"Mine"_s, {}, {}, u"1.0"_s);
         writeTo(pathIn(u"Mine"_s, title_folder::padFile), u"<City_Town>Leeds</City_Town>"_s);
@@ -44,7 +47,7 @@ TEST_F(SubmissionOpenerTest, WithoutTheEngineItSaysWhatToDoAndAllElseGoesOn)
         SubmitProgram program(module);
         const QString says = answerAlert(u"OK"_s);
         EXPECT_TRUE(says.contains(told)) << says.toStdString();
-        EXPECT_EQ(program.submission.window(), nullptr);
+        EXPECT_EQ(program.submission.window(), nullptr) << "also when it was shown before the engine failed";
         EXPECT_TRUE(mwqnWOSi78tgsda) << "another title can be selected";
         EXPECT_TRUE(program.overview.fileMenu().isEnabled(FileMenu::Edit));
         program.toolbar.submitTBI();
@@ -52,10 +55,31 @@ TEST_F(SubmissionOpenerTest, WithoutTheEngineItSaysWhatToDoAndAllElseGoesOn)
     }
 }
 
-TEST_F(SubmissionOpenerTest, TheEngineIsLoadedWhenItIsWanted)
+TEST_F(SubmissionOpenerTest, TheWindowIsOfUseBeforeItsEngineHasCome)
 {
     SubmitProgram program;
-    ASSERT_TRUE(eventually([&] { return server.count(u"/form.html"_s) == 1; }));
-    ASSERT_TRUE(eventually([&] { return !program.submission.window()->browser().isLoading(); }));
-    EXPECT_EQ(program.submission.window()->browser().currentUrl(), server.url(u"/form.html"_s));
+    SubmitWindow &window = *program.submission.window();
+    const auto hasPages = [&window] { return window.findChild<QWidget *>(u"qnWebView"_s) != nullptr; };
+    ASSERT_TRUE(window.isVisible() && !hasPages());
+    program.submission.close();
+    QTest::qWait(50);
+    EXPECT_FALSE(hasPages()) << "nobody waits for a page behind a closed window";
+
+    program.toolbar.submitTBI();
+    window.findSite();
+    QTest::keyClicks(window.focusWidget(), u"be"_s);
+    QTest::keyClick(window.focusWidget(), Qt::Key_Return);
+    press(u"companyCityTownButton"_s);
+    EXPECT_EQ(visible<QLabel>(u"notice"_s)->text(), u"Nothing was pasted: the page is not there yet.");
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::MetaCall); // The load has begun, for the author.
+    window.findField();
+    QTest::keyClicks(window.focusWidget(), u"version"_s);
+    ASSERT_FALSE(hasPages());
+    ASSERT_TRUE(eventually([&] { return server.count(u"/windows.html"_s) == 1; }));
+    ASSERT_TRUE(eventually([&] { return !window.browser().isLoading(); }));
+    EXPECT_EQ(window.browser().currentUrl(), server.url(u"/windows.html"_s));
+    EXPECT_EQ(server.count(u"/form.html"_s), 0) << "another site was chosen in time";
+    auto *filter = visible<QLineEdit>(u"fieldFilter"_s);
+    EXPECT_EQ(filter->text(), u"version");
+    EXPECT_TRUE(filter->hasFocus()) << "what is typed goes on where it began";
 }

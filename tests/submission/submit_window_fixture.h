@@ -37,7 +37,10 @@ protected:
     /// The window is opened by the toolbar's item, and the first site's page is there.
     void start() override
     {
+        using namespace Qt::StringLiterals;
         ProgramTest::start();
+        ASSERT_TRUE(
+            eventually([&] { return window().findChild<QWebEngineView *>(u"qnWebView"_s) != nullptr; }));
         ASSERT_TRUE(waitForPage(u"Submit"));
     }
     void submit() { program().toolbar.submitTBI(); }
