@@ -117,7 +117,7 @@ TEST_F(JournalTest, WhatIsNoJournalIsSetAsideWhole)
         EXPECT_NE(failedExtrasLine(), QString());
         EXPECT_TRUE(keep(u"New"_s));
         EXPECT_EQ(kept(), QStringList(u"New"_s));
-        ASSERT_EQ(setAside().size(), 1) << setAside().join(u' ').toStdString();
+        ASSERT_EQ(setAside().size(), 1) << setAside().join(u' ');
         EXPECT_EQ(contents(inData(setAside().first())), bytes);
         EXPECT_TRUE(failedExtrasLine().contains(u"set aside"_s));
         EXPECT_TRUE(mwqnFailedWrites.isEmpty());

@@ -40,35 +40,17 @@ protected:
 
 TEST(SiteAddresses, GetASchemeAndNoBlanks)
 {
-    const std::pair<QString, QString> cases[] = {{u"my site/submit"_s, u"http://my%20site/submit"_s},
-                                                 {u""_s, u"http://"_s},
-                                                 {u"https://a/"_s, u"https://a/"_s},
-                                                 {u"ftp:"_s, u"ftp:"_s},
-                                                 {u"a.b/c:d"_s, u"http://a.b/c:d"_s},
-                                                 {u"1x:y"_s, u"http://1x:y"_s},
-                                                 {u" http://a"_s, u"http://%20http://a"_s},
-                                                 {u"ünï.de"_s, u"http://ünï.de"_s}};
-    for (const auto &[typed, normalised] : cases) {
-        EXPECT_EQ(site_editing::normalisedUrl(typed), normalised);
-        EXPECT_EQ(site_editing::normalisedUrl(normalised), normalised) << "nothing is added twice";
+    for (const QStringList &row : table(u"addresses_normalised"_s)) {
+        EXPECT_EQ(site_editing::normalisedUrl(row[0]), row[1]);
+        EXPECT_EQ(site_editing::normalisedUrl(row[1]), row[1]) << "nothing is added twice";
     }
 }
 
 TEST_F(SiteEditing, ANewSiteMustBeNewByNameAndByAddress)
 {
     storeLists(u"Mine=http://mine/", u"Softs");
-    const std::tuple<QString, QString, SiteEdit::Outcome> refused[] = {
-        {u""_s, u"http://a/"_s, SiteEdit::Empty},
-        {u"   "_s, u"http://a/"_s, SiteEdit::Empty},
-        {u"A"_s, u""_s, SiteEdit::Empty},
-        {u"A"_s, u"https://"_s, SiteEdit::Empty},
-        {u" Mine "_s, u"http://a/"_s, SiteEdit::NameExists},
-        {u"A"_s, u"mine/"_s, SiteEdit::UrlExists},
-        {u"Simtel"_s, u"http://mine/"_s, SiteEdit::BothExist},
-        {u"a\x1b[31m"_s, u"http://a/"_s, SiteEdit::NotXml},
-        {u"A"_s, u"http://a/\x7"_s, SiteEdit::NotXml}};
-    for (const auto &[name, url, outcome] : refused) {
-        EXPECT_EQ(site_editing::addSite(name, url).outcome, outcome) << name;
+    for (const QStringList &row : table(u"sites_refused"_s)) {
+        EXPECT_EQ(site_editing::addSite(row[0], row[1]).sentence, row[2]) << row[0];
         EXPECT_EQ(user().size(), 1U);
     }
     for (const Site &added : {Site{u" mine"_s, u"my site/submit"_s}, Site{u"Softs"_s, u"http://s"_s},

@@ -34,7 +34,7 @@ protected:
     static QString contentOf(const QString &path) { return QString::fromUtf8(contents(path)); }
     static void writeTo(const QString &path, const QString &text)
     {
-        ASSERT_TRUE(put(path, text.toUtf8())) << path.toStdString();
+        ASSERT_TRUE(put(path, text.toUtf8())) << path;
     }
     static QString pathIn(const QString &title, QStringView file)
     {

@@ -47,8 +47,8 @@ TEST_F(WebPagesTest, PagesGoToPagesOfTheWebOnly)
         const QString kind = u"“%1:”"_s.arg(QUrl(address).scheme());
         EXPECT_TRUE(!isTold || eventually([&] {
             return visible<QLabel>(u"notice"_s)->text().contains(kind);
-        })) << address.toStdString();
-        EXPECT_EQ(ask(u"document.title"_s), u"Windows"_s) << address.toStdString();
+        })) << address;
+        EXPECT_EQ(ask(u"document.title"_s), u"Windows"_s) << address;
     }
     EXPECT_EQ(catcher.opened, QStringList());
 }
@@ -79,7 +79,7 @@ TEST_F(WebPagesTest, ServersAreKnownByGoodCertificatesAndLearnNoneOfTheAuthors)
     const QString address = u"https://127.0.0.1:%1/"_s.arg(secure.serverPort());
     visit(address);
     ASSERT_TRUE(waitForPage(errorTitle));
-    EXPECT_TRUE(pageText().contains(u"ERR_CERT_AUTHORITY_INVALID")) << pageText().toStdString();
+    EXPECT_TRUE(pageText().contains(u"ERR_CERT_AUTHORITY_INVALID")) << pageText();
     EXPECT_EQ(answered, 0);
 
     int asked = 0;
@@ -88,7 +88,7 @@ TEST_F(WebPagesTest, ServersAreKnownByGoodCertificatesAndLearnNoneOfTheAuthors)
     QObject::connect(&page(), &QWebEnginePage::certificateError, &secure,
                      [](QWebEngineCertificateError error) { error.acceptCertificate(); });
     visit(address);
-    EXPECT_TRUE(waitForPage(u"Secret")) << pageText().toStdString();
+    EXPECT_TRUE(waitForPage(u"Secret")) << pageText();
     EXPECT_GT(answered, 0);
     EXPECT_GT(asked, 0) << "there was one to send";
 }
@@ -102,7 +102,7 @@ TEST_F(WebPagesTest, PagesGetNothingFromTheDesktop)
     for (const QString &what : {u"save"_s, u"clipboard"_s, u"execPaste"_s, u"file"_s, u"place"_s, u"camera"_s,
                                 u"notification"_s, u"fullscreen"_s, u"mouse"_s, u"screen"_s, u"midi"_s,
                                 u"quota"_s, u"program"_s, u"disk"_s, u"worker"_s})
-        EXPECT_EQ(posted(what), u"refused"_s) << what.toStdString();
+        EXPECT_EQ(posted(what), u"refused"_s) << what;
     EXPECT_EQ(page().title(), u"Curious"_s);
 }
 
@@ -123,7 +123,7 @@ TEST_F(WebPagesTest, AFrameFromElsewhereStoresNothing)
                       frame.toUtf8() + "'></iframe>"});
         ASSERT_TRUE(open(u"/around"_s));
         EXPECT_TRUE(eventually([] { return !ask(u"told"_s).toString().isEmpty(); }));
-        EXPECT_EQ(ask(u"told"_s), stored) << host.toStdString();
+        EXPECT_EQ(ask(u"told"_s), stored) << host;
     }
 }
 
@@ -221,7 +221,7 @@ TEST_F(WebPagesTest, WhatAPageSaysIsNoMarkup)
     ask(u"setTimeout(() => alert('<a href=\"file:///\">Go</a> <img src=\"/etc/x.png\">')); 0"_s);
     ASSERT_TRUE(eventually([] { return openWindow<QMessageBox>() != nullptr; }));
     for (const QLabel *label : openWindow<QMessageBox>()->findChildren<QLabel *>())
-        EXPECT_EQ(label->textFormat(), Qt::PlainText) << label->text().toStdString();
+        EXPECT_EQ(label->textFormat(), Qt::PlainText) << label->text();
     answerAlert(u"OK"_s);
 
     AddressCatcher catcher;

@@ -56,13 +56,13 @@ TEST(DownloadPageTest, TellsTextFromOtherFilesAndShowsNamesAsTheyStand)
 {
     for (const QString &type :
          words(u"text/csv TEXT/plain;charset=x application/xml image/svg+xml application/json"_s))
-        EXPECT_TRUE(isTextType(type)) << type.toStdString();
+        EXPECT_TRUE(isTextType(type)) << type;
     for (const QString &type : {u"application/zip"_s, u"image/png"_s, u"application/x"_s, QString()})
-        EXPECT_FALSE(isTextType(type)) << type.toStdString();
+        EXPECT_FALSE(isTextType(type)) << type;
 
     const QString page = downloadPage({u"<b>%1%2</b>.zip"_s, u"a&b"_s, u"http://x/\"?<"_s, 2048, {}});
     for (const QString &text :
          {u"&lt;b&gt;%1%2&lt;/b&gt;.zip"_s, u"a&amp;b"_s, u"http://x/&quot;?&lt;"_s, u"2.00 KiB"_s})
-        EXPECT_TRUE(page.contains(text)) << page.toStdString();
+        EXPECT_TRUE(page.contains(text)) << page;
     EXPECT_TRUE(downloadPage({{}, {}, {}, {}, u"text"_s}).contains(u"unknown"));
 }

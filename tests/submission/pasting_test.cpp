@@ -52,7 +52,7 @@ TEST_F(PastingTest, EachPageReceivesWhatWasMeantForIt)
     press(u"companyNameButton"_s);
     clickAt(place, popUp);
     press(u"companyCityTownButton"_s);
-    EXPECT_TRUE(eventually([&] { return received(popUp) == u"Leeds"; })) << received(popUp).toStdString();
+    EXPECT_TRUE(eventually([&] { return received(popUp) == u"Leeds"; })) << received(popUp);
     EXPECT_EQ(received(), u"Tom &amp; Sons"_s);
 }
 
@@ -75,9 +75,8 @@ TEST_F(PastingTest, WhatIsCopiedElsewhereMeanwhileGoesNowhere)
             press(u"companyNameButton"_s);
             QTest::qWait(500);
             QApplication::clipboard()->setText(u"secret"_s);
-            EXPECT_TRUE(eventually([] { return notice().contains(u"something else"); }))
-                << script.toStdString();
-            EXPECT_FALSE(received().contains(u"secret")) << script.toStdString();
+            EXPECT_TRUE(eventually([] { return notice().contains(u"something else"); })) << script;
+            EXPECT_FALSE(received().contains(u"secret")) << script;
         }
         ASSERT_TRUE(open(u"/paste"_s));
         click(field);
@@ -138,8 +137,8 @@ TEST_F(PastingTest, AFrameFromElsewhereGetsWhatTheAuthorClickedItFor)
         press(u"companyNameButton"_s);
         EXPECT_TRUE(eventually([&] {
             return notice().contains(u"“%1”"_s.arg(unmistakableHost(QUrl(frame))));
-        })) << frame.toStdString();
-        EXPECT_EQ(received(), QString()) << frame.toStdString();
+        })) << frame;
+        EXPECT_EQ(received(), QString()) << frame;
         if (!frame.endsWith(u"/clicked"))
             continue;
         const QPoint place = middleOf(u"frame"_s);
@@ -148,7 +147,7 @@ TEST_F(PastingTest, AFrameFromElsewhereGetsWhatTheAuthorClickedItFor)
             return received() == u"pressed";
         }));
         press(u"companyCityTownButton"_s);
-        EXPECT_TRUE(eventually([] { return received() == u"Leeds"; })) << notice().toStdString();
+        EXPECT_TRUE(eventually([] { return received() == u"Leeds"; })) << notice();
     }
 }
 
@@ -157,5 +156,5 @@ TEST_F(PastingTest, AReadOnlyFieldIsCalledSo)
     ASSERT_TRUE(open(u"/paste"_s));
     click(u"locked"_s);
     press(u"companyNameButton"_s);
-    EXPECT_TRUE(eventually([] { return notice().contains(u"read-only"); })) << notice().toStdString();
+    EXPECT_TRUE(eventually([] { return notice().contains(u"read-only"); })) << notice();
 }

@@ -2,6 +2,7 @@
 #include "store/site_list.h"
 #include "submission/data_folder_fixture.h"
 #include "submission/site_catalogue.h"
+#include "support/tables.h"
 
 #include <QSet>
 
@@ -23,9 +24,9 @@ TEST(DefaultSites, AreAllThereOnceInTheirOrderAndSubmittable)
         names.append(site.name.toString());
         urls.insert(site.url.toString());
         EXPECT_TRUE(site.url.startsWith(u"http://") || site.url.startsWith(u"https://"))
-            << site.name.toUtf8().toStdString();
+            << site.name.toString();
         EXPECT_FALSE(site.name.contains(u',') || site.name.contains(u'<') || site.url.contains(u' '))
-            << site.name.toUtf8().toStdString() << " could not be marked or loaded";
+            << site.name.toString() << " could not be marked or loaded";
     }
     EXPECT_EQ(names.size(), 212);
     EXPECT_EQ(QSet<QString>(names.begin(), names.end()).size(), 212);
@@ -56,22 +57,13 @@ TEST(SiteCatalogue, WithoutChangesHasTheDefaultSitesAlphabetically)
 TEST(SiteCatalogue, IgnoredEntriesTakeOutDefaultSitesByNameAndByAddress)
 {
     const StringDictionary few = siteList(u"Alpha=u:a,beta=u:same,Gamma=u:same,Delta=u:same");
-    const std::tuple<const char *, QStringView, QStringView, QStringView> cases[] = {
-        {"name and address of one site", u"Alpha=u:a", u"beta,Delta,Gamma", u"Alpha"},
-        {"the name's, then the first of that address", u"Delta=u:same", u"Alpha,Gamma", u"Delta,beta"},
-        {"two sites by one entry", u"Alpha=u:same", u"Delta,Gamma", u"Alpha,beta"},
-        {"a stranger's address alone", u"Nobody=u:a", u"beta,Delta,Gamma", u"Alpha"},
-        {"names are told apart by case", u"BETA=u:?", u"Alpha,beta,Delta,Gamma", u""},
-        {"in the order of the names, each address once more",
-         u"gamma2=u:same,beta=u:same,Zed=u:same,Zoo=u:same", u"Alpha", u"beta,Delta,Gamma"},
-    };
-    for (const auto &[why, ignored, sites, taken] : cases) {
-        const SiteCatalogue catalogue = mergedCatalogue(few, siteList(ignored), {});
-        EXPECT_EQ(catalogue.sites.join(u','), sites) << why;
-        EXPECT_EQ(catalogue.ignored.join(u','), taken) << why;
-        for (qsizetype row = 0; row < catalogue.ignored.size(); ++row) {
-            EXPECT_EQ(catalogue.ignoredUrls.value(row), few.at(catalogue.ignored[row])) << why;
-            EXPECT_FALSE(catalogue.urlByName.contains(catalogue.ignored[row])) << why;
+    for (const QStringList &row : table(u"sites_ignored"_s)) {
+        const SiteCatalogue catalogue = mergedCatalogue(few, siteList(row[1]), {});
+        EXPECT_EQ(catalogue.sites.join(u','), row[2]) << row[0];
+        EXPECT_EQ(catalogue.ignored.join(u','), row[3]) << row[0];
+        for (qsizetype at = 0; at < catalogue.ignored.size(); ++at) {
+            EXPECT_EQ(catalogue.ignoredUrls.value(at), few.at(catalogue.ignored[at])) << row[0];
+            EXPECT_FALSE(catalogue.urlByName.contains(catalogue.ignored[at])) << row[0];
         }
     }
 }
@@ -90,21 +82,14 @@ TEST(SiteCatalogue, OwnSitesComeFirstAndYieldToADefaultSiteOfTheirName)
 
 TEST(SiteStates, CompareTheVersionOfTheFirstMarkWithTheCurrentOne)
 {
-    // The mark's version and the current one, which makes the mark as named.
-    const std::pair<SiteState, QString> cases[] = {
-        {SiteState::Validated, u"1.9/1.9|1.9/1.10|2.0/2.0.1|2,9/1|1.5/1,9|Unknown/beta| 3/2|.6/0.5|+2/1|"_s +
-                                   QString(500, u'9') + u"/7"_s},
-        {SiteState::OldVers,
-         u"1.10/1.9|1.5/|1.5/,9|Unknown/0.1|/1|v3/2|1e9/2|infinite/2|nan/1|-1/0|1 000/2"_s}};
     Summary summary;
-    for (const auto &[state, pairs] : cases) {
-        for (const QString &pair : pairs.split(u'|')) {
-            summary.sites = u"Site"_s;
-            summary.versions = pair.section(u'/', 0, 0);
-            summary.version = pair.section(u'/', 1);
-            EXPECT_EQ(siteStates({u"Site"_s, u"site"_s}, summary), QList({state, SiteState::NotValidated}))
-                << pair.toStdString();
-        }
+    summary.sites = u"Site"_s;
+    for (const QStringList &row : table(u"marks_judged"_s)) {
+        summary.versions = row[0];
+        summary.version = row[1];
+        const SiteState state = row[2] == u"Validated" ? SiteState::Validated : SiteState::OldVers;
+        EXPECT_EQ(siteStates({u"Site"_s, u"site"_s}, summary), QList({state, SiteState::NotValidated}))
+            << row[0];
     }
     summary.sites = u"B,A,B,C"_s;
     summary.versions = u"2,1"_s; // A version that is missing is an empty one.

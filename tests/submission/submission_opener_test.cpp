@@ -46,7 +46,7 @@ TEST_F(SubmissionOpenerTest, WithoutTheEngineItSaysWhatToDoAndAllElseGoesOn)
         ASSERT_TRUE(bytes.isEmpty() || put(module, bytes));
         SubmitProgram program(module);
         const QString says = answerAlert(u"OK"_s);
-        EXPECT_TRUE(says.contains(told)) << says.toStdString();
+        EXPECT_TRUE(says.contains(told)) << says;
         EXPECT_EQ(program.submission.window(), nullptr) << "also when it was shown before the engine failed";
         EXPECT_TRUE(mwqnWOSi78tgsda) << "another title can be selected";
         EXPECT_TRUE(program.overview.fileMenu().isEnabled(FileMenu::Edit));

@@ -232,14 +232,7 @@ TEST_F(SubmitControlTest, AFailedLoadShowsTheReasonAsPlainText)
     engine().didFailLoad(u"no <b>host</b> & \"%1\""_s);
     ASSERT_EQ(m_browser.pages.size(), 1);
     EXPECT_EQ(m_browser.pages[0].second, u"http://a/submit");
-    EXPECT_EQ(
-        m_browser.pages[0].first,
-        u"<!DOCTYPE HTML PUBLIC \"-//W3C//DTD HTML 4.0 Transitional//EN\"><html lang=\"en\"><head><meta "
-        "http-equiv=\"Content-Type\" content=\"text/html; charset=utf-8\"><title>Error Loading URL</title>"
-        "<style type=\"text/css\"><!--.style1 {font-size: 16px}--></style></head><body><div class=\"style1\" "
-        "align=\"center\"><p>&nbsp;</p><p>&nbsp;</p><p>&nbsp;</p><h3>An error occurred while loading the "
-        "page</h3><p><p>&nbsp;</p>The following error message was returned:<p>no &lt;b&gt;host&lt;/b&gt; "
-        "&amp; &quot;%1&quot;</p></p></div></body></html>");
+    EXPECT_EQ(m_browser.pages[0].first.toUtf8(), sample(u"load_failed.html"_s).trimmed());
     EXPECT_FALSE(m_control.pageLoad().continueViewUpdate());
     EXPECT_TRUE(progressBarState.isReset);
 

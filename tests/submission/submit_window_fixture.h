@@ -86,7 +86,7 @@ protected:
     {
         const auto answer = std::make_shared<std::optional<QVariant>>();
         page(view).runJavaScript(script, [answer](const QVariant &value) { *answer = value; });
-        EXPECT_TRUE(eventually([&] { return answer->has_value(); })) << script.toStdString();
+        EXPECT_TRUE(eventually([&] { return answer->has_value(); })) << script;
         return answer->value_or(QVariant());
     }
     static QString pageText(const QString &view = QStringLiteral("qnWebView"))
@@ -111,22 +111,21 @@ protected:
                     .arg(find, id),
                 view)
                 .toList();
-        ASSERT_EQ(place.size(), 2) << id.toStdString();
+        ASSERT_EQ(place.size(), 2) << id;
         QPoint point(place[0].toInt(), place[1].toInt());
         // The engine drops what comes before a page's first picture.
         ASSERT_TRUE(eventually([&] {
             moveMouse(view, point);
             point.rx() ^= 1; // The engine also drops a move to where the mouse is.
             return ask(QStringLiteral("moved"), view).toBool();
-        })) << id.toStdString();
+        })) << id;
         QTest::mouseClick(visible<QWebEngineView>(view)->focusProxy(), Qt::LeftButton, {}, point);
         ask(QStringLiteral("0"), view); // The page has had the click.
     }
     /// Waits for the post of a form or a report that has @p field, and gives its value.
     QString posted(const QString &field)
     {
-        EXPECT_TRUE(eventually([&] { return server.posted(field) != u"(no such field)"; }))
-            << field.toStdString();
+        EXPECT_TRUE(eventually([&] { return server.posted(field) != u"(no such field)"; })) << field;
         return server.posted(field);
     }
 

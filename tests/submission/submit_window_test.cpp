@@ -34,7 +34,7 @@ TEST_F(SubmitWindowTest, ThePanelFillsFieldsOfEveryKind)
         << "what a field refuses can be pasted elsewhere";
     click(u"send"_s);
     for (const auto &[field, button, received] : cases)
-        EXPECT_EQ(posted(field), received) << field.toStdString();
+        EXPECT_EQ(posted(field), received) << field;
 }
 
 TEST_F(SubmitWindowTest, ButtonsFollowThePadFileAndStayOnOncePressed)
@@ -45,7 +45,7 @@ TEST_F(SubmitWindowTest, ButtonsFollowThePadFileAndStayOnOncePressed)
     for (const FieldCopyButton &button : fieldCopyButtons) {
         const QString name = button.action.toString();
         EXPECT_EQ(window().findChild<QPushButton *>(name + u"Button")->isEnabled(), withValue.contains(name))
-            << name.toStdString();
+            << name;
     }
     const auto *company = visible<QPushButton>(u"companyNameButton"_s);
     const auto *town = visible<QPushButton>(u"companyCityTownButton"_s);
@@ -226,7 +226,7 @@ TEST_F(SubmitWindowTest, ATitleThatIsRenamedLeavesNothingToMarkOrPaste)
     EXPECT_EQ(window().windowTitle(), u"Submitting"_s);
     for (const QString &button : {u"markSubmittedButton"_s, u"removeMarkButton"_s, u"companyNameButton"_s,
                                   u"companyCityTownButton"_s})
-        EXPECT_FALSE(visible<QPushButton>(button)->isEnabled()) << button.toStdString();
+        EXPECT_FALSE(visible<QPushButton>(button)->isEnabled()) << button;
     EXPECT_EQ(visible<QLabel>(u"sitesCount"_s)->text(), u"3 sites"_s);
     EXPECT_TRUE(visible<QWidget>(u"qnWebView"_s)) << "what is filled in there may still be wanted";
     const auto *hindrance = window().findChild<QLabel *>(u"hindrance"_s);
@@ -304,7 +304,7 @@ TEST_F(SubmitWindowTest, KeysReachEverythingAndEveryStopHasAName)
             inMenus.insert(action);
     }
     for (QAction *action : window().actions())
-        EXPECT_TRUE(inMenus.contains(action)) << action->objectName().toStdString() << " cannot be found";
+        EXPECT_TRUE(inMenus.contains(action)) << action->objectName() << " cannot be found";
     const auto role = [](QObject *widget) { return QAccessible::queryAccessibleInterface(widget)->role(); };
     EXPECT_EQ(role(window().findChild<QWidget *>(u"webViewLoadProgress"_s)), QAccessible::Animation);
     for (QWidget *each : QApplication::topLevelWidgets()) {

@@ -25,9 +25,9 @@ TEST_F(WebPagesTest, WhatCannotBeLoadedShowsTheErrorPage)
     };
     for (const auto &[typed, reason] : cases) {
         visit(typed);
-        ASSERT_TRUE(waitForPage(errorTitle)) << typed.toStdString();
-        EXPECT_TRUE(pageText().contains(u"An error occurred while loading the page")) << typed.toStdString();
-        EXPECT_TRUE(pageText().contains(reason)) << pageText().toStdString();
+        ASSERT_TRUE(waitForPage(errorTitle)) << typed;
+        EXPECT_TRUE(pageText().contains(u"An error occurred while loading the page")) << typed;
+        EXPECT_TRUE(pageText().contains(reason)) << pageText();
         EXPECT_EQ(address(), typed) << "the address that failed stays in sight";
         EXPECT_TRUE(eventually([] { return !isBusy(); }));
         ASSERT_TRUE(open(u"/frames.html"_s));
@@ -56,7 +56,7 @@ TEST_F(WebPagesTest, TheServerOfThePageIsUnmistakable)
         visit(QString(typed).replace(u"%1"_s, QString::number(server.serverPort())));
         const QString wanted = QString(shown).replace(u"%1"_s, QString::number(server.serverPort()));
         EXPECT_TRUE(eventually([&] { return host() == wanted && !page().isLoading(); }))
-            << typed.toStdString() << ' ' << host().toStdString();
+            << typed << ' ' << host();
     }
     ASSERT_TRUE(open(u"/windows.html"_s));
     const QString before = host();
@@ -119,7 +119,7 @@ TEST_F(WebPagesTest, OfferedFilesAreShownAndNotStored)
              {u"/paper.pdf"_s, {u"paper.pdf"_s, u"application/pdf"_s}}}) {
         visit(server.url(path));
         for (const QString &word : words)
-            EXPECT_TRUE(eventually([&] { return pageText().contains(word); })) << word.toStdString();
+            EXPECT_TRUE(eventually([&] { return pageText().contains(word); })) << word;
     }
     visit(server.url(u"/long"_s));
     EXPECT_TRUE(eventually([] {
@@ -229,7 +229,7 @@ TEST_F(WebPagesTest, ScriptsMayTellAndAsk)
         QTimer answers;
         QObject::connect(&answers, &QTimer::timeout, &answers, [button = button] {
             const QString texts = clickAlert(button);
-            EXPECT_TRUE(texts.isNull() || texts == u"JavaScript Confirm|Sure?") << texts.toStdString();
+            EXPECT_TRUE(texts.isNull() || texts == u"JavaScript Confirm|Sure?") << texts;
         });
         answers.start(10);
         click(u"confirm"_s);
@@ -257,7 +257,7 @@ TEST_F(WebPagesTest, ADeadRendererIsAnErrorThatReloadingMends)
     for (int time = 0; time < 2; ++time) {
         ASSERT_GT(page().renderProcessPid(), 0);
         const QByteArray status = contents(u"/proc/%1/status"_s.arg(page().renderProcessPid()));
-        EXPECT_TRUE(status.contains("Seccomp:\t2") || !sandboxWarning().isEmpty()) << status.toStdString();
+        EXPECT_TRUE(status.contains("Seccomp:\t2") || !sandboxWarning().isEmpty()) << status;
         kill(pid_t(page().renderProcessPid()), SIGKILL);
         ASSERT_TRUE(waitForPage(errorTitle));
         EXPECT_TRUE(pageText().contains(u"ended unexpectedly"));
