@@ -1,8 +1,8 @@
 #include "overview/title_commands.h"
 
 #include "journal/originals.h"
+#include "manual/manual_pages.h"
 #include "overview/title_deletion.h"
-#include "platform/application_info.h"
 #include "store/add_delete_import_edit.h"
 #include "store/process_state.h"
 
@@ -198,12 +198,12 @@ void TitleCommands::exportChosen(const FileRequest &request, const std::shared_p
 
 void TitleCommands::helpAction()
 {
-    Q_EMIT openWebAddress(application_info::helpPage);
+    Q_EMIT openWebAddress(manual::address(u"index.html"_s).toString());
 }
 
 void TitleCommands::bugReportAction()
 {
-    Q_EMIT openWebAddress(application_info::supportPage);
+    Q_EMIT openWebAddress(manual::address(u"bugs.html"_s).toString());
 }
 
 void TitleCommands::reload()

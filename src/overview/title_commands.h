@@ -47,6 +47,7 @@ public:
     void exportButtonAction();
     /// Saves the file that the selected title came from.
     void exportOriginal();
+    /// Open the manual, or its page about reporting errors, in the user's own browser.
     void helpAction();
     void bugReportAction();
 

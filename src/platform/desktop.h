@@ -14,7 +14,7 @@ public:
     /// Puts plain text on the general clipboard.
     virtual void setClipboardText(const QString &text) = 0;
 
-    /// Opens @p address in the user's own web browser.
+    /// Opens @p address in the user's own web browser; only addresses of the web and pages of the manual.
     virtual void openWebAddress(const QUrl &address) = 0;
 };
 

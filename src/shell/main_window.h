@@ -52,6 +52,8 @@ public:
 Q_SIGNALS:
     /// The window was closed, and with it the program's other windows are to be.
     void closed();
+    /// The manual is asked for, at the page of what is shown.
+    void manualRequested();
 
 protected:
     void closeEvent(QCloseEvent *event) override;

@@ -75,8 +75,10 @@ QList<Command> mainWindowCommands(const MainWindowParts &parts)
          .toolTip = u"Bring back titles and sites of your own that you deleted"_s,
          .isEnabled = ifFileMenuHas(FileMenu::New), .run = [parts] { parts.deleted.open(); }},
 
-        {.id = u"help"_s, .text = u"Quillon &Help"_s, .menu = help, .icon = u"help"_s,
-         .keys = {QKeySequence::HelpContents}, .run = [parts] { parts.titles.helpAction(); }},
+        {.id = u"manual"_s, .text = u"&Help for What Is Shown"_s, .menu = help, .icon = u"help"_s,
+         .keys = {QKeySequence::HelpContents}, .run = [parts] { Q_EMIT parts.window.manualRequested(); }},
+        {.id = u"help"_s, .text = u"Quillon Help in Your &Web Browser"_s, .menu = help,
+         .run = [parts] { parts.titles.helpAction(); }},
         {.id = u"bugReport"_s, .text = u"Report a &Bug"_s, .menu = help, .icon = u"bug-report"_s,
          .run = [parts] { parts.titles.bugReportAction(); }},
         {.id = u"about"_s, .text = u"&About Quillon"_s, .menu = help, .opensGroup = true,

@@ -6,6 +6,7 @@
 #include "overview/title_commands.h"
 #include "platform/delayed_calls.h"
 #include "shell/main_window.h"
+#include "shell/manual_opener.h"
 #include "shell/message_box_sheets.h"
 #include "shell/single_instance.h"
 #include "shell/submission_opener.h"
@@ -52,6 +53,7 @@ private:
     SubmissionOpener m_submission{m_toolbar, m_overview, m_alerts, m_delayedCalls};
     DeletedTitles m_deleted{m_alerts};
     MainWindow m_window{m_toolbar, m_overview, m_titles, m_editor, m_preferences, m_edits, m_deleted};
+    ManualOpener m_manual{m_desktop};
     SingleInstance m_instance;
 };
 

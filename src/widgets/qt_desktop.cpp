@@ -1,5 +1,6 @@
 #include "widgets/qt_desktop.h"
 
+#include "manual/manual_pages.h"
 #include "platform/web_address.h"
 
 #include <QClipboard>
@@ -16,7 +17,7 @@ void QtDesktop::setClipboardText(const QString &text)
 
 void QtDesktop::openWebAddress(const QUrl &address)
 {
-    if (isWebAddress(address))
+    if (isWebAddress(address) || manual::isPage(address))
         QDesktopServices::openUrl(address);
 }
 

@@ -1,0 +1,52 @@
+#include "manual/manual_browser.h"
+
+#include "manual/manual_pages.h"
+#include "platform/desktop.h"
+
+#include <QFile>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+
+ManualBrowser::ManualBrowser(Desktop &desktop, QWidget *parent) : WithFocusFrame(parent), m_desktop(desktop)
+{
+    setObjectName(u"manualPage"_s);
+    setOpenLinks(false); // Not before it is known where they lead.
+    document()->setDefaultStyleSheet(u"h2 { margin-top: 18px; } td, th { padding: 3px 12px 3px 0; }"
+                                     "pre { white-space: pre-wrap; } th { text-align: left; }"_s);
+    connect(this, &QTextBrowser::anchorClicked, this, &ManualBrowser::follow);
+}
+
+void ManualBrowser::follow(const QUrl &link)
+{
+    if (manual::isPage(link))
+        setSource(link);
+    else
+        m_desktop.openWebAddress(link);
+}
+
+QVariant ManualBrowser::loadResource(int type, const QUrl &name)
+{
+    QFile file(name.toLocalFile());
+    if (type != QTextDocument::HtmlResource || !manual::isPage(name) || !file.open(QIODevice::ReadOnly))
+        return {};
+    return QString::fromUtf8(file.readAll());
+}
+
+void ManualBrowser::mark(const QStringList &words)
+{
+    QList<QTextEdit::ExtraSelection> marks;
+    for (const QString &word : words) {
+        for (QTextCursor at = document()->find(word); !at.isNull(); at = document()->find(word, at)) {
+            QTextEdit::ExtraSelection mark;
+            mark.cursor = at;
+            mark.format.setBackground(palette().color(QPalette::Highlight));
+            mark.format.setForeground(palette().color(QPalette::HighlightedText));
+            marks.append(mark);
+        }
+    }
+    setExtraSelections(marks);
+}
+
+} // namespace quillon
