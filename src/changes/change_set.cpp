@@ -8,19 +8,11 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace quillon::change_sets {
 
 namespace {
-
-StringDictionary errorsOf(const FormValues &values)
-{
-    PadForm form;
-    for (const PadField &field : padFields)
-        form.setValue(field.id, values[size_t(field.id)]);
-    ErrorPass errors;
-    field_rules::checkEntries(form, errors);
-    return errors.errors();
-}
 
 StringDictionary missingIn(const StringDictionary &errors, const StringDictionary &others)
 {
@@ -53,6 +45,23 @@ FormValues valuesOf(const PadForm &form)
     return values;
 }
 
+JudgedValues judged(const FormValues &values)
+{
+    static PadForm form; // Making one takes longer than all the rest.
+    for (const PadField &field : padFields)
+        form.setValue(field.id, values[size_t(field.id)]);
+    ErrorPass errors;
+    field_rules::checkEntries(form, errors);
+    return {valuesOf(form), errors.errors()};
+}
+
+FormValues changed(FormValues values, const QList<Change> &changes)
+{
+    for (const Change &change : changes)
+        values[size_t(change.field)] = change.after;
+    return values;
+}
+
 QList<Change> between(const FormValues &from, const FormValues &to)
 {
     QList<Change> changes;
@@ -62,6 +71,14 @@ QList<Change> between(const FormValues &from, const FormValues &to)
             changes.append({field.id, from[place], to[place]});
     }
     return changes;
+}
+
+QList<std::pair<FieldId, QString>> newValues(const QList<Change> &changes)
+{
+    QList<std::pair<FieldId, QString>> values;
+    for (const Change &change : changes)
+        values.append({change.field, change.after});
+    return values;
 }
 
 QList<Change> reversed(const QList<Change> &changes)
@@ -74,11 +91,12 @@ QList<Change> reversed(const QList<Change> &changes)
 
 Judgement judge(const PadForm &form, const QList<Change> &changes)
 {
-    FormValues values = valuesOf(form);
-    const StringDictionary before = errorsOf(values);
-    for (const Change &change : changes)
-        values[size_t(change.field)] = change.after;
-    const StringDictionary after = errorsOf(values);
+    const FormValues values = valuesOf(form);
+    return compared(judged(values).errors, judged(changed(values, changes)).errors);
+}
+
+Judgement compared(const StringDictionary &before, const StringDictionary &after)
+{
     return {missingIn(before, after), missingIn(after, before)};
 }
 
@@ -92,6 +110,14 @@ QList<FieldId> differing(const PadForm &form, const QList<Change> &changes)
             fields.append(change.field);
     }
     return fields;
+}
+
+QString differingText(const QList<FieldId> &fields)
+{
+    QStringList names;
+    for (const FieldId field : fields)
+        names.append(padField(field).element.toString());
+    return u"it holds another text by now: "_s + names.join(u", "_s);
 }
 
 } // namespace quillon::change_sets

@@ -31,14 +31,6 @@ QList<Change> changesOf(const QList<history::Row> &newestFirst)
     return changes;
 }
 
-QString refusal(const QList<FieldId> &fields)
-{
-    QStringList names;
-    for (const FieldId field : fields)
-        names.append(padField(field).element.toString());
-    return u"it holds another text by now: "_s + names.join(u", "_s);
-}
-
 } // namespace
 
 EditHistory::EditHistory(Editor &editor, DelayedCalls &delayedCalls, QObject *parent)
@@ -65,6 +57,11 @@ EditHistory::EditHistory(Editor &editor, DelayedCalls &delayedCalls, QObject *pa
 EditHistory::~EditHistory()
 {
     store();
+}
+
+const PadForm &EditHistory::form() const
+{
+    return m_editor.form();
 }
 
 void EditHistory::begin()
@@ -96,10 +93,11 @@ void EditHistory::note(FieldId field)
 void EditHistory::endTyping()
 {
     if (m_field)
-        endStep(history::origin::typed);
+        endStep({.origin = history::origin::typed, .label = {}, .changes = {}});
 }
 
-void EditHistory::endStep(const QString &origin, const QString &label)
+/// Notes what has become of the fields since the last step; of @p set its changes are not looked at.
+void EditHistory::endStep(const ChangeSet &set)
 {
     m_field.reset();
     const FormValues now = change_sets::valuesOf(m_editor.form());
@@ -107,7 +105,7 @@ void EditHistory::endStep(const QString &origin, const QString &label)
     m_before = now;
     if (changes.isEmpty())
         return Q_EMIT changed();
-    history::Step step{origin, label, QDateTime::currentMSecsSinceEpoch(), {}};
+    history::Step step{set.origin, set.label, QDateTime::currentMSecsSinceEpoch(), {}, set.of};
     for (const Change &change : changes)
         step.rows.append({.field = padField(change.field).control.toString(),
                           .before = change.before,
@@ -136,35 +134,20 @@ void EditHistory::write()
     Q_EMIT changed();
 }
 
-const EditHistory::Stacks &EditHistory::stacks()
+const UndoStacks &EditHistory::stacks()
 {
     if (m_stacks)
         return *m_stacks;
     m_stacks.emplace();
     if (!mwqnSelSW)
         return *m_stacks;
-    QList<history::StepHead> steps;
-    (void)Journal::ofDataFolder().read([&steps](Database &database) -> Result<> {
-        auto read = history::steps(database, *mwqnSelSW);
-        if (!read)
-            return read.error();
-        steps = *std::move(read);
+    (void)Journal::ofDataFolder().read([this](Database &database) -> Result<> {
+        const auto steps = history::steps(database, *mwqnSelSW);
+        if (!steps)
+            return steps.error();
+        m_stacks = UndoStacks::of(*steps);
         return {};
     });
-    const auto move = [](QList<history::StepHead> &from, QList<history::StepHead> &to) {
-        if (!from.isEmpty())
-            to.append(from.takeLast());
-    };
-    for (const history::StepHead &step : steps) {
-        if (step.origin == history::origin::undo) {
-            move(m_stacks->done, m_stacks->undone);
-        } else if (step.origin == history::origin::redo) {
-            move(m_stacks->undone, m_stacks->done);
-        } else if (step.origin != history::origin::import) {
-            m_stacks->done.append(step);
-            m_stacks->undone.clear();
-        }
-    }
     return *m_stacks;
 }
 
@@ -180,15 +163,15 @@ bool EditHistory::canRedo()
 
 Result<QList<FieldId>> EditHistory::undo()
 {
-    return walk(&Stacks::done, history::origin::undo);
+    return walk(&UndoStacks::done, history::origin::undo);
 }
 
 Result<QList<FieldId>> EditHistory::redo()
 {
-    return walk(&Stacks::undone, history::origin::redo);
+    return walk(&UndoStacks::undone, history::origin::redo);
 }
 
-Result<QList<FieldId>> EditHistory::walk(QList<history::StepHead> Stacks::*from, const QString &origin)
+Result<QList<FieldId>> EditHistory::walk(QList<history::StepHead> UndoStacks::*from, const QString &origin)
 {
     store();
     const QList<history::StepHead> &steps = stacks().*from;
@@ -206,27 +189,38 @@ Result<QList<FieldId>> EditHistory::walk(QList<history::StepHead> Stacks::*from,
     if (!read)
         return read.error();
     const bool isUndo = origin == history::origin::undo;
-    return apply({origin, {}, isUndo ? change_sets::reversed(changes) : changes});
+    return apply({origin, {}, isUndo ? change_sets::reversed(changes) : changes, step.set});
+}
+
+Result<> EditHistory::mayApply(const QList<Change> &changes) const
+{
+    if (!mwqnSelSW || !m_editor.loaded())
+        return Error{Error::Kind::Refused, {}, u"no title is open"_s};
+    const auto differing = change_sets::differing(m_editor.form(), changes);
+    return differing.isEmpty()
+               ? Result<>()
+               : Error{Error::Kind::Refused, *mwqnSelSW, change_sets::differingText(differing)};
 }
 
 Result<QList<FieldId>> EditHistory::apply(const ChangeSet &set)
 {
     store();
-    if (!mwqnSelSW || !m_editor.loaded())
-        return Error{Error::Kind::Refused, {}, u"no title is open"_s};
-    if (const auto differing = change_sets::differing(m_editor.form(), set.changes); !differing.isEmpty())
-        return Error{Error::Kind::Refused, *mwqnSelSW, refusal(differing)};
-    QList<std::pair<FieldId, QString>> values;
-    QList<FieldId> fields;
-    for (const Change &change : set.changes) {
-        values.append({change.field, change.after});
-        fields.append(change.field);
-    }
+    if (const Result<> may = mayApply(set.changes); !may)
+        return may.error();
     m_title = *mwqnSelSW;
-    m_editor.setValues(values);
-    endStep(set.origin, set.label);
+    m_editor.setValues(change_sets::newValues(set.changes));
+    endStep(set);
     write();
+    QList<FieldId> fields;
+    for (const Change &change : set.changes)
+        fields.append(change.field);
     return fields;
+}
+
+void EditHistory::applyWritten(const QList<Change> &changes)
+{
+    m_editor.setValues(change_sets::newValues(changes));
+    begin();
 }
 
 } // namespace quillon

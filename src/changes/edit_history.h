@@ -1,6 +1,7 @@
 #pragma once
 
 #include "changes/change_set.h"
+#include "changes/undo_stacks.h"
 #include "journal/history.h"
 #include "platform/result.h"
 
@@ -30,6 +31,9 @@ public:
     EditHistory(Editor &editor, DelayedCalls &delayedCalls, QObject *parent = nullptr);
     ~EditHistory() override;
 
+    /// What the editor holds.
+    [[nodiscard]] const PadForm &form() const;
+
     /// Ends the step that is under way, and stores all that waits.
     void store();
 
@@ -50,32 +54,32 @@ public:
     /// Makes the changes of @p set in the open title, as one step with a full check; under the same rule.
     Result<QList<FieldId>> apply(const ChangeSet &set);
 
+    /// Whether apply() would make @p changes, or why not.
+    [[nodiscard]] Result<> mayApply(const QList<Change> &changes) const;
+
+    /// Makes the changes of a step that the journal has already, after store() and mayApply().
+    void applyWritten(const QList<Change> &changes);
+
 Q_SIGNALS:
     /// Perhaps something else can be taken back or done again now.
     void changed();
 
 private:
-    /// The steps that can be taken back, and done again; the next one is the last of each.
-    struct Stacks
-    {
-        QList<history::StepHead> done;
-        QList<history::StepHead> undone;
-    };
     void begin();
     void note(FieldId field);
-    void endStep(const QString &origin, const QString &label = {});
+    void endStep(const ChangeSet &set);
     void endTyping();
     void write();
-    const Stacks &stacks();
-    Result<QList<FieldId>> walk(QList<history::StepHead> Stacks::*from, const QString &origin);
+    const UndoStacks &stacks();
+    Result<QList<FieldId>> walk(QList<history::StepHead> UndoStacks::*from, const QString &origin);
 
     Editor &m_editor;
     DelayedCalls &m_delayedCalls;
-    FormValues m_before;            ///< The form's values when the last step had ended.
-    std::optional<FieldId> m_field; ///< Where a step is under way.
-    QString m_title;                ///< Whose it is, and m_steps.
-    QList<history::Step> m_steps;   ///< Ended and not yet written.
-    std::optional<Stacks> m_stacks; ///< As of the last reading.
+    FormValues m_before;                ///< The form's values when the last step had ended.
+    std::optional<FieldId> m_field;     ///< Where a step is under way.
+    QString m_title;                    ///< Whose it is, and m_steps.
+    QList<history::Step> m_steps;       ///< Ended and not yet written.
+    std::optional<UndoStacks> m_stacks; ///< As of the last reading.
     int m_edits = 0;
 };
 

@@ -15,10 +15,11 @@ constexpr int mostYears = 1;
 /// The number of the set of @p step; a single text that was typed is none.
 Result<std::optional<qint64>> setOf(Database &database, const Step &step)
 {
-    if (step.origin == origin::typed && step.rows.size() == 1)
-        return std::optional<qint64>();
-    const Result<> made = database.run("INSERT INTO change_sets (time, label, origin) VALUES (?, ?, ?)",
-                                       step.time, step.label, step.origin);
+    if (step.set || (step.origin == origin::typed && step.rows.size() == 1))
+        return step.set;
+    const Result<> made =
+        database.run("INSERT INTO change_sets (time, label, origin, of_set) VALUES (?, ?, ?, ?)", step.time,
+                     step.label, step.origin, step.of);
     return made ? Result(std::optional(database.lastId())) : made.error();
 }
 
@@ -33,7 +34,8 @@ Result<> insert(Database &database, qint64 title, qint64 number, const Step &ste
 {
     return database.run("INSERT INTO history (title_id, row, field, time, before, after, origin, set_id) "
                         "VALUES (?, ?, ?, ?, ?, ?, ?, ?)",
-                        title, number, row.field, step.time, row.before, row.after, step.origin, set);
+                        title, number, row.field, step.time, row.before, row.after,
+                        row.origin.isEmpty() ? step.origin : row.origin, set);
 }
 
 Result<> thinOut(Database &database, qint64 title, qint64 newest)
@@ -107,10 +109,10 @@ Result<QList<Row>> rows(Database &database, const QString &title, const QString 
 
 Result<QList<StepHead>> steps(Database &database, const QString &title)
 {
-    auto found =
-        database.prepare("SELECT row, set_id, origin FROM history JOIN titles ON titles.id = title_id "
-                         "WHERE name = ? ORDER BY row",
-                         title);
+    auto found = database.prepare(
+        "SELECT row, set_id, h.origin, of_set FROM history h JOIN titles t ON t.id = title_id "
+        "LEFT JOIN change_sets s ON s.id = set_id WHERE name = ? ORDER BY row",
+        title);
     if (!found)
         return found.error();
     QList<StepHead> steps;
@@ -121,7 +123,8 @@ Result<QList<StepHead>> steps(Database &database, const QString &title)
         if (set && set == lastSet)
             steps.last().last = found->number(0);
         else
-            steps.append({found->number(0), found->number(0), found->text(2)});
+            steps.append({found->number(0), found->number(0), found->text(2), set,
+                          found->isNull(3) ? std::nullopt : std::optional(found->number(3))});
         lastSet = set;
     }
     if (!has)

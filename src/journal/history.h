@@ -14,6 +14,7 @@ namespace origin {
 inline const QString typed = QStringLiteral("typed");
 inline const QString import = QStringLiteral("import");
 inline const QString restore = QStringLiteral("restore");
+inline const QString bulk = QStringLiteral("bulk");
 inline const QString release = QStringLiteral("release");
 inline const QString undo = QStringLiteral("undo");
 inline const QString redo = QStringLiteral("redo");
@@ -38,7 +39,9 @@ struct Step
     QString origin;
     QString label; ///< What the author is told of it; empty for typing.
     qint64 time = 0;
-    QList<Row> rows; ///< Field, before and after of each.
+    QList<Row> rows;               ///< Field, before and after of each; its origin where that is another one.
+    std::optional<qint64> of = {}; ///< The set that this one takes back, or does again.
+    std::optional<qint64> set = {}; ///< Its number where the set is there; else it gets one.
 };
 
 /// Adds @p steps to what is known of @p title, in their order, and thins out what is older than a year or
@@ -60,6 +63,8 @@ struct StepHead
     qint64 first = 0; ///< Its rows.
     qint64 last = 0;
     QString origin;
+    std::optional<qint64> set = {};
+    std::optional<qint64> of = {}; ///< As that of Step.
 };
 
 /// The steps of @p title, oldest first.

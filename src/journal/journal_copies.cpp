@@ -118,8 +118,9 @@ Result<> copyRows(Database &database, const Highest &ours)
                                  " WHERE id IN wanted",
                                  ours.title);
     if (done)
-        done = database.run("INSERT INTO main.change_sets (id, time, label, origin)"
-                            " SELECT id + ?, time, label, origin FROM old.change_sets WHERE id IN"
+        done = database.run("INSERT INTO main.change_sets (id, time, label, origin, of_set, is_unfinished)"
+                            " SELECT id + ?1, time, label, origin, of_set + ?1, is_unfinished FROM "
+                            "old.change_sets WHERE id IN"
                             " (SELECT set_id FROM old.history WHERE title_id IN wanted)",
                             ours.set);
     if (done)

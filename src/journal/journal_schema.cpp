@@ -14,6 +14,9 @@ namespace {
 /// - titles: what rows belong to, whatever the title is called. Without a name the title is deleted, and its
 ///   rows wait with deleted_titles; forgetting it removes its row here, and with it all others.
 /// - history: "row" counts from 0 for each title; 0 is an imported title's file as it came, of no field.
+/// - change_sets: "of_set" is the one that it takes back, or does again; where it "is_unfinished", some of
+/// its
+///   rows may not have been made (set_log).
 /// - originals: "bytes" as qCompress() gives them where "is_compressed".
 /// - ledger: what became of a title on a site, the newest of both last. "before" is the version that was
 /// there
@@ -95,6 +98,11 @@ constexpr std::array migrations = {R"(
         version NOT NULL,
         answer TEXT NOT NULL,
         UNIQUE (title_id, site));
+)",
+                                   R"(
+    ALTER TABLE change_sets ADD COLUMN of_set INTEGER;
+    ALTER TABLE change_sets ADD COLUMN is_unfinished INTEGER NOT NULL DEFAULT 0;
+    CREATE INDEX history_of_set ON history (set_id);
 )"};
 
 } // namespace

@@ -1,0 +1,125 @@
+#include "changes/taking_back.h"
+
+#include "changes/undo_stacks.h"
+#include "journal/journal.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon::taking_back {
+
+namespace {
+
+/// A title of a set as the journal knows it.
+struct SetTitle
+{
+    set_log::TitleRows rows;
+    UndoStacks stacks;
+};
+
+/// What @p ask gives of the journal; nothing where there is none.
+template<typename Value>
+Result<Value> asked(const std::function<Result<Value>(Database &)> &ask)
+{
+    Value value;
+    const Result<> read = Journal::ofDataFolder().read([&](Database &database) -> Result<> {
+        Result<Value> answer = ask(database);
+        if (!answer)
+            return answer.error();
+        value = *std::move(answer);
+        return {};
+    });
+    if (!read && !read.isError(Error::Kind::Missing))
+        return read.error();
+    return value;
+}
+
+Result<QList<SetTitle>> titlesOf(Database &database, qint64 set)
+{
+    const auto rows = set_log::rowsOf(database, set);
+    if (!rows)
+        return rows.error();
+    QList<SetTitle> titles;
+    for (const set_log::TitleRows &each : *rows) {
+        if (each.title.isNull())
+            continue;
+        const auto steps = history::steps(database, each.title);
+        if (!steps)
+            return steps.error();
+        titles.append({each, UndoStacks::of(*steps)});
+    }
+    return titles;
+}
+
+bool isUndo(const set_log::SetHead &set)
+{
+    return set.origin == history::origin::undo;
+}
+
+bool canBeLatest(const set_log::SetHead &set)
+{
+    return !isUndo(set) && set.origin != history::origin::redo && set.takenBack < set.titles;
+}
+
+QList<Change> changesOf(const QList<history::Row> &rows, bool isReversed)
+{
+    QList<Change> changes;
+    for (const history::Row &row : rows) {
+        if (const auto field = fieldNamed(row.field))
+            changes.append({*field, row.before, row.after});
+    }
+    return isReversed ? change_sets::reversed(changes) : changes;
+}
+
+/// What takes @p set back: its rows the other way round, in the titles where it is still made.
+Result<ChangePlan> reverse(const set_log::SetHead &set)
+{
+    // An undo, and a redo, is of the set that was there first.
+    const qint64 made = set.of.value_or(set.id);
+    const bool isAgain = isUndo(set);
+    const auto titles =
+        asked<QList<SetTitle>>([&](Database &database) { return titlesOf(database, set.id); });
+    if (!titles)
+        return titles.error();
+    ChangePlan plan{.origin = isAgain ? history::origin::redo : history::origin::undo,
+                    .label = set.label,
+                    .titles = {},
+                    .of = made};
+    QStringList names;
+    for (const SetTitle &title : *titles) {
+        if (title.stacks.holdsDone(made) != isAgain)
+            names.append(title.rows.title);
+    }
+    change_plans::planEach(plan, names, [&](const TitleState &state) {
+        const auto title = std::find_if(titles->begin(), titles->end(),
+                                        [&](const SetTitle &each) { return each.rows.title == state.title; });
+        return change_plans::planned(state, changesOf(title->rows.rows, !isAgain));
+    });
+    return plan;
+}
+
+} // namespace
+
+Result<QList<set_log::SetHead>> sets()
+{
+    return asked<QList<set_log::SetHead>>(set_log::all);
+}
+
+Result<ChangePlan> plan(const std::optional<qint64> &id)
+{
+    const auto all = sets();
+    if (!all)
+        return all.error();
+    const auto set = std::find_if(all->begin(), all->end(), [&id](const set_log::SetHead &each) {
+        return id ? each.id == *id : canBeLatest(each);
+    });
+    if (set == all->end())
+        return Error{Error::Kind::Refused,
+                     {},
+                     id ? u"There is no set of changes %1."_s.arg(*id)
+                        : u"There is no set of changes to take back."_s};
+    return reverse(*set);
+}
+
+} // namespace quillon::taking_back

@@ -1,0 +1,124 @@
+#include "changes/unfinished_sets.h"
+
+#include "changes/change_set.h"
+#include "editor/editor_session.h"
+#include "journal/journal.h"
+#include "journal/set_log.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon::unfinished_sets {
+
+namespace {
+
+struct UnfinishedSet
+{
+    qint64 id = 0;
+    QString label;
+    QList<set_log::TitleRows> titles;
+};
+
+Result<QList<UnfinishedSet>> found(Database &database)
+{
+    const auto ids = set_log::unfinished(database);
+    if (!ids)
+        return ids.error();
+    QList<UnfinishedSet> sets;
+    for (const qint64 id : *ids) {
+        auto titles = set_log::rowsOf(database, id);
+        const auto label = set_log::labelOf(database, id);
+        if (!titles || !label)
+            return titles ? label.error() : titles.error();
+        titles->removeIf([](const set_log::TitleRows &rows) { return rows.title.isNull(); });
+        sets.append({id, *label, *std::move(titles)});
+    }
+    return sets;
+}
+
+/// Where a set was made, and where it was not.
+struct Outcome
+{
+    QStringList made;
+    QStringList notMade;
+    QStringList unknown; ///< Titles that cannot be read.
+};
+
+/// The changes of @p rows the other way round: a title that holds what they begin with was changed.
+QList<Change> wayBack(const set_log::TitleRows &rows)
+{
+    QList<Change> changes;
+    for (const history::Row &row : rows.rows) {
+        if (const auto field = fieldNamed(row.field))
+            changes.append({*field, row.after, row.before});
+    }
+    return changes;
+}
+
+Outcome lookedAt(const UnfinishedSet &set)
+{
+    EditorSession session;
+    Outcome outcome;
+    for (const set_log::TitleRows &title : set.titles) {
+        const Result<> opened = session.open(title.title);
+        if (opened)
+            session.editor().checkEntriesForErrors(); // The crash may have come between two of its files.
+        const bool isMade =
+            opened && change_sets::differing(session.editor().form(), wayBack(title)).isEmpty();
+        (opened.isError(Error::Kind::Unreadable) ? outcome.unknown
+         : isMade                                ? outcome.made
+                                                 : outcome.notMade)
+            .append(title.title);
+    }
+    return outcome;
+}
+
+/// The first of @p titles, and how many others there are.
+QString listed(const QStringList &titles)
+{
+    static constexpr qsizetype most = 5;
+    const QString first = titles.mid(0, most).join(u", "_s);
+    return titles.size() <= most ? first : u"%1 and %2 more"_s.arg(first).arg(titles.size() - most);
+}
+
+/// What to tell; empty when everything is made.
+QString line(const UnfinishedSet &set, const Outcome &outcome)
+{
+    QStringList parts;
+    if (!outcome.made.isEmpty())
+        parts.append(u"done in %1"_s.arg(listed(outcome.made)));
+    if (!outcome.notMade.isEmpty())
+        parts.append(u"not done in %1"_s.arg(listed(outcome.notMade)));
+    if (!outcome.unknown.isEmpty())
+        parts.append(u"not to be told of %1, which cannot be read"_s.arg(listed(outcome.unknown)));
+    return outcome.notMade.isEmpty() && outcome.unknown.isEmpty()
+               ? QString()
+               : u"“%1” was not finished: %2."_s.arg(set.label, parts.join(u"; "_s));
+}
+
+} // namespace
+
+QStringList settle()
+{
+    QList<UnfinishedSet> sets;
+    (void)Journal::ofDataFolder().read([&sets](Database &database) -> Result<> { // The status bar tells.
+        auto read = found(database);
+        if (!read)
+            return read.error();
+        sets = *std::move(read);
+        return {};
+    });
+    QStringList lines;
+    for (const UnfinishedSet &set : sets) {
+        const Outcome outcome = lookedAt(set);
+        lines.append(line(set, outcome));
+        if (outcome.unknown.isEmpty())
+            (void)Journal::ofDataFolder().changeExisting(
+                [&](Database &database) { return set_log::finish(database, set.id, outcome.notMade); });
+    }
+    lines.removeAll(QString());
+    return lines;
+}
+
+} // namespace quillon::unfinished_sets
