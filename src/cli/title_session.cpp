@@ -86,11 +86,12 @@ ExitStatus TitleSession::open(const QString &name)
         return Refused;
     buildCatalogue();
     selectTitle(name);
-    title_operations::pruneAndCheck([this](bool) {
-        m_editor.loadPADData();
-        m_editor.checkEntriesForErrors();
+    Result<> loaded;
+    title_operations::pruneAndCheck([&](bool) {
+        loaded = m_session.open(name);
+        editor().checkEntriesForErrors();
     });
-    return outcome(m_editor.loaded());
+    return outcome(loaded);
 }
 
 ExitStatus TitleSession::stored()

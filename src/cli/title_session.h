@@ -2,7 +2,7 @@
 
 #include "changes/edit_history.h"
 #include "cli/command.h"
-#include "editor/editor.h"
+#include "editor/editor_session.h"
 #include "platform/alert_sheets.h"
 #include "platform/delayed_calls.h"
 
@@ -28,12 +28,12 @@ void buildCatalogue();
 class TitleSession
 {
 public:
-    TitleSession() : m_editor(m_alerts), m_history(m_editor, m_delayedCalls) {}
+    TitleSession() : m_session(m_alerts), m_history(editor(), m_delayedCalls) {}
 
     /// Done; or the complaint that there is no title @p name, or that it cannot be read.
     ExitStatus open(const QString &name);
 
-    [[nodiscard]] Editor &editor() { return m_editor; }
+    [[nodiscard]] Editor &editor() { return m_session.editor(); }
     [[nodiscard]] const QStringList &alerts() const { return m_alerts.messages; }
 
     [[nodiscard]] EditHistory &history() { return m_history; }
@@ -49,7 +49,7 @@ private:
     };
 
     ToldAlerts m_alerts;
-    Editor m_editor;
+    EditorSession m_session;
     NoDelayedCalls m_delayedCalls;
     EditHistory m_history;
 };
