@@ -2,6 +2,7 @@
 
 #include "cli/backup_commands.h"
 #include "cli/check_command.h"
+#include "cli/complete_command.h"
 #include "cli/deleted_commands.h"
 #include "cli/history_commands.h"
 #include "cli/ledger_commands.h"
@@ -23,7 +24,8 @@ std::vector<std::unique_ptr<Command>> commands()
           undeleteCommand, forgetCommand, importCommand,  exportCommand,      originalCommand,
           showCommand,     setCommand,    historyCommand, restoreTextCommand, restoreTitleCommand,
           checkCommand,    sitesCommand,  markCommand,    unmarkCommand,      ledgerCommand,
-          matrixCommand,   nextCommand,   copyCommand,    backupCommand,      restoreCommand})
+          matrixCommand,   nextCommand,   copyCommand,    backupCommand,      restoreCommand,
+          completeCommand})
         all.push_back(make());
     return all;
 }

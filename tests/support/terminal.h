@@ -29,6 +29,12 @@ public:
 
     [[nodiscard]] QString path() const { return QString::fromLatin1(::ptsname(m_master)); }
 
+    /// Types @p keys.
+    void write(const QByteArray &keys) const
+    {
+        (void)!::write(m_master, keys.constData(), size_t(keys.size()));
+    }
+
     /// What has been written there since last time.
     [[nodiscard]] QByteArray read() const
     {

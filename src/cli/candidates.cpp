@@ -1,0 +1,234 @@
+#include "cli/candidates.h"
+
+#include "cli/command.h"
+#include "cli/title_session.h"
+#include "journal/deleted_items.h"
+#include "overview/title_list.h"
+#include "pad/vocabularies.h"
+#include "sites/site_editing.h"
+#include "store/process_state.h"
+#include "store/title_folder.h"
+#include "submission/field_copy.h"
+
+#include <QDir>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon::cli {
+
+namespace {
+
+QStringList titleNames(const QString &)
+{
+    QStringList names;
+    for (const Title &title : loadTitles(OldLayout::Leave).valueOr({}).titles) {
+        if (title_folder::isUsableName(title.name))
+            names.append(title.name);
+    }
+    return names;
+}
+
+QStringList fieldNames(const QString &)
+{
+    QStringList names;
+    for (const PadField &field : padFields)
+        names << field.control.toString() << field.element.toString();
+    return names;
+}
+
+/// FIELD= for each field; once that is typed, with each value that the field can take.
+QStringList assignments(const QString &typed)
+{
+    const qsizetype sign = typed.indexOf(u'=');
+    QStringList all;
+    if (sign < 0) {
+        for (const QString &name : fieldNames(typed))
+            all.append(name + u'=');
+        return all;
+    }
+    const auto field = fieldNamed(QStringView(typed).first(sign));
+    const bool isList = field && padField(*field).kind == FieldKind::CheckList;
+    const QString before = typed.first(1 + (isList ? qMax(sign, typed.lastIndexOf(u',')) : sign));
+    for (const QString &value : field ? vocabulary::of(*field) : QStringList())
+        all.append(before + value);
+    return all;
+}
+
+QStringList siteNames(const QString &)
+{
+    return site_editing::currentCatalogue().sites;
+}
+
+QStringList removedSites(const QString &)
+{
+    return site_editing::currentCatalogue().ignored;
+}
+
+QStringList deletedNames(const QString &)
+{
+    QStringList names;
+    for (const deleted_items::Item &item : deleted_items::all().valueOr({}))
+        names.append(item.name);
+    return names;
+}
+
+QStringList buttonActions(const QString &)
+{
+    QStringList actions;
+    for (const FieldCopyButton &button : fieldCopyButtons)
+        actions.append(button.action.toString());
+    return actions;
+}
+
+/// What can stand for an argument, by its name in the help; one that means something of its own in a command
+/// has the command before it.
+struct Argument
+{
+    QStringView name;
+    QStringList (*values)(const QString &typed);
+    bool takesFiles = false;
+};
+
+constexpr Argument argumentTable[] = {
+    {u"sites --for", titleNames},
+    {u"sites edit NAME", siteNames},
+    {u"sites remove NAME", siteNames},
+    {u"sites restore NAME", removedSites},
+    {u"undelete NAME", deletedNames},
+    {u"forget NAME", deletedNames},
+    {u"TITLE", titleNames},
+    {u"OLD", titleNames},
+    {u"TITLE-or-FILE", titleNames, true},
+    {u"FIELD", fieldNames},
+    {u"FIELD=VALUE", assignments},
+    {u"SITE", siteNames},
+    {u"BUTTON", buttonActions},
+    {u"FILE", nullptr, true},
+    {u"FOLDER", nullptr, true},
+    {u"--home", nullptr, true},
+};
+
+const Argument *argumentNamed(const QString &name)
+{
+    const auto *found = std::ranges::find(argumentTable, QStringView(name), &Argument::name);
+    return found == std::end(argumentTable) ? nullptr : found;
+}
+
+/// Goes through the words as the parser does, but for what is wrong with them.
+class Walk
+{
+public:
+    explicit Walk(const CLI::App &program) : m_command(&program) {}
+
+    void pass(const QString &word)
+    {
+        if (m_option) {
+            if (m_option->check_name("--home"))
+                setDataFolder(QDir(word).absolutePath());
+            m_option = nullptr;
+        } else if (!m_isPastOptions && word == u"--") {
+            m_isPastOptions = true;
+        } else if (!m_isPastOptions && word.startsWith(u'-')) {
+            const CLI::Option *option = m_command->get_option_no_throw(word.toStdString());
+            m_option = option && option->get_items_expected_max() > 0 ? option : nullptr;
+        } else if (const CLI::App *command = m_positionals == 0 ? subcommand(word) : nullptr) {
+            m_command = command;
+            m_path += word + u' ';
+        } else {
+            ++m_positionals;
+        }
+    }
+
+    [[nodiscard]] Candidates at(const QString &typed) const
+    {
+        if (m_option)
+            return valuesOf(*m_option, typed);
+        if (typed.startsWith(u'-') && !m_isPastOptions)
+            return {optionNames()};
+        Candidates found;
+        if (const CLI::Option *positional = currentPositional())
+            found = valuesOf(*positional, typed);
+        if (m_positionals == 0)
+            found.words += subcommandNames();
+        return found;
+    }
+
+private:
+    [[nodiscard]] QStringList subcommandNames() const
+    {
+        QStringList names;
+        for (const CLI::App *command : m_command->get_subcommands([](const CLI::App *) { return true; }))
+            names.append(text(command->get_name()));
+        return names;
+    }
+
+    [[nodiscard]] const CLI::App *subcommand(const QString &word) const
+    {
+        const auto found = m_command->get_subcommands(
+            [&word](const CLI::App *command) { return command->check_name(word.toStdString()); });
+        return found.empty() ? nullptr : found.front();
+    }
+
+    [[nodiscard]] QStringList optionNames() const
+    {
+        QStringList names;
+        for (const CLI::Option *option : m_command->get_options()) {
+            for (const std::string &name : option->get_lnames())
+                names.append(u"--"_s + text(name));
+        }
+        return names;
+    }
+
+    /// The argument that stands here; the last one may be any number of words.
+    [[nodiscard]] const CLI::Option *currentPositional() const
+    {
+        const auto all =
+            m_command->get_options([](const CLI::Option *option) { return option->get_positional(); });
+        if (m_positionals < all.size())
+            return all[m_positionals];
+        return !all.empty() && all.back()->get_items_expected_max() > 1 ? all.back() : nullptr;
+    }
+
+    [[nodiscard]] Candidates valuesOf(const CLI::Option &option, const QString &typed) const
+    {
+        const QString name = text(option.get_name(option.get_positional()));
+        const Argument *argument = argumentNamed(m_path + name);
+        if (!argument)
+            argument = argumentNamed(name);
+        if (!argument)
+            return {choicesOf(option)};
+        return {argument->values ? argument->values(typed) : QStringList(), argument->takesFiles};
+    }
+
+    /// Those that the parser itself checks: its description of them is "{a,b}".
+    static QStringList choicesOf(const CLI::Option &option)
+    {
+        const QString type = text(option.get_type_name());
+        const qsizetype open = type.indexOf(u'{');
+        const qsizetype close = type.indexOf(u'}', open);
+        return open < 0 || close < 0 ? QStringList() : type.sliced(open + 1, close - open - 1).split(u',');
+    }
+
+    const CLI::App *m_command;
+    QString m_path;                        ///< The names of the commands so far, each with a blank behind it.
+    const CLI::Option *m_option = nullptr; ///< Which waits for its value.
+    size_t m_positionals = 0;
+    bool m_isPastOptions = false;
+};
+
+} // namespace
+
+Candidates candidates(const CLI::App &program, const QStringList &words)
+{
+    Walk walk(program);
+    for (const QString &word : words.first(words.size() - 1))
+        walk.pass(word);
+    const QString &typed = words.last();
+    Candidates found = walk.at(typed);
+    found.words.removeIf([&typed](const QString &word) { return !word.startsWith(typed); });
+    return found;
+}
+
+} // namespace quillon::cli

@@ -1,0 +1,57 @@
+#include "support/command_line.h"
+#include "support/terminal.h"
+
+/// Names that mean something to a shell, or to a terminal.
+const QString shellName = u"Aa $(touch ran) `touch ran` \"q\" 'r' \\s !x ~{a,b}*?; touch ran"_s;
+const QString controlName = u"Bb\n\x1b[31m\t\u009b"_s;
+
+/// What is typed into a real bash, "→" for the Tab key, becomes these words.
+TEST_F(CommandLineTest, BashCompletesWhateverItIsCalledAndRunsNothing)
+{
+    for (const QString &name : {shellName, controlName, u"Cc\x01one"_s, u"Cc\x01two"_s, u"D:d=e@f"_s})
+        ASSERT_EQ(cli({u"new"_s, name}).status, 0);
+    ASSERT_EQ(statusOf(u"sites remove Softpedia"_s), 0);
+    put(home() + u"/some file"_s, "");
+    // It stands for the program; what it is called with otherwise is written down.
+    put(home() + u"/quillon-cli"_s, "#!/bin/sh\n[ \"$1\" = complete ] && exec " QUILLON_CLI " --home " +
+                                        QFile::encodeName(home()) +
+                                        " \"$@\"\nprintf '%s\\0' \"$@\" >>words\n");
+    QFile::setPermissions(home() + u"/quillon-cli"_s, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+
+    const std::pair<QString, QStringList> table[] = {
+        {u"show A→"_s, {u"show"_s, shellName}},
+        {u"show \"A→"_s, {u"show"_s, shellName}},
+        {u"show 'Aa $→"_s, {u"show"_s, shellName}},
+        {u"show A\"a $(to→"_s, {u"show"_s, shellName}},
+        {u"show B→ comp→N→"_s, {u"show"_s, controlName, u"companyName"_s}},
+        {u"show \"B→"_s, {u"show"_s, controlName}},
+        {u"show C→t→"_s, {u"show"_s, u"Cc\x01two"_s}},
+        {u"show D:d=→"_s, {u"show"_s, u"D:d=e@f"_s}},
+        {u"set D→ companyN→x categoryPopUp=Web→Wiz→"_s,
+         {u"set"_s, u"D:d=e@f"_s, u"companyName=x"_s,
+          u"categoryPopUp=Web Development::Wizards & Components"_s}},
+        {u"sites rest→ Softp→"_s, {u"sites"_s, u"restore"_s, u"Softpedia"_s}},
+        {u"check --js→ A→"_s, {u"check"_s, u"--json"_s, shellName}},
+        {u"imp→ some→"_s, {u"import"_s, u"some file"_s}},
+        {u"show some→"_s, {u"show"_s, u"some"_s}},
+    };
+    QByteArray typed = "PATH=.:$PATH; . " QUILLON_COMPLETIONS "/quillon-cli.bash\r";
+    QByteArray expected;
+    for (const auto &[line, words] : table) {
+        typed += "quillon-cli " + QString(line).replace(u'→', u'\t').toUtf8() + '\r';
+        expected += words.join(QChar()).toUtf8() + '\0';
+    }
+    const Terminal terminal;
+    QProcess bash;
+    bash.setWorkingDirectory(home());
+    bash.setStandardInputFile(terminal.path());
+    bash.setStandardOutputFile(terminal.path());
+    bash.setStandardErrorFile(terminal.path());
+    bash.start(u"bash"_s, {u"--norc"_s, u"--noprofile"_s, u"-i"_s});
+    terminal.write(typed + "exit\r");
+    QByteArray shown;
+    for (int turn = 0; turn < 200 && !bash.waitForFinished(10); ++turn)
+        shown += terminal.read();
+    EXPECT_EQ(contents(home() + u"/words"_s).split('\0'), expected.split('\0')) << shown.toStdString();
+    EXPECT_FALSE(QFile::exists(home() + u"/ran"_s));
+}
