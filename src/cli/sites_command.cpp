@@ -1,5 +1,6 @@
 #include "cli/sites_command.h"
 
+#include "cli/site_notes.h"
 #include "cli/title_session.h"
 #include "sites/site_editing.h"
 #include "store/add_delete_import_edit.h"
@@ -62,7 +63,10 @@ public:
         CLI::App *command = application.add_subcommand("sites", "The sites that titles can be submitted to");
         m_for = command->add_option("--for", m_title,
                                     "In the submission window's order, with this title's state for each");
+        command->add_flag("--health", m_health, "What is known of sites, and what was last found there")
+            ->excludes(m_for);
         command->add_flag("--json", m_json, "As JSON");
+        m_notes.addTo(*command);
 
         m_add = command->add_subcommand("add", "Add a site of your own");
         m_add->add_option("NAME", m_name)->required();
@@ -80,7 +84,7 @@ public:
         return command;
     }
 
-    [[nodiscard]] bool writes() const override { return *m_for || changes(); }
+    [[nodiscard]] bool writes() const override { return *m_for || changes() || m_notes.writes(); }
 
     ExitStatus run() override
     {
@@ -90,6 +94,10 @@ public:
             return edit();
         if (m_remove->parsed() || m_restore->parsed())
             return removeOrRestore();
+        if (m_notes.isAsked())
+            return m_notes.run();
+        if (m_health)
+            return showSiteHealth(m_json);
         return *m_for ? listForTitle() : list();
     }
 
@@ -223,6 +231,8 @@ private:
     std::vector<std::string> m_names;
     bool m_json = false;
     CLI::Option *m_for = nullptr;
+    bool m_health = false;
+    SiteNotes m_notes;
     CLI::App *m_add = nullptr;
     CLI::App *m_edit = nullptr;
     CLI::App *m_remove = nullptr;

@@ -111,7 +111,8 @@ Result<> copyLedger(Database &database, const Highest &ours)
     return done;
 }
 
-/// Copies what belongs to the titles in "wanted", and deleted sites that are not here.
+/// Copies what belongs to the titles in "wanted", deleted sites that are not here, and what is known of
+/// sites that nothing is known of here.
 Result<> copyRows(Database &database, const Highest &ours)
 {
     Result<> done = database.run("INSERT INTO main.titles SELECT id + ?, name FROM old.titles"
@@ -146,6 +147,8 @@ Result<> copyRows(Database &database, const Highest &ours)
                             ours.deleted);
     if (done)
         done = copyLedger(database, ours);
+    if (done)
+        done = database.execute("INSERT OR IGNORE INTO main.sites SELECT * FROM old.sites");
     if (done)
         done = database.execute(R"(
             INSERT INTO main.deleted_sites (name, address, time, picture_name, picture)

@@ -24,6 +24,7 @@ namespace {
 ///   qCompress() gives it.
 /// - tours: the site that the author is at with a title; tour_answers: what was said of sites. Both count for
 ///   the title's version only.
+/// - sites: what the author learned of each, and what came of the last visit, if there was one.
 constexpr std::array migrations = {R"(
     CREATE TABLE state (checked INTEGER NOT NULL);
     INSERT INTO state VALUES (0);
@@ -103,6 +104,17 @@ constexpr std::array migrations = {R"(
     ALTER TABLE change_sets ADD COLUMN of_set INTEGER;
     ALTER TABLE change_sets ADD COLUMN is_unfinished INTEGER NOT NULL DEFAULT 0;
     CREATE INDEX history_of_set ON history (set_id);
+)",
+                                   R"(
+    CREATE TABLE sites (
+        name NOT NULL PRIMARY KEY,
+        note NOT NULL DEFAULT '',
+        needs_account INTEGER NOT NULL DEFAULT 0,
+        reads_pad INTEGER NOT NULL DEFAULT 0,
+        is_gone INTEGER NOT NULL DEFAULT 0,
+        looked INTEGER,
+        verdict TEXT,
+        detail);
 )"};
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "ledger/tour.h"
 
 #include "journal/journal.h"
+#include "journal/site_knowledge.h"
 #include "ledger/changed_fields.h"
 #include "overview/title_list.h"
 #include "store/process_state.h"
@@ -16,12 +17,23 @@ namespace quillon {
 
 namespace {
 
-/// What the journal knows of a title.
+/// What the journal knows of a title, and of sites.
 struct Known
 {
+    QSet<QString> goneSites;
     QList<ledger::Entry> entries;
     tours::Record record;
 };
+
+QSet<QString> gone(const QList<site_knowledge::KnownSite> &sites)
+{
+    QSet<QString> names;
+    for (const site_knowledge::KnownSite &site : sites) {
+        if (site.notes.isGone)
+            names.insert(site.name);
+    }
+    return names;
+}
 
 Result<Known> knownOf(const QString &title, const QString &version)
 {
@@ -33,7 +45,10 @@ Result<Known> knownOf(const QString &title, const QString &version)
         auto record = tours::record(database, title, version);
         if (!record)
             return record.error();
-        known = {.entries = *std::move(entries), .record = *std::move(record)};
+        const auto sites = site_knowledge::all(database);
+        if (!sites)
+            return sites.error();
+        known = {.goneSites = gone(*sites), .entries = *std::move(entries), .record = *std::move(record)};
         return {};
     });
     return read || read.isError(Error::Kind::Missing) ? known : Result<Known>(read.error());
@@ -69,6 +84,8 @@ Result<Tour> Tour::of(const QString &title)
     QList<Standing> stale;
     for (const auto &[site, url] : mwqnSCPreallSitesDict) {
         const Standing *there = standingAt(all, site);
+        if (known->goneSites.contains(site))
+            continue;
         if (there && there->isStale())
             stale.append(*there);
         else if (there && brought.contains(site))

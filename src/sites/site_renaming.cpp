@@ -2,6 +2,7 @@
 
 #include "journal/journal.h"
 #include "journal/ledger.h"
+#include "journal/site_knowledge.h"
 #include "platform/atomic_file.h"
 #include "platform/folder_handle.h"
 #include "platform/regex.h"
@@ -114,7 +115,8 @@ Result<> renameSite(const QString &from, const QString &to)
     if (!folders)
         return reported(mwqnAppSuppLoc, folders.error());
     (void)Journal::ofDataFolder().changeExisting([&](Database &database) { // The status bar tells.
-        return ledger::renameSite(database, from, to);
+        const Result<> renamed = ledger::renameSite(database, from, to);
+        return renamed ? site_knowledge::renameSite(database, from, to) : renamed;
     });
     Result<> outcome;
     for (const QString &folder : *folders) {

@@ -15,7 +15,7 @@ QString withRenamedMark(const QString &summary, const QString &from, const QStri
 /// Whether any title is marked for @p site, as far as their summaries can be read.
 bool isMarkedAnywhere(const QString &site);
 
-/// Gives the site @p from the name @p to in the marks of all titles, in the ledger and, when there is any
+/// Gives the site @p from the name @p to in the marks of all titles, in the journal and, when there is any
 /// title, in the pictures of sites. The same name changes nothing. On an error, which is told as a failure
 /// too, the other titles have got it, and the pictures are as they were; doing it again completes it.
 Result<> renameSite(const QString &from, const QString &to);
