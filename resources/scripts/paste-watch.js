@@ -3,9 +3,13 @@
 // page waits for its answer; none is shown. Frames that may not ask take what the author pastes by a key. That a paste
 // has ended is written to the console.
 //
+// What a field holds before a paste is kept for quillonPasted() of the window at the top, which tells of the last one
+// what the field holds by then; pages do not see it. A field that is too long, for a password, or of another site's
+// frame is not told of.
+//
 // Called with the token, gives the function that looks for windows to be watched.
 token => {
-    const patience = 1000;
+    const patience = 1000, longest = 200000;
     let isPasting = false, lastPress = 0, lastKey = 0;
     const isRefused = question => {
         const answer = prompt(token + question);
@@ -20,6 +24,33 @@ token => {
             return 'text';
         return place.readOnly || place.matches('input:disabled, textarea:disabled') ? 'locked' : 'none';
     };
+    const read = (field, text) => typeof text == 'string' && text.length <= longest && field.type !== 'password' && {
+        text,
+        start: field.selectionStart,
+        end: field.selectionEnd,
+        isUnintelligible: field.validity?.badInput === true,
+    };
+    const readerOf = place => {
+        if (place.isContentEditable !== true)
+            return () => read(place, place.value);
+        let whole = place;
+        while (whole.parentElement?.isContentEditable)
+            whole = whole.parentElement;
+        return () => read({}, whole.innerText);
+    };
+    // Windows of another site refuse it.
+    const keep = place => {
+        try {
+            const look = readerOf(place), before = look(), type = place.isContentEditable ? 'rich' : place.type;
+            top.quillonPasted = () => {
+                const now = place.isConnected && look();
+                return before && now ? { ...now, type, before: before.text, after: now.text, start: before.start,
+                                         end: before.end } : null;
+            };
+        } catch {
+            return;
+        }
+    };
     const paste = event => {
         if (!event.isTrusted)
             return;
@@ -30,6 +61,8 @@ token => {
         });
         if (isRefused(` paste ${kindOf(event.composedPath()[0])} ${window == top} ${lastPress}`))
             stop(event);
+        else
+            keep(event.composedPath()[0]);
     };
     const insert = event => {
         const isPaste = event.type == 'textInput' || event.inputType == 'insertFromPaste';

@@ -1,5 +1,7 @@
 #include "cli/output.h"
 
+#include "platform/plain_text.h"
+
 #include <cstdio>
 #include <unistd.h>
 
@@ -9,7 +11,6 @@ namespace quillon::cli {
 
 namespace {
 
-constexpr char16_t firstPrintable = u' ';
 constexpr char16_t deleteCharacter = u'\x7f';
 
 void write(const QByteArray &bytes, std::FILE *file)
@@ -23,21 +24,11 @@ bool isTerminal()
     return is;
 }
 
-/// The picture that Unicode has of the control character @p control; those of the second set have none.
-QChar picture(QChar control)
-{
-    static constexpr char16_t firstPicture = u'\x2400';
-    static constexpr char16_t deletePicture = u'\x2421';
-    if (control == deleteCharacter)
-        return deletePicture;
-    return control < firstPrintable ? QChar(firstPicture + control.unicode()) : QChar::ReplacementCharacter;
-}
-
 QString withVisibleControls(QString text)
 {
     for (QChar &each : text) {
         if (each.category() == QChar::Other_Control && each != u'\n' && each != u'\t')
-            each = picture(each);
+            each = controlPicture(each);
     }
     return text;
 }

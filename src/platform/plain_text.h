@@ -34,4 +34,29 @@ inline QString plainLine(const QString &text, qsizetype longest)
     return line.simplified();
 }
 
+/// The picture that Unicode has of the control character @p control; those of the second set have none.
+inline QChar controlPicture(QChar control)
+{
+    constexpr char16_t firstPicture = u'\x2400', deletePicture = u'\x2421';
+    if (control == u'\x7f')
+        return deletePicture;
+    return control < u' ' ? QChar(firstPicture + control.unicode()) : QChar::ReplacementCharacter;
+}
+
+/// The beginning of @p text, at most @p longest UTF-16 units, with a picture of each character that would not
+/// be seen or that turns the direction of writing: for one line that tells what there is.
+inline QString visibleLine(const QString &text, qsizetype longest)
+{
+    QString line = text.left(longest);
+    if (!line.isEmpty() && line.back().isHighSurrogate())
+        line.chop(1);
+    for (QChar &unit : line) {
+        const auto category = unit.category();
+        if (category == QChar::Other_Control || category == QChar::Other_Format ||
+            category == QChar::Separator_Line || category == QChar::Separator_Paragraph)
+            unit = controlPicture(unit);
+    }
+    return line;
+}
+
 } // namespace quillon

@@ -1,6 +1,7 @@
 #include "submission/web_engine_pasting.h"
 
 #include "platform/web_address.h"
+#include "submission/read_back.h"
 #include "submission/web_engine_page.h"
 
 #include <QClipboard>
@@ -8,10 +9,12 @@
 #include <QGuiApplication>
 #include <QTimer>
 
+#include <array>
 #include <chrono>
 #include <utility>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace quillon {
 
@@ -29,6 +32,11 @@ const QString focusIsForeign = uR"((() => {
 /// How long a page that has answered takes at most to begin a paste that it was told of before. Commands and
 /// scripts come to it by different ways, of which either may be the faster one.
 constexpr std::chrono::milliseconds pasteGrace{500};
+
+/// What the script that watches pastes tells of the last one.
+const QString readBack = u"globalThis.quillonPasted?.() ?? null"_s;
+/// When a field is read: many pages change what was put into one a moment later.
+constexpr std::array<std::chrono::milliseconds, 2> looks{50ms, 400ms};
 
 const QString noField = u"Nothing was pasted: click a field of the page first."_s;
 const QString lockedField = u"Nothing was pasted: the field cannot be changed, it is read-only."_s;
@@ -82,6 +90,7 @@ void WebEnginePasting::documentGoes()
 {
     const bool wasPasting = leaveQueue();
     expire();
+    ++m_reading;
     if (wasPasting)
         Q_EMIT notice(pageLeft);
 }
@@ -180,9 +189,11 @@ bool WebEnginePasting::mayPaste(const PastePlace &place)
     }
     switch (m_state) {
     case State::Idle: // The author's own paste.
+        ++m_reading;
         return true;
     case State::Told:
         m_state = State::Asked;
+        m_isReadable = !isForeign(place);
         m_outcome = obstacle(place);
         m_isAllowed = m_outcome.isEmpty();
         if (m_isAllowed && place.kind != PastePlace::Kind::Text)
@@ -220,9 +231,34 @@ void WebEnginePasting::finish()
 {
     m_state = State::Idle;
     ++m_command;
+    ++m_reading;
     Q_EMIT notice(m_outcome);
+    if (m_isAllowed && m_isReadable && m_outcome.isEmpty())
+        lookAgain({}, 0);
     if (const auto done = std::exchange(m_done, {}))
         done();
+}
+
+/// Reads the field of the paste that has just ended, as long as there is no newer one; @p told is what the
+/// author was told of it at the look before.
+void WebEnginePasting::lookAgain(const QString &told, int look)
+{
+    if (size_t(look) == looks.size())
+        return;
+    const auto ifStillLast = [this, number = m_reading](auto act) {
+        return [this, number, act](const auto &...given) {
+            if (number == m_reading && m_page)
+                act(given...);
+        };
+    };
+    const auto take = ifStillLast([this, told, look, text = m_text](const QVariant &answer) {
+        const auto reading = fieldReading(answer);
+        const QString sentence = reading ? readBackNotice(*reading, text) : told;
+        if (sentence != told)
+            Q_EMIT notice(sentence);
+        lookAgain(sentence, look + 1);
+    });
+    QTimer::singleShot(looks[size_t(look)], this, ifStillLast([this, take] { m_page->ask(readBack, take); }));
 }
 
 bool WebEnginePasting::isForeign(const PastePlace &place) const

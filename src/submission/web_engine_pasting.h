@@ -46,7 +46,8 @@ public:
  *
  * The page is told to paste, and asks before it reads the clipboard, and again before it writes into a field.
  * A value goes into the document that it was meant for, and there into a frame of the page's own site, or
- * into one that the author pressed the mouse in last; otherwise nowhere, and notice() says so.
+ * into one that the author pressed the mouse in last; otherwise nowhere, and notice() says so. What stands in
+ * the field then is read back, and where it is something else, notice() says that.
  */
 class WebEnginePasting : public QObject, private PasteTarget, private PasteGuard
 {
@@ -97,6 +98,7 @@ private:
     void pageAnswered();
     void becomeIdle();
     void finish();
+    void lookAgain(const QString &told, int look);
     [[nodiscard]] bool isForeign(const PastePlace &place) const;
     [[nodiscard]] QString obstacle(const PastePlace &place) const;
     [[nodiscard]] bool clipboardHoldsText() const;
@@ -108,9 +110,11 @@ private:
     QString m_text; ///< What is meant to be pasted.
     Done m_done;
     QString m_outcome;         ///< What the author is told in the end.
+    bool m_isReadable = false; ///< The page can be asked what has become of it.
     bool m_isAllowed = false;  ///< The answer that the page was given.
     bool m_isWaiting = false;  ///< begin() was called while the paste before it could still begin.
     bool m_frameLurks = false; ///< A frame of another site may still begin to paste what has expired.
+    int m_reading = 0;         ///< Number of the field that is read back.
     int m_command = 0;         ///< Number of what the page was last told or asked.
     qint64 m_lastPress = 0;    ///< In ms since 1970.
 };

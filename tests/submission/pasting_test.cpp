@@ -158,3 +158,62 @@ TEST_F(PastingTest, AReadOnlyFieldIsCalledSo)
     press(u"companyNameButton"_s);
     EXPECT_TRUE(eventually([] { return notice().contains(u"read-only"); })) << notice();
 }
+
+TEST_F(PastingTest, WhatAFieldMakesOfAValueIsTold)
+{
+    WebServer other;
+    other.serve(u"/frame"_s, {"<input id=field maxlength=3 style='position: fixed; inset: 0'>"});
+    const auto on = [](const QString &event, const QString &act) {
+        return u"<input id=field on%1='%2'>"_s.arg(event, act);
+    };
+    const QString name = u"companyNameButton"_s, lines = u"pb80CharDescriptionButton"_s;
+    const struct
+    {
+        QString field, button, notice;
+    } cases[] = {
+        {u"<input id=field maxlength=5>"_s, name, u"has taken 5 of 14 characters, and now holds “Tom &”"_s},
+        {u"<input id=field value=Yes maxlength=5 autofocus>"_s, name, u"has taken 2 of 14 characters"_s},
+        {on(u"input"_s, u"value = value.toUpperCase()"_s), name, u"now holds “TOM &AMP; SONS”"_s},
+        {on(u"input"_s, u"setTimeout(() => value = \"a\\u202eb\", 200)"_s), name, u"now holds “a\ufffdb”"_s},
+        {on(u"input"_s, u"value = \"\""_s), name, u"is empty"_s},
+        {on(u"paste"_s, u"return false"_s), name, u"is empty"_s},
+        {on(u"input"_s, u"value = \"x\".repeat(5000)"_s), name, u"now holds “%1…”"_s.arg(QString(120, u'x'))},
+        {u"<textarea id=field maxlength=12></textarea>"_s, lines, u"now holds “First line\u240as”"_s},
+        {u"<div id=field contenteditable oninput='innerText = 1'>"_s, name, u"now holds “1”"_s},
+        {u"<input id=field type=number>"_s, name, u"is empty"_s},
+        {u"<input id=field type=date>"_s, name, u"is empty"_s},
+        {u"<input id=field>"_s, lines, {}},
+        {u"<textarea id=field></textarea>"_s, lines, {}},
+        {u"<div id=field contenteditable>"_s, lines, {}},
+        {u"<input id=field value=Yes>"_s, name, {}},
+        {u"<input id=field type=number>"_s, u"sizeInBytesButton"_s, {}},
+        {u"<input id=field type=password maxlength=3>"_s, name, {}},
+        {u"<input id=field><script>Object.defineProperty(HTMLInputElement.prototype, \"value\", "
+         "{ get: () => \"lie\" }); globalThis.quillonPasted = () => \"lie\"</script>"_s,
+         name,
+         {}},
+        {u"<iframe id=field src='%1'></iframe>"_s.arg(other.url(u"/frame"_s)), name, {}},
+    };
+    for (const auto &each : cases) {
+        server.serve(u"/read"_s, {"<title>Read</title>Text, since pages without any take no "
+                                  "clicks<style>#field { display: block; width: 300px; height: 30px }"
+                                  "</style>" +
+                                  each.field.toUtf8()});
+        ASSERT_TRUE(open(u"/read"_s));
+        const bool isFrame = each.field.contains(u"iframe");
+        if (isFrame)
+            EXPECT_TRUE(eventually([] {
+                clickAt(middleOf(u"field"_s));
+                return ask(u"document.activeElement.id"_s) == u"field"_s;
+            }));
+        else
+            click(u"field"_s);
+        press(each.button);
+        if (each.notice.isEmpty())
+            QTest::qWait(900);
+        EXPECT_TRUE(eventually([&] { return each.notice.isEmpty() || notice().contains(each.notice); }))
+            << each.field.toStdString() << ": " << notice().toStdString();
+        EXPECT_TRUE(!each.notice.isEmpty() || notice().isEmpty())
+            << each.field.toStdString() << ": " << notice().toStdString();
+    }
+}
