@@ -33,6 +33,20 @@ constexpr FindingRule table[] = {
     {u"expire-base-missing", Error, u"The program is said to expire, but not what the expire count counts."},
     {u"expire-base-unasked", Error, u"There is an expire base, but the program is not said to expire."},
     {u"recorded-earlier", Error, u"An error was recorded that the field does not have any more."},
+
+    {u"size-mismatch", Warning, u"The size in kilobytes or megabytes is not that of the bytes."},
+    {u"date-impossible", Warning, u"The release date is no day of the calendar."},
+    {u"release-in-future", Warning, u"The release date is in the future."},
+    {u"release-old", Warning, u"The release date is years older than the copyright."},
+    {u"copyright-old", Hint, u"The author's copyright ends before the year of the release."},
+    {u"version-mismatch", Warning, u"A download address names another version than the program has."},
+    {u"address-http", Hint, u"An address is insecure, where another of the same server is secure."},
+    {u"download-ending", Hint, u"A download address leads to a page, as far as its end tells."},
+    {u"descriptions-same", Hint, u"A longer description is the same as a shorter one."},
+    {u"text-cut", Warning, u"A description ends in the middle of a word."},
+    {u"keyword-twice", Hint, u"A keyword stands there more than once."},
+    {u"language-wrong", Warning, u"A text among the English ones is in another language."},
+    {u"xml-unreadable", Warning, u"A text keeps XML parsers from reading the file."},
 };
 // clang-format on
 

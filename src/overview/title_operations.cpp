@@ -100,15 +100,18 @@ Result<> renameTitle(const QString &oldName, const QString &newName)
     return renamed;
 }
 
+Result<PadFile> padFile(QByteArray bytes, const QString &name)
+{
+    QString text = decodedXmlText(bytes);
+    if (bytes.size() > maxPadFileSize || !text.contains(padMarker, Qt::CaseInsensitive))
+        return Error{Error::Kind::Unintelligible, name, u"it is no PAD file"_s};
+    return PadFile{std::move(bytes), PadDocument(std::move(text))};
+}
+
 Result<PadFile> readPadFile(const QString &path)
 {
     auto bytes = atomic_file::read(path, maxPadFileSize);
-    if (!bytes)
-        return bytes.error();
-    QString text = decodedXmlText(*bytes);
-    if (!text.contains(padMarker, Qt::CaseInsensitive))
-        return Error{Error::Kind::Unintelligible, path, u"it is no PAD file"_s};
-    return PadFile{*std::move(bytes), PadDocument(std::move(text))};
+    return bytes ? padFile(*std::move(bytes), path) : bytes.error();
 }
 
 Import importPadFile(const QString &path, const std::optional<QString> &name)

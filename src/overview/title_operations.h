@@ -59,6 +59,10 @@ struct PadFile
 /// Files larger than this (bytes) are not taken for PAD files; real ones have 10 to 100 kB.
 inline constexpr qint64 maxPadFileSize = 1024LL * 1024;
 
+/// @p bytes as a PAD file; without the PAD marker, or too many, they are unintelligible. @p name is for the
+/// error.
+Result<PadFile> padFile(QByteArray bytes, const QString &name);
+
 /// The PAD file at @p path; one that is too large is unreadable, one without the PAD marker unintelligible.
 Result<PadFile> readPadFile(const QString &path);
 

@@ -149,17 +149,49 @@ std::optional<QString> PadDocument::value(const PadField &field) const
 
 std::optional<QString> PadDocument::cutOut(const PadField &field) const
 {
-    if (m_written)
-        return (*m_written)[size_t(field.id)].toString();
     if (!holds(field))
         return std::nullopt;
-    if (!m_source)
-        m_source = std::make_unique<Source>(m_text);
-    const QString content = QString::fromUtf8(m_source->elements.text(field.element.toUtf8()));
-    if (!m_source->hasShortForms)
+    const QString content = sourceOf(field);
+    if (m_written || !source().hasShortForms)
         return content;
     const QString serialised = serialisedContent(content);
     return serialised.left(serialised.indexOf(endTag(field.element)));
+}
+
+QString PadDocument::sourceOf(const PadField &field) const
+{
+    return m_written ? writtenContent(field).toString()
+                     : QString::fromUtf8(source().elements.text(field.element.toUtf8()));
+}
+
+const PadDocument::Source &PadDocument::source() const
+{
+    if (!m_source)
+        m_source = std::make_unique<Source>(m_text);
+    return *m_source;
+}
+
+/// Where in text() the element begins whose value counts of all that are named @p tag.
+std::optional<qsizetype> PadDocument::placeOf(QStringView tag) const
+{
+    const auto place = source().elements.place(tag.toUtf8());
+    return place ? std::optional(QString::fromUtf8(source().utf8.first(place->begin)).size()) : std::nullopt;
+}
+
+std::optional<PadDocument::Position> PadDocument::position(const PadField &field) const
+{
+    std::optional<qsizetype> at;
+    if (m_written)
+        at = writtenContent(field).data() - m_text.constData() - startTag(field.element).size();
+    else
+        at = placeOf(field.element);
+    for (QStringView groups = field.group; !at && !groups.isEmpty();
+         groups = groups.first(qMax<qsizetype>(groups.lastIndexOf(u'/'), 0)))
+        at = placeOf(groups.sliced(groups.lastIndexOf(u'/') + 1));
+    if (!at)
+        return std::nullopt;
+    const QStringView before = QStringView(m_text).first(*at);
+    return Position{before.count(u'\n') + 1, *at - before.lastIndexOf(u'\n')};
 }
 
 } // namespace quillon

@@ -47,11 +47,28 @@ public:
     /// where its tags are not written literally as "<TAG>" and "</TAG>", none without the element.
     [[nodiscard]] std::optional<QString> cutOut(const PadField &field) const;
 
+    /// The same exactly as the author wrote it; cutOut() gives the elements in it an end tag each.
+    [[nodiscard]] QString sourceOf(const PadField &field) const;
+
+    /// A place in text(), both counted from 1; columns in UTF-16 units.
+    struct Position
+    {
+        qsizetype line = 1;
+        qsizetype column = 1;
+    };
+
+    /// Where the field's element begins, the one that value() reads; without one, where the innermost of its
+    /// groups does that is there; none without any.
+    [[nodiscard]] std::optional<Position> position(const PadField &field) const;
+
     /// The whole of it parsed, also of a document that is read by its lines.
     [[nodiscard]] const TolerantXml &xml() const;
 
 private:
     struct Source;
+
+    [[nodiscard]] const Source &source() const;
+    [[nodiscard]] std::optional<qsizetype> placeOf(QStringView tag) const;
 
     QString m_text;
     /// What stands between the tags of each field's element, referring to m_text.

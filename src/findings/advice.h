@@ -1,0 +1,34 @@
+#pragma once
+
+#include "findings/finding.h"
+#include "platform/string_dictionary.h"
+
+#include <QDate>
+#include <QList>
+
+namespace quillon {
+class PadDocument;
+class PadForm;
+} // namespace quillon
+
+/// Warnings and hints: what the form lets pass and the author hardly meant. They are no errors, are stored
+/// nowhere, and change nothing.
+namespace quillon::findings {
+
+/// What is looked at.
+struct Subject
+{
+    const PadForm &form;
+    /// The file as it stands, where it is another than the form would write; what the form has reckoned anew
+    /// is looked up in it.
+    const PadDocument *document = nullptr;
+    QDate today = QDate::currentDate();
+};
+
+/// What is advised, in the order of the rules.
+QList<Finding> advice(const Subject &subject);
+
+/// The errors of @p recorded, explained, and behind them what is advised.
+QList<Finding> all(const StringDictionary &recorded, const Subject &subject);
+
+} // namespace quillon::findings
