@@ -1,6 +1,7 @@
 #include "editor/editor_view.h"
 
 #include "editor/choice_bindings.h"
+#include "editor/completion_view.h"
 #include "editor/editor.h"
 #include "editor/editor_layout.h"
 #include "editor/error_badge.h"
@@ -63,7 +64,11 @@ void placeCursorAtEnd(QWidget *widget)
 } // namespace
 
 EditorView::EditorView(Editor &editor, QWidget *parent)
-    : QWidget(parent), m_editor(editor), m_editorTabs(new QTabWidget), m_watch(new FieldWatch(editor, this))
+    : QWidget(parent)
+    , m_editor(editor)
+    , m_editorTabs(new QTabWidget)
+    , m_watch(new FieldWatch(editor, this))
+    , m_completion(new CompletionView(editor, this))
 {
     setObjectName(u"editView"_s);
     m_editorTabs->setObjectName(u"editorTabs"_s);
@@ -160,9 +165,12 @@ QWidget *EditorView::newControl(FieldId field, int lines)
 {
     QWidget *widget = nullptr;
     switch (padField(field).kind) {
-    case FieldKind::Text:
-        widget = new FieldLineEdit(m_editor, field);
+    case FieldKind::Text: {
+        auto *line = new FieldLineEdit(m_editor, field);
+        m_completion->add(line, field);
+        widget = line;
         break;
+    }
     case FieldKind::MultiLine:
         widget = new FieldTextEdit(m_editor, field, lines);
         break;

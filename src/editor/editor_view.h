@@ -13,6 +13,7 @@ class QTabWidget;
 
 namespace quillon {
 
+class CompletionView;
 class Editor;
 class FieldWatch;
 struct FieldGroup;
@@ -68,6 +69,7 @@ private:
     Editor &m_editor;
     QTabWidget *m_editorTabs;
     FieldWatch *m_watch;
+    CompletionView *m_completion;
     QHash<FieldId, QWidget *> m_widgets;
     bool m_revealing = false; ///< The page changes for a field that gets the focus by itself.
     bool m_isPageRestored = false;

@@ -147,6 +147,14 @@ void FieldLineEdit::walkHistory(void (QLineEdit::*step)(), bool (QLineEdit::*can
     showControl();
 }
 
+void FieldLineEdit::replaceText(const QString &text)
+{
+    m_editor.endStep();
+    selectAll();
+    insert(text);
+    m_editor.endStep();
+}
+
 void FieldLineEdit::paste()
 {
     const bool replacesAll = !text().isEmpty() && selectedText() == text();

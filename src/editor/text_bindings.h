@@ -19,6 +19,9 @@ class FieldLineEdit : public QLineEdit
 public:
     FieldLineEdit(Editor &editor, FieldId field, QWidget *parent = nullptr);
 
+    /// As if @p text were typed in place of what is there, as a step of its own.
+    void replaceText(const QString &text);
+
 public Q_SLOTS:
     /// In place of the widget's own, whose menu calls them by their names: a step back or on to a text that
     /// is another, past those that the field's filter did not let stand.

@@ -1,6 +1,7 @@
 #include "editor/editor_view_fixture.h"
 
 #include <QClipboard>
+#include <QListWidget>
 
 TEST_F(EditorViewTest, EachKeyIsCountedColouredAndStored)
 {
@@ -150,4 +151,48 @@ TEST_F(EditorViewTest, APadFileThatCannotBeReadIsToldAndNothingIsTyped)
     EXPECT_FALSE(told->isVisible());
     QTest::keyClicks(line(companyName), u" Ltd"_s);
     EXPECT_EQ(stored(companyName), u"Acme Ltd"_s);
+}
+
+/// Nothing is changed, and no key taken, unless the author chooses.
+TEST_F(EditorViewTest, WhatOtherTitlesHoldIsOfferedQuietly)
+{
+    for (const QString &title : {u"A"_s, u"B"_s, u"C"_s}) {
+        ASSERT_TRUE(AddDeleteImportEdit::createNewListing(title));
+        const QString name = title == u"A"_s ? u"Acme & Sons"_s : u"Active Soft"_s;
+        put(inData(title + u".qndata/data.qnxml"_s),
+            u"<Company_Name>%1</Company_Name>"_s.arg(name.toHtmlEscaped()).toUtf8());
+    }
+    FieldLineEdit *name = line(companyName);
+    auto *list = view->findChild<QListWidget *>(u"completionView"_s);
+    ASSERT_TRUE(eventually([&] {
+        QTest::keyClick(name, Qt::Key_Down, Qt::AltModifier);
+        return list->isVisible();
+    })) << "all there are, the most frequent first";
+    EXPECT_EQ(list->item(0)->text() + u'|' + list->item(1)->text(), u"Active Soft|Acme & Sons"_s);
+    QTest::keyClick(name, Qt::Key_Escape);
+    EXPECT_FALSE(list->isVisible());
+
+    QTest::keyClicks(name, u"ac"_s);
+    EXPECT_TRUE(eventually([&] { return list->isVisible(); }));
+    QTest::keyClicks(name, u" "_s);
+    QTest::keyClick(name, Qt::Key_Return);
+    EXPECT_EQ(name->text() + stored(companyName), u"ac ac "_s);
+    QTest::keyClick(name, Qt::Key_Backspace);
+    QTest::keyClick(name, Qt::Key_Backspace);
+    EXPECT_TRUE(eventually([&] { return list->isVisible(); }));
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Up, Qt::Key_Down, Qt::Key_Return})
+        QTest::keyClick(name, key);
+    EXPECT_FALSE(list->isVisible());
+    EXPECT_EQ(stored(companyName), u"Acme & Sons"_s);
+    EXPECT_TRUE(name->hasFocus());
+    name->undo();
+    EXPECT_EQ(name->text(), u"a"_s);
+
+    QTest::keyClick(name, Qt::Key_End);
+    QTest::keyClick(name, Qt::Key_C);
+    EXPECT_TRUE(eventually([&] { return list->isVisible(); }));
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(0)).center());
+    EXPECT_EQ(stored(companyName), u"Active Soft"_s);
+    QTest::keyClick(name, Qt::Key_Tab);
+    EXPECT_FALSE(name->hasFocus());
 }
