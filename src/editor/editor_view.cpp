@@ -87,6 +87,7 @@ EditorView::EditorView(Editor &editor, QWidget *parent)
     layout->addWidget(new UnreadableFileBar(editor, this));
     layout->addWidget(m_editorTabs, 1);
     connect(m_editorTabs, &QTabWidget::currentChanged, this, &EditorView::tabPicked);
+    connect(m_watch, &FieldWatch::entered, this, &EditorView::describe);
     connect(m_watch, &FieldWatch::earlierTextsRequested, this, &EditorView::earlierTextsRequested);
     connect(&editor, &Editor::checked, this, &EditorView::showErrorCounts);
     connect(&editor, &Editor::checked, this, &EditorView::showErrors);
@@ -299,6 +300,15 @@ void EditorView::showErrors()
         each.value()->setAccessibleDescription(description);
         each.value()->setToolTip(plainToolTip(message));
     }
+}
+
+void EditorView::describe(FieldId field)
+{
+    const QString hint = m_editor.form().control(field).hint().simplified();
+    const QString told = m_watch->told(field);
+    if (!told.isEmpty())
+        m_widgets.value(field)->setAccessibleDescription(
+            m_editor.errorMessage(field).isEmpty() ? QString(hint + u'\n' + told).trimmed() : told);
 }
 
 void EditorView::restorePage()

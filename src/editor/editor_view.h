@@ -21,7 +21,8 @@ struct FieldLine;
 
 /// The main window's second view: the editor's five pages, each field with its caption, its control and its
 /// hint with the live counter. A page is made when it is first shown. The tab of a page that holds errors
-/// carries their number; the field's tool tip, which a screen reader reads too, says what is wrong with it.
+/// carries their number; the field's tool tip, which a screen reader reads too, says what is wrong with it,
+/// and explains that when it is shown.
 class EditorView : public QWidget
 {
     Q_OBJECT
@@ -63,6 +64,8 @@ private:
     void enablePages();
     void showErrorCounts();
     void showErrors();
+    /// Has a screen reader read what the tool tip of @p field says.
+    void describe(FieldId field);
     /// Shows the page of the last run. Not before somebody listens to tabSelected(): at the first showing.
     void restorePage();
 

@@ -1,12 +1,16 @@
 #include "editor/field_watch.h"
 
 #include "editor/editor.h"
+#include "findings/advice.h"
+#include "platform/plain_text.h"
 
 #include <QAbstractScrollArea>
 #include <QContextMenuEvent>
+#include <QHelpEvent>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPlainTextEdit>
+#include <QToolTip>
 
 using namespace Qt::StringLiterals;
 
@@ -38,6 +42,13 @@ void FieldWatch::add(QWidget *widget, FieldId field)
     }
 }
 
+QString FieldWatch::told(FieldId field) const
+{
+    if (!m_editor.loaded())
+        return {};
+    return findings::told(field, m_editor.errors(), {.form = m_editor.form()});
+}
+
 bool FieldWatch::eventFilter(QObject *watched, QEvent *event)
 {
     const auto field = m_fields.constFind(watched);
@@ -47,6 +58,15 @@ bool FieldWatch::eventFilter(QObject *watched, QEvent *event)
     if (event->type() == QEvent::FocusOut && padField(*field).kind != FieldKind::Text &&
         isLeaving(*static_cast<QFocusEvent *>(event)))
         m_editor.leave(*field);
+    if (event->type() == QEvent::FocusIn)
+        Q_EMIT entered(*field);
+    if (event->type() == QEvent::ToolTip) {
+        const QString text = told(*field);
+        if (!text.isEmpty())
+            QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), plainToolTip(text),
+                               qobject_cast<QWidget *>(watched));
+        return !text.isEmpty();
+    }
     if (event->type() != QEvent::ContextMenu)
         return false;
     QMenu *menu = newMenu(watched, *field);

@@ -12,8 +12,9 @@ namespace quillon {
 
 class Editor;
 
-/// What the widgets of all fields have in common: leaving one is told to the editor, and the context menu of
-/// each offers its earlier texts.
+/// What the widgets of all fields have in common: leaving one is told to the editor, the context menu of each
+/// offers its earlier texts, and its tool tip says what is wrong with it, what would pass, and what is
+/// advised.
 class FieldWatch : public QObject
 {
     Q_OBJECT
@@ -23,9 +24,14 @@ public:
     /// Watches @p widget, which shows @p field, and what it consists of.
     void add(QWidget *widget, FieldId field);
 
+    /// What the tool tip of @p field says; found when it is wanted, for a keystroke is not to wait for it.
+    [[nodiscard]] QString told(FieldId field) const;
+
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 Q_SIGNALS:
+    /// The focus has come into @p field.
+    void entered(quillon::FieldId field);
     void earlierTextsRequested(quillon::FieldId field);
 
 private:

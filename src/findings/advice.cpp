@@ -3,6 +3,8 @@
 #include "findings/advice_rules.h"
 #include "findings/explanations.h"
 
+#include <array>
+
 namespace quillon::findings {
 
 namespace {
@@ -45,6 +47,25 @@ QList<Finding> advice(const Subject &subject)
 QList<Finding> all(const StringDictionary &recorded, const Subject &subject)
 {
     return explained(recorded, subject.form) + advice(subject);
+}
+
+QString sentence(const Finding &finding)
+{
+    static constexpr std::array<QStringView, 3> words = {u"", u"Warning: ", u"Hint: "};
+    return words[size_t(finding.severity)] + finding.explanation;
+}
+
+QString told(FieldId field, const StringDictionary &recorded, const Subject &subject)
+{
+    QStringList lines;
+    for (const Finding &finding : all(recorded, subject)) {
+        if (finding.field != field)
+            continue;
+        if (!finding.recorded.isEmpty())
+            lines.append(finding.recorded);
+        lines.append(sentence(finding));
+    }
+    return lines.join(u'\n');
 }
 
 } // namespace quillon::findings

@@ -31,4 +31,11 @@ QList<Finding> advice(const Subject &subject);
 /// The errors of @p recorded, explained, and behind them what is advised.
 QList<Finding> all(const StringDictionary &recorded, const Subject &subject);
 
+/// What an author reads of @p finding: the explanation, behind "Warning:" or "Hint:" where it is no error.
+QString sentence(const Finding &finding);
+
+/// What is told of @p field in one text, a finding a line: the message as it is recorded with its explanation
+/// below, and advice. Empty when there is nothing.
+QString told(FieldId field, const StringDictionary &recorded, const Subject &subject);
+
 } // namespace quillon::findings

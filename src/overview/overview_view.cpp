@@ -53,15 +53,15 @@ QWidget *newButtonRow(const CommandSet &commands)
 
 } // namespace
 
-OverviewView::OverviewView(OverviewController &overview, TitleCommands &titles, const CommandSet &commands,
-                           QWidget *parent)
+OverviewView::OverviewView(OverviewController &overview, TitleCommands &titles, const Editor &editor,
+                           const CommandSet &commands, QWidget *parent)
     : QWidget(parent), m_overview(overview), m_titles(titles), m_splitter(new QSplitter(Qt::Vertical, this))
 {
     setObjectName(u"overviewView"_s);
     setAcceptDrops(true);
     auto *list = new SoftwareTableView(overview, commands);
     connect(list, &SoftwareTableView::editRequested, this, &OverviewView::editRequested);
-    auto *details = new TitleDetailsView(overview);
+    auto *details = new TitleDetailsView(overview, editor);
     connect(details, &TitleDetailsView::fieldRequested, this, &OverviewView::fieldRequested);
 
     auto *upper = new QWidget;

@@ -7,6 +7,7 @@ class QSplitter;
 namespace quillon {
 
 class CommandSet;
+class Editor;
 class OverviewController;
 class TitleCommands;
 
@@ -16,10 +17,10 @@ class OverviewView : public QWidget
 {
     Q_OBJECT
 public:
-    /// The buttons under the list and its context menu have their actions from @p commands. All must outlive
-    /// the view.
-    OverviewView(OverviewController &overview, TitleCommands &titles, const CommandSet &commands,
-                 QWidget *parent = nullptr);
+    /// The buttons under the list and its context menu have their actions from @p commands, and the form of
+    /// @p editor holds the selected title. All must outlive the view.
+    OverviewView(OverviewController &overview, TitleCommands &titles, const Editor &editor,
+                 const CommandSet &commands, QWidget *parent = nullptr);
     ~OverviewView() override;
 
 Q_SIGNALS:

@@ -1,13 +1,18 @@
 #include "overview/title_details_view.h"
 
+#include "editor/editor.h"
+#include "overview/findings_pane.h"
 #include "overview/overview_controller.h"
 #include "platform/settings.h"
+#include "store/process_state.h"
 #include "widgets/icon_cell_delegate.h"
 #include "widgets/row_table.h"
 
 #include <QHeaderView>
 #include <QLabel>
+#include <QLayout>
 #include <QListWidget>
+#include <QSignalBlocker>
 #include <QTableView>
 
 using namespace Qt::StringLiterals;
@@ -22,9 +27,10 @@ constexpr int siteWidth = 220;
 
 } // namespace
 
-TitleDetailsView::TitleDetailsView(OverviewController &overview, QWidget *parent)
+TitleDetailsView::TitleDetailsView(OverviewController &overview, const Editor &editor, QWidget *parent)
     : QSplitter(Qt::Horizontal, parent)
     , m_overview(overview)
+    , m_editor(editor)
     , m_submittedToTableView(newIconRowTable(u"submittedToTableView"_s, u"Submitted to"_s, this))
     , m_validationErrorsView(new QListWidget(this))
     , m_errorsCaption(new QLabel(this))
@@ -35,6 +41,7 @@ TitleDetailsView::TitleDetailsView(OverviewController &overview, QWidget *parent
     buildErrors();
     restoreLayout();
     connect(&overview, &OverviewController::validationErrorsChanged, this, &TitleDetailsView::showErrors);
+    connect(&editor, &Editor::checked, this, &TitleDetailsView::explain, Qt::QueuedConnection);
     showErrors();
 }
 
@@ -50,8 +57,10 @@ void TitleDetailsView::buildMarks()
     m_submittedToTableView->setItemDelegateForColumn(SubmittedToTable::Status,
                                                      new IconCellDelegate({}, this));
     connect(&m_overview, &OverviewController::selectedRowChanged, this, [this](int row) {
-        if (row < 0)
-            m_submittedToTableView->clearSelection();
+        if (row >= 0)
+            return;
+        m_submittedToTableView->clearSelection();
+        explain();
     });
     addWidget(captioned(new QLabel(u"&Submitted to"_s), m_submittedToTableView));
 }
@@ -64,6 +73,7 @@ void TitleDetailsView::buildErrors()
     connect(m_validationErrorsView, &QListWidget::itemActivated, this, &TitleDetailsView::askForField);
     connect(m_validationErrorsView, &QListWidget::itemClicked, this, &TitleDetailsView::askForField);
     m_errorsCaption->setTextFormat(Qt::PlainText);
+    connect(m_validationErrorsView, &QListWidget::currentRowChanged, this, &TitleDetailsView::explain);
     addWidget(captioned(m_errorsCaption, m_validationErrorsView));
 }
 
@@ -84,6 +94,7 @@ void TitleDetailsView::askForField(const QListWidgetItem *item)
 void TitleDetailsView::showErrors()
 {
     const StringDictionary &errors = m_overview.validationErrors();
+    const QSignalBlocker blocker(m_validationErrorsView); // All of it is explained once, below.
     m_validationErrorsView->clear();
     for (const auto &[key, message] : errors) {
         auto *item = new QListWidgetItem(message, m_validationErrorsView);
@@ -91,6 +102,28 @@ void TitleDetailsView::showErrors()
     }
     m_errorsCaption->setText(errors.empty() ? u"&Errors in the PAD file"_s
                                             : u"&Errors in the PAD file (%1)"_s.arg(errors.size()));
+    explain();
+}
+
+void TitleDetailsView::explain()
+{
+    if (!isVisible() || (!m_findings && !mwqnSelSW))
+        return; // Not while the author types in the editor.
+    if (!m_findings) {
+        m_findings = new FindingsPane(m_editor);
+        m_validationErrorsView->parentWidget()->layout()->addWidget(m_findings);
+    }
+    const QListWidgetItem *item = m_validationErrorsView->currentItem();
+    if (!item)
+        item = m_validationErrorsView->item(0);
+    m_findings->explain(item ? item->data(Qt::UserRole).toString() : QString(),
+                        m_overview.validationErrors());
+}
+
+void TitleDetailsView::showEvent(QShowEvent *event)
+{
+    QSplitter::showEvent(event);
+    explain();
 }
 
 } // namespace quillon

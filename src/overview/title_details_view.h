@@ -9,20 +9,26 @@ class QTableView;
 
 namespace quillon {
 
+class Editor;
+class FindingsPane;
 class OverviewController;
 
-/// Where the selected title was submitted and, beside it, which errors its PAD file has.
+/// Where the selected title was submitted and, beside it, which errors its PAD file has, what they
+/// mean and what is advised.
 class TitleDetailsView : public QSplitter
 {
     Q_OBJECT
 public:
-    /// @p overview must outlive the view.
-    explicit TitleDetailsView(OverviewController &overview, QWidget *parent = nullptr);
+    /// @p overview and @p editor, whose form holds the selected title, must outlive the view.
+    TitleDetailsView(OverviewController &overview, const Editor &editor, QWidget *parent = nullptr);
     ~TitleDetailsView() override;
 
 Q_SIGNALS:
     /// The author asks for the field @p key of the selected title, by a message about it.
     void fieldRequested(const QString &key);
+
+protected:
+    void showEvent(QShowEvent *event) override;
 
 private:
     void buildMarks();
@@ -30,11 +36,15 @@ private:
     void restoreLayout();
     void askForField(const QListWidgetItem *item);
     void showErrors();
+    /// Explains the current message, else the first one, while anybody sees it.
+    void explain();
 
     OverviewController &m_overview;
+    const Editor &m_editor;
     QTableView *m_submittedToTableView;
     QListWidget *m_validationErrorsView;
     QLabel *m_errorsCaption;
+    FindingsPane *m_findings = nullptr; ///< Made with the first title.
 };
 
 } // namespace quillon

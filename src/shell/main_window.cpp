@@ -71,7 +71,7 @@ MainWindow::MainWindow(ToolbarControl &toolbar, OverviewController &overview, Ti
 
 void MainWindow::buildContent(OverviewController &overview, TitleCommands &titles)
 {
-    m_overviewView = new OverviewView(overview, titles, *m_commands);
+    m_overviewView = new OverviewView(overview, titles, m_editor, *m_commands);
     m_content->addWidget(m_overviewView);
     setCentralWidget(m_content);
     connect(m_overviewView, &OverviewView::editRequested, &m_toolbarControl, &ToolbarControl::editTBI);

@@ -1,7 +1,10 @@
 #include "editor/editor_view_fixture.h"
+#include "platform/plain_text.h"
 
 #include <QClipboard>
+#include <QHelpEvent>
 #include <QListWidget>
+#include <QToolTip>
 
 TEST_F(EditorViewTest, EachKeyIsCountedColouredAndStored)
 {
@@ -21,6 +24,13 @@ TEST_F(EditorViewTest, EachKeyIsCountedColouredAndStored)
     EXPECT_EQ(ErrorTracking::returnErrorDictionary()->at(u"companyName"_s),
               u"The company name is too long."_s);
     EXPECT_EQ(name->accessibleDescription(), u"The company name is too long."_s);
+    const QString explained =
+        u"The company name is too long.\nThe company name has 41 characters. At most 40 fit: take out 1."_s;
+    QHelpEvent hover(QEvent::ToolTip, {}, name->mapToGlobal(QPoint()));
+    QApplication::sendEvent(name, &hover);
+    EXPECT_EQ(QToolTip::text(), plainToolTip(explained));
+    line(authorEmail);
+    EXPECT_EQ(line(companyName)->accessibleDescription(), explained);
 }
 
 TEST_F(EditorViewTest, FiltersKeepTheCursorInTheMiddle)

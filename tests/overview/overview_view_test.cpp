@@ -1,12 +1,15 @@
+#include "pad/pad_document.h"
 #include "platform/notification_center.h"
 #include "platform/notifications.h"
 #include "shell/main_window_fixture.h"
+#include "store/add_delete_import_edit.h"
 #include "store/title_folder.h"
 
 #include <QLabel>
-#include <QListView>
+#include <QListWidget>
 #include <QPlainTextEdit>
 #include <QTabWidget>
+#include <QTextEdit>
 
 using OverviewViewTest = MainWindowTest;
 
@@ -173,4 +176,24 @@ TEST_F(OverviewViewTest, SelectionStaysWhileTheSubmissionWindowIsOpen)
     mwqnWOSi78tgsda = true;
     QTest::keyClick(visible<QTableView>(u"softwareTableView"_s), Qt::Key_Down);
     EXPECT_EQ(mwqnSelSW, u"B"_s);
+}
+
+TEST_F(OverviewViewTest, MessagesAreExplainedAndAdviceStandsBelow)
+{
+    const PadDocument document(
+        u"<XML_DIZ_INFO><MASTER_PAD_VERSION_INFO></MASTER_PAD_VERSION_INFO><Program_Name>T</Program_Name>"
+        "<Keywords>a,b,a</Keywords></XML_DIZ_INFO>"_s);
+    ASSERT_TRUE(AddDeleteImportEdit::importExistingFile(u"T"_s, document));
+    overview().loadSoftwareList();
+    clickTitle(0);
+    auto *messages = visible<QListWidget>(u"validationErrorsView"_s);
+    const auto told = [] { return visible<QTextEdit>(u"findingsPane"_s)->toPlainText(); };
+    EXPECT_EQ(messages->item(0)->text(), u"The application information url is too long."_s);
+    EXPECT_EQ(told(),
+              u"The address of the application information is empty. Give an address, such as "
+              "http://www.example.com/.\nHint: Some keywords stand there more than once: “a”. Take out "
+              "what is repeated, and use the room for others."_s);
+    messages->setFocus();
+    QTest::keyClick(messages, Qt::Key_End);
+    EXPECT_TRUE(told().startsWith(u"The support e-mail address is empty.")) << told();
 }

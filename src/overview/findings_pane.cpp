@@ -1,0 +1,79 @@
+#include "overview/findings_pane.h"
+
+#include "editor/editor.h"
+#include "findings/advice.h"
+#include "store/process_state.h"
+
+#include <QEvent>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+
+namespace {
+
+QString paragraph(const QString &text, const QString &style)
+{
+    return u"<p style=\"margin:0 0 4px 0;%1\">%2</p>"_s.arg(style, text.toHtmlEscaped());
+}
+
+/// Between the text's colour and the background's, still easy to read on both.
+QString mutedColour(const QPalette &palette)
+{
+    static constexpr float share = 0.4F;
+    const QColor text = palette.color(QPalette::WindowText);
+    const QColor back = palette.color(QPalette::Window);
+    const auto mixed = [](float one, float other) { return one + (other - one) * share; };
+    return u"color:"_s + QColor::fromRgbF(mixed(text.redF(), back.redF()),
+                                          mixed(text.greenF(), back.greenF()),
+                                          mixed(text.blueF(), back.blueF()))
+                             .name();
+}
+
+} // namespace
+
+FindingsPane::FindingsPane(const Editor &editor, QWidget *parent) : QTextEdit(parent), m_editor(editor)
+{
+    setObjectName(u"findingsPane"_s);
+    setAccessibleName(u"What it means, and advice"_s);
+    setReadOnly(true);
+    setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    setTabChangesFocus(true);
+    setFrameShape(QFrame::NoFrame);
+    viewport()->setAutoFillBackground(false);
+    static constexpr int mostLines = 6;
+    setMaximumHeight(mostLines * fontMetrics().lineSpacing());
+    hide();
+}
+
+void FindingsPane::explain(const QString &key, const StringDictionary &errors)
+{
+    m_key = key;
+    m_errors = errors;
+    showFindings();
+}
+
+void FindingsPane::showFindings()
+{
+    QString html;
+    if (mwqnSelSW && m_editor.loaded()) {
+        const QString muted = mutedColour(palette());
+        for (const Finding &finding : findings::all(m_errors, {.form = m_editor.form()})) {
+            if (finding.severity != Severity::Error)
+                html += paragraph(findings::sentence(finding), muted);
+            else if (padField(finding.field).control == m_key)
+                html += paragraph(findings::sentence(finding), {});
+        }
+    }
+    setHtml(html);
+    setVisible(!html.isEmpty());
+}
+
+void FindingsPane::changeEvent(QEvent *event)
+{
+    QTextEdit::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && isVisible())
+        showFindings();
+}
+
+} // namespace quillon
