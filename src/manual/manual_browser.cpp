@@ -34,6 +34,16 @@ QVariant ManualBrowser::loadResource(int type, const QUrl &name)
     return QString::fromUtf8(file.readAll());
 }
 
+bool ManualBrowser::focusNextPrevChild(bool next)
+{
+    const QTextCursor before = textCursor();
+    if (!WithFocusFrame::focusNextPrevChild(next))
+        return false;
+    const QTextCursor now = textCursor();
+    const bool isStuck = hasFocus() && now.anchor() == before.anchor() && now.position() == before.position();
+    return !isStuck || QAbstractScrollArea::focusNextPrevChild(next);
+}
+
 void ManualBrowser::mark(const QStringList &words)
 {
     QList<QTextEdit::ExtraSelection> marks;

@@ -22,6 +22,10 @@ public:
 
     QVariant loadResource(int type, const QUrl &name) override;
 
+protected:
+    /// Goes from link to link, and on to what comes next; backwards the toolkit would stay at the first one.
+    bool focusNextPrevChild(bool next) override;
+
 private:
     void follow(const QUrl &link);
 

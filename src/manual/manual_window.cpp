@@ -188,7 +188,7 @@ void ManualWindow::showList()
 
 void ManualWindow::showContents()
 {
-    m_list->setAccessibleName(tr("Contents"));
+    m_list->setAccessibleName(tr("Pages of the manual"));
     QTreeWidgetItem *group = nullptr;
     for (const ManualPage &page : m_manual.pages()) {
         if (!group || group->text(0) != page.group) {

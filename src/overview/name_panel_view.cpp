@@ -2,6 +2,7 @@
 
 #include "overview/title_commands.h"
 #include "platform/plain_text.h"
+#include "widgets/button_box.h"
 #include "widgets/validation_palette.h"
 
 #include <QDialogButtonBox>
@@ -46,6 +47,7 @@ NamePanelView::NamePanelView(TitleCommands &commands, QWidget *parent)
     layout->addWidget(m_inputMessage, 1, 0);
     layout->addWidget(m_input, 1, 1);
     layout->addWidget(buttons, 2, 0, 1, 2);
+    orderForTab(*buttons);
     m_okButton->setDefault(true); // Only a button that lies in its dialog can be the default one.
 
     connect(buttons, &QDialogButtonBox::accepted, this,
@@ -64,6 +66,7 @@ void NamePanelView::showPanel()
     const std::optional<NamePanel> &panel = m_commands.namePanel();
     if (!panel) {
         hide();
+        parentWidget()->activateWindow(); // Else the focus would stay on a button of the hidden panel.
         return;
     }
     setWindowTitle(panel->file.isEmpty() ? u"Quillon"_s : plainWindowTitle(panel->file));

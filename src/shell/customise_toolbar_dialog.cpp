@@ -2,6 +2,7 @@
 
 #include "shell/toolbar_layout.h"
 #include "widgets/action_button.h"
+#include "widgets/button_box.h"
 #include "widgets/command_set.h"
 
 #include <QAction>
@@ -108,6 +109,7 @@ QDialogButtonBox *CustomiseToolbarDialog::newButtonBox()
     connect(buttons, &QDialogButtonBox::rejected, this, &CustomiseToolbarDialog::reject);
     connect(buttons->button(QDialogButtonBox::RestoreDefaults), &QPushButton::clicked, this,
             [this] { showOrder(toolbar_layout::defaultOrder()); });
+    orderForTab(*buttons);
     return buttons;
 }
 

@@ -2,6 +2,7 @@
 
 #include "sites/add_edit_panel.h"
 #include "store/storage_status.h"
+#include "widgets/button_box.h"
 #include "widgets/failed_writes_label.h"
 
 #include <QDialogButtonBox>
@@ -57,8 +58,7 @@ AddEditPanelView::AddEditPanelView(AddEditPanel &panel, QWidget *parent)
     layout->addRow(new FailedWritesLabel(u"panelFailedWrites"_s, failedWritesLine, this));
     layout->addRow(buttons);
     m_addSaveButton->setDefault(true);
-    setTabOrder(m_siteUrl, m_addSaveButton);
-    setTabOrder(m_addSaveButton, buttons->button(QDialogButtonBox::Cancel));
+    orderForTab(*buttons);
 
     connect(buttons, &QDialogButtonBox::accepted, this,
             [this] { m_panel.addSaveButtonAction(m_siteName->text(), m_siteUrl->text()); });

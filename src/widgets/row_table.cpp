@@ -12,7 +12,7 @@ namespace quillon {
 
 namespace {
 
-/// A table in which keys go from row to row.
+/// A table in which keys go from row to row, and sort.
 class RowTable final : public QTableView
 {
 public:
@@ -38,6 +38,9 @@ protected:
     }
     void keyPressEvent(QKeyEvent *event) override
     {
+        if (isSortingEnabled() && event->modifiers() == (Qt::ControlModifier | Qt::ShiftModifier) &&
+            sortBy(Qt::Key(event->key())))
+            return;
         // Where no row is selected, as when the list has been loaded anew, the one that has the focus is what
         // the key selects first.
         const QModelIndex place = currentIndex();
@@ -52,6 +55,25 @@ protected:
         QTableView::keyPressEvent(event);
     }
 
+    /// Left and Right sort by the next column to there that is shown, Up and Down the other way round; false
+    /// for other keys.
+    bool sortBy(Qt::Key key)
+    {
+        const QHeaderView *header = horizontalHeader();
+        const int column = header->sortIndicatorSection();
+        if (key == Qt::Key_Up || key == Qt::Key_Down)
+            sortByColumn(column, key == Qt::Key_Up ? Qt::AscendingOrder : Qt::DescendingOrder);
+        if (key != Qt::Key_Left && key != Qt::Key_Right)
+            return key == Qt::Key_Up || key == Qt::Key_Down;
+        const int step = key == Qt::Key_Right ? 1 : header->count() - 1;
+        int place = header->visualIndex(column);
+        do
+            place = (place + step) % header->count();
+        while (header->isSectionHidden(header->logicalIndex(place)));
+        sortByColumn(header->logicalIndex(place), header->sortIndicatorOrder());
+        return true;
+    }
+
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override
     {
         if (action != MoveHome && action != MoveEnd)
@@ -60,6 +82,23 @@ protected:
                               qMax(currentIndex().column(), 0));
     }
 };
+
+/// Says what @p table is sorted by, and how that is changed without a mouse.
+void describeSorting(QTableView &table)
+{
+    const QHeaderView *header = table.horizontalHeader();
+    if (!table.isSortingEnabled() || !table.model())
+        return;
+    const QString column =
+        table.model()->headerData(header->sortIndicatorSection(), Qt::Horizontal).toString();
+    const QString order = header->sortIndicatorOrder() == Qt::AscendingOrder
+                              ? QTableView::tr("Sorted by %1, ascending.").arg(column)
+                              : QTableView::tr("Sorted by %1, descending.").arg(column);
+    table.setAccessibleDescription(
+        order + u' ' +
+        QTableView::tr("Ctrl+Shift with the arrow keys sorts by another column, or the other "
+                       "way round."));
+}
 
 } // namespace
 
@@ -80,6 +119,8 @@ QTableView *newRowTable(const QString &name, const QString &accessibleName, QWid
     table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + 8);
     table->horizontalHeader()->setHighlightSections(false);
     table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    QObject::connect(table->horizontalHeader(), &QHeaderView::sortIndicatorChanged, table,
+                     [table] { describeSorting(*table); });
     return table;
 }
 

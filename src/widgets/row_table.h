@@ -9,8 +9,8 @@ class QWidget;
 namespace quillon {
 
 /// A table of whole rows, one line each, of which one at a time can be selected unless the caller says
-/// otherwise, and none edited in place; the keys go from row to row, and typing finds one. It belongs to @p
-/// parent.
+/// otherwise, and none edited in place; the keys go from row to row, and typing finds one. Where sorting is
+/// enabled, Ctrl+Shift with the arrow keys sorts. It belongs to @p parent.
 QTableView *newRowTable(const QString &name, const QString &accessibleName, QWidget *parent);
 
 /// The same with rows that are high enough for icon cells.

@@ -5,6 +5,7 @@
 #include "store/add_delete_import_edit.h"
 #include "store/title_folder.h"
 
+#include <QHeaderView>
 #include <QLabel>
 #include <QListWidget>
 #include <QPlainTextEdit>
@@ -134,6 +135,29 @@ TEST_F(OverviewViewTest, WhatIsAddedIsInSightAndTheNextKeyOpensIt)
     drop({padFile(u"Z"_s), padFile(u"Y"_s)});
     answerAlert(u"OK"_s);
     expectAdded(u"Y"_s);
+}
+
+TEST_F(OverviewViewTest, ColumnsAreSortedByKeys)
+{
+    for (const QString &name : {u"A"_s, u"B"_s, u"C"_s})
+        ASSERT_TRUE(AddDeleteImportEdit::createNewListing(name));
+    start();
+    auto *table = visible<QTableView>(u"softwareTableView"_s);
+    QHeaderView *header = table->horizontalHeader();
+    header->moveSection(0, 2);
+    header->hideSection(2);
+    // In the order of sight: version, the title's name, then systems.
+    const std::pair<QString, int> presses[] = {{u"Ctrl+Shift+Left"_s, SoftwareTable::Version},
+                                               {u"Ctrl+Shift+Left"_s, SoftwareTable::Submissions},
+                                               {u"Ctrl+Shift+Right"_s, SoftwareTable::Version},
+                                               {u"Ctrl+Shift+Right"_s, SoftwareTable::SoftwareTitle},
+                                               {u"Ctrl+Shift+Down"_s, SoftwareTable::SoftwareTitle}};
+    for (const auto &[keys, column] : presses) {
+        QTest::keySequence(table, QKeySequence(keys));
+        EXPECT_EQ(header->sortIndicatorSection(), column) << keys;
+    }
+    EXPECT_EQ(table->model()->index(0, 0).data().toString(), u"C");
+    EXPECT_TRUE(table->accessibleDescription().startsWith(u"Sorted by Software Title, descending."));
 }
 
 TEST_F(OverviewViewTest, FilesComeInByTheChooserAndByDropping)

@@ -125,19 +125,22 @@ inline QString accessibleName(QWidget *widget)
     return interface ? interface->text(QAccessible::Name) : QString();
 }
 
-/// The stops of the Tab key in @p window, from where the focus is until it comes back.
+/// The stops of the Tab key in @p window, from where the focus is until it comes back. What has stops within,
+/// such as the links of a page, is one stop.
 inline QList<QWidget *> tabStops(QWidget &window)
 {
     QList<QWidget *> stops;
     static constexpr int most = 500;
-    while (stops.size() < most) {
-        QWidget *focus = QApplication::focusWidget();
-        if (!focus || stops.contains(focus))
-            break;
-        stops.append(focus);
+    int presses = 0;
+    for (QWidget *focus = QApplication::focusWidget(); focus && presses < most; ++presses) {
+        if (stops.isEmpty() || stops.last() != focus)
+            stops.append(focus);
         QTest::keyClick(focus, Qt::Key_Tab);
+        focus = QApplication::focusWidget();
+        if (focus != stops.last() && stops.contains(focus))
+            break;
     }
-    EXPECT_LT(stops.size(), most) << "Tab never comes back in " << window.objectName();
+    EXPECT_TRUE(presses < most || stops.size() == 1) << "Tab never comes back in " << window.objectName();
     return stops;
 }
 

@@ -1,0 +1,109 @@
+#include "shell/main_window_fixture.h"
+#include "shell/manual_topics.h"
+#include "support/accessibility.h"
+
+#include <QFileDialog>
+#include <QMenu>
+#include <QMenuBar>
+#include <QTabWidget>
+#include <QTextBrowser>
+
+namespace {
+
+constexpr int mostLinks = 100; ///< On a page, each of which is a stop of its own.
+
+bool activated(QWidget &window)
+{
+    QCoreApplication::processEvents(); // What closed before tells the window below so.
+    window.activateWindow();
+    QCoreApplication::processEvents();
+    return eventually([&window] { return QApplication::activeWindow() == &window; });
+}
+
+/// What is wrong for somebody who has the keyboard alone, or a screen reader, in @p window: a line for each
+/// fault of names, for each control that Tab does not reach, and when F1 knows no page for it.
+QStringList keyboardFaults(QWidget &window)
+{
+    if (!activated(window))
+        return {u"the window does not get the keyboard"_s};
+    QStringList faults = accessibilityFaults(window);
+    QList<QWidget *> stops = tabStops(window);
+    stops += tabStops(window); // Some come to life only when another one is reached.
+    for (const QWidget *widget : window.findChildren<QWidget *>()) {
+        if (canBeStop(*widget, window) && (widget->focusPolicy() & Qt::TabFocus) && widget->isEnabled() &&
+            !stops.contains(widget))
+            faults.append(nameForPeople(*widget) + u" is not reached by Tab"_s);
+    }
+    QWidget *back = stops.value(0);
+    if (!back)
+        return faults + QStringList{u"nothing has the keyboard"_s};
+    for (int link = 0; QApplication::focusWidget() == back && link < mostLinks; ++link)
+        QTest::keyClick(back, Qt::Key_Backtab, Qt::ShiftModifier);
+    if (QApplication::focusWidget() != stops.last())
+        faults.append(nameForPeople(*back) + u" leads backwards to "_s +
+                      nameForPeople(*QApplication::focusWidget()));
+    QStringList around;
+    for (const QWidget *widget = back; widget; widget = widget->parentWidget())
+        around.append(widget->objectName());
+    if (manual_topics::pageOf(around) == u"index.html")
+        faults.append(u"the manual has no page for it"_s);
+    return faults;
+}
+
+/// The window that has come on top of @p main; null when none came.
+QWidget *openedOver(const QWidget &main)
+{
+    for (QWidget *window : QApplication::topLevelWidgets()) {
+        if (window != &main && window->isVisible() && window->isWindow() && !window->inherits("QMenu"))
+            return window;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+using KeyboardWalkTest = MainWindowTest;
+
+TEST_F(KeyboardWalkTest, TheMainWindowWithItsViews)
+{
+    EXPECT_EQ(keyboardFaults(window()), QStringList()) << "without titles";
+    drop({padFile(u"A"_s)});
+    ASSERT_TRUE(eventually([] { return openWindow<QMessageBox>() != nullptr; }));
+    EXPECT_EQ(keyboardFaults(*openWindow<QMessageBox>()), QStringList()) << "what is lost";
+    answerAlert(u"OK"_s);
+    clickTitle(0);
+    EXPECT_EQ(keyboardFaults(window()), QStringList()) << "the list";
+    command(u"Edit"_s)->trigger();
+    auto *pages = window().findChild<QTabWidget *>();
+    for (int page = 0; page < pages->count(); ++page) {
+        pages->setCurrentIndex(page);
+        EXPECT_EQ(keyboardFaults(window()), QStringList()) << pages->tabText(page);
+    }
+}
+
+// The submission window is walked where it has its engine.
+TEST_F(KeyboardWalkTest, EveryWindowThatACommandOpens)
+{
+    drop({padFile(u"A"_s)});
+    answerAlert(u"OK"_s);
+    const QSet<QString> others = {u"quit"_s, u"Submit"_s, u"help"_s, u"bugReport"_s};
+    int opened = 0;
+    for (const QMenu *menu : window().menuBar()->findChildren<QMenu *>()) {
+        for (QAction *action : menu->actions()) {
+            ASSERT_TRUE(activated(window()));
+            clickTitle(0);
+            if (others.contains(action->objectName()) || !action->isEnabled())
+                continue;
+            action->trigger();
+            QWidget *over = openedOver(window());
+            if (over && !qobject_cast<QFileDialog *>(over)) {
+                EXPECT_EQ(keyboardFaults(*over), QStringList()) << action->text();
+                ++opened;
+            }
+            if (over)
+                over->close();
+            command(u"Overview"_s)->trigger();
+        }
+    }
+    EXPECT_GE(opened, 7);
+}
