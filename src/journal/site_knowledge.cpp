@@ -50,6 +50,13 @@ Result<bool> isGone(Database &database, const QString &name)
     return gone ? *gone != 0 : Result<bool>(gone.error());
 }
 
+Result<QSet<QString>> goneSites(Database &database)
+{
+    const auto names = statementRows<QString>(database.prepare("SELECT name FROM sites WHERE is_gone"),
+                                              [](const Statement &row) { return row.text(0); });
+    return names ? QSet<QString>(names->begin(), names->end()) : Result<QSet<QString>>(names.error());
+}
+
 Result<> keepNotes(Database &database, const QString &name, const Notes &notes)
 {
     return database.run("INSERT INTO sites (name, note, needs_account, reads_pad, is_gone)"

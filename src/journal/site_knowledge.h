@@ -3,6 +3,7 @@
 #include "journal/database.h"
 
 #include <QList>
+#include <QSet>
 
 /// What is known of sites besides their addresses: what the author learned, and what was found when their
 /// addresses were last visited. To be called inside of Journal::change() or read().
@@ -40,6 +41,9 @@ Result<KnownSite> of(Database &database, const QString &name);
 
 /// Whether the author has noted that the site @p name is gone.
 Result<bool> isGone(Database &database, const QString &name);
+
+/// All sites of which the author has noted so.
+Result<QSet<QString>> goneSites(Database &database);
 
 /// Keeps @p notes in the place of what was noted before.
 Result<> keepNotes(Database &database, const QString &name, const Notes &notes);

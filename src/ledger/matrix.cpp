@@ -1,6 +1,7 @@
 #include "ledger/matrix.h"
 
 #include "journal/journal.h"
+#include "journal/site_knowledge.h"
 #include "ledger/version_order.h"
 #include "platform/string_dictionary.h"
 
@@ -70,7 +71,8 @@ QHash<QString, int> ranks(QStringList versions)
 
 } // namespace
 
-Matrix::Matrix(const QList<Title> &titles, const QList<ledger::TitleEntry> &entries)
+Matrix::Matrix(const QList<Title> &titles, const QList<ledger::TitleEntry> &entries,
+               const QSet<QString> &gone)
 {
     QHash<QString, QList<ledger::Entry>> byTitle;
     for (const ledger::TitleEntry &each : entries)
@@ -79,7 +81,7 @@ Matrix::Matrix(const QList<Title> &titles, const QList<ledger::TitleEntry> &entr
     StringDictionary used; // In the order of the catalogue.
     for (const Title &title : titles) {
         const QList<ledger::Entry> known = byTitle.value(title.name);
-        all.append(standings(title.summary, known));
+        all.append(standings(title.summary, known, gone));
         m_rows.append({.title = title.name, .version = title.summary.version.value_or(QString())});
         for (const Standing &standing : all.last())
             used[standing.site];
@@ -137,14 +139,19 @@ Result<ReadMatrix> readMatrix()
     if (!titles)
         return titles.error();
     QList<ledger::TitleEntry> entries;
+    QSet<QString> gone;
     const Result<> read = Journal::ofDataFolder().read([&](Database &database) -> Result<> {
         auto found = ledger::newestOfAll(database);
         if (!found)
             return found.error();
+        auto goneSites = site_knowledge::goneSites(database);
+        if (!goneSites)
+            return goneSites.error();
         entries = *std::move(found);
+        gone = *std::move(goneSites);
         return {};
     });
-    ReadMatrix result{.matrix = Matrix(titles->titles, entries), .failures = titles->failures};
+    ReadMatrix result{.matrix = Matrix(titles->titles, entries, gone), .failures = titles->failures};
     if (!read && !read.isError(Error::Kind::Missing))
         result.failures.append(read.error());
     return result;

@@ -47,7 +47,9 @@ public:
 
     Matrix() = default;
     /// @p entries hold the newest of each title and site; those of titles that are not in the list count not.
-    Matrix(const QList<Title> &titles, const QList<ledger::TitleEntry> &entries);
+    /// Sites in @p gone are gone for all titles.
+    Matrix(const QList<Title> &titles, const QList<ledger::TitleEntry> &entries,
+           const QSet<QString> &gone = {});
 
     /// In the order of the list.
     [[nodiscard]] const QList<Row> &rows() const { return m_rows; }

@@ -26,7 +26,7 @@ std::optional<QString> markedVersion(const Summary &summary, const QString &site
     return place < 0 ? std::nullopt : std::optional(summary.versionList().value(place));
 }
 
-QList<Standing> standings(const Summary &summary, const QList<Entry> &entries)
+QList<Standing> standings(const Summary &summary, const QList<Entry> &entries, const QSet<QString> &gone)
 {
     const QStringList sites = summary.siteList();
     const QStringList versions = summary.versionList();
@@ -53,6 +53,10 @@ QList<Standing> standings(const Summary &summary, const QList<Entry> &entries)
         standing.isCurrent = standing.version == summary.version.value_or(QString());
         if (standing.isMarked && standing.state == State::Removed)
             standing.state = State::Sent; // Marked by other means since.
+    }
+    for (Standing &standing : all) {
+        if (gone.contains(standing.site) && standing.state != State::Removed)
+            standing.state = State::Gone;
     }
     all.removeIf([](const Standing &standing) { return standing.state == State::Removed; });
     return all;

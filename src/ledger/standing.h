@@ -4,6 +4,7 @@
 #include "store/summary_file.h"
 
 #include <QList>
+#include <QSet>
 
 namespace quillon {
 
@@ -29,7 +30,9 @@ std::optional<QString> markedVersion(const Summary &summary, const QString &site
 /// which are its entries of the ledger, older ones first. A mark tells the version there; without one,
 /// because its site has left the catalogue, the newest entry does. Where the author took the mark away,
 /// nothing is.
-QList<Standing> standings(const Summary &summary, const QList<ledger::Entry> &entries);
+/// Those of @p gone, which the author knows to be no more, are gone.
+QList<Standing> standings(const Summary &summary, const QList<ledger::Entry> &entries,
+                          const QSet<QString> &gone = {});
 
 /// That of @p site among @p standings; null without one.
 const Standing *standingAt(const QList<Standing> &standings, const QString &site);

@@ -4,6 +4,7 @@
 #include "journal/site_knowledge.h"
 #include "ledger/changed_fields.h"
 #include "overview/title_list.h"
+#include "platform/string_dictionary.h"
 #include "store/process_state.h"
 #include "store/storage_status.h"
 
@@ -20,20 +21,10 @@ namespace {
 /// What the journal knows of a title, and of sites.
 struct Known
 {
-    QSet<QString> goneSites;
     QList<ledger::Entry> entries;
     tours::Record record;
+    QSet<QString> goneSites;
 };
-
-QSet<QString> gone(const QList<site_knowledge::KnownSite> &sites)
-{
-    QSet<QString> names;
-    for (const site_knowledge::KnownSite &site : sites) {
-        if (site.notes.isGone)
-            names.insert(site.name);
-    }
-    return names;
-}
 
 Result<Known> knownOf(const QString &title, const QString &version)
 {
@@ -45,10 +36,10 @@ Result<Known> knownOf(const QString &title, const QString &version)
         auto record = tours::record(database, title, version);
         if (!record)
             return record.error();
-        const auto sites = site_knowledge::all(database);
-        if (!sites)
-            return sites.error();
-        known = {.goneSites = gone(*sites), .entries = *std::move(entries), .record = *std::move(record)};
+        auto gone = site_knowledge::goneSites(database);
+        if (!gone)
+            return gone.error();
+        known = {.entries = *std::move(entries), .record = *std::move(record), .goneSites = *std::move(gone)};
         return {};
     });
     return read || read.isError(Error::Kind::Missing) ? known : Result<Known>(read.error());
@@ -79,20 +70,18 @@ Result<Tour> Tour::of(const QString &title)
     const auto known = knownOf(title, tour.m_version);
     if (!known)
         return known.error();
-    const QList<Standing> all = standings(*summary, known->entries);
+    const QList<Standing> all = standings(*summary, known->entries, known->goneSites);
     const QSet<QString> brought = broughtTo(tour.m_version, known->entries);
     QList<Standing> stale;
     for (const auto &[site, url] : mwqnSCPreallSitesDict) {
         const Standing *there = standingAt(all, site);
-        if (known->goneSites.contains(site))
-            continue;
         if (there && there->isStale())
             stale.append(*there);
         else if (there && brought.contains(site))
             ++tour.m_done;
     }
     tour.arrange(stale, known->record.answers);
-    tour.m_at = tour.isLeft(known->record.at) ? known->record.at : tour.sites().value(0);
+    tour.m_at = tour.isLeft(known->record.at) ? known->record.at : tour.firstAfter(known->record.at);
     return tour;
 }
 
@@ -111,6 +100,14 @@ void Tour::arrange(const QList<Standing> &stale, const QList<tours::AnsweredSite
         else
             ++m_done;
     }
+}
+
+QString Tour::firstAfter(const QString &site) const
+{
+    const QStringList names = sites();
+    const auto isLater = [&site](const QString &name) { return CaseInsensitiveOrder()(site, name); };
+    const auto found = std::ranges::find_if(names, isLater);
+    return found == names.end() ? names.value(0) : *found;
 }
 
 QStringList Tour::sites() const

@@ -34,7 +34,8 @@ public:
     /// How many there were when it began, and how many have been done or left out.
     [[nodiscard]] qsizetype total() const { return m_left.size() + m_done; }
     [[nodiscard]] qsizetype done() const { return m_done; }
-    /// The site at which the author stopped, or else the first that is left; empty when none is.
+    /// The site at which the author stopped, or when that is done the one that follows; empty when none is
+    /// left.
     [[nodiscard]] QString at() const { return m_at; }
     /// The one after @p site, and after the last the first; empty when none is left.
     [[nodiscard]] QString after(const QString &site) const;
@@ -49,6 +50,8 @@ public:
     Result<> answer(const QString &site, tours::Answer answer);
 
 private:
+    /// The first that stands after @p site in the alphabet, or else the very first.
+    [[nodiscard]] QString firstAfter(const QString &site) const;
     void arrange(const QList<Standing> &stale, const QList<tours::AnsweredSite> &answers);
 
     QString m_title;

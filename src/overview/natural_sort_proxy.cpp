@@ -1,22 +1,12 @@
 #include "overview/natural_sort_proxy.h"
 
+#include "platform/natural_order.h"
+
 namespace quillon {
 
-namespace {
-
-/// The user's locale; where none is set, one that knows an alphabet.
-QLocale collationLocale()
-{
-    return QLocale().language() == QLocale::C ? QLocale(QLocale::English) : QLocale();
-}
-
-} // namespace
-
 NaturalSortProxy::NaturalSortProxy(QObject *parent)
-    : QSortFilterProxyModel(parent), m_collator(collationLocale())
+    : QSortFilterProxyModel(parent), m_collator(naturalOrder())
 {
-    m_collator.setCaseSensitivity(Qt::CaseInsensitive);
-    m_collator.setNumericMode(true);
 }
 
 bool NaturalSortProxy::lessThan(const QModelIndex &left, const QModelIndex &right) const

@@ -4,6 +4,7 @@
 #include "changes/history_window.h"
 #include "editor/editor.h"
 #include "editor/editor_view.h"
+#include "ledger/matrix_window.h"
 #include "overview/name_panel_view.h"
 #include "overview/overview_view.h"
 #include "overview/title_commands.h"
@@ -197,6 +198,18 @@ void MainWindow::openHistory(const std::optional<FieldId> &field)
             NotificationCenter::defaultCenter().post(notification::mwqnOCu432hjiudsh);
     });
     history->show();
+}
+
+void MainWindow::openMatrix()
+{
+    auto *matrix = findChild<MatrixWindow *>();
+    if (!matrix) {
+        matrix = new MatrixWindow(this);
+        connect(matrix, &MatrixWindow::siteChosen, this, &MainWindow::submissionRequested);
+    }
+    matrix->show();
+    matrix->raise();
+    matrix->activateWindow();
 }
 
 void MainWindow::showChanged(const Result<QList<FieldId>> &fields)

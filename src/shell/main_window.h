@@ -44,6 +44,8 @@ public:
     void redo();
     /// Opens the history of the selected title, or of @p field in it.
     void openHistory(const std::optional<FieldId> &field);
+    /// Opens the window of which version is on which site, or brings it to the front.
+    void openMatrix();
     void openAboutPanelAction();
 
     /// What a right click on the toolbar or on the menu bar offers.
@@ -54,6 +56,8 @@ Q_SIGNALS:
     void closed();
     /// The manual is asked for, at the page of what is shown.
     void manualRequested();
+    /// The author wants to submit @p title to @p site.
+    void submissionRequested(const QString &title, const QString &site);
 
 protected:
     void closeEvent(QCloseEvent *event) override;

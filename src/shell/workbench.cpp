@@ -15,6 +15,7 @@ Workbench::Workbench()
         &m_deleted, &DeletedTitles::showWindow, &m_window, [this] { openDeletedTitles(); },
         Qt::SingleShotConnection);
     QObject::connect(&m_window, &MainWindow::closed, &m_submission, &SubmissionOpener::close);
+    QObject::connect(&m_window, &MainWindow::submissionRequested, &m_siteJump, &SiteJump::go);
     QObject::connect(&m_window, &MainWindow::closed, &m_edits, &EditHistory::store);
     QObject::connect(&m_window, &MainWindow::closed, &m_manual, &ManualOpener::close);
     QObject::connect(&m_window, &MainWindow::manualRequested, &m_manual, &ManualOpener::open);

@@ -9,6 +9,7 @@
 #include "shell/manual_opener.h"
 #include "shell/message_box_sheets.h"
 #include "shell/single_instance.h"
+#include "shell/site_jump.h"
 #include "shell/submission_opener.h"
 #include "shell/toolbar_control.h"
 #include "sites/deleted_titles.h"
@@ -51,6 +52,7 @@ private:
     EditHistory m_edits{m_editor, m_delayedCalls};
     PreferencesController m_preferences{m_alerts, m_delayedCalls};
     SubmissionOpener m_submission{m_toolbar, m_overview, m_alerts, m_delayedCalls};
+    SiteJump m_siteJump{m_overview, m_toolbar, m_submission, m_alerts};
     DeletedTitles m_deleted{m_alerts};
     MainWindow m_window{m_toolbar, m_overview, m_titles, m_editor, m_preferences, m_edits, m_deleted};
     ManualOpener m_manual{m_desktop};

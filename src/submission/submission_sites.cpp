@@ -50,6 +50,13 @@ bool SubmissionSites::select(int row)
     return m_selectedSite != before;
 }
 
+bool SubmissionSites::selectSite(const QString &site)
+{
+    const bool isAnother = select(m_table.rowOf(site));
+    Q_EMIT selectedRowChanged(selectedRow());
+    return isAnother;
+}
+
 bool SubmissionSites::isMarked() const
 {
     return m_submittedToArraySTR.value(selectedRow()) == u"1";

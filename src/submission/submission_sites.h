@@ -26,6 +26,8 @@ public:
     void keepSelection();
     /// Selects the site in @p row, -1 for none. Whether that is another site than before.
     bool select(int row);
+    /// The same by its name, and shows it.
+    bool selectSite(const QString &site);
 
     /// Says which site is selected, and offers to mark it.
     void showSelected();

@@ -3,6 +3,7 @@
 #include "store/process_state.h"
 #include "submission/browser_module.h"
 #include "submission/submit_window.h"
+#include "submission/tour_control.h"
 
 using namespace Qt::StringLiterals;
 
@@ -29,6 +30,7 @@ QList<Command> submitCommands(SubmitWindow &window)
 {
     SubmitControl &control = window.control();
     WindowBrowser &browser = window.browser();
+    TourControl &tour = window.tour();
     const auto unlessClosed = [&browser](void (WindowBrowser::*go)()) {
         return [&browser, go] {
             if (!mwqnWOSi78tgsda)
@@ -49,6 +51,18 @@ QList<Command> submitCommands(SubmitWindow &window)
          .keys = {u"Ctrl+Shift+M"_s}, .toolTip = u"Forget that the title was submitted to the selected site"_s,
          .isEnabled = [&control] { return control.canMark() && control.sites().isMarked(); },
          .run = [&control] { control.removeMark(); }},
+        {.id = u"ledger"_s, .text = u"What &Became of It…"_s, .menu = site, .keys = {u"Ctrl+D"_s},
+         .isEnabled = [&control] { return control.title() && control.sites().selectedRow() >= 0; },
+         .run = [&window] { window.openLedger(); }},
+        {.id = u"tourNext"_s, .text = u"&Next"_s, .menu = site, .opensGroup = true, .keys = {u"Ctrl+N"_s},
+         .toolTip = u"Go to the next site that is to be brought up to date"_s,
+         .isEnabled = [&tour] { return tour.isOffered(); }, .run = [&tour] { tour.next(); }},
+        {.id = u"tourSkip"_s, .text = u"S&kip"_s, .menu = site, .keys = {u"Ctrl+Shift+K"_s},
+         .toolTip = u"Leave this site as it is until the title has another version"_s,
+         .isEnabled = [&tour] { return tour.isOffered(); }, .run = [&tour] { tour.skip(); }},
+        {.id = u"tourLater"_s, .text = u"&Later"_s, .menu = site, .keys = {u"Ctrl+Shift+L"_s},
+         .toolTip = u"Put this site off until all others are up to date"_s,
+         .isEnabled = [&tour] { return tour.isOffered(); }, .run = [&tour] { tour.later(); }},
         {.id = u"close"_s, .text = u"&Close"_s, .menu = site, .opensGroup = true, .keys = {QKeySequence::Close},
          .run = [&window] { window.close(); }},
 

@@ -164,7 +164,19 @@ QString SubmitControl::whyNoPages() const
 void SubmitControl::tableViewSelectionDidChange(int row)
 {
     if (m_sites.select(row) && row >= 0)
-        showSite();
+        showChosen();
+}
+
+void SubmitControl::goToSite(const QString &site)
+{
+    if (m_sites.allSitesArray().contains(site) && m_sites.selectSite(site))
+        showChosen();
+}
+
+void SubmitControl::showChosen()
+{
+    showSite();
+    Q_EMIT siteChosen();
 }
 
 void SubmitControl::showSite()

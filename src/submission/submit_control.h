@@ -49,6 +49,9 @@ public:
     /// as it is.
     void tableViewSelectionDidChange(int row);
 
+    /// Goes to @p site as if the author selected it; nothing when it is not in the list.
+    void goToSite(const QString &site);
+
     /// The title that was submitted is selected no more: from now on there is nothing to mark or to paste.
     void titleIsGone();
 
@@ -68,6 +71,8 @@ public:
     void closePopUpWindowAction() { Q_EMIT closePopUpWindow(); }
     void windowWillClose();
 
+    /// The title whose marks and values are on show; none when it is gone.
+    [[nodiscard]] const std::optional<QString> &title() const { return m_title; }
     [[nodiscard]] SubmissionSites &sites() { return m_sites; }
     [[nodiscard]] PageLoad &pageLoad() { return m_pageLoad; }
     [[nodiscard]] PageQuestions &questions() { return m_questions; }
@@ -78,6 +83,8 @@ public:
 Q_SIGNALS:
     /// canMark(), hindrance() or whyNoPages() may be another one.
     void hindranceChanged();
+    /// The author has selected a site, or was led to one.
+    void siteChosen();
     /// Make sure that the drawer with the sites is open.
     void openSitesDrawer();
     /// Bring the window of popUpWebView to the front, or hide it.
@@ -89,6 +96,7 @@ private:
 
     void takeTitle();
     void showSite();
+    void showChosen();
     void changeMark(Result<> (*change)(const QString &site), bool isMarkedThen);
 
     Parts m_parts;

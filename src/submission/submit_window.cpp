@@ -10,11 +10,14 @@
 #include "submission/browser_events.h"
 #include "submission/engine_environment.h"
 #include "submission/field_copy_view.h"
+#include "submission/ledger_dialog.h"
 #include "submission/load_status_row.h"
 #include "submission/mark_row.h"
 #include "submission/pop_up_window.h"
 #include "submission/sites_drawer.h"
 #include "submission/submit_commands.h"
+#include "submission/tour_control.h"
+#include "submission/tour_strip.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -52,6 +55,7 @@ SubmitWindow::SubmitWindow(BrowserEngine &engine, AlertSheets &alerts, Desktop &
     , m_popUpBrowserWindow(std::make_unique<PopUpWindow>(engine))
     , m_control(std::make_unique<SubmitControl>(
           SubmitControl::Parts{m_qnWebView, m_popUpBrowserWindow->browser(), alerts, desktop, delayedCalls}))
+    , m_tour(std::make_unique<TourControl>(*m_control))
 {
     m_events->setParent(&m_qnWebView.widget()); // It may be told of something until then.
     installAccessibleRoles();
@@ -94,6 +98,7 @@ QWidget *SubmitWindow::newContent()
     layout->setContentsMargins(8, 6, 8, 6);
     layout->addWidget(m_browserBar);
     layout->addWidget(new MarkRow(*m_control, *m_commands));
+    layout->addWidget(new TourStrip(*m_tour, *m_commands));
     layout->addWidget(m_splitter, 1);
     layout->addWidget(m_statusRow);
     return content;
@@ -161,6 +166,13 @@ void SubmitWindow::findField()
 void SubmitWindow::findAddress()
 {
     m_browserBar->focusAddress();
+}
+
+void SubmitWindow::openLedger()
+{
+    auto *ledger = new LedgerDialog(*m_control->title(), m_control->sites().selectedSite(), this);
+    connect(ledger, &LedgerDialog::stored, m_tour.get(), &TourControl::refresh);
+    ledger->open();
 }
 
 void SubmitWindow::toggleDrawer()

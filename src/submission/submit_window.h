@@ -19,6 +19,7 @@ class FieldCopyView;
 class LoadStatusRow;
 class PopUpWindow;
 class SitesDrawer;
+class TourControl;
 class WindowBrowser;
 
 /// The submission window: the drawer with the sites, the page of the selected one, and the field copy panel.
@@ -31,6 +32,7 @@ public:
     ~SubmitWindow() override;
 
     [[nodiscard]] SubmitControl &control() { return *m_control; }
+    [[nodiscard]] TourControl &tour() { return *m_tour; }
     [[nodiscard]] WindowBrowser &browser() { return m_qnWebView; }
 
     /// Shows the window above all others with the keyboard focus.
@@ -40,6 +42,8 @@ public:
     void findSite();
     void findField();
     void findAddress();
+    /// Opens what became of the title on the selected site, to be seen and noted.
+    void openLedger();
     /// Shows the drawer with the sites, or hides it.
     void toggleDrawer();
     /// Shows pages in that part of their usual size, from now on and in later runs.
@@ -73,6 +77,7 @@ private:
     WindowBrowser &m_qnWebView;
     std::unique_ptr<PopUpWindow> m_popUpBrowserWindow;
     std::unique_ptr<SubmitControl> m_control;
+    std::unique_ptr<TourControl> m_tour;
 
     CommandSet *m_commands = nullptr;
     BrowserBar *m_browserBar = nullptr;

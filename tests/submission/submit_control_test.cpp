@@ -4,6 +4,7 @@
 #include "submission/data_folder_fixture.h"
 #include "submission/fakes.h"
 #include "submission/submit_control.h"
+#include "submission/tour_control.h"
 #include "support/recorders.h"
 
 #include <QAbstractItemModelTester>
@@ -283,4 +284,44 @@ TEST_F(SubmitControlTest, OnlyWebAddressesLeaveTheProgram)
     }
     EXPECT_EQ(m_desktop.opened,
               QStringList({u"http://example.com/a b"_s, u"https://example.com/"_s, u"ftp://example.com/"_s}));
+}
+
+TEST_F(SubmitControlTest, TheTourLeadsFromSiteToSiteAndGoesOnWhereItStopped)
+{
+    makeTitle(u"Old"_s, u"alpha,Beta,Gamma"_s, u"1,1,1"_s, u"2"_s);
+    openWindow();
+    const auto told = [this] {
+        TourControl tour(m_control); // As in another run.
+        tour.refresh();
+        EXPECT_EQ(tour.isOffered(), !tour.line().isEmpty());
+        return QString(tour.line())
+            .remove(u" to bring up to date"_s)
+            .remove(u"; what was sent then was not kept"_s);
+    };
+    TourControl tour(m_control);
+    EXPECT_EQ(told(), u"1 of 3: has 1");
+    tour.later();
+    EXPECT_EQ(m_browser.loaded.last(), u"http://b/submit");
+    EXPECT_EQ(told(), u"1 of 3: has 1");
+    tour.next();
+    EXPECT_EQ(told(), u"2 of 3: has 1");
+    m_control.tableViewSelectionDidChange(-1);
+    EXPECT_EQ(told(), u"2 of 3: Gamma has 1");
+    tour.next();
+    m_control.markSubmitted();
+    EXPECT_EQ(m_browser.loaded.last(), u"http://g/submit") << "the page that was marked stays";
+    EXPECT_EQ(told(), u"2 of 3: Beta has 1");
+    tour.next();
+    tour.skip();
+    EXPECT_EQ(m_browser.loaded.last(), u"http://a/submit");
+    EXPECT_EQ(told(), u"3 of 3: has 1");
+    m_control.markSubmitted();
+    EXPECT_EQ(told(), QString());
+
+    const QString file = pathIn(u"Old"_s, title_folder::summaryFile);
+    writeTo(file, contentOf(file).replace(u"<OTS_VERSION>2"_s, u"<OTS_VERSION>3"_s));
+    m_control.tableViewSelectionDidChange(1);
+    EXPECT_EQ(told(), u"2 of 3: has 1") << "another version is another tour, which follows the author";
+    tour.next();
+    EXPECT_EQ(told(), u"3 of 3: has 2; nothing has changed since then");
 }

@@ -1,0 +1,137 @@
+#include "submission/ledger_dialog.h"
+
+#include "ledger/ledger_editing.h"
+#include "platform/plain_text.h"
+#include "store/storage_status.h"
+#include "widgets/row_table.h"
+
+#include <QComboBox>
+#include <QDateTime>
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QLocale>
+#include <QPushButton>
+#include <QStandardItemModel>
+#include <QTableView>
+
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+
+namespace {
+
+constexpr QSize firstSize(640, 420);
+
+/// In the order of ledger::State.
+constexpr std::array<QStringView, 5> stateTexts = {u"Sent", u"Listed", u"Refused", u"The site is gone",
+                                                   u"Mark removed"};
+constexpr qsizetype choosableStates = 4;
+
+QString outcomeOf(const Error &error)
+{
+    return error.kind == Error::Kind::Refused ? error.reason : failureLine(error);
+}
+
+void appendRow(QStandardItemModel &rows, const ledger::Entry &entry)
+{
+    QList<QStandardItem *> items;
+    for (const QString &text :
+         {QLocale().toString(QDateTime::fromMSecsSinceEpoch(entry.time), QLocale::ShortFormat), entry.version,
+          stateTexts[size_t(entry.state)].toString(), entry.address, entry.note}) {
+        auto *item = new QStandardItem(text);
+        item->setToolTip(plainToolTip(text));
+        items.append(item);
+    }
+    rows.insertRow(0, items);
+}
+
+QLineEdit *newField(const QString &name, const QString &accessibleName)
+{
+    auto *field = new QLineEdit;
+    field->setObjectName(name);
+    field->setAccessibleName(accessibleName);
+    return field;
+}
+
+} // namespace
+
+LedgerDialog::LedgerDialog(const QString &title, const QString &site, QWidget *parent)
+    : QDialog(parent)
+    , m_ofTitle(title)
+    , m_site(site)
+    , m_state(new QComboBox)
+    , m_address(newField(u"ledgerAddress"_s, u"Address of the listing"_s))
+    , m_note(newField(u"ledgerNote"_s, u"Note"_s))
+    , m_outcome(new QLabel)
+{
+    setObjectName(u"ledgerDialog"_s);
+    setAttribute(Qt::WA_DeleteOnClose);
+    setWindowModality(Qt::WindowModal);
+    setWindowTitle(plainWindowTitle(u"%1 on %2"_s.arg(title, site)));
+    m_state->setObjectName(u"ledgerState"_s);
+    m_state->setAccessibleName(u"State"_s);
+    for (qsizetype state = 0; state < choosableStates; ++state)
+        m_state->addItem(stateTexts[size_t(state)].toString());
+    m_outcome->setObjectName(u"ledgerOutcome"_s);
+    m_outcome->setTextFormat(Qt::PlainText);
+    m_outcome->setWordWrap(true);
+    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Save | QDialogButtonBox::Cancel);
+    connect(buttons, &QDialogButtonBox::accepted, this, &LedgerDialog::store);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::close);
+
+    auto *layout = new QFormLayout(this);
+    layout->addRow(u"S&tate:"_s, m_state);
+    layout->addRow(u"&Address:"_s, m_address);
+    layout->addRow(u"&Note:"_s, m_note);
+    layout->addRow(newEntries());
+    layout->addRow(m_outcome);
+    layout->addRow(buttons);
+    resize(firstSize);
+    m_state->setFocus();
+}
+
+QWidget *LedgerDialog::newEntries()
+{
+    QTableView *table = newRowTable(u"ledgerEntries"_s, u"What was noted before"_s, this);
+    auto *rows = new QStandardItemModel(table);
+    rows->setHorizontalHeaderLabels({u"When"_s, u"Version"_s, u"State"_s, u"Address"_s, u"Note"_s});
+    QList<ledger::Entry> entries;
+    const auto all = ledger_editing::standingsOf(m_ofTitle, &entries);
+    for (const ledger::Entry &entry : std::as_const(entries)) {
+        if (entry.site == m_site)
+            appendRow(*rows, entry);
+    }
+    if (const Standing *there = all ? standingAt(*all, m_site) : nullptr) {
+        m_state->setCurrentIndex(int(there->state));
+        m_address->setText(there->address);
+        m_note->setText(there->note);
+    } else if (!all) {
+        m_outcome->setText(outcomeOf(all.error()));
+    }
+    table->setModel(rows);
+    table->resizeColumnsToContents();
+    table->horizontalHeader()->setStretchLastSection(true);
+    return captioned(new QLabel(u"Noted &before:"_s), table);
+}
+
+void LedgerDialog::store()
+{
+    const auto entry = ledger_editing::planned(m_ofTitle, {.site = m_site,
+                                                           .state = ledger::State(m_state->currentIndex()),
+                                                           .address = m_address->text().trimmed(),
+                                                           .note = m_note->text()});
+    const Result<> done = entry ? ledger_editing::store(m_ofTitle, *entry) : Result<>(entry.error());
+    if (!done) {
+        m_outcome->setText(outcomeOf(done.error()));
+        return;
+    }
+    Q_EMIT stored();
+    close();
+}
+
+} // namespace quillon

@@ -1,0 +1,38 @@
+#include "submission/tour_strip.h"
+
+#include "submission/tour_control.h"
+#include "widgets/action_button.h"
+#include "widgets/command_set.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+
+TourStrip::TourStrip(TourControl &tour, CommandSet &commands, QWidget *parent)
+    : QWidget(parent), m_tour(tour), m_commands(commands), m_line(new QLabel)
+{
+    setObjectName(u"tourStrip"_s);
+    m_line->setObjectName(u"tourLine"_s);
+    m_line->setTextFormat(Qt::PlainText);
+    m_line->setWordWrap(true);
+    auto *row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(m_line, 1);
+    for (const QString &id : {u"tourNext"_s, u"tourSkip"_s, u"tourLater"_s})
+        row->addWidget(newActionButton(*commands.action(id), id + u"Button"_s, this));
+    connect(&tour, &TourControl::changed, this, &TourStrip::showTour);
+    showTour();
+}
+
+void TourStrip::showTour()
+{
+    m_line->setText(m_tour.line());
+    setVisible(!m_tour.line().isEmpty());
+    m_commands.update();
+}
+
+} // namespace quillon
