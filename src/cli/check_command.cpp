@@ -3,6 +3,7 @@
 #include "cli/check_report.h"
 #include "cli/title_session.h"
 #include "findings/advice.h"
+#include "findings/rule_pack.h"
 #include "overview/title_operations.h"
 #include "pad/pad_reader.h"
 #include "store/title_folder.h"
@@ -74,6 +75,8 @@ public:
         command->add_option("--fail-on", m_failOn, "What makes the exit status 1; errors always do")
             ->check(CLI::IsMember({"error", "warning"}))
             ->excludes(json);
+        command->add_option("--pack", m_packNames,
+                            "Further rules: the pack https, or a file; advice of theirs goes with the rest");
         return command;
     }
 
@@ -89,13 +92,16 @@ public:
             complain(u"--json is for one title or file; use --format json for several."_s);
             return WrongUsage;
         }
+        if (const ExitStatus loaded = loadPacks(); loaded != Done)
+            return loaded;
         QList<Checked> all;
         for (const std::string &target : m_targets)
             all.append(isTitle(text(target)) ? checkTitle(text(target)) : checkFile(text(target)));
         if (isPlain())
             tellPlainly(all.front());
         else
-            checkReport(m_format.empty() ? "text" : m_format)(all, failOn());
+            checkReport(m_format.empty() ? "text"
+                                         : m_format)({.all = all, .failOn = failOn(), .rules = rules()});
         return answer(all);
     }
 
@@ -104,7 +110,29 @@ private:
 
     [[nodiscard]] bool isPlain() const
     {
-        return m_targets.size() == 1 && m_format.empty() && m_failOn.empty();
+        const bool isExplained = m_explains || m_packNames.empty();
+        return m_targets.size() == 1 && m_format.empty() && m_failOn.empty() && isExplained;
+    }
+
+    ExitStatus loadPacks()
+    {
+        for (const std::string &name : m_packNames) {
+            Result<RulePack> pack = rule_packs::load(text(name));
+            if (!pack)
+                return outcome(pack.error());
+            m_packs.append(*std::move(pack));
+        }
+        return Done;
+    }
+
+    [[nodiscard]] QList<FindingRule> rules() const
+    {
+        QList<FindingRule> all(findings::rules().begin(), findings::rules().end());
+        for (const RulePack &pack : m_packs) {
+            for (const PackRule &rule : pack.rules)
+                all.append({rule.id, rule.severity, rule.summary});
+        }
+        return all;
     }
 
     [[nodiscard]] Severity failOn() const
@@ -121,7 +149,7 @@ private:
                         .isTitle = true,
                         .status = TitleSession::stored(),
                         .errors = session.editor().errors()};
-        addFindings({.form = session.editor().form()}, checked);
+        addFindings({.form = session.editor().form(), .packs = m_packs}, checked);
         return checked;
     }
 
@@ -135,7 +163,7 @@ private:
         ErrorPass errors;
         field_rules::checkEntries(form, errors);
         Checked checked{.target = file, .errors = errors.errors()};
-        addFindings({.form = form, .document = &pad->document}, checked);
+        addFindings({.form = form, .document = &pad->document, .packs = m_packs}, checked);
         return checked;
     }
 
@@ -229,6 +257,8 @@ private:
     bool m_explains = false;
     std::string m_format;
     std::string m_failOn;
+    std::vector<std::string> m_packNames;
+    QList<RulePack> m_packs;
 };
 
 } // namespace

@@ -17,9 +17,9 @@ const QString &messageOf(const Finding &finding)
     return finding.recorded.isEmpty() ? finding.explanation : finding.recorded;
 }
 
-void reportAsText(const QList<Checked> &all, Severity)
+void reportAsText(const CheckResults &results)
 {
-    for (const Checked &checked : all) {
+    for (const Checked &checked : results.all) {
         for (const LocatedFinding &each : checked.findings)
             printColumns({lineOf(checked, each)});
     }
@@ -58,10 +58,10 @@ QJsonObject json(const Checked &checked)
     return object;
 }
 
-void reportAsJson(const QList<Checked> &all, Severity)
+void reportAsJson(const CheckResults &results)
 {
     QJsonArray array;
-    for (const Checked &checked : all)
+    for (const Checked &checked : results.all)
         array.append(json(checked));
     print(QJsonDocument(array));
 }
@@ -78,10 +78,10 @@ QString commandProperty(const QString &text)
     return commandData(text).replace(u':', u"%3A"_s).replace(u',', u"%2C"_s);
 }
 
-void reportToGitHub(const QList<Checked> &all, Severity)
+void reportToGitHub(const CheckResults &results)
 {
     static constexpr std::array<QStringView, 3> commands = {u"error", u"warning", u"notice"};
-    for (const Checked &checked : all) {
+    for (const Checked &checked : results.all) {
         const QString file = u" file="_s + commandProperty(checked.target);
         if (!checked.failure.isEmpty())
             printColumns({u"::error"_s + file + u"::"_s + commandData(checked.failure)});

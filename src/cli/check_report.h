@@ -29,14 +29,22 @@ struct Checked
     QList<LocatedFinding> findings = {};
 };
 
-/// How serious a finding has to be for the answer to be no.
+/// Whether @p finding makes the answer no.
 inline bool isFailure(const Finding &finding, Severity failOn)
 {
     return finding.severity <= failOn;
 }
 
+/// What there is to report.
+struct CheckResults
+{
+    QList<Checked> all;
+    Severity failOn = Severity::Error; ///< How serious a finding has to be for the answer to be no.
+    QList<FindingRule> rules;          ///< All that were asked.
+};
+
 /// Writes all of it to standard output.
-using CheckReport = void (*)(const QList<Checked> &all, Severity failOn);
+using CheckReport = void (*)(const CheckResults &results);
 
 /// A format and its name.
 struct CheckFormat
@@ -54,7 +62,7 @@ CheckReport checkReport(const std::string &name);
 /// A finding in one line, as compilers write it: "FILE:LINE:COLUMN: error: message [id]".
 QString lineOf(const Checked &checked, const LocatedFinding &each);
 
-void reportAsSarif(const QList<Checked> &all, Severity failOn);
-void reportAsJUnit(const QList<Checked> &all, Severity failOn);
+void reportAsSarif(const CheckResults &results);
+void reportAsJUnit(const CheckResults &results);
 
 } // namespace quillon::cli

@@ -54,11 +54,11 @@ void writeCase(const Checked &checked, Severity failOn, QXmlStreamWriter &xml)
 
 } // namespace
 
-void reportAsJUnit(const QList<Checked> &all, Severity failOn)
+void reportAsJUnit(const CheckResults &results)
 {
-    const auto fails = [failOn](const Checked &checked) {
-        return std::ranges::any_of(checked.findings, [failOn](const LocatedFinding &each) {
-            return isFailure(each.finding, failOn);
+    const auto fails = [&results](const Checked &checked) {
+        return std::ranges::any_of(checked.findings, [&results](const LocatedFinding &each) {
+            return isFailure(each.finding, results.failOn);
         });
     };
     const auto isUnchecked = [](const Checked &checked) { return !checked.failure.isEmpty(); };
@@ -68,11 +68,11 @@ void reportAsJUnit(const QList<Checked> &all, Severity failOn)
     xml.writeStartDocument();
     xml.writeStartElement(u"testsuite"_s);
     xml.writeAttribute(u"name"_s, u"quillon-cli check"_s);
-    xml.writeAttribute(u"tests"_s, QString::number(all.size()));
-    xml.writeAttribute(u"failures"_s, QString::number(std::ranges::count_if(all, fails)));
-    xml.writeAttribute(u"errors"_s, QString::number(std::ranges::count_if(all, isUnchecked)));
-    for (const Checked &checked : all)
-        writeCase(checked, failOn, xml);
+    xml.writeAttribute(u"tests"_s, QString::number(results.all.size()));
+    xml.writeAttribute(u"failures"_s, QString::number(std::ranges::count_if(results.all, fails)));
+    xml.writeAttribute(u"errors"_s, QString::number(std::ranges::count_if(results.all, isUnchecked)));
+    for (const Checked &checked : results.all)
+        writeCase(checked, results.failOn, xml);
     xml.writeEndDocument();
     print(document);
 }

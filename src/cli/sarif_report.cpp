@@ -6,6 +6,8 @@
 #include <QJsonObject>
 #include <QUrl>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace quillon::cli {
@@ -22,10 +24,10 @@ QString level(Severity severity)
     return severity == Severity::Hint ? u"note"_s : findings::name(severity).toString();
 }
 
-QJsonArray sarifRules()
+QJsonArray sarifRules(const QList<FindingRule> &asked)
 {
     QJsonArray rules;
-    for (const FindingRule &rule : findings::rules())
+    for (const FindingRule &rule : asked)
         rules.append(
             QJsonObject{{u"id"_s, rule.id.toString()},
                         {u"shortDescription"_s, sarifText(rule.summary.toString())},
@@ -66,12 +68,13 @@ QJsonArray locations(const Checked &checked, const std::optional<PadDocument::Po
     return {location};
 }
 
-QJsonObject result(const Checked &checked, const LocatedFinding &each)
+QJsonObject result(const Checked &checked, const LocatedFinding &each, const QList<FindingRule> &rules)
 {
+    const auto rule = std::ranges::find(rules, each.finding.id, &FindingRule::id);
     const auto &[finding, position] = each;
     QJsonObject result{
         {u"ruleId"_s, finding.id.toString()},
-        {u"ruleIndex"_s, qint64(&findings::rule(finding.id) - findings::rules().data())},
+        {u"ruleIndex"_s, qint64(rule - rules.begin())},
         {u"level"_s, level(finding.severity)},
         {u"message"_s, sarifText(finding.explanation)},
         {u"locations"_s, locations(checked, position, padField(finding.field).element.toString())}};
@@ -82,13 +85,13 @@ QJsonObject result(const Checked &checked, const LocatedFinding &each)
 
 } // namespace
 
-void reportAsSarif(const QList<Checked> &all, Severity)
+void reportAsSarif(const CheckResults &told)
 {
     QJsonArray results;
     QJsonArray failures;
-    for (const Checked &checked : all) {
+    for (const Checked &checked : told.all) {
         for (const LocatedFinding &each : checked.findings)
-            results.append(result(checked, each));
+            results.append(result(checked, each, told.rules));
         if (!checked.failure.isEmpty())
             failures.append(QJsonObject{{u"level"_s, u"error"_s},
                                         {u"message"_s, sarifText(checked.failure)},
@@ -97,7 +100,7 @@ void reportAsSarif(const QList<Checked> &all, Severity)
     const QJsonObject driver{{u"name"_s, u"Quillon"_s},
                              {u"version"_s, application_info::version},
                              {u"informationUri"_s, application_info::webPage},
-                             {u"rules"_s, sarifRules()}};
+                             {u"rules"_s, sarifRules(told.rules)}};
     const QJsonObject invocation{{u"executionSuccessful"_s, failures.isEmpty()},
                                  {u"toolExecutionNotifications"_s, failures}};
     const QJsonObject run{{u"tool"_s, QJsonObject{{u"driver"_s, driver}}},

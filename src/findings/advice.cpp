@@ -2,8 +2,13 @@
 
 #include "findings/advice_rules.h"
 #include "findings/explanations.h"
+#include "findings/field_phrases.h"
+#include "findings/rule_pack.h"
+#include "pad/pad_form.h"
 
 #include <array>
+
+using namespace Qt::StringLiterals;
 
 namespace quillon::findings {
 
@@ -31,6 +36,22 @@ constexpr AdviceRule table[] = {
     {u"xml-unreadable", adviseOnXml},
 };
 
+QList<Finding> adviceOf(const RulePack &pack, const PadForm &form)
+{
+    QList<Finding> all;
+    for (const PackRule &rule : pack.rules) {
+        for (const FieldId field : rule.fields) {
+            if (rule.passes(form.value(field)))
+                continue;
+            QString explanation = rule.explanation;
+            explanation.replace(u"{field}"_s, field_phrases::of(field).toString());
+            all.append(
+                {.id = rule.id, .severity = rule.severity, .field = field, .explanation = explanation});
+        }
+    }
+    return all;
+}
+
 } // namespace
 
 QList<Finding> advice(const Subject &subject)
@@ -41,6 +62,8 @@ QList<Finding> advice(const Subject &subject)
         rule.advise(subject, adviser);
         all += adviser.findings();
     }
+    for (const RulePack &pack : subject.packs)
+        all += adviceOf(pack, subject.form);
     return all;
 }
 

@@ -9,6 +9,7 @@
 namespace quillon {
 class PadDocument;
 class PadForm;
+struct RulePack;
 } // namespace quillon
 
 /// Warnings and hints: what the form lets pass and the author hardly meant. They are no errors, are stored
@@ -22,10 +23,12 @@ struct Subject
     /// The file as it stands, where it is another than the form would write; what the form has reckoned anew
     /// is looked up in it.
     const PadDocument *document = nullptr;
+    /// Whose rules are asked, too; they must outlive what is found, for its ids are theirs.
+    std::span<const RulePack> packs = {};
     QDate today = QDate::currentDate();
 };
 
-/// What is advised, in the order of the rules.
+/// What is advised, in the order of the rules, those of packs last.
 QList<Finding> advice(const Subject &subject);
 
 /// The errors of @p recorded, explained, and behind them what is advised.

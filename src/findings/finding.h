@@ -11,6 +11,7 @@
  *
  * - explanations.h: what is wrong with a field that has a recorded error, and what would pass.
  * - advice.h: what is no error, but was hardly meant.
+ * - rule_pack.h: further rules as data, which authors switch on.
  *
  * A finding's id names its kind and not its field: "text-too-long" is the same in thirty fields. Whoever
  * offers to mend something looks for the id and reads the field from the finding. All ids stand in
@@ -28,11 +29,11 @@ enum class Severity : quint8
 /// One thing that is told of one field.
 struct Finding
 {
-    QStringView id; ///< Of a row of findings::rules().
+    QStringView id; ///< Of a row of findings::rules(), or of a rule pack.
     Severity severity = Severity::Error;
     FieldId field = FieldId::programName;
-    QString recorded;    ///< The message as it is recorded; empty in advice.
-    QString explanation; ///< One or two sentences, without markup: what is wrong, what would pass.
+    QString recorded = {};    ///< The message as it is recorded; empty in advice.
+    QString explanation = {}; ///< One or two sentences, without markup: what is wrong, what would pass.
 };
 
 /// What all findings of one id have in common.
