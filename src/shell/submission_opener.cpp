@@ -1,6 +1,7 @@
 #include "shell/submission_opener.h"
 
 #include "overview/overview_controller.h"
+#include "overview/title_operations.h"
 #include "platform/delayed_calls.h"
 #include "platform/notification_center.h"
 #include "platform/notifications.h"
@@ -9,8 +10,12 @@
 #include "shell/message_box_sheets.h"
 #include "shell/toolbar_control.h"
 #include "store/process_state.h"
+#include "store/storage_status.h"
 #include "submission/browser_module.h"
 #include "submission/submit_window.h"
+#include "visits/online_check_window.h"
+#include "visits/site_check.h"
+#include "visits/title_check.h"
 
 #include <QFileInfo>
 
@@ -64,6 +69,8 @@ void SubmissionOpener::makeWindow()
     connect(m_window.get(), &SubmitWindow::drawn, this, [this] {
         m_delayedCalls.after({}, this, [this] { bringPages(); }); // When it is on the screen.
     });
+    connect(m_window.get(), &SubmitWindow::checkSites, this, &SubmissionOpener::checkSites);
+    connect(m_window.get(), &SubmitWindow::checkTitle, this, &SubmissionOpener::checkTitle);
     // What was posted before there was a window to observe it.
     SubmitControl &control = m_window->control();
     control.awakeFromNib();
@@ -97,6 +104,55 @@ void SubmissionOpener::refuse(const QString &reason)
     mwqnWOSi78tgsda = true;
     NotificationCenter::defaultCenter().post(notification::mwqnRS87968tJHKgfds);
     m_alerts.show(SheetWindow::Main, {reason}, {});
+}
+
+/// Null before the engine has come, which the author is told.
+std::unique_ptr<Visitor> SubmissionOpener::newVisitor()
+{
+    auto visitor = m_engine.newVisitor();
+    if (!visitor)
+        m_alerts.show(SheetWindow::Submission, {u"Pages are not there yet; try again in a moment."_s}, {});
+    return visitor;
+}
+
+void SubmissionOpener::checkSites()
+{
+    auto sites = SiteCheck::usedSites();
+    if (!sites) {
+        tell(sites.error());
+        return;
+    }
+    if (auto visitor = newVisitor()) {
+        auto check = std::make_unique<SiteCheck>(*std::move(sites), std::move(visitor), m_delayedCalls);
+        auto *window = new OnlineCheckWindow(
+            std::move(check), u"Check Sites"_s,
+            u"&Sites that your titles were sent to. They are visited one after the other, without cookies:"_s,
+            m_window.get());
+        window->show();
+    }
+}
+
+void SubmissionOpener::checkTitle()
+{
+    const QString title = *mwqnSelSW;
+    const auto pad = title_operations::exportedPad(title);
+    if (!pad) {
+        tell(pad.error());
+        return;
+    }
+    if (auto visitor = newVisitor()) {
+        auto check = std::make_unique<TitleCheck>(*pad, std::move(visitor), m_delayedCalls);
+        auto *window = new OnlineCheckWindow(
+            std::move(check), u"Check %1 Online"_s.arg(title),
+            u"&Addresses of the title, and what is there. Nothing is judged an error by it:"_s,
+            m_window.get());
+        window->show();
+    }
+}
+
+void SubmissionOpener::tell(const Error &error)
+{
+    m_alerts.show(SheetWindow::Submission, {failureLine(error)}, {});
 }
 
 void SubmissionOpener::setTitle(const QString &title)

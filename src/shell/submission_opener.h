@@ -43,6 +43,10 @@ private:
     void bringPages();
     Result<> loadEngine();
     void refuse(const QString &reason);
+    void checkSites();
+    void checkTitle();
+    std::unique_ptr<Visitor> newVisitor();
+    void tell(const Error &error);
     void setTitle(const QString &title);
     void titleIsGone();
 

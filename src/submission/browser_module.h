@@ -2,6 +2,7 @@
 
 #include "platform/result.h"
 #include "submission/browser.h"
+#include "submission/visitor.h"
 
 #include <QtPlugin>
 
@@ -67,6 +68,9 @@ public:
 
     /// @p name is the object name of the view inside; @p observer outlives the browser.
     virtual WindowBrowser &newBrowser(const QString &name, BrowserObserver &observer) = 0;
+
+    /// A visitor of its own, without anything that pages have stored; it goes before the engine.
+    virtual std::unique_ptr<Visitor> newVisitor() = 0;
 
     /// Clears all that pages have stored; those on show are loaded anew.
     virtual Result<> clearStorage() = 0;

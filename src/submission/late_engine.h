@@ -18,6 +18,8 @@ public:
     [[nodiscard]] bool hasBegun() const { return m_engine != nullptr; }
 
     WindowBrowser &newBrowser(const QString &name, BrowserObserver &observer) override;
+    /// Null before the engine has come.
+    std::unique_ptr<Visitor> newVisitor() override { return m_engine ? m_engine->newVisitor() : nullptr; }
     /// Refused before the engine has come.
     Result<> clearStorage() override;
 

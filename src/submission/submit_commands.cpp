@@ -63,6 +63,12 @@ QList<Command> submitCommands(SubmitWindow &window)
         {.id = u"tourLater"_s, .text = u"&Later"_s, .menu = site, .keys = {u"Ctrl+Shift+L"_s},
          .toolTip = u"Put this site off until all others are up to date"_s,
          .isEnabled = [&tour] { return tour.isOffered(); }, .run = [&tour] { tour.later(); }},
+        {.id = u"checkSites"_s, .text = u"Check &Sites…"_s, .menu = site, .opensGroup = true,
+         .keys = {u"Ctrl+Shift+S"_s}, .toolTip = u"See which of the sites that were used can still be reached"_s,
+         .run = [&window] { Q_EMIT window.checkSites(); }},
+        {.id = u"checkTitle"_s, .text = u"Check &Title Online…"_s, .menu = site, .keys = {u"Ctrl+Shift+T"_s},
+         .toolTip = u"See what is behind the addresses of the title"_s,
+         .isEnabled = [&control] { return control.title().has_value(); }, .run = [&window] { Q_EMIT window.checkTitle(); }},
         {.id = u"close"_s, .text = u"&Close"_s, .menu = site, .opensGroup = true, .keys = {QKeySequence::Close},
          .run = [&window] { window.close(); }},
 

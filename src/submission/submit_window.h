@@ -54,6 +54,9 @@ public:
 Q_SIGNALS:
     /// The window is drawn for the first time since it was shown.
     void drawn();
+    /// The author wants to know what has become of the sites, or of what the title's addresses name.
+    void checkSites();
+    void checkTitle();
 
 protected:
     void paintEvent(QPaintEvent *event) override;

@@ -3,6 +3,7 @@
 #include "submission/paste_queue.h"
 #include "submission/web_engine_browser.h"
 #include "submission/web_engine_storage.h"
+#include "submission/web_engine_visitor.h"
 
 namespace quillon {
 
@@ -26,6 +27,8 @@ public:
         tell(&WebEngineBrowser::notice, &BrowserObserver::browserNotice);
         return *browser;
     }
+
+    std::unique_ptr<Visitor> newVisitor() override { return std::make_unique<WebEngineVisitor>(); }
 
     Result<> clearStorage() override { return m_storage.clear(); }
 

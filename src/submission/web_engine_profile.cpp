@@ -1,5 +1,6 @@
 #include "submission/web_engine_profile.h"
 
+#include "platform/web_address.h"
 #include "submission/web_engine_downloads.h"
 
 #include <QWebEngineCookieStore>
@@ -54,7 +55,41 @@ public:
     }
 };
 
+/// Lets nothing through but what a visit asks for itself.
+class VisitFilter final : public QWebEngineUrlRequestInterceptor
+{
+public:
+    using QWebEngineUrlRequestInterceptor::QWebEngineUrlRequestInterceptor;
+    void interceptRequest(QWebEngineUrlRequestInfo &info) override
+    {
+        const auto type = info.resourceType();
+        const bool isWanted = type == QWebEngineUrlRequestInfo::ResourceTypeMainFrame ||
+                              type == QWebEngineUrlRequestInfo::ResourceTypeXhr; // Pages have no scripts.
+        info.block(!isWanted || !hasWebScheme(info.requestUrl()));
+    }
+};
+
+void restrict(QWebEngineProfile &profile)
+{
+    for (const auto &[attribute, isOn] : pageSettings)
+        profile.settings()->setAttribute(attribute, isOn);
+    // Else a page could start other programs.
+    profile.settings()->setUnknownUrlSchemePolicy(Settings::DisallowUnknownUrlSchemes);
+}
+
 } // namespace
+
+std::unique_ptr<QWebEngineProfile> newVisitProfile()
+{
+    auto profile = std::make_unique<QWebEngineProfile>();
+    profile->setHttpCacheType(QWebEngineProfile::MemoryHttpCache);
+    restrict(*profile);
+    profile->settings()->setAttribute(Settings::JavascriptEnabled, false);
+    profile->cookieStore()->setCookieFilter(
+        [](const QWebEngineCookieStore::FilterRequest &) { return false; });
+    profile->setUrlRequestInterceptor(new VisitFilter(profile.get()));
+    return profile;
+}
 
 std::unique_ptr<QWebEngineProfile> newWebEngineProfile(const QString &folder)
 {
@@ -62,10 +97,7 @@ std::unique_ptr<QWebEngineProfile> newWebEngineProfile(const QString &folder)
     profile->setPersistentStoragePath(folder);
     profile->setCachePath(folder + u"/cache"_s);
     profile->setHttpCacheType(QWebEngineProfile::MemoryHttpCache);
-    for (const auto &[attribute, isOn] : pageSettings)
-        profile->settings()->setAttribute(attribute, isOn);
-    // Else a page could start other programs.
-    profile->settings()->setUnknownUrlSchemePolicy(Settings::DisallowUnknownUrlSchemes);
+    restrict(*profile);
     profile->cookieStore()->setCookieFilter(
         [](const QWebEngineCookieStore::FilterRequest &request) { return !request.thirdParty; });
     profile->setUrlRequestInterceptor(new RequestFilter(profile.get()));

@@ -14,4 +14,8 @@ namespace quillon {
 /// its pages.
 std::unique_ptr<QWebEngineProfile> newWebEngineProfile(const QString &folder);
 
+/// A profile for visits that nobody sees: it keeps nothing, takes no cookies, and pages run no scripts and
+/// fetch nothing besides themselves.
+std::unique_ptr<QWebEngineProfile> newVisitProfile();
+
 } // namespace quillon

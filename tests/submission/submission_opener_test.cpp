@@ -8,7 +8,10 @@
 #include "support/gui.h"
 #include "support/web_server.h"
 
+#include <QAction>
+#include <QDialog>
 #include <QLabel>
+#include <QTableView>
 
 /// Submitting in a process that has started without a web engine, as the program does.
 class SubmissionOpenerTest : public DataFolderTest
@@ -22,8 +25,10 @@ protected:
             mwqnSCPreallSitesDict = {{u"Alpha"_s, server.url(u"/form.html"_s)},
                                      {u"Beta"_s, server.url(u"/windows.html"_s)}};
         });
-        makeTitle(u"Mine"_s, {}, {}, u"1.0"_s);
-        writeTo(pathIn(u"Mine"_s, title_folder::padFile), u"<City_Town>Leeds</City_Town>"_s);
+        makeTitle(u"Mine"_s, u"Beta"_s, u"1.0"_s, u"1.0"_s);
+        writeTo(pathIn(u"Mine"_s, title_folder::padFile),
+                u"<City_Town>Leeds</City_Town><File_Size_Bytes>9</File_Size_Bytes><Primary_Download_URL>"_s +
+                    server.url(u"/tool.zip"_s) + u"</Primary_Download_URL>"_s);
     }
 
     WebServer server;
@@ -82,4 +87,29 @@ TEST_F(SubmissionOpenerTest, TheWindowIsOfUseBeforeItsEngineHasCome)
     auto *filter = visible<QLineEdit>(u"fieldFilter"_s);
     EXPECT_EQ(filter->text(), u"version");
     EXPECT_TRUE(filter->hasFocus()) << "what is typed goes on where it began";
+}
+
+TEST_F(SubmissionOpenerTest, SitesAndAddressesOfTheTitleAreVisitedOnDemand)
+{
+    server.serve(u"/tool.zip"_s, {.body = "12345678", .type = "application/zip"});
+    SubmitProgram program;
+    SubmitWindow &window = *program.submission.window();
+    ASSERT_TRUE(eventually([&] { return server.count(u"/form.html"_s) == 1; }));
+    const std::tuple<QString, QString, QString> cases[] = {
+        {u"checkSites"_s, u"Beta"_s, u"reachable|The page is there."_s},
+        {u"checkTitle"_s, u"Primary download"_s, u"differs|The file has 8 bytes, and the title states 9."_s},
+    };
+    for (const auto &[command, what, found] : cases) {
+        window.findChild<QAction *>(command)->trigger();
+        auto *check = window.findChild<QDialog *>(u"onlineCheckWindow"_s);
+        const QAbstractItemModel &table = *visible<QTableView>(u"onlineCheck"_s)->model();
+        const auto cell = [&table](int column) { return table.index(0, column).data().toString(); };
+        EXPECT_EQ(std::pair(table.rowCount(), cell(0)), std::pair(1, what));
+        EXPECT_EQ(cell(1), QString()) << "nothing is visited unasked";
+        press(u"visitNowButton"_s);
+        ASSERT_TRUE(eventually([&] { return !cell(1).isEmpty(); }));
+        EXPECT_EQ(cell(1) + u'|' + cell(2), found);
+        check->close();
+        ASSERT_TRUE(eventually([&] { return !window.findChild<QDialog *>(u"onlineCheckWindow"_s); }));
+    }
 }

@@ -33,6 +33,7 @@ void WebServer::read(QTcpSocket *connection)
     for (const QByteArray &line : request.first(head).split('\n')) {
         if (line.toLower().startsWith("content-length:"))
             length = line.sliced(line.indexOf(':') + 1).trimmed().toInt();
+        cookies += line.toLower().startsWith("cookie:") ? 1 : 0;
     }
     if (request.size() < head + length)
         return;

@@ -48,6 +48,7 @@ public:
     void forget() { m_posted.clear(); }
 
     QStringList requests;
+    int cookies = 0; ///< How many requests brought some along.
 
 private:
     void read(QTcpSocket *connection);
