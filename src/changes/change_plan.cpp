@@ -115,8 +115,9 @@ private:
             return opened;
         PadForm &form = m_session.editor().form();
         check(form);
-        m_rows.append(rowsOf(title, change_sets::valuesOf(form)));
-        const auto differing = change_sets::differing(form, title.changes);
+        const FormValues values = change_sets::valuesOf(form);
+        m_rows.append(rowsOf(title, values));
+        const auto differing = change_sets::differing(values, title.changes);
         return differing.isEmpty() ? Result<>()
                                    : Error{Error::Kind::Refused, {}, change_sets::differingText(differing)};
     }
@@ -168,6 +169,7 @@ Result<TitleState> stateOf(const QString &title)
     const auto stored = atomic_file::read(*folder + u'/' + title_folder::padFile);
     if (!stored)
         return stored.error();
+    form.clear(); // What the file lacks would stay as the last title had it.
     if (!loadPADData(*stored, form))
         return Error{Error::Kind::Unintelligible, *folder, u"its PAD file is none"_s};
     StringDictionary errors = check(form);
@@ -197,6 +199,17 @@ void planEach(ChangePlan &plan, const QStringList &titles,
         if (!one.changes.isEmpty() || !one.notes.isEmpty())
             plan.titles.append(std::move(one));
     }
+}
+
+QStringList obstacles(const ChangePlan &plan)
+{
+    QStringList sentences;
+    for (const TitlePlan &title : plan.titles) {
+        const auto differing = change_sets::differing(title.values, title.changes);
+        if (!differing.isEmpty())
+            sentences.append(u"%1: %2"_s.arg(title.title, change_sets::differingText(differing)));
+    }
+    return sentences;
 }
 
 ChangePlan ticked(const ChangePlan &plan,

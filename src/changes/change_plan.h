@@ -54,6 +54,10 @@ TitlePlan planned(const TitleState &state, const QList<Change> &changes, const Q
 void planEach(ChangePlan &plan, const QStringList &titles,
               const std::function<TitlePlan(const TitleState &state)> &planOne);
 
+/// Why apply() would refuse @p plan as things were when it was planned: a clause for each title in which
+/// fields do not hold what they are to be changed from. None but where a set is taken back.
+QStringList obstacles(const ChangePlan &plan);
+
 /// @p plan with those changes only that @p isTicked accepts, judged anew; titles without any are left out.
 ChangePlan ticked(const ChangePlan &plan,
                   const std::function<bool(const TitlePlan &title, const Change &change)> &isTicked);

@@ -100,11 +100,11 @@ Judgement compared(const StringDictionary &before, const StringDictionary &after
     return {missingIn(before, after), missingIn(after, before)};
 }
 
-QList<FieldId> differing(const PadForm &form, const QList<Change> &changes)
+QList<FieldId> differing(const FormValues &values, const QList<Change> &changes)
 {
     QList<FieldId> fields;
     for (const Change &change : changes) {
-        const QString value = form.value(change.field);
+        const QString &value = values[size_t(change.field)];
         if (padField(change.field).kind != FieldKind::Computed && value != change.before &&
             value != asRead(change.field, change.before))
             fields.append(change.field);

@@ -73,9 +73,10 @@ Judgement judge(const PadForm &form, const QList<Change> &changes);
 /// What becomes of errors.
 Judgement compared(const StringDictionary &before, const StringDictionary &after);
 
-/// The fields of @p changes that no longer hold what they are to be changed from. What a PAD file cannot hold
-/// unit for unit may have become what reading the file gives. Computed fields are nobody's and left out.
-QList<FieldId> differing(const PadForm &form, const QList<Change> &changes);
+/// The fields of @p changes that do not hold in @p values what they are to be changed from. What a PAD file
+/// cannot hold unit for unit may have become what reading the file gives. Computed fields are nobody's and
+/// left out.
+QList<FieldId> differing(const FormValues &values, const QList<Change> &changes);
 
 /// What the author is told of fields that hold another text than they should: a clause.
 QString differingText(const QList<FieldId> &fields);

@@ -196,7 +196,7 @@ Result<> EditHistory::mayApply(const QList<Change> &changes) const
 {
     if (!mwqnSelSW || !m_editor.loaded())
         return Error{Error::Kind::Refused, {}, u"no title is open"_s};
-    const auto differing = change_sets::differing(m_editor.form(), changes);
+    const auto differing = change_sets::differing(change_sets::valuesOf(m_editor.form()), changes);
     return differing.isEmpty()
                ? Result<>()
                : Error{Error::Kind::Refused, *mwqnSelSW, change_sets::differingText(differing)};

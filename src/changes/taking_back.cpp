@@ -62,14 +62,14 @@ bool canBeLatest(const set_log::SetHead &set)
     return !isUndo(set) && set.origin != history::origin::redo && set.takenBack < set.titles;
 }
 
-QList<Change> changesOf(const QList<history::Row> &rows, bool isReversed)
+QList<Change> wayBack(const QList<history::Row> &rows)
 {
     QList<Change> changes;
     for (const history::Row &row : rows) {
         if (const auto field = fieldNamed(row.field))
-            changes.append({*field, row.before, row.after});
+            changes.prepend({*field, row.after, row.before});
     }
-    return isReversed ? change_sets::reversed(changes) : changes;
+    return changes;
 }
 
 /// What takes @p set back: its rows the other way round, in the titles where it is still made.
@@ -94,7 +94,7 @@ Result<ChangePlan> reverse(const set_log::SetHead &set)
     change_plans::planEach(plan, names, [&](const TitleState &state) {
         const auto title = std::find_if(titles->begin(), titles->end(),
                                         [&](const SetTitle &each) { return each.rows.title == state.title; });
-        return change_plans::planned(state, changesOf(title->rows.rows, !isAgain));
+        return change_plans::planned(state, wayBack(title->rows.rows));
     });
     return plan;
 }

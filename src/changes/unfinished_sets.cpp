@@ -65,7 +65,8 @@ Outcome lookedAt(const UnfinishedSet &set)
         if (opened)
             session.editor().checkEntriesForErrors(); // The crash may have come between two of its files.
         const bool isMade =
-            opened && change_sets::differing(session.editor().form(), wayBack(title)).isEmpty();
+            opened &&
+            change_sets::differing(change_sets::valuesOf(session.editor().form()), wayBack(title)).isEmpty();
         (opened.isError(Error::Kind::Unreadable) ? outcome.unknown
          : isMade                                ? outcome.made
                                                  : outcome.notMade)
@@ -82,8 +83,8 @@ QString listed(const QStringList &titles)
     return titles.size() <= most ? first : u"%1 and %2 more"_s.arg(first).arg(titles.size() - most);
 }
 
-/// What to tell; empty when everything is made.
-QString line(const UnfinishedSet &set, const Outcome &outcome)
+/// What to tell of a set that is not made everywhere.
+Error told(const UnfinishedSet &set, const Outcome &outcome)
 {
     QStringList parts;
     if (!outcome.made.isEmpty())
@@ -91,15 +92,13 @@ QString line(const UnfinishedSet &set, const Outcome &outcome)
     if (!outcome.notMade.isEmpty())
         parts.append(u"not done in %1"_s.arg(listed(outcome.notMade)));
     if (!outcome.unknown.isEmpty())
-        parts.append(u"not to be told of %1, which cannot be read"_s.arg(listed(outcome.unknown)));
-    return outcome.notMade.isEmpty() && outcome.unknown.isEmpty()
-               ? QString()
-               : u"“%1” was not finished: %2."_s.arg(set.label, parts.join(u"; "_s));
+        parts.append(u"unknown of %1, which cannot be read"_s.arg(listed(outcome.unknown)));
+    return {Error::Kind::NotDone, set.label, u"it was not finished: "_s + parts.join(u"; "_s)};
 }
 
 } // namespace
 
-QStringList settle()
+QList<Error> settle()
 {
     QList<UnfinishedSet> sets;
     (void)Journal::ofDataFolder().read([&sets](Database &database) -> Result<> { // The status bar tells.
@@ -109,16 +108,16 @@ QStringList settle()
         sets = *std::move(read);
         return {};
     });
-    QStringList lines;
+    QList<Error> errors;
     for (const UnfinishedSet &set : sets) {
         const Outcome outcome = lookedAt(set);
-        lines.append(line(set, outcome));
+        if (!outcome.notMade.isEmpty() || !outcome.unknown.isEmpty())
+            errors.append(told(set, outcome));
         if (outcome.unknown.isEmpty())
             (void)Journal::ofDataFolder().changeExisting(
                 [&](Database &database) { return set_log::finish(database, set.id, outcome.notMade); });
     }
-    lines.removeAll(QString());
-    return lines;
+    return errors;
 }
 
 } // namespace quillon::unfinished_sets

@@ -1,6 +1,7 @@
 #include "cli/commands.h"
 
 #include "cli/backup_commands.h"
+#include "cli/change_commands.h"
 #include "cli/check_command.h"
 #include "cli/complete_command.h"
 #include "cli/deleted_commands.h"
@@ -20,11 +21,12 @@ std::vector<std::unique_ptr<Command>> commands()
 {
     std::vector<std::unique_ptr<Command>> all;
     for (const auto make :
-         {listCommand,     newCommand,    renameCommand,  deleteCommand,      deletedCommand,
-          undeleteCommand, forgetCommand, importCommand,  exportCommand,      originalCommand,
-          showCommand,     setCommand,    historyCommand, restoreTextCommand, restoreTitleCommand,
-          checkCommand,    sitesCommand,  markCommand,    unmarkCommand,      ledgerCommand,
-          matrixCommand,   nextCommand,   copyCommand,    backupCommand,      restoreCommand,
+         {listCommand,     newCommand,     renameCommand,  deleteCommand,      deletedCommand,
+          undeleteCommand, forgetCommand,  importCommand,  exportCommand,      originalCommand,
+          showCommand,     setCommand,     historyCommand, restoreTextCommand, restoreTitleCommand,
+          fixCommand,      releaseCommand, changeCommand,  changeSetsCommand,  undoCommand,
+          checkCommand,    sitesCommand,   markCommand,    unmarkCommand,      ledgerCommand,
+          matrixCommand,   nextCommand,    copyCommand,    backupCommand,      restoreCommand,
           completeCommand})
         all.push_back(make());
     return all;

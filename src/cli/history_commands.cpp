@@ -8,7 +8,6 @@
 #include "platform/atomic_file.h"
 #include "store/title_folder.h"
 
-#include <QDateTime>
 #include <QJsonArray>
 #include <QJsonObject>
 
@@ -25,11 +24,6 @@ std::optional<FieldId> knownField(const QString &name)
     if (!field)
         complain(u"There is no field named %1."_s.arg(name));
     return field;
-}
-
-QString isoTime(qint64 time)
-{
-    return QDateTime::fromMSecsSinceEpoch(time, Qt::UTC).toString(Qt::ISODate);
 }
 
 QJsonObject json(const history::Row &row)
@@ -103,14 +97,6 @@ private:
     bool m_json = false;
 };
 
-QJsonArray json(const StringDictionary &errors)
-{
-    QJsonArray array;
-    for (const auto &[field, message] : errors)
-        array.append(QJsonObject{{u"field"_s, field}, {u"message"_s, message}});
-    return array;
-}
-
 /// What a set changes, and what that does to the errors.
 void showSet(const ChangeSet &set, const Judgement &judgement, bool asJson)
 {
@@ -125,8 +111,8 @@ void showSet(const ChangeSet &set, const Judgement &judgement, bool asJson)
     }
     if (asJson) {
         print(QJsonDocument(QJsonObject{{u"changes"_s, changes},
-                                        {u"vanishing"_s, json(judgement.vanishing)},
-                                        {u"appearing"_s, json(judgement.appearing)}}));
+                                        {u"vanishing"_s, errorsAsJson(judgement.vanishing)},
+                                        {u"appearing"_s, errorsAsJson(judgement.appearing)}}));
         return;
     }
     for (const auto &[field, message] : judgement.vanishing)

@@ -1,8 +1,10 @@
+#include "changes/unfinished_sets.h"
 #include "cli/commands.h"
 #include "platform/application_info.h"
 #include "store/add_delete_import_edit.h"
 #include "store/data_folder_lock.h"
 #include "store/process_state.h"
+#include "store/storage_status.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -62,6 +64,14 @@ cli::ExitStatus answer(const CLI::App &program, const CLI::ParseError &error)
     return status == 0 ? cli::Done : cli::WrongUsage;
 }
 
+/// Sees to what a crash has left behind.
+void removeRests()
+{
+    AddDeleteImportEdit::removeUnfinished();
+    for (const Error &unfinished : unfinished_sets::settle())
+        cli::complain(failureLine(unfinished));
+}
+
 cli::ExitStatus run(cli::Command &command)
 {
     if (!command.writes())
@@ -75,7 +85,7 @@ cli::ExitStatus run(cli::Command &command)
         return cli::Refused;
     }
     if (lock.state() == DataFolderLock::State::Held)
-        AddDeleteImportEdit::removeUnfinished();
+        removeRests();
     return command.run();
 }
 

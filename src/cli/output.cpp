@@ -2,6 +2,9 @@
 
 #include "platform/plain_text.h"
 
+#include <QDateTime>
+#include <QJsonObject>
+
 #include <cstdio>
 #include <unistd.h>
 
@@ -76,6 +79,19 @@ void print(const QJsonDocument &document)
 void print(const QByteArray &bytes)
 {
     write(isTerminal() ? withVisibleControls(QString::fromUtf8(bytes)).toUtf8() : bytes, stdout);
+}
+
+QString isoTime(qint64 time)
+{
+    return QDateTime::fromMSecsSinceEpoch(time, Qt::UTC).toString(Qt::ISODate);
+}
+
+QJsonArray errorsAsJson(const StringDictionary &errors)
+{
+    QJsonArray array;
+    for (const auto &[field, message] : errors)
+        array.append(QJsonObject{{u"field"_s, field}, {u"message"_s, message}});
+    return array;
 }
 
 void complain(const QString &line)

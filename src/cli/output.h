@@ -1,5 +1,8 @@
 #pragma once
 
+#include "platform/string_dictionary.h"
+
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QString>
 #include <QStringList>
@@ -22,6 +25,12 @@ void print(const QJsonDocument &document);
 
 /// Writes @p bytes as they are to standard output.
 void print(const QByteArray &bytes);
+
+/// Milliseconds since 1970 (UTC) as scripts read a time.
+QString isoTime(qint64 time);
+
+/// Message by field, as scripts read errors.
+QJsonArray errorsAsJson(const StringDictionary &errors);
 
 /// Writes @p line and a line end to standard error.
 void complain(const QString &line);

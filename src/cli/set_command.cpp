@@ -1,53 +1,14 @@
 #include "cli/set_command.h"
 
+#include "changes/field_assignment.h"
 #include "cli/title_session.h"
-#include "pad/vocabularies.h"
-
-#include <algorithm>
-
-using namespace Qt::StringLiterals;
 
 namespace quillon::cli {
 
 namespace {
 
-/// One FIELD=VALUE of the command line.
-struct Assignment
-{
-    FieldId field;
-    QString value;
-};
-
-QStringList listEntries(const QString &value)
-{
-    return value.isEmpty() ? QStringList() : value.split(u',');
-}
-
-/// Whether the field can take the value; whatever is typed into a text can be.
-bool isPossible(const Assignment &assignment)
-{
-    const QStringList &vocabulary = vocabulary::of(assignment.field);
-    switch (padField(assignment.field).kind) {
-    case FieldKind::Text:
-    case FieldKind::MultiLine:
-        return true;
-    case FieldKind::PopUp:
-        return assignment.value.isEmpty() || vocabulary.contains(assignment.value);
-    case FieldKind::CheckBox:
-        return assignment.value == u"Y" || assignment.value == u"N";
-    case FieldKind::CheckList: {
-        const QStringList entries = listEntries(assignment.value);
-        return std::all_of(entries.begin(), entries.end(),
-                           [&](const QString &entry) { return vocabulary.contains(entry); });
-    }
-    case FieldKind::Computed:
-        break;
-    }
-    return false;
-}
-
 /// Does what the author would: changes the control and leaves it.
-void enter(Editor &editor, const Assignment &assignment, bool leave)
+void enter(Editor &editor, const FieldAssignment &assignment, bool leave)
 {
     const FieldId field = assignment.field;
     switch (padField(field).kind) {
@@ -91,17 +52,19 @@ public:
 
     ExitStatus run() override
     {
-        QList<Assignment> assignments;
+        QList<FieldAssignment> assignments;
         for (const std::string &argument : m_assignments) {
-            const std::optional<Assignment> assignment = parsed(text(argument));
-            if (!assignment)
+            const auto assignment = field_assignments::parsed(text(argument));
+            if (!assignment) {
+                complain(assignment.error().reason);
                 return WrongUsage;
+            }
             assignments.append(*assignment);
         }
         TitleSession session;
         if (const ExitStatus opened = session.open(text(m_title)); opened != Done)
             return opened;
-        for (const Assignment &assignment : assignments)
+        for (const FieldAssignment &assignment : assignments)
             enter(session.editor(), assignment, !m_typing);
         if (m_json)
             showFields(session, text(m_title), allFields(), true);
@@ -109,23 +72,6 @@ public:
     }
 
 private:
-    /// None, with a complaint, for what makes no sense.
-    static std::optional<Assignment> parsed(const QString &argument)
-    {
-        const qsizetype sign = argument.indexOf(u'=');
-        const auto field = sign < 0 ? std::nullopt : fieldNamed(QStringView(argument).first(sign));
-        if (!field) {
-            complain(u"%1 is no FIELD=VALUE of a field that exists."_s.arg(argument));
-            return std::nullopt;
-        }
-        const Assignment assignment{*field, argument.sliced(sign + 1)};
-        if (!isPossible(assignment)) {
-            complain(u"%1 cannot be set to %2."_s.arg(padField(*field).control, assignment.value));
-            return std::nullopt;
-        }
-        return assignment;
-    }
-
     std::string m_title;
     std::vector<std::string> m_assignments;
     bool m_typing = false;

@@ -41,6 +41,7 @@ Result<> EditorSession::open(const QString &title)
     if (!title_folder::exists(title))
         return Error{Error::Kind::Missing, title, u"there is no such title"_s};
     selectTitle(title);
+    m_editor.form().clear(); // What the file lacks would stay as the last title had it.
     m_editor.loadPADData();
     return m_editor.loaded();
 }

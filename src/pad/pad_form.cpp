@@ -86,6 +86,13 @@ void PadForm::setValue(FieldId field, const QString &value)
     text(field).setText(value);
 }
 
+void PadForm::clear()
+{
+    for (const PadField &field : padFields)
+        setValue(field.id, {});
+    file_size::showInitial(*this);
+}
+
 void PadForm::populatePopUpButtons()
 {
     for (const PadField &field : fields::popUps())

@@ -32,6 +32,9 @@ public:
     /// in a check list nothing but entries that it has.
     void setValue(FieldId field, const QString &value);
 
+    /// Makes every field hold what it does in a new form.
+    void clear();
+
     /// Fills the six pop-ups from their vocabularies, the empty item first and chosen.
     void populatePopUpButtons();
 

@@ -1,3 +1,4 @@
+#include "changes/unfinished_sets.h"
 #include "overview/title_list.h"
 #include "platform/application_info.h"
 #include "platform/settings.h"
@@ -42,6 +43,14 @@ std::optional<QString> homeFolder(const QApplication &application)
     return QDir(parser.value(home)).absolutePath();
 }
 
+/// Sees to what a crash has left behind.
+void removeRests()
+{
+    AddDeleteImportEdit::removeUnfinished();
+    for (const Error &unfinished : unfinished_sets::settle())
+        reportExtrasFailure(unfinished.path, unfinished);
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -82,7 +91,7 @@ int main(int argc, char *argv[])
     QTimer::singleShot(untilDrawn, &workbench.window(), [isWriter] {
         QApplication::setWindowIcon(QIcon(u":/icons/quillon.svg"_s));
         if (isWriter)
-            AddDeleteImportEdit::removeUnfinished();
+            removeRests();
     });
     return QApplication::exec();
 }
