@@ -2,6 +2,7 @@
 
 #include "editor/editor.h"
 #include "findings/advice.h"
+#include "findings/chosen_packs.h"
 #include "platform/plain_text.h"
 
 #include <QAbstractScrollArea>
@@ -46,7 +47,8 @@ QString FieldWatch::told(FieldId field) const
 {
     if (!m_editor.loaded())
         return {};
-    return findings::told(field, m_editor.errors(), {.form = m_editor.form()});
+    const chosen_packs::Chosen chosen = chosen_packs::now();
+    return findings::told(field, m_editor.errors(), {.form = m_editor.form(), .packs = chosen.packs});
 }
 
 bool FieldWatch::eventFilter(QObject *watched, QEvent *event)

@@ -153,7 +153,7 @@ constexpr const char *builtInPacks[] = {R"json({
     {
       "id": "address-without-scheme",
       "severity": "warning",
-      "summary": "An address does not begin with http:// or https://, nor that of a download with ftp://.",
+      "summary": "An address, but of a download, does not begin with https:// or http://.",
       "explanation": "The {field} does not begin with https:// or http://, so that no browser can tell what to do with it.",
       "fields": ["Company_WebSite_URL", "Application_Info_URL", "Application_Order_URL",
                  "Application_Screenshot_URL", "Application_Icon_URL", "Application_XML_File_URL"],

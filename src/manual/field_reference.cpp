@@ -3,6 +3,7 @@
 #include "editor/editor_layout.h"
 #include "editor/editor_pages.h"
 #include "findings/explanations.h"
+#include "findings/rule_pack.h"
 #include "pad/pad_form.h"
 #include "validation/error_pass.h"
 #include "validation/field_rule_table.h"
@@ -106,6 +107,19 @@ QString findingReference()
         text += u"<tr><td><code>%1</code></td><td>%2</td><td>%3</td></tr>\n"_s.arg(
             rule.id, findings::name(rule.severity), rule.summary.toString().toHtmlEscaped());
     return text + u"</table>\n"_s;
+}
+
+QString packReference()
+{
+    QString text;
+    for (const RulePack &pack : rule_packs::builtIn()) {
+        text += u"<h3><code>%1</code>: %2</h3>\n<table>\n"_s.arg(pack.id, pack.title.toHtmlEscaped());
+        for (const PackRule &rule : pack.rules)
+            text += u"<tr><td><code>%1</code></td><td>%2</td><td>%3</td></tr>\n"_s.arg(
+                rule.id, findings::name(rule.severity), rule.summary.toHtmlEscaped());
+        text += u"</table>\n"_s;
+    }
+    return text;
 }
 
 QString fieldReference()

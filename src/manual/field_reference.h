@@ -11,4 +11,7 @@ QString fieldReference();
 /// A table of everything that is found in a PAD file, by its id.
 QString findingReference();
 
+/// The rules of the packs that come with Quillon.
+QString packReference();
+
 } // namespace quillon

@@ -92,6 +92,7 @@ int main(int argc, char *argv[])
     const QList<Part> parts = {
         {u"fields"_s, [] { return fieldReference(); }},
         {u"findings"_s, [] { return findingReference(); }},
+        {u"packs"_s, [] { return packReference(); }},
         {u"menus"_s, [] { return mainMenus(); }},
         {u"quillon-cli"_s, [&] { return command_reference::ofProgram(arguments[3]); }},
         {u"quillon"_s, [&] { return command_reference::ofProgram(arguments[4]); }},

@@ -2,6 +2,7 @@
 
 #include "editor/editor.h"
 #include "findings/advice.h"
+#include "findings/chosen_packs.h"
 #include "store/process_state.h"
 
 #include <QEvent>
@@ -58,12 +59,16 @@ void FindingsPane::showFindings()
     QString html;
     if (mwqnSelSW && m_editor.loaded()) {
         const QString muted = mutedColour(palette());
-        for (const Finding &finding : findings::all(m_errors, {.form = m_editor.form()})) {
+        const chosen_packs::Chosen chosen = chosen_packs::now();
+        for (const Finding &finding :
+             findings::all(m_errors, {.form = m_editor.form(), .packs = chosen.packs})) {
             if (finding.severity != Severity::Error)
                 html += paragraph(findings::sentence(finding), muted);
             else if (padField(finding.field).control == m_key)
                 html += paragraph(findings::sentence(finding), {});
         }
+        for (const QString &failure : chosen.failures)
+            html += paragraph(failure, muted);
     }
     setHtml(html);
     setVisible(!html.isEmpty());

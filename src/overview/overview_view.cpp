@@ -61,8 +61,8 @@ OverviewView::OverviewView(OverviewController &overview, TitleCommands &titles, 
     setAcceptDrops(true);
     auto *list = new SoftwareTableView(overview, commands);
     connect(list, &SoftwareTableView::editRequested, this, &OverviewView::editRequested);
-    auto *details = new TitleDetailsView(overview, editor);
-    connect(details, &TitleDetailsView::fieldRequested, this, &OverviewView::fieldRequested);
+    m_details = new TitleDetailsView(overview, editor);
+    connect(m_details, &TitleDetailsView::fieldRequested, this, &OverviewView::fieldRequested);
 
     auto *upper = new QWidget;
     auto *column = new QVBoxLayout(upper);
@@ -71,7 +71,7 @@ OverviewView::OverviewView(OverviewController &overview, TitleCommands &titles, 
     column->addWidget(newButtonRow(commands));
     m_splitter->setChildrenCollapsible(false);
     m_splitter->addWidget(upper);
-    m_splitter->addWidget(details);
+    m_splitter->addWidget(m_details);
     m_splitter->setStretchFactor(0, 3);
     m_splitter->setStretchFactor(1, 2);
     m_splitter->restoreState(settings().value(splitterKey).toByteArray());
@@ -81,6 +81,11 @@ OverviewView::OverviewView(OverviewController &overview, TitleCommands &titles, 
 OverviewView::~OverviewView()
 {
     settings().setValue(splitterKey, m_splitter->saveState());
+}
+
+void OverviewView::adviseAnew()
+{
+    m_details->explain();
 }
 
 void OverviewView::dragEnterEvent(QDragEnterEvent *event)

@@ -10,6 +10,7 @@ class CommandSet;
 class Editor;
 class OverviewController;
 class TitleCommands;
+class TitleDetailsView;
 
 /// The main window's first view: the titles, and below them where the selected one was submitted and its
 /// errors. PAD files that are dropped onto it are imported.
@@ -22,6 +23,9 @@ public:
     OverviewView(OverviewController &overview, TitleCommands &titles, const Editor &editor,
                  const CommandSet &commands, QWidget *parent = nullptr);
     ~OverviewView() override;
+
+    /// Other rule packs are switched on: what they advise is shown.
+    void adviseAnew();
 
 Q_SIGNALS:
     /// The user asks to edit the selected title.
@@ -37,6 +41,7 @@ private:
     OverviewController &m_overview;
     TitleCommands &m_titles;
     QSplitter *m_splitter;
+    TitleDetailsView *m_details = nullptr;
 };
 
 } // namespace quillon

@@ -23,6 +23,9 @@ public:
     TitleDetailsView(OverviewController &overview, const Editor &editor, QWidget *parent = nullptr);
     ~TitleDetailsView() override;
 
+    /// Explains the current message, else the first one, while anybody sees it.
+    void explain();
+
 Q_SIGNALS:
     /// The author asks for the field @p key of the selected title, by a message about it.
     void fieldRequested(const QString &key);
@@ -36,8 +39,6 @@ private:
     void restoreLayout();
     void askForField(const QListWidgetItem *item);
     void showErrors();
-    /// Explains the current message, else the first one, while anybody sees it.
-    void explain();
 
     OverviewController &m_overview;
     const Editor &m_editor;

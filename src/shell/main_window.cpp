@@ -4,6 +4,7 @@
 #include "changes/history_window.h"
 #include "editor/editor.h"
 #include "editor/editor_view.h"
+#include "findings/rule_packs_window.h"
 #include "ledger/matrix_window.h"
 #include "overview/name_panel_view.h"
 #include "overview/overview_view.h"
@@ -198,6 +199,13 @@ void MainWindow::openHistory(const std::optional<FieldId> &field)
             NotificationCenter::defaultCenter().post(notification::mwqnOCu432hjiudsh);
     });
     history->show();
+}
+
+void MainWindow::openRulePacks()
+{
+    auto *packs = new RulePacksWindow(this);
+    connect(packs, &RulePacksWindow::chosen, m_overviewView, &OverviewView::adviseAnew);
+    packs->open();
 }
 
 void MainWindow::openMatrix()

@@ -44,6 +44,7 @@ public:
     void redo();
     /// Opens the history of the selected title, or of @p field in it.
     void openHistory(const std::optional<FieldId> &field);
+    void openRulePacks();
     /// Opens the window of which version is on which site, or brings it to the front.
     void openMatrix();
     void openAboutPanelAction();

@@ -78,6 +78,9 @@ QList<Command> mainWindowCommands(const MainWindowParts &parts)
          .toolTip = u"Bring back titles and sites of your own that you deleted"_s,
          .isEnabled = ifFileMenuHas(FileMenu::New), .run = [parts] { parts.deleted.open(); }},
 
+        {.id = u"rulePacks"_s, .text = u"Rule &Packs…"_s, .menu = title,
+         .toolTip = u"Choose by which further rules is advised"_s, .run = [parts] { parts.window.openRulePacks(); }},
+
         {.id = u"manual"_s, .text = u"&Help for What Is Shown"_s, .menu = help, .icon = u"help"_s,
          .keys = {QKeySequence::HelpContents}, .run = [parts] { Q_EMIT parts.window.manualRequested(); }},
         {.id = u"help"_s, .text = u"Quillon Help in Your &Web Browser"_s, .menu = help,

@@ -22,6 +22,8 @@ constexpr Topic topics[] = {
     {u"swNamePanel", u"titles.html"},
     {u"submittedToTableView", u"overview.html#submitted"},
     {u"validationErrorsView", u"errors.html"},
+    {u"findingsPane", u"findings.html#advice"},
+    {u"rulePacksWindow", u"findings.html#packs"},
     {u"overviewView", u"overview.html"},
     {u"editView", u"editor.html"},
     {u"historyWindow", u"history.html"},

@@ -1,3 +1,4 @@
+#include "findings/rule_packs_window.h"
 #include "pad/pad_document.h"
 #include "platform/notification_center.h"
 #include "platform/notifications.h"
@@ -206,7 +207,8 @@ TEST_F(OverviewViewTest, MessagesAreExplainedAndAdviceStandsBelow)
 {
     const PadDocument document(
         u"<XML_DIZ_INFO><MASTER_PAD_VERSION_INFO></MASTER_PAD_VERSION_INFO><Program_Name>T</Program_Name>"
-        "<Keywords>a,b,a</Keywords></XML_DIZ_INFO>"_s);
+        "<Keywords>a,b,a</Keywords><Application_Icon_URL>http://a.example/a.gif</Application_Icon_URL>"
+        "</XML_DIZ_INFO>"_s);
     ASSERT_TRUE(AddDeleteImportEdit::importExistingFile(u"T"_s, document));
     overview().loadSoftwareList();
     clickTitle(0);
@@ -220,4 +222,16 @@ TEST_F(OverviewViewTest, MessagesAreExplainedAndAdviceStandsBelow)
     messages->setFocus();
     QTest::keyClick(messages, Qt::Key_End);
     EXPECT_TRUE(told().startsWith(u"The support e-mail address is empty.")) << told();
+
+    command(u"rulePacks"_s)->trigger();
+    auto *packs = visible<RulePacksWindow>(u"rulePacksWindow"_s);
+    expectNamedTabStops(*packs, 3);
+    QTest::keyClick(visible<QListWidget>(u"rulePacks"_s), Qt::Key_Space);
+    EXPECT_TRUE(told().contains(u"Hint: The icon address begins with http://."_s)) << told();
+    const QString file = home() + u"/pack.json"_s;
+    put(file, "{}");
+    packs->add(file);
+    EXPECT_TRUE(visible<QLabel>(u"rulePacksOutcome"_s)->text().contains(u"“id” has to be a text"_s));
+    QTest::keyClick(visible<QListWidget>(u"rulePacks"_s), Qt::Key_Space);
+    EXPECT_FALSE(told().contains(u"http://."_s)) << told();
 }

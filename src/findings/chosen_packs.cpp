@@ -1,0 +1,38 @@
+#include "findings/chosen_packs.h"
+
+#include "platform/settings.h"
+
+using namespace Qt::StringLiterals;
+
+namespace quillon::chosen_packs {
+
+namespace {
+
+const QString key = u"findings/packs"_s;
+
+} // namespace
+
+Chosen now()
+{
+    Chosen chosen;
+    for (const QString &name : names()) {
+        Result<RulePack> pack = rule_packs::load(name);
+        if (pack)
+            chosen.packs.append(*std::move(pack));
+        else
+            chosen.failures.append(u"The rule pack %1 is left out (%2)."_s.arg(name, pack.error().reason));
+    }
+    return chosen;
+}
+
+QStringList names()
+{
+    return settings().value(key).toStringList();
+}
+
+void choose(const QStringList &names)
+{
+    settings().setValue(key, names);
+}
+
+} // namespace quillon::chosen_packs
