@@ -6,6 +6,10 @@ target_compile_definitions(
     quillon_options
     INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_CAST_FROM_BYTEARRAY QT_NO_URL_CAST_FROM_STRING
               QT_NO_KEYWORDS QT_USE_QSTRINGBUILDER)
+if(CMAKE_UNITY_BUILD)
+    # What a source keeps to itself lies in an included file then.
+    target_compile_options(quillon_options INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
+endif()
 if(QUILLON_SANITIZE)
     # GCC loses track of initialisations in instrumented code; the plain builds keep this warning.
     target_compile_options(quillon_options INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)

@@ -10,7 +10,7 @@ namespace {
 using enum Severity;
 
 // clang-format off
-constexpr FindingRule table[] = {
+constexpr FindingRule findingRules[] = {
     {u"text-missing", Error, u"A field that has to be filled in is empty."},
     {u"text-too-short", Error, u"A text is shorter than the form allows."},
     {u"text-too-long", Error, u"A text is longer than the form allows."},
@@ -54,13 +54,13 @@ constexpr FindingRule table[] = {
 
 std::span<const FindingRule> rules()
 {
-    return table;
+    return findingRules;
 }
 
 const FindingRule &rule(QStringView id)
 {
-    const auto *found = std::ranges::find(table, id, &FindingRule::id);
-    Q_ASSERT(found != std::end(table));
+    const auto *found = std::ranges::find(findingRules, id, &FindingRule::id);
+    Q_ASSERT(found != std::end(findingRules));
     return *found;
 }
 

@@ -59,8 +59,8 @@ void describe(Matrix::Cell &cell)
 QHash<QString, int> ranks(QStringList versions)
 {
     std::ranges::sort(versions);
-    const auto same = std::ranges::unique(versions);
-    versions.erase(same.begin(), same.end());
+    const auto same = std::unique(versions.begin(), versions.end());
+    versions.erase(same, versions.end());
     std::ranges::stable_sort(
         versions, [](const QString &left, const QString &right) { return versionOrder(left, right) < 0; });
     QHash<QString, int> places;

@@ -12,7 +12,8 @@ namespace quillon {
 
 namespace {
 
-constexpr std::array<QStringView, SubmittedToTable::ColumnCount> headers = {u"Site", u"Version", u"Current"};
+constexpr std::array<QStringView, SubmittedToTable::ColumnCount> columnHeaders = {u"Site", u"Version",
+                                                                                  u"Current"};
 
 } // namespace
 
@@ -100,7 +101,7 @@ QString SubmittedToTable::textAt(int row, int column) const
 QVariant SubmittedToTable::headerData(int section, Qt::Orientation orientation, int role) const
 {
     if (orientation == Qt::Horizontal && role == Qt::DisplayRole && section >= 0 && section < ColumnCount)
-        return headers[size_t(section)].toString();
+        return columnHeaders[size_t(section)].toString();
     return QAbstractTableModel::headerData(section, orientation, role);
 }
 

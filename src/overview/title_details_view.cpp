@@ -21,8 +21,8 @@ namespace quillon {
 
 namespace {
 
-const QString headerKey = u"overview/submittedToTable"_s;
-const QString splitterKey = u"overview/detailsSplitter"_s;
+const QString marksHeaderKey = u"overview/submittedToTable"_s;
+const QString detailsSplitterKey = u"overview/detailsSplitter"_s;
 constexpr int siteWidth = 220;
 
 } // namespace
@@ -47,8 +47,8 @@ TitleDetailsView::TitleDetailsView(OverviewController &overview, const Editor &e
 
 TitleDetailsView::~TitleDetailsView()
 {
-    settings().setValue(headerKey, m_submittedToTableView->horizontalHeader()->saveState());
-    settings().setValue(splitterKey, saveState());
+    settings().setValue(marksHeaderKey, m_submittedToTableView->horizontalHeader()->saveState());
+    settings().setValue(detailsSplitterKey, saveState());
 }
 
 void TitleDetailsView::buildMarks()
@@ -80,10 +80,10 @@ void TitleDetailsView::buildErrors()
 void TitleDetailsView::restoreLayout()
 {
     QHeaderView *header = m_submittedToTableView->horizontalHeader();
-    if (!header->restoreState(settings().value(headerKey).toByteArray()))
+    if (!header->restoreState(settings().value(marksHeaderKey).toByteArray()))
         m_submittedToTableView->setColumnWidth(SubmittedToTable::Site, siteWidth);
     header->setStretchLastSection(true);
-    restoreState(settings().value(splitterKey).toByteArray());
+    restoreState(settings().value(detailsSplitterKey).toByteArray());
 }
 
 void TitleDetailsView::askForField(const QListWidgetItem *item)

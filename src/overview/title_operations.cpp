@@ -27,7 +27,7 @@ namespace quillon::title_operations {
 
 namespace {
 
-Q_LOGGING_CATEGORY(log, "quillon.overview")
+Q_LOGGING_CATEGORY(titleLog, "quillon.overview")
 
 QString nameConflict(const QString &name)
 {
@@ -182,7 +182,7 @@ bool pruneMarks()
     // The catalogue may have been built while they could not be read.
     const auto ownSites = site_list::stored(site_list::userSites);
     if (!ownSites && !ownSites.isError(Error::Kind::Missing)) {
-        qCWarning(log).noquote() << "marks stay as they are:" << failureLine(ownSites.error());
+        qCWarning(titleLog).noquote() << "marks stay as they are:" << failureLine(ownSites.error());
         return false;
     }
     const Marks rest = remainingMarks(summary, ownSites.valueOr({}));

@@ -24,15 +24,15 @@ struct PadDocument::Source
 
 namespace {
 
-using Contents = std::array<QStringView, fieldCount>;
+using FieldContents = std::array<QStringView, fieldCount>;
 
 /// The contents of @p text if it is laid out as the writer does it; none otherwise.
 ///
 /// There each element is found by its line and the line that follows it, so that no value, whatever it holds,
 /// is mistaken for another element. A value ends at the first end tag of its element all the same.
-std::optional<Contents> writtenContents(QStringView text)
+std::optional<FieldContents> writtenContents(QStringView text)
 {
-    Contents contents;
+    FieldContents contents;
     const QString opening = layoutOpening();
     if (!text.startsWith(opening))
         return std::nullopt;

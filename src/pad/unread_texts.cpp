@@ -16,7 +16,7 @@ namespace quillon {
 
 namespace {
 
-constexpr QStringView descriptions = u"Program_Descriptions";
+constexpr QStringView descriptionsGroup = u"Program_Descriptions";
 
 /// Whether elements of this name hold nothing but other elements.
 bool isGroup(QStringView tag)
@@ -115,7 +115,7 @@ private:
         const QStringView meant = padTag(tag);
         if (const auto field = fieldOfElement(tag))
             enterField(*field, element, place);
-        else if (place.group == descriptions && place.language.isEmpty())
+        else if (place.group == descriptionsGroup && place.language.isEmpty())
             place.language = tag;
         else if (isGroup(meant))
             place.group = meant.toString();

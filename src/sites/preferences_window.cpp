@@ -21,8 +21,8 @@ namespace quillon {
 
 namespace {
 
-const QString geometryKey = u"preferences/geometry"_s;
-constexpr QSize firstSize(960, 600);
+const QString windowGeometryKey = u"preferences/geometry"_s;
+constexpr QSize firstWindowSize(960, 600);
 constexpr int iconSize = 32;
 
 } // namespace
@@ -45,13 +45,13 @@ PreferencesWindow::PreferencesWindow(PreferencesController &preferences, QWidget
     connect(&preferences, &PreferencesController::hidePreferences, this, &PreferencesWindow::hide);
     connect(&preferences, &PreferencesController::pageChanged, this, &PreferencesWindow::showPage);
     showPage();
-    resize(firstSize.boundedTo(screen()->availableSize()));
-    restoreGeometry(settings().value(geometryKey).toByteArray());
+    resize(firstWindowSize.boundedTo(screen()->availableSize()));
+    restoreGeometry(settings().value(windowGeometryKey).toByteArray());
 }
 
 PreferencesWindow::~PreferencesWindow()
 {
-    settings().setValue(geometryKey, saveGeometry());
+    settings().setValue(windowGeometryKey, saveGeometry());
 }
 
 QToolBar *PreferencesWindow::newToolbar()

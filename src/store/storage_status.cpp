@@ -13,7 +13,7 @@ namespace quillon {
 
 namespace {
 
-Q_LOGGING_CATEGORY(log, "quillon.store")
+Q_LOGGING_CATEGORY(statusLog, "quillon.store")
 
 void announce()
 {
@@ -72,7 +72,7 @@ Result<> reported(const QString &path, Result<> result)
 
 void reportFailure(const Error &error)
 {
-    qCWarning(log).noquote() << failureLine(error);
+    qCWarning(statusLog).noquote() << failureLine(error);
     mwqnFailedWrites[error.path] = error;
     announce();
 }
@@ -122,7 +122,7 @@ void reportExtrasFailure(const QString &path, const Error &error)
     if (const auto known = mwqnFailedExtras.constFind(path);
         known != mwqnFailedExtras.cend() && failureLine(*known) == line)
         return;
-    qCWarning(log).noquote() << line;
+    qCWarning(statusLog).noquote() << line;
     mwqnFailedExtras[path] = error;
     announce();
 }

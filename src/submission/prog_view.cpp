@@ -14,7 +14,7 @@ namespace quillon {
 namespace {
 
 constexpr int usualWidth = 240;
-constexpr int smallestWidth = 40;
+constexpr int smallestBarWidth = 40;
 
 /// The rectangle on whose middle a line of width 1 is drawn that stays inside @p outer.
 QRectF line(const QRectF &outer)
@@ -41,7 +41,7 @@ QSize ProgView::sizeHint() const
 
 QSize ProgView::minimumSizeHint() const
 {
-    return {smallestWidth, load_progress::frameHeight};
+    return {smallestBarWidth, load_progress::frameHeight};
 }
 
 void ProgView::showState()

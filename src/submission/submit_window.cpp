@@ -37,12 +37,12 @@ namespace quillon {
 
 namespace {
 
-const QString geometryKey = u"submitWindow/geometry"_s;
+const QString windowGeometryKey = u"submitWindow/geometry"_s;
 const QString splitterKey = u"submitWindow/splitter"_s;
 const QString drawerKey = u"submitWindow/sitesDrawerOpen"_s;
 const QString zoomKey = u"submitWindow/zoom"_s;
 
-constexpr QSize usualSize(1240, 680);
+constexpr QSize usualWindowSize(1240, 680);
 
 } // namespace
 
@@ -247,15 +247,15 @@ void SubmitWindow::closeEvent(QCloseEvent *event)
 
 void SubmitWindow::saveLayout() const
 {
-    settings().setValue(geometryKey, saveGeometry());
+    settings().setValue(windowGeometryKey, saveGeometry());
     settings().setValue(splitterKey, m_splitter->saveState());
     settings().setValue(drawerKey, m_commands->action(u"drawer"_s)->isChecked());
 }
 
 void SubmitWindow::restoreLayout()
 {
-    resize(usualSize.boundedTo(screen()->availableSize()));
-    restoreGeometry(settings().value(geometryKey).toByteArray());
+    resize(usualWindowSize.boundedTo(screen()->availableSize()));
+    restoreGeometry(settings().value(windowGeometryKey).toByteArray());
     if (!m_splitter->restoreState(settings().value(splitterKey).toByteArray()))
         m_splitter->setSizes({230, 780, 240});
     openDrawer(settings().value(drawerKey, true).toBool());

@@ -11,7 +11,7 @@ namespace quillon {
 namespace {
 
 /// How long after the author's press a page may open a window.
-constexpr std::chrono::seconds patience{5};
+constexpr std::chrono::seconds pressCounts{5};
 
 } // namespace
 
@@ -22,7 +22,7 @@ void WebEngineWindows::setPage(WebEnginePage &page)
 
 void WebEngineWindows::authorActed()
 {
-    m_mayOpen.setRemainingTime(patience);
+    m_mayOpen.setRemainingTime(pressCounts);
 }
 
 void WebEngineWindows::open(QWebEngineNewWindowRequest &request)
