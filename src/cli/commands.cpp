@@ -21,13 +21,13 @@ std::vector<std::unique_ptr<Command>> commands()
 {
     std::vector<std::unique_ptr<Command>> all;
     for (const auto make :
-         {listCommand,     newCommand,     renameCommand,  deleteCommand,      deletedCommand,
-          undeleteCommand, forgetCommand,  importCommand,  exportCommand,      originalCommand,
-          showCommand,     setCommand,     historyCommand, restoreTextCommand, restoreTitleCommand,
-          fixCommand,      releaseCommand, changeCommand,  changeSetsCommand,  undoCommand,
-          checkCommand,    sitesCommand,   markCommand,    unmarkCommand,      ledgerCommand,
-          matrixCommand,   nextCommand,    copyCommand,    backupCommand,      restoreCommand,
-          completeCommand})
+         {listCommand,         newCommand,      renameCommand,  deleteCommand,  exampleCommand,
+          deletedCommand,      undeleteCommand, forgetCommand,  importCommand,  exportCommand,
+          originalCommand,     showCommand,     setCommand,     historyCommand, restoreTextCommand,
+          restoreTitleCommand, fixCommand,      releaseCommand, changeCommand,  changeSetsCommand,
+          undoCommand,         checkCommand,    sitesCommand,   markCommand,    unmarkCommand,
+          ledgerCommand,       matrixCommand,   nextCommand,    copyCommand,    backupCommand,
+          restoreCommand,      completeCommand})
         all.push_back(make());
     return all;
 }

@@ -1,5 +1,8 @@
 #include "cli/new_rename_delete.h"
 
+#include "journal/history.h"
+#include "overview/example_title.h"
+#include "overview/taking_over.h"
 #include "overview/title_deletion.h"
 #include "overview/title_operations.h"
 #include "store/add_delete_import_edit.h"
@@ -28,6 +31,8 @@ public:
     {
         CLI::App *command = application.add_subcommand("new", "Add a new software title");
         command->add_option("NAME", m_name, "The title's name, kept as it is given")->required();
+        command->add_option("--like", m_like, "Take over company, author, contact and support of this title")
+            ->type_name("TITLE");
         return command;
     }
 
@@ -38,11 +43,56 @@ public:
         const QString name = text(m_name);
         if (!isFree(name))
             return Refused;
-        return outcome(AddDeleteImportEdit::createNewListing(name));
+        if (!m_like.empty() && !titleExists(text(m_like)))
+            return Refused;
+        const ExitStatus made = outcome(AddDeleteImportEdit::createNewListing(name));
+        return made == Done && !m_like.empty() ? takeOver(name) : made;
     }
 
 private:
+    [[nodiscard]] ExitStatus takeOver(const QString &name) const
+    {
+        const auto from = change_plans::stateOf(text(m_like));
+        if (!from)
+            return outcome(from.error());
+        ChangePlan plan{.origin = history::origin::bulk, .label = taking_over::label(*from), .titles = {}};
+        change_plans::planEach(plan, {name}, [&from](const TitleState &state) {
+            return change_plans::planned(state, taking_over::changes(state.judged.values, *from));
+        });
+        if (!plan.failures.isEmpty())
+            return outcome(plan.failures.first());
+        const auto applied = change_plans::apply(plan);
+        return applied ? outcome(applied->titles.value(0).stored) : outcome(applied.error());
+    }
+
     std::string m_name;
+    std::string m_like;
+};
+
+class Example final : public Command
+{
+public:
+    CLI::App *addTo(CLI::App &application) override
+    {
+        CLI::App *command =
+            application.add_subcommand("example", "Add a complete title to try Quillon with, or remove it");
+        command->add_flag("--remove", m_removes, "Remove it");
+        return command;
+    }
+
+    [[nodiscard]] bool writes() const override { return true; }
+
+    ExitStatus run() override
+    {
+        if (m_removes)
+            return titleExists(example_title::name)
+                       ? outcome(title_operations::deleteTitle(example_title::name))
+                       : Refused;
+        return isFree(example_title::name) ? outcome(example_title::make()) : Refused;
+    }
+
+private:
+    bool m_removes = false;
 };
 
 class Rename final : public Command
@@ -95,6 +145,11 @@ private:
 };
 
 } // namespace
+
+std::unique_ptr<Command> exampleCommand()
+{
+    return std::make_unique<Example>();
+}
 
 std::unique_ptr<Command> newCommand()
 {

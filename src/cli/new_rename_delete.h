@@ -7,6 +7,7 @@
 namespace quillon::cli {
 
 std::unique_ptr<Command> newCommand();
+std::unique_ptr<Command> exampleCommand();
 std::unique_ptr<Command> renameCommand();
 std::unique_ptr<Command> deleteCommand();
 

@@ -96,6 +96,11 @@ EditorView::EditorView(Editor &editor, QWidget *parent)
     showErrorCounts();
 }
 
+void EditorView::addBar(QWidget *bar)
+{
+    qobject_cast<QVBoxLayout *>(layout())->insertWidget(1, bar);
+}
+
 void EditorView::makeCurrentPage()
 {
     auto *area = qobject_cast<QScrollArea *>(m_editorTabs->currentWidget());

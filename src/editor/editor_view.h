@@ -42,6 +42,9 @@ public:
     bool undoTyping();
     bool redoTyping();
 
+    /// Puts @p bar above the pages.
+    void addBar(QWidget *bar);
+
 Q_SIGNALS:
     /// The author wants to see what @p field held before.
     void earlierTextsRequested(quillon::FieldId field);

@@ -8,6 +8,7 @@
 #include "widgets/action_button.h"
 #include "widgets/command_set.h"
 
+#include <QAction>
 #include <QBoxLayout>
 #include <QDragEnterEvent>
 #include <QMimeData>
@@ -42,8 +43,17 @@ QWidget *newButtonRow(const CommandSet &commands)
     const auto add = [&](const QString &name, const QString &command) {
         layout->addWidget(newActionButton(*commands.action(command), name, row));
     };
+    const auto addWhileEnabled = [&](const QString &name, const QString &command) {
+        QAction *action = commands.action(command);
+        QPushButton *button = newActionButton(*action, name, row);
+        layout->addWidget(button);
+        const auto follow = [button, action] { button->setVisible(action->isEnabled()); };
+        QObject::connect(action, &QAction::changed, button, follow);
+        follow();
+    };
     add(u"newSoftwareButton"_s, u"new"_s);
     add(u"importButton"_s, u"import"_s);
+    addWhileEnabled(u"removeExampleButton"_s, u"removeExample"_s);
     layout->addStretch(1); // What needs a selected title stands apart.
     add(u"renameButton"_s, u"rename"_s);
     add(u"exportButton"_s, u"export"_s);

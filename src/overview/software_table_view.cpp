@@ -4,6 +4,7 @@
 #include "overview/natural_sort_proxy.h"
 #include "overview/overview_controller.h"
 #include "platform/settings.h"
+#include "widgets/action_button.h"
 #include "widgets/command_set.h"
 #include "widgets/icon_cell_delegate.h"
 #include "widgets/row_table.h"
@@ -11,6 +12,7 @@
 #include <QBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
+#include <QPushButton>
 #include <QTableView>
 
 #include <array>
@@ -25,7 +27,7 @@ const QString headerKey = u"overview/softwareTable"_s;
 
 constexpr std::array<int, SoftwareTable::ColumnCount> columnWidths = {280, 90, 110, 220, 80, 160};
 
-QWidget *newEmptyPage()
+QWidget *newEmptyPage(const CommandSet &commands)
 {
     auto *page = new QWidget;
     page->setObjectName(u"emptyListPage"_s);
@@ -47,6 +49,8 @@ QWidget *newEmptyPage()
     layout->addStretch(1);
     for (QLabel *label : {picture, heading, hint})
         layout->addWidget(label, 0, Qt::AlignCenter);
+    layout->addWidget(newActionButton(*commands.action(u"tryExample"_s), u"tryExampleButton"_s, page), 0,
+                      Qt::AlignCenter);
     layout->addStretch(2);
     page->setAutoFillBackground(true);
     page->setBackgroundRole(QPalette::Base);
@@ -59,6 +63,7 @@ SoftwareTableView::SoftwareTableView(OverviewController &overview, const Command
                                      QWidget *parent)
     : QStackedWidget(parent)
     , m_overview(overview)
+    , m_commands(commands)
     , m_sorted(new NaturalSortProxy(this))
     , m_table(newIconRowTable(u"softwareTableView"_s, u"Software titles"_s, this))
 {
@@ -133,7 +138,7 @@ void SoftwareTableView::showListOrHint()
 {
     const bool isEmpty = m_sorted->rowCount() == 0;
     if (isEmpty && count() == 1)
-        addWidget(newEmptyPage());
+        addWidget(newEmptyPage(m_commands));
     setCurrentIndex(isEmpty ? 1 : 0);
 }
 

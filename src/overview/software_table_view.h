@@ -19,7 +19,8 @@ class SoftwareTableView : public QStackedWidget
 {
     Q_OBJECT
 public:
-    /// The list's context menu has its actions from @p commands. Both must outlive the view.
+    /// The list's context menu and the hint's button have their actions from @p commands. Both must outlive
+    /// the view.
     SoftwareTableView(OverviewController &overview, const CommandSet &commands, QWidget *parent = nullptr);
     ~SoftwareTableView() override;
 
@@ -41,6 +42,7 @@ private:
     void keepPlace();
 
     OverviewController &m_overview;
+    const CommandSet &m_commands;
     NaturalSortProxy *m_sorted;
     QTableView *m_table;
     int m_place = -1;                     ///< The row in sight's order that was selected or added last.

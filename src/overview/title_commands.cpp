@@ -2,6 +2,7 @@
 
 #include "journal/originals.h"
 #include "manual/manual_pages.h"
+#include "overview/example_title.h"
 #include "overview/title_deletion.h"
 #include "store/add_delete_import_edit.h"
 #include "store/process_state.h"
@@ -194,6 +195,26 @@ void TitleCommands::exportChosen(const FileRequest &request, const std::shared_p
             tellLater(exported ? Alert{title_operations::exportSucceeded}
                                : Alert{title_operations::exportFailed, exported.error().reason});
         });
+}
+
+void TitleCommands::tryExample()
+{
+    (void)AddDeleteImportEdit::checkAppSuppExists(); // The status bar tells, here and below.
+    (void)example_title::make();
+    reload();
+    m_overview.tableViewSelectionDidChange(
+        int(m_overview.softwareTable().swNameArray().indexOf(example_title::name)));
+}
+
+void TitleCommands::removeExample()
+{
+    (void)title_operations::deleteTitle(example_title::name); // The list and the status bar tell.
+    reload();
+}
+
+bool TitleCommands::hasExample() const
+{
+    return m_overview.softwareTable().swNameArray().contains(example_title::name);
 }
 
 void TitleCommands::helpAction()

@@ -47,6 +47,11 @@ public:
     void exportButtonAction();
     /// Saves the file that the selected title came from.
     void exportOriginal();
+    /// Makes the example and selects it; removes it.
+    void tryExample();
+    void removeExample();
+    /// Whether the example is in the list.
+    [[nodiscard]] bool hasExample() const;
     /// Open the manual, or its page about reporting errors, in the user's own browser.
     void helpAction();
     void bugReportAction();

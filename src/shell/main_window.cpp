@@ -8,6 +8,7 @@
 #include "ledger/matrix_window.h"
 #include "overview/name_panel_view.h"
 #include "overview/overview_view.h"
+#include "overview/taking_over_bar.h"
 #include "overview/title_commands.h"
 #include "platform/notification_center.h"
 #include "platform/notifications.h"
@@ -60,6 +61,7 @@ MainWindow::MainWindow(ToolbarControl &toolbar, OverviewController &overview, Ti
     buildStatusBar();
 
     connect(&overview.fileMenu(), &FileMenu::changed, m_commands, &CommandSet::update);
+    connect(&overview.softwareTable(), &QAbstractItemModel::modelReset, m_commands, &CommandSet::update);
     for (const QString &view : {u"Overview"_s, u"Edit"_s}) // Also when the command was refused.
         connect(m_commands->action(view), &QAction::triggered, this, &MainWindow::checkShownView);
     connect(&edits, &EditHistory::changed, m_commands, &CommandSet::update);
@@ -86,6 +88,7 @@ EditorView &MainWindow::editView()
 {
     if (!m_editView) {
         m_editView = new EditorView(m_editor);
+        m_editView->addBar(new TakingOverBar(m_editor, m_edits));
         m_content->addWidget(m_editView);
         connect(m_editView, &EditorView::earlierTextsRequested, this,
                 [this](FieldId field) { openHistory(field); });

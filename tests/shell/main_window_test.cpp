@@ -1,4 +1,5 @@
 #include "editor/editor_view.h"
+#include "overview/title_list.h"
 #include "shell/customise_toolbar_dialog.h"
 #include "shell/main_window_fixture.h"
 #include "shell/toolbar_layout.h"
@@ -262,4 +263,38 @@ TEST_F(MainWindowTest, EarlierTextsAreShownAndBroughtBack)
     command(u"undo"_s)->trigger();
     EXPECT_EQ(eulaText->toPlainText(), u"Free for all"_s);
     press(u"closeHistory"_s);
+}
+
+TEST_F(MainWindowTest, TheFirstMinuteHasAnExampleAndANewTitleTakesOver)
+{
+    press(u"tryExampleButton"_s);
+    ASSERT_EQ(mwqnSelSW, u"Tide Table (Example)");
+    EXPECT_TRUE(overview().validationErrors().empty());
+    EXPECT_EQ(loadSummary(*mwqnSelSW)->validated, u"1");
+    press(u"removeExampleButton"_s);
+    EXPECT_EQ(titles(), QStringList());
+    EXPECT_FALSE(window().findChild<QWidget *>(u"removeExampleButton"_s)->isVisible());
+
+    press(u"tryExampleButton"_s); // Of which nothing is ever offered.
+    command(u"Edit"_s)->trigger();
+    const auto *bar = window().findChild<QWidget *>(u"takingOverBar"_s);
+    auto *company = window().findChild<QLineEdit *>(u"companyName"_s);
+    const auto edit = [&](const QString &name) {
+        command(u"Overview"_s)->trigger();
+        press(u"newSoftwareButton"_s);
+        typeName(name);
+        clickTitle(0); // Each name comes before the others.
+        command(u"Edit"_s)->trigger();
+    };
+    edit(u"B"_s);
+    EXPECT_FALSE(bar->isVisible());
+    QTest::keyClicks(company, u"Smith"_s);
+    edit(u"A"_s);
+    ASSERT_TRUE(bar->isVisible());
+    const QByteArray untouched = contents(inData(u"A.qndata/data.qnxml"_s));
+    press(u"takeOverButton"_s);
+    EXPECT_EQ(company->text(), u"Smith");
+    EXPECT_FALSE(bar->isVisible());
+    command(u"undo"_s)->trigger();
+    EXPECT_EQ(contents(inData(u"A.qndata/data.qnxml"_s)), untouched);
 }
