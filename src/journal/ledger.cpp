@@ -40,6 +40,15 @@ Result<qint64> idOfValues(Database &database, qint64 title, const QByteArray &pa
     return kept ? database.lastId() : Result<qint64>(kept.error());
 }
 
+Result<> insert(Database &database, qint64 title, const Entry &entry, std::optional<qint64> values)
+{
+    return database.run("INSERT INTO ledger"
+                        " (title_id, site, version, time, state, address, note, before, values_id)"
+                        " VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?)",
+                        title, entry.site, entry.version, entry.time, name(entry.state), entry.address,
+                        entry.note, entry.before, values);
+}
+
 } // namespace
 
 QString name(State state)
@@ -57,20 +66,23 @@ Result<> add(Database &database, const QString &title, const Entry &entry,
              const std::optional<QByteArray> &pad)
 {
     const Result<qint64> id = journal_titles::idMadeFor(database, title);
+    if (!id || !pad)
+        return id ? insert(database, *id, entry, std::nullopt) : id.error();
+    const Result<qint64> values = idOfValues(database, *id, *pad);
+    return values ? insert(database, *id, entry, *values) : values.error();
+}
+
+Result<> addNote(Database &database, const QString &title, const Entry &entry)
+{
+    const Result<qint64> id = journal_titles::idMadeFor(database, title);
     if (!id)
         return id.error();
-    std::optional<qint64> values;
-    if (pad) {
-        const Result<qint64> kept = idOfValues(database, *id, *pad);
-        if (!kept)
-            return kept.error();
-        values = *kept;
-    }
-    return database.run("INSERT INTO ledger"
-                        " (title_id, site, version, time, state, address, note, before, values_id)"
-                        " VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?)",
-                        *id, entry.site, entry.version, entry.time, name(entry.state), entry.address,
-                        entry.note, entry.before, values);
+    const Result<qint64> sent = database.number(
+        "SELECT values_id FROM ledger WHERE title_id = ? AND site = ? ORDER BY id DESC LIMIT 1", *id,
+        entry.site);
+    if (!sent)
+        return sent.error();
+    return insert(database, *id, entry, *sent == 0 ? std::nullopt : std::optional(*sent));
 }
 
 Result<QList<Entry>> entries(Database &database, const QString &title)
@@ -98,7 +110,7 @@ Result<std::optional<QByteArray>> lastSent(Database &database, const QString &ti
     const auto found = statementRows<std::optional<QByteArray>>(
         database.prepare("SELECT pad FROM ledger LEFT JOIN sent_values ON sent_values.id = values_id"
                          " WHERE ledger.title_id = (SELECT id FROM titles WHERE name = ?) AND site = ?"
-                         " AND state = 'sent' ORDER BY ledger.id DESC LIMIT 1",
+                         " ORDER BY ledger.id DESC LIMIT 1",
                          title, site),
         [](const Statement &row) {
             return row.isNull(0) ? std::nullopt : std::optional(qUncompress(row.bytes(0)));

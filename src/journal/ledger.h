@@ -40,9 +40,13 @@ struct TitleEntry
     Entry entry;
 };
 
-/// Adds @p entry to what is known of @p title; with @p pad, the PAD file that was sent.
+/// Adds @p entry to what is known of @p title, with the PAD file that is there from now on; none when that is
+/// not known.
 Result<> add(Database &database, const QString &title, const Entry &entry,
-             const std::optional<QByteArray> &pad = std::nullopt);
+             const std::optional<QByteArray> &pad);
+
+/// Adds @p entry, which only says what became of what was sent before.
+Result<> addNote(Database &database, const QString &title, const Entry &entry);
 
 /// All entries of @p title, oldest first; none for a title that the journal does not know.
 Result<QList<Entry>> entries(Database &database, const QString &title);
@@ -50,8 +54,7 @@ Result<QList<Entry>> entries(Database &database, const QString &title);
 /// The newest entry of every title, deleted ones aside, and site.
 Result<QList<TitleEntry>> newestOfAll(Database &database);
 
-/// The PAD file as it was last sent to @p site; none when nothing was sent, or when it could not be read
-/// then.
+/// The PAD file that is at @p site, as it was sent; none when nothing is there, or when that is not known.
 Result<std::optional<QByteArray>> lastSent(Database &database, const QString &title, const QString &site);
 
 /// Gives the entries of the site @p from, and the answers of tours, the name @p to.

@@ -59,7 +59,8 @@ Result<ledger::Entry> planned(const QString &title, const Edit &edit)
     const Standing *there = standingAt(*all, edit.site);
     if (!there && !mwqnSCPreallSitesDict.contains(edit.site))
         return refusal(u"There is no site named %1."_s.arg(edit.site));
-    const Standing now = there ? *there : Standing{.site = edit.site};
+    const QString version = loadSummary(title).valueOr({}).version.value_or(QString());
+    const Standing now = there ? *there : Standing{.site = edit.site, .version = version};
     return ledger::Entry{.site = now.site,
                          .version = now.version,
                          .time = QDateTime::currentMSecsSinceEpoch(),
@@ -71,7 +72,7 @@ Result<ledger::Entry> planned(const QString &title, const Edit &edit)
 Result<> store(const QString &title, const ledger::Entry &entry)
 {
     return Journal::ofDataFolder().change(
-        [&](Database &database) { return ledger::add(database, title, entry); });
+        [&](Database &database) { return ledger::addNote(database, title, entry); });
 }
 
 } // namespace quillon::ledger_editing

@@ -18,7 +18,8 @@ struct Edit
 /// whose ledger cannot be read the error; one that has none has its marks.
 Result<QList<Standing>> standingsOf(const QString &title, QList<ledger::Entry> *entries = nullptr);
 
-/// The entry that @p edit makes in the ledger of @p title. Refused, with a sentence, when the address is none
+/// The entry that @p edit makes in the ledger of @p title, with the version that is there; where nothing was
+/// sent, the title's own. Refused, with a sentence, when the address is none
 /// of the web, or when the title was never sent to the site and it is none of the catalogue.
 Result<ledger::Entry> planned(const QString &title, const Edit &edit);
 
