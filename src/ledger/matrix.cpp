@@ -77,32 +77,35 @@ Matrix::Matrix(const QList<Title> &titles, const QList<ledger::TitleEntry> &entr
     QHash<QString, QList<ledger::Entry>> byTitle;
     for (const ledger::TitleEntry &each : entries)
         byTitle[each.title].append(each.entry);
-    QList<QList<Standing>> all;
-    StringDictionary used; // In the order of the catalogue.
+    QList<Place> places;
     for (const Title &title : titles) {
-        const QList<ledger::Entry> known = byTitle.value(title.name);
-        all.append(standings(title.summary, known, gone));
         m_rows.append({.title = title.name, .version = title.summary.version.value_or(QString())});
-        for (const Standing &standing : all.last())
-            used[standing.site];
+        const QList<ledger::Entry> known = byTitle.value(title.name);
+        for (const Standing &standing : standings(title.summary, known, gone))
+            places.append(
+                {.row = m_rows.size() - 1, .site = siteOf(standing.site), .kind = kindOf(standing)});
         for (const ledger::Entry &entry : known)
-            used[entry.site];
+            siteOf(entry.site); // Also of what was taken away.
     }
-    for (const auto &[site, nothing] : used) {
-        m_places.insert(site, m_sites.size());
-        m_sites.append(site);
-    }
-    m_cells.resize(size_t(m_rows.size() * m_sites.size()));
-    for (qsizetype row = 0; row < all.size(); ++row) {
-        for (const Standing &standing : all[row])
-            put(row, standing);
-    }
+    fill(places);
     rank();
 }
 
-void Matrix::put(qsizetype row, const Standing &standing)
+qsizetype Matrix::siteOf(const QString &site)
 {
-    const Relation relation = relationOf(standing, m_rows[row].version);
+    const auto known = m_sitePlaces.constFind(site);
+    if (known != m_sitePlaces.cend())
+        return *known;
+    m_sites.append(site);
+    return *m_sitePlaces.insert(site, m_sites.size() - 1);
+}
+
+/// The place among m_kinds, from 1, of what is said of @p standing in the last row.
+quint32 Matrix::kindOf(const Standing &standing)
+{
+    Row &row = m_rows.last();
+    row.staleCount += int(standing.isStale());
+    const Relation relation = relationOf(standing, row.version);
     const int looks = (int(relation) * 16 + int(standing.state)) * 2 + int(standing.isMarked);
     quint32 &place = m_kindPlaces[{standing.version, looks}];
     if (place == 0) {
@@ -115,8 +118,22 @@ void Matrix::put(qsizetype row, const Standing &standing)
         m_kinds.append(cell);
         place = quint32(m_kinds.size());
     }
-    m_rows[row].staleCount += int(standing.isStale());
-    m_cells[size_t(row * m_sites.size() + m_places[standing.site])] = place;
+    return place;
+}
+
+/// Puts the sites in the order of the catalogue, and each of @p places where it then belongs.
+void Matrix::fill(const QList<Place> &places)
+{
+    const QStringList found = m_sites;
+    std::ranges::sort(m_sites, CaseInsensitiveOrder());
+    for (qsizetype site = 0; site < m_sites.size(); ++site)
+        m_sitePlaces[m_sites[site]] = site;
+    QList<qsizetype> sorted;
+    for (const QString &site : found)
+        sorted.append(m_sitePlaces[site]);
+    m_cells.resize(size_t(m_rows.size() * m_sites.size()));
+    for (const Place &each : places)
+        m_cells[size_t(each.row * m_sites.size() + sorted[each.site])] = each.kind;
 }
 
 void Matrix::rank()

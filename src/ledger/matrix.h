@@ -63,13 +63,22 @@ public:
     }
 
 private:
-    void put(qsizetype row, const Standing &standing);
+    /// What is said in a row of a site, which has a number in the order in which sites are found.
+    struct Place
+    {
+        qsizetype row;
+        qsizetype site;
+        quint32 kind;
+    };
+    qsizetype siteOf(const QString &site);
+    quint32 kindOf(const Standing &standing);
+    void fill(const QList<Place> &places);
     void rank();
 
     QList<Row> m_rows;
     QStringList m_sites;
-    QHash<QString, qsizetype> m_places; ///< Of sites.
-    std::vector<quint32> m_cells;       ///< Row by row: the place among m_kinds, from 1; 0 for nothing.
+    QHash<QString, qsizetype> m_sitePlaces;
+    std::vector<quint32> m_cells; ///< Row by row: the place among m_kinds, from 1; 0 for nothing.
     QList<Cell> m_kinds;
     QHash<std::pair<QString, int>, quint32> m_kindPlaces;
 };
