@@ -16,6 +16,7 @@
 #include <QScreen>
 #include <QStyledItemDelegate>
 #include <QTableView>
+#include <QTimer>
 
 #include <array>
 
@@ -28,6 +29,7 @@ namespace {
 const QString geometryKey = u"matrixWindow/geometry"_s;
 const QString onlyStaleKey = u"matrixWindow/onlyStale"_s;
 constexpr QSize usualSize(1180, 620);
+constexpr std::chrono::milliseconds reloadDelay(200);
 
 /// In digits of the font.
 constexpr int cellWidth = 15;
@@ -88,7 +90,13 @@ MatrixWindow::MatrixWindow(QWidget *parent) : QDialog(parent), m_matrix(new Matr
     layout->addWidget(newBottomRow());
     m_onlyStale->setChecked(settings().value(onlyStaleKey, false).toBool());
     load();
-    NotificationCenter::defaultCenter().addObserver(notification::mwqnOvLSlst, this, [this] { load(); });
+    // Nobody who marks a site is to wait for it, and what is told several times is read once.
+    auto *reload = new QTimer(this);
+    reload->setSingleShot(true);
+    reload->setInterval(reloadDelay);
+    connect(reload, &QTimer::timeout, this, &MatrixWindow::load);
+    NotificationCenter::defaultCenter().addObserver(notification::mwqnOvLSlst, this,
+                                                    [reload] { reload->start(); });
     resize(usualSize.boundedTo(screen()->availableSize()));
     restoreGeometry(settings().value(geometryKey).toByteArray());
     m_table->setFocus();

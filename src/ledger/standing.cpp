@@ -32,6 +32,8 @@ QList<Standing> standings(const Summary &summary, const QList<Entry> &entries, c
     const QStringList versions = summary.versionList();
     QList<Standing> all;
     QHash<QString, qsizetype> places;
+    all.reserve(sites.size());
+    places.reserve(sites.size());
     for (qsizetype mark = 0; mark < sites.size(); ++mark) {
         if (sites[mark].isEmpty() || places.contains(sites[mark]))
             continue;
