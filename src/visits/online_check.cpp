@@ -1,11 +1,13 @@
 #include "visits/online_check.h"
 
 #include "platform/delayed_calls.h"
+#include "visits/visit_verdict.h"
 
 #include <QDateTime>
 #include <QLocale>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -59,7 +61,13 @@ void OnlineCheck::visitNext()
 
 void OnlineCheck::visited(const Visit &visit)
 {
-    take(m_current, visit);
+    if (showsNetwork(visit) && !std::exchange(m_hasNetwork, true)) {
+        for (const auto &[row, earlier] : std::exchange(m_unsure, {}))
+            take(row, earlier);
+    }
+    if (isNameUnknown(visit) && !m_hasNetwork)
+        m_unsure.append({m_current, visit});
+    take(m_current, m_hasNetwork ? visit : withoutNetwork(visit));
     m_delayedCalls.after(isDone() ? std::chrono::milliseconds(0) : pace, this, [this, run = m_run] {
         if (run == m_run)
             visitNext();

@@ -67,7 +67,7 @@ Q_SIGNALS:
     void progressChanged();
 
 protected:
-    /// Shows what @p visit says of the address of @p row, and of others that it sheds light on.
+    /// Shows what @p visit says of the address of @p row; again when more is known of it.
     virtual void take(int row, const Visit &visit) = 0;
     /// Before anything is shown or visited.
     void setRows(QList<Row> rows) { m_rows = std::move(rows); }
@@ -81,6 +81,8 @@ private:
     QList<Row> m_rows;
     std::unique_ptr<Visitor> m_visitor;
     DelayedCalls &m_delayedCalls;
+    bool m_hasNetwork = false;             ///< Something on the Internet has answered.
+    QList<std::pair<int, Visit>> m_unsure; ///< Rows whose server was not found before that.
     int m_current = -1; ///< The row that is being visited, or is next; none when nothing goes on.
     int m_run = 0;      ///< Number of the run; what was meant for another one comes to nothing.
 };

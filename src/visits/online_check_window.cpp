@@ -17,10 +17,10 @@ namespace quillon {
 
 namespace {
 
-constexpr QSize firstSize(860, 420);
+constexpr QSize firstSize(920, 420);
 constexpr int whatWidth = 190;
 constexpr int foundWidth = 100;
-constexpr int timeWidth = 130;
+constexpr int timeWidth = 170;
 
 } // namespace
 

@@ -4,11 +4,10 @@
 #include "journal/site_knowledge.h"
 #include "ledger/matrix.h"
 #include "store/process_state.h"
+#include "visits/visit_verdict.h"
 
 #include <QUrl>
 #include <QUrlQuery>
-
-#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -26,7 +25,7 @@ Result<QList<OnlineCheck::Row>> SiteCheck::usedSites()
             continue;
         Row row{.what = site, .request = {.address = url->second}};
         if (isSearchFor(site, url->second)) {
-            row.result = name(VisitVerdict::CannotSay);
+            row.result = title(VisitVerdict::CannotSay);
             row.detail = u"The address is a search for the site. It is not visited."_s;
         }
         rows.append(row);
@@ -36,25 +35,12 @@ Result<QList<OnlineCheck::Row>> SiteCheck::usedSites()
 
 void SiteCheck::take(int row, const Visit &visit)
 {
-    if (visit.status != 0 && !std::exchange(m_hasNetwork, true)) {
-        for (const Unsure &each : std::exchange(m_unsure, {}))
-            settle(each.row, each.judgement);
-    }
-    VisitJudgement judgement = judged(table()[row].request.address, visit);
-    if (isNameUnknown(visit) && !m_hasNetwork) {
-        m_unsure.append({row, judgement});
-        judgement = {VisitVerdict::CannotSay, u"No server has been found yet; there may be no network."_s};
-    }
-    settle(row, judgement);
-}
-
-void SiteCheck::settle(int row, const VisitJudgement &judgement)
-{
-    show(row, name(judgement.verdict), judgement.detail);
+    const auto [verdict, detail] = judged(table()[row].request.address, visit);
+    show(row, title(verdict), detail);
     const Row &found = table()[row];
-    (void)Journal::ofDataFolder().change([&found](Database &database) { // The status bar tells.
-        return site_knowledge::keepFinding(
-            database, found.what, {.time = found.time, .verdict = found.result, .detail = found.detail});
+    const site_knowledge::Finding finding{.time = found.time, .verdict = name(verdict), .detail = detail};
+    (void)Journal::ofDataFolder().change([&found, &finding](Database &database) { // The status bar tells.
+        return site_knowledge::keepFinding(database, found.what, finding);
     });
 }
 

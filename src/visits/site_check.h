@@ -2,7 +2,6 @@
 
 #include "platform/result.h"
 #include "visits/online_check.h"
-#include "visits/visit_verdict.h"
 
 namespace quillon {
 
@@ -18,18 +17,6 @@ public:
 
 protected:
     void take(int row, const Visit &visit) override;
-
-private:
-    /// A row whose server was not found before anything has answered.
-    struct Unsure
-    {
-        int row;
-        VisitJudgement judgement;
-    };
-    void settle(int row, const VisitJudgement &judgement);
-
-    bool m_hasNetwork = false; ///< Something has answered.
-    QList<Unsure> m_unsure;
 };
 
 /// Whether @p address only looks @p site up in a search engine: nothing is known there of the site.

@@ -44,7 +44,7 @@ OnlineFinding ofDownload(const Stated &stated, const Visit &visit)
     if (!visit.isFile)
         return {differs, u"There is no file, but something that browsers show: %1."_s.arg(visit.contentType)};
     if (!visit.fileSize || stated.size < 0)
-        return {name(VisitVerdict::Reachable),
+        return {title(VisitVerdict::Reachable),
                 visit.fileSize ? u"The title states no size."_s : u"The server does not tell the size."_s};
     if (*visit.fileSize == stated.size)
         return {asStated, u"The file has %1 bytes, as stated."_s.arg(stated.size)};
@@ -65,7 +65,7 @@ OnlineFinding ofPicture(Expected expected, const Visit &visit)
 OnlineFinding ofPadFile(const Stated &stated, const Visit &visit)
 {
     if (!visit.text)
-        return {name(VisitVerdict::CannotSay), u"The file could not be read."_s};
+        return {title(VisitVerdict::CannotSay), u"The file could not be read."_s};
     if (*visit.text == stated.pad)
         return {asStated, u"The file is the same as yours."_s};
     const PadDocument hosted(*visit.text);
@@ -90,7 +90,7 @@ OnlineFinding ofContent(Expected expected, const Stated &stated, const Visit &vi
     case Expected::Page:
         break;
     }
-    return {name(VisitVerdict::Reachable), {}};
+    return {title(VisitVerdict::Reachable), {}};
 }
 
 } // namespace
@@ -100,7 +100,7 @@ OnlineFinding onlineFinding(Expected expected, const Stated &stated, const QStri
     const VisitJudgement judgement = judged(asked, visit);
     const bool isMoved = judgement.verdict == VisitVerdict::Moved;
     if (judgement.verdict != VisitVerdict::Reachable && (!isMoved || expected == Expected::Page))
-        return {name(judgement.verdict), judgement.detail};
+        return {title(judgement.verdict), judgement.detail};
     OnlineFinding finding = ofContent(expected, stated, visit);
     if (finding.detail.isEmpty())
         finding.detail = judgement.detail;

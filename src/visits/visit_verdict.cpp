@@ -67,6 +67,11 @@ QString name(VisitVerdict verdict)
     return names[size_t(verdict)].toString();
 }
 
+QString title(VisitVerdict verdict)
+{
+    return name(verdict).replace(u'-', u' ');
+}
+
 VisitJudgement judged(const QString &asked, const Visit &visit)
 {
     if (!visit.failure.isEmpty())
@@ -84,6 +89,20 @@ VisitJudgement judged(const QString &asked, const Visit &visit)
 bool isNameUnknown(const Visit &visit)
 {
     return visit.failure == nameUnknown;
+}
+
+Visit withoutNetwork(Visit visit)
+{
+    if (isNameUnknown(visit))
+        visit.failure = u"net::ERR_NAME_RESOLUTION_FAILED"_s;
+    return visit;
+}
+
+bool showsNetwork(const Visit &visit)
+{
+    const QString host = QUrl(visit.reached).host();
+    // Neither a number nor a name of this computer's or of its neighbours'.
+    return visit.status != 0 && host.contains(u'.') && !host.back().isDigit();
 }
 
 } // namespace quillon
