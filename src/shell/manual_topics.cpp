@@ -35,6 +35,7 @@ constexpr Topic topics[] = {
     {u"addEditPanel", u"sites.html"},
     {u"prefsWindow", u"sites.html"},
     {u"fieldCopyPanel", u"submitting.html#paste"},
+    {u"siteNotesDialog", u"submitting.html#notes"},
     {u"onlineCheckWindow", u"submitting.html#check"},
     {u"submitWindow", u"submitting.html"},
     {u"popUpBrowserWindow", u"browser.html"},

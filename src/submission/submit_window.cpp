@@ -14,6 +14,7 @@
 #include "submission/load_status_row.h"
 #include "submission/mark_row.h"
 #include "submission/pop_up_window.h"
+#include "submission/site_notes_dialog.h"
 #include "submission/sites_drawer.h"
 #include "submission/submit_commands.h"
 #include "submission/tour_control.h"
@@ -173,6 +174,13 @@ void SubmitWindow::openLedger()
     auto *ledger = new LedgerDialog(*m_control->title(), m_control->sites().selectedSite(), this);
     connect(ledger, &LedgerDialog::stored, m_tour.get(), &TourControl::refresh);
     ledger->open();
+}
+
+void SubmitWindow::openSiteNotes()
+{
+    auto *notes = new SiteNotesDialog(m_control->sites().selectedSite(), this);
+    connect(notes, &SiteNotesDialog::stored, m_tour.get(), &TourControl::refresh);
+    notes->open();
 }
 
 void SubmitWindow::toggleDrawer()

@@ -44,6 +44,8 @@ public:
     void findAddress();
     /// Opens what became of the title on the selected site, to be seen and noted.
     void openLedger();
+    /// Opens what the author learned of the selected site, to be seen and noted.
+    void openSiteNotes();
     /// Shows the drawer with the sites, or hides it.
     void toggleDrawer();
     /// Shows pages in that part of their usual size, from now on and in later runs.

@@ -50,7 +50,11 @@ void WebEngineLoading::setPage(WebEnginePage &page)
     m_progress = 0;
     connect(&page, &QWebEnginePage::loadingChanged, this, &WebEngineLoading::loadingChanged);
     connect(&page, &QWebEnginePage::loadProgress, this, &WebEngineLoading::progressChanged);
-    connect(&page, &QWebEnginePage::urlChanged, this, &WebEngineLoading::addressChanged);
+    connect(&page, &QWebEnginePage::urlChanged, this, [this](const QUrl &url) {
+        if (!m_isLoading ||
+            !url.isEmpty()) // A first load that fails may take its address back before it says so.
+            addressChanged(url);
+    });
     connect(&page, &QWebEnginePage::renderProcessTerminated, this, &WebEngineLoading::processEnded);
     connect(&page, &WebEnginePage::fileOffered, this, &WebEngineLoading::showFile);
     connect(&page, &WebEnginePage::navigationAccepted, this, &WebEngineLoading::navigationAccepted);

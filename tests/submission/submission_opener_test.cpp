@@ -9,6 +9,7 @@
 #include "support/web_server.h"
 
 #include <QAction>
+#include <QCheckBox>
 #include <QDialog>
 #include <QLabel>
 #include <QTableView>
@@ -112,4 +113,12 @@ TEST_F(SubmissionOpenerTest, SitesAndAddressesOfTheTitleAreVisitedOnDemand)
         check->close();
         ASSERT_TRUE(eventually([&] { return !window.findChild<QDialog *>(u"onlineCheckWindow"_s); }));
     }
+
+    window.findChild<QAction *>(u"siteNotes"_s)->trigger();
+    visible<QCheckBox>(u"siteIsGone"_s)->click();
+    type(u"siteNote"_s, u"Since May"_s);
+    QTest::keyClick(visible<QLineEdit>(u"siteNote"_s), Qt::Key_Return);
+    window.findChild<QAction *>(u"siteNotes"_s)->trigger();
+    EXPECT_EQ(visible<QLineEdit>(u"siteNote"_s)->text(), u"Since May");
+    EXPECT_TRUE(visible<QCheckBox>(u"siteIsGone"_s)->isChecked());
 }

@@ -1,0 +1,131 @@
+#include "submission/site_notes_dialog.h"
+
+#include "journal/journal.h"
+#include "platform/plain_text.h"
+#include "store/storage_status.h"
+
+#include <QCheckBox>
+#include <QDateTime>
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QLocale>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+
+namespace {
+
+using site_knowledge::KnownSite;
+
+constexpr int firstWidth = 480;
+
+QLabel *newTextLabel(const QString &name)
+{
+    auto *label = new QLabel;
+    label->setObjectName(name);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    return label;
+}
+
+QCheckBox *newBox(const QString &name, const QString &text)
+{
+    auto *box = new QCheckBox(text);
+    box->setObjectName(name);
+    return box;
+}
+
+QString foundLine(const KnownSite &known)
+{
+    if (!known.found)
+        return u"Not visited by “Check Sites…” yet."_s;
+    const QString time =
+        QLocale().toString(QDateTime::fromMSecsSinceEpoch(known.found->time), QLocale::ShortFormat);
+    return u"%1: %2. %3"_s.arg(time, QString(known.found->verdict).replace(u'-', u' '), known.found->detail);
+}
+
+/// What the journal has of @p site; nothing without a journal.
+Result<KnownSite> knownOf(const QString &site)
+{
+    KnownSite known{.name = site};
+    const Result<> read = Journal::ofDataFolder().read([&known, &site](Database &database) -> Result<> {
+        auto found = site_knowledge::of(database, site);
+        if (!found)
+            return found.error();
+        known = *std::move(found);
+        return {};
+    });
+    return read || read.isError(Error::Kind::Missing) ? known : Result<KnownSite>(read.error());
+}
+
+} // namespace
+
+SiteNotesDialog::SiteNotesDialog(const QString &site, QWidget *parent)
+    : QDialog(parent)
+    , m_site(site)
+    , m_found(newTextLabel(u"siteFound"_s))
+    , m_note(new QLineEdit)
+    , m_needsAccount(newBox(u"siteNeedsAccount"_s, u"It wants an &account"_s))
+    , m_readsPad(newBox(u"siteReadsPad"_s, u"It &reads the PAD file by itself"_s))
+    , m_isGone(newBox(u"siteIsGone"_s, u"It is &gone, and left out of the tour"_s))
+    , m_outcome(newTextLabel(u"siteNotesOutcome"_s))
+{
+    setObjectName(u"siteNotesDialog"_s);
+    setAttribute(Qt::WA_DeleteOnClose);
+    setWindowModality(Qt::WindowModal);
+    setWindowTitle(plainWindowTitle(u"Notes on %1"_s.arg(site)));
+    m_note->setObjectName(u"siteNote"_s);
+    m_note->setAccessibleName(u"Note"_s);
+    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Save | QDialogButtonBox::Cancel);
+    m_save = buttons->button(QDialogButtonBox::Save);
+    connect(buttons, &QDialogButtonBox::accepted, this, &SiteNotesDialog::store);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::close);
+    auto *layout = new QFormLayout(this);
+    layout->addRow(u"Last visit:"_s, m_found);
+    layout->addRow(u"&Note:"_s, m_note);
+    for (QWidget *each : {static_cast<QWidget *>(m_needsAccount), static_cast<QWidget *>(m_readsPad),
+                          static_cast<QWidget *>(m_isGone)})
+        layout->addRow(QString(), each);
+    layout->addRow(m_outcome);
+    layout->addRow(buttons);
+    resize(firstWidth, sizeHint().height());
+    m_note->setFocus();
+
+    const Result<KnownSite> known = knownOf(site);
+    m_save->setEnabled(bool(known)); // What could not be read is not replaced.
+    if (known)
+        fillIn(*known);
+    else
+        m_outcome->setText(failureLine(known.error()));
+}
+
+void SiteNotesDialog::fillIn(const KnownSite &known)
+{
+    m_found->setText(foundLine(known));
+    m_note->setText(known.notes.note);
+    m_needsAccount->setChecked(known.notes.needsAccount);
+    m_readsPad->setChecked(known.notes.readsPad);
+    m_isGone->setChecked(known.notes.isGone);
+}
+
+void SiteNotesDialog::store()
+{
+    const site_knowledge::Notes notes{.note = m_note->text(),
+                                      .needsAccount = m_needsAccount->isChecked(),
+                                      .readsPad = m_readsPad->isChecked(),
+                                      .isGone = m_isGone->isChecked()};
+    const Result<> kept = Journal::ofDataFolder().change(
+        [this, &notes](Database &database) { return site_knowledge::keepNotes(database, m_site, notes); });
+    if (!kept) {
+        m_outcome->setText(failureLine(kept.error()));
+        return;
+    }
+    Q_EMIT stored();
+    close();
+}
+
+} // namespace quillon
