@@ -142,7 +142,7 @@ void adviseOnDownloadEndings(const Subject &subject, Adviser &adviser)
 {
     // A script may send the file, and so may a page that is called so: only what is surely a page is told of.
     static const Regex page(u"\\.html?$");
-    static const Regex mayBeFile(u"\\.[a-z0-9]*[a-z][a-z0-9]*$|(?:^|/)downloads?(?:/[^/]*)?$");
+    static const Regex mayBeFile(u"\\.[a-z0-9]{0,12}[a-z][a-z0-9]{0,12}$|(?:^|/)downloads?(?:/[^/]*)?$");
     for (const FieldId field : downloads) {
         const QString address = subject.form.value(field).trimmed().toLower();
         const QStringView path = pathOf(address);

@@ -6,7 +6,7 @@
 #include "platform/plain_text.h"
 #include "validation/field_rule_table.h"
 
-#include <QSet>
+#include <QHash>
 #include <QXmlStreamReader>
 
 #include <algorithm>
@@ -169,13 +169,12 @@ void adviseOnCutTexts(const Subject &subject, Adviser &adviser)
 
 void adviseOnKeywords(const Subject &subject, Adviser &adviser)
 {
-    QSet<QString> known;
+    QHash<QString, int> times;
     QStringList twice;
     for (const QString &each : subject.form.value(FieldId::keywordsView).split(u',')) {
         const QString keyword = each.simplified().toLower();
-        if (!keyword.isEmpty() && known.contains(keyword) && !twice.contains(keyword))
+        if (!keyword.isEmpty() && ++times[keyword] == 2)
             twice.append(keyword);
-        known.insert(keyword);
     }
     if (!twice.isEmpty())
         adviser.add(FieldId::keywordsView,
