@@ -42,7 +42,9 @@ FindingsPane::FindingsPane(const Editor &editor, QWidget *parent) : QTextEdit(pa
     setTabChangesFocus(true);
     setFrameShape(QFrame::NoFrame);
     viewport()->setAutoFillBackground(false);
+    static constexpr int fewestLines = 2; // More would make the window too high for a small screen.
     static constexpr int mostLines = 6;
+    setMinimumHeight(fewestLines * fontMetrics().lineSpacing());
     setMaximumHeight(mostLines * fontMetrics().lineSpacing());
     hide();
 }
