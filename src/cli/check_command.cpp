@@ -100,8 +100,8 @@ public:
         if (isPlain())
             tellPlainly(all.front());
         else
-            checkReport(m_format.empty() ? "text"
-                                         : m_format)({.all = all, .failOn = failOn(), .rules = rules()});
+            checkReport(m_format.empty() ? "text" : m_format)(
+                {.all = all, .failOn = failOn(), .rules = rules(), .explains = m_explains});
         return answer(all);
     }
 

@@ -20,8 +20,11 @@ const QString &messageOf(const Finding &finding)
 void reportAsText(const CheckResults &results)
 {
     for (const Checked &checked : results.all) {
-        for (const LocatedFinding &each : checked.findings)
+        for (const LocatedFinding &each : checked.findings) {
             printColumns({lineOf(checked, each)});
+            if (results.explains && !each.finding.recorded.isEmpty())
+                printColumns({u"    "_s + each.finding.explanation});
+        }
     }
 }
 

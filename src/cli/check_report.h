@@ -41,6 +41,7 @@ struct CheckResults
     QList<Checked> all;
     Severity failOn = Severity::Error; ///< How serious a finding has to be for the answer to be no.
     QList<FindingRule> rules;          ///< All that were asked.
+    bool explains = false;             ///< Lines are explained; other formats always are.
 };
 
 /// Writes all of it to standard output.

@@ -28,7 +28,8 @@ public:
     {
         expectOnly(object, {u"id"_s, u"title"_s, u"rules"_s});
         RulePack pack{.id = identifier(object), .title = string(object, u"title"_s), .rules = {}};
-        for (const QJsonValue &rule : object[u"rules"_s].toArray()) {
+        const QJsonArray rules = object[u"rules"_s].toArray();
+        for (const auto &rule : rules) {
             m_place = u"rule %1: "_s.arg(pack.rules.size() + 1);
             pack.rules.append(this->rule(rule.toObject()));
             pack.rules.last().id.prepend(pack.id + u'/');
@@ -74,8 +75,9 @@ private:
 
     QStringList strings(const QJsonObject &object, const QString &key)
     {
+        const QJsonArray values = object[key].toArray();
         QStringList all;
-        for (const QJsonValue &value : object[key].toArray())
+        for (const auto &value : values)
             all.append(value.toString());
         if (object.contains(key) && (all.isEmpty() || all.contains(QString())))
             complain(u"“%1” has to be a list of texts"_s.arg(key));
