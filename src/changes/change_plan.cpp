@@ -82,20 +82,26 @@ public:
     void make()
     {
         for (const TitlePlan &title : m_plan.titles)
-            m_applied.titles.append({title.title, made(title)});
+            m_applied.titles.append(made(title));
         m_session.close();
     }
 
-    /// Where the journal cannot be written, the next start finds the set unfinished, and what became of it.
+    /// A set that is not finished here, because not all files of a title could be stored or the journal
+    /// cannot be written, is seen to at the next start.
     Applied finish()
     {
         QStringList unchanged;
+        bool isWhole = true;
         for (const TitleOutcome &title : m_applied.titles) {
-            if (!title.stored.isDone())
+            if (!title.isChanged)
                 unchanged.append(title.title);
+            else if (!title.stored)
+                isWhole = false;
         }
-        (void)Journal::ofDataFolder().change(
-            [&](Database &database) { return set_log::finish(database, m_applied.set, unchanged); });
+        (void)Journal::ofDataFolder().change([&](Database &database) {
+            Result<> done = set_log::forget(database, m_applied.set, unchanged);
+            return done && isWhole ? set_log::finish(database, m_applied.set) : done;
+        });
         return m_applied;
     }
 
@@ -122,32 +128,31 @@ private:
                                    : Error{Error::Kind::Refused, {}, change_sets::differingText(differing)};
     }
 
-    /// What came of storing @p title with its changes.
-    Result<> made(const TitlePlan &title)
+    TitleOutcome made(const TitlePlan &title)
     {
         if (isOpen(title)) {
             m_session.close();
             m_open->applyWritten(title.changes);
-            return storedSelected();
+        } else if (const Result<> opened = m_session.open(title.title); opened) {
+            m_session.editor().setValues(change_sets::newValues(title.changes));
+        } else {
+            return {title.title, opened, false};
         }
-        if (Result<> opened = m_session.open(title.title); !opened)
-            return opened;
-        m_session.editor().setValues(change_sets::newValues(title.changes));
-        return storedSelected();
+        return outcomeOfSelected();
     }
 
-    /// Not isDone() where the PAD file is the old one; else what is wrong with another file is not yet safe.
-    static Result<> storedSelected()
+    static TitleOutcome outcomeOfSelected()
     {
-        const QString pad = *mwqnCurrentSWBundle + u'/' + title_folder::padFile;
-        Result<> stored;
+        const QString folder = *mwqnCurrentSWBundle + u'/';
+        TitleOutcome outcome{*mwqnSelSW, {}};
         for (auto failure = mwqnFailedWrites.cbegin(); failure != mwqnFailedWrites.cend(); ++failure) {
-            if (failure.key() == pad)
-                return *failure;
-            if (failure.key().startsWith(*mwqnCurrentSWBundle + u'/'))
-                stored = Error{Error::Kind::NotYetSafe, failure->path, failure->reason};
+            if (!failure.key().startsWith(folder))
+                continue;
+            outcome.stored = *failure;
+            if (failure.key() == folder + title_folder::padFile && failure->kind != Error::Kind::NotYetSafe)
+                outcome.isChanged = false;
         }
-        return stored;
+        return outcome;
     }
 
     const ChangePlan &m_plan;

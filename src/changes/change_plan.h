@@ -66,7 +66,8 @@ ChangePlan ticked(const ChangePlan &plan,
 struct TitleOutcome
 {
     QString title;
-    Result<> stored; ///< Not isDone(): the title is as it was.
+    Result<> stored;       ///< What could not be stored of it.
+    bool isChanged = true; ///< Whether its PAD file holds the changes; else the title is as it was.
 };
 
 /// What became of a plan.

@@ -13,12 +13,36 @@ namespace quillon::unfinished_sets {
 
 namespace {
 
+/// A title of a set, and what its fields held after the set until they were changed again.
+struct SetTitle
+{
+    QString title;
+    QList<Change> wayBack; ///< A title that holds what this begins with was changed.
+    QList<Change> later;   ///< The same, for fields that have been changed since.
+};
+
 struct UnfinishedSet
 {
     qint64 id = 0;
     QString label;
-    QList<set_log::TitleRows> titles;
+    QList<SetTitle> titles;
 };
+
+Result<SetTitle> titleOf(Database &database, const set_log::TitleRows &rows)
+{
+    SetTitle title{rows.title, {}, {}};
+    for (const history::Row &row : rows.rows) {
+        const auto field = fieldNamed(row.field);
+        const auto later = set_log::heldUntilNext(database, rows.title, row);
+        if (!later)
+            return later.error();
+        if (field)
+            title.wayBack.append({*field, row.after, row.before});
+        if (field && *later)
+            title.later.append({*field, row.after, **later});
+    }
+    return title;
+}
 
 Result<QList<UnfinishedSet>> found(Database &database)
 {
@@ -27,12 +51,18 @@ Result<QList<UnfinishedSet>> found(Database &database)
         return ids.error();
     QList<UnfinishedSet> sets;
     for (const qint64 id : *ids) {
-        auto titles = set_log::rowsOf(database, id);
+        const auto titles = set_log::rowsOf(database, id);
         const auto label = set_log::labelOf(database, id);
         if (!titles || !label)
             return titles ? label.error() : titles.error();
-        titles->removeIf([](const set_log::TitleRows &rows) { return rows.title.isNull(); });
-        sets.append({id, *label, *std::move(titles)});
+        sets.append({id, *label, {}});
+        for (const set_log::TitleRows &rows : *titles) {
+            const auto title = titleOf(database, rows);
+            if (!title)
+                return title.error();
+            if (!rows.title.isNull())
+                sets.last().titles.append(*title);
+        }
     }
     return sets;
 }
@@ -45,28 +75,17 @@ struct Outcome
     QStringList unknown; ///< Titles that cannot be read.
 };
 
-/// The changes of @p rows the other way round: a title that holds what they begin with was changed.
-QList<Change> wayBack(const set_log::TitleRows &rows)
-{
-    QList<Change> changes;
-    for (const history::Row &row : rows.rows) {
-        if (const auto field = fieldNamed(row.field))
-            changes.append({*field, row.after, row.before});
-    }
-    return changes;
-}
-
 Outcome lookedAt(const UnfinishedSet &set)
 {
     EditorSession session;
     Outcome outcome;
-    for (const set_log::TitleRows &title : set.titles) {
+    for (const SetTitle &title : set.titles) {
         const Result<> opened = session.open(title.title);
         if (opened)
             session.editor().checkEntriesForErrors(); // The crash may have come between two of its files.
-        const bool isMade =
-            opened &&
-            change_sets::differing(change_sets::valuesOf(session.editor().form()), wayBack(title)).isEmpty();
+        const FormValues values =
+            change_sets::changed(change_sets::valuesOf(session.editor().form()), title.later);
+        const bool isMade = opened && change_sets::differing(values, title.wayBack).isEmpty();
         (opened.isError(Error::Kind::Unreadable) ? outcome.unknown
          : isMade                                ? outcome.made
                                                  : outcome.notMade)
@@ -114,8 +133,10 @@ QList<Error> settle()
         if (!outcome.notMade.isEmpty() || !outcome.unknown.isEmpty())
             errors.append(told(set, outcome));
         if (outcome.unknown.isEmpty())
-            (void)Journal::ofDataFolder().changeExisting(
-                [&](Database &database) { return set_log::finish(database, set.id, outcome.notMade); });
+            (void)Journal::ofDataFolder().changeExisting([&](Database &database) {
+                Result<> forgotten = set_log::forget(database, set.id, outcome.notMade);
+                return forgotten ? set_log::finish(database, set.id) : forgotten;
+            });
     }
     return errors;
 }

@@ -1,5 +1,6 @@
 #include "cli/candidates.h"
 
+#include "changes/fixes.h"
 #include "cli/command.h"
 #include "cli/title_session.h"
 #include "journal/deleted_items.h"
@@ -56,6 +57,24 @@ QStringList assignments(const QString &typed)
     return all;
 }
 
+QStringList assignmentsAndTitles(const QString &typed)
+{
+    return assignments(typed) + titleNames(typed);
+}
+
+QStringList fixIds(const QString &)
+{
+    QStringList ids;
+    for (const fixes::FixRule &rule : fixes::rules())
+        ids.append(rule.id.toString());
+    return ids;
+}
+
+QStringList releaseStatuses(const QString &)
+{
+    return vocabulary::releaseStatuses();
+}
+
 QStringList siteNames(const QString &)
 {
     return site_editing::currentCatalogue().sites;
@@ -93,6 +112,11 @@ struct Argument
 
 constexpr Argument argumentTable[] = {
     {u"sites --for", titleNames},
+    {u"fix --only", fixIds},
+    {u"release --file", nullptr, true},
+    {u"release --status", releaseStatuses},
+    {u"change --where", assignments},
+    {u"change FIELD=VALUE", assignmentsAndTitles},
     {u"sites edit NAME", siteNames},
     {u"sites remove NAME", siteNames},
     {u"sites restore NAME", removedSites},

@@ -156,12 +156,13 @@ public:
             "Set fields in all titles whose fields hold certain values: title, field, before, after; then "
             "the errors that go and come");
         command
-            ->add_option("--where", m_where,
-                         "FIELD=OLD: only titles where the field holds just that; may be given several times")
+            ->add_option(
+                "--where", m_where,
+                "FIELD=VALUE: only titles where the field holds just that; may be given several times")
             ->allow_extra_args(false)
             ->required();
         command
-            ->add_option("FIELD=NEW...", m_arguments,
+            ->add_option("FIELD=VALUE", m_arguments,
                          "What to set, as in \"set\", and behind it the titles; without any, all titles")
             ->required();
         addOutputOptions(*command);

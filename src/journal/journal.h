@@ -10,10 +10,10 @@ namespace quillon {
  * The database beside the titles, which holds what Quillon keeps for the author besides their files: earlier
  * texts, originals of imports, what was deleted. The file "quillon.sqlite" in the data folder.
  *
- * It is made when something is first to be kept in it, and opened when it is first needed: starting, listing
- * and checking do not look at it. Nothing that is stored elsewhere depends on it; without it only extras are
- * gone. What fails with it is told here, once: by a log line, and in the status bar (mwqnFailedExtras). So
- * callers may ignore the results.
+ * It is made when something is first to be kept in it, and opened when it is first needed: listing and
+ * checking do not look at it, and starting does when the list is drawn, for sets that were not finished.
+ * Nothing that is stored elsewhere depends on it; without it only extras are gone. What fails with it is told
+ * here, once: by a log line, and in the status bar (mwqnFailedExtras). So callers may ignore the results.
  *
  * A file that is damaged, of another program or of a newer version is set aside as
  * "quillon.sqlite.unreadable" before anything is written, and a new one begins. What is no regular file in

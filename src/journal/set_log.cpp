@@ -20,7 +20,7 @@ Result<qint64> begin(Database &database, const SetHead &head, const QList<TitleR
     return id;
 }
 
-Result<> finish(Database &database, qint64 id, const QStringList &unchanged)
+Result<> forget(Database &database, qint64 id, const QStringList &unchanged)
 {
     for (const QString &title : unchanged) {
         if (Result<> gone = database.run(
@@ -29,11 +29,12 @@ Result<> finish(Database &database, qint64 id, const QStringList &unchanged)
             !gone)
             return gone;
     }
-    if (Result<> gone = database.run(
-            "DELETE FROM change_sets WHERE id = ?1 AND NOT EXISTS (SELECT * FROM history WHERE set_id = ?1)",
-            id);
-        !gone)
-        return gone;
+    return database.run(
+        "DELETE FROM change_sets WHERE id = ?1 AND NOT EXISTS (SELECT * FROM history WHERE set_id = ?1)", id);
+}
+
+Result<> finish(Database &database, qint64 id)
+{
     return database.run("UPDATE change_sets SET is_unfinished = 0 WHERE id = ?", id);
 }
 
@@ -102,6 +103,19 @@ Result<QString> labelOf(Database &database, qint64 id)
         statementRows<QString>(database.prepare("SELECT label FROM change_sets WHERE id = ?", id),
                                [](const Statement &row) { return row.text(0); });
     return labels ? Result(labels->value(0)) : labels.error();
+}
+
+Result<std::optional<QString>> heldUntilNext(Database &database, const QString &title,
+                                             const history::Row &row)
+{
+    const auto before = statementRows<QString>(
+        database.prepare("SELECT before FROM history JOIN titles ON titles.id = title_id "
+                         "WHERE name = ? AND field = ? AND row > ? ORDER BY row LIMIT 1",
+                         title, row.field, row.number),
+        [](const Statement &found) { return found.text(0); });
+    if (!before)
+        return before.error();
+    return before->isEmpty() ? std::optional<QString>() : before->first();
 }
 
 Result<QList<qint64>> unfinished(Database &database)

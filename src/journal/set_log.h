@@ -35,9 +35,12 @@ struct TitleRows
 /// and what it is of are taken.
 Result<qint64> begin(Database &database, const SetHead &head, const QList<TitleRows> &rows);
 
-/// Notes that the set @p id is made, but not in the titles @p unchanged, whose rows go. A set without any
+/// Forgets the rows of the set @p id in the titles @p unchanged, where it was not made. A set without any
 /// rows goes as well.
-Result<> finish(Database &database, qint64 id, const QStringList &unchanged);
+Result<> forget(Database &database, qint64 id, const QStringList &unchanged);
+
+/// Notes that the set @p id is made wherever it has rows.
+Result<> finish(Database &database, qint64 id);
 
 /// All sets but those of typing, the newest first.
 Result<QList<SetHead>> all(Database &database);
@@ -47,6 +50,10 @@ Result<QList<TitleRows>> rowsOf(Database &database, qint64 id);
 
 /// What the set @p id is called.
 Result<QString> labelOf(Database &database, qint64 id);
+
+/// What the field of @p row of @p title held until it was next changed; none when it was not.
+Result<std::optional<QString>> heldUntilNext(Database &database, const QString &title,
+                                             const history::Row &row);
 
 /// The numbers of the sets that were begun and not finished, oldest first.
 Result<QList<qint64>> unfinished(Database &database);

@@ -1,5 +1,7 @@
 #include "support/command_line.h"
 
+#include <QDateTime>
+
 /// A session as a file of cli/sessions tells it. A run is a line "STATUS ARGUMENTS", and below it indented
 /// what is expected: the whole output, or a part of it with "~ " before each line; "2> " and a part of the
 /// messages, without which there are none. Other lines: "put FILE" with its content, indented; "block FILE"
@@ -11,9 +13,9 @@ protected:
     {
         const QString argument = head.section(u' ', 1);
         if (head == u"remember")
-            m_before = files();
+            m_before = {files(), times()};
         else if (head == u"unchanged")
-            EXPECT_EQ(files(), m_before);
+            EXPECT_EQ(std::pair(files(), times()), m_before);
         else if (head.startsWith(u"put "))
             ASSERT_TRUE(put(home() + u'/' + argument, below.join(u'\n').toUtf8())) << head;
         else if (head.startsWith(u"block "))
@@ -23,6 +25,19 @@ protected:
     }
 
 private:
+    /// When each file of the titles was last changed.
+    static QMap<QString, QDateTime> times()
+    {
+        QMap<QString, QDateTime> all;
+        QDirIterator walk(mwqnAppSuppLoc, {u"*.qn*"_s, u"error.log"_s}, QDir::AllEntries,
+                          QDirIterator::Subdirectories);
+        while (walk.hasNext()) {
+            const QString path = walk.next();
+            all[path] = walk.fileInfo().lastModified();
+        }
+        return all;
+    }
+
     static void expect(const CliResult &result, const QString &head, const QStringList &below)
     {
         const QString why = head + u'\n' + QString::fromUtf8(result.messages + result.output.left(3000));
@@ -45,7 +60,7 @@ private:
         EXPECT_TRUE(whole.isEmpty() || whole.join(QString()).toUtf8() == result.output) << why;
     }
 
-    QMap<QString, QByteArray> m_before;
+    std::pair<QMap<QString, QByteArray>, QMap<QString, QDateTime>> m_before;
 };
 
 TEST_P(CliSession, GoesAsItIsWritten)
