@@ -5,6 +5,7 @@
 #include "cli/check_command.h"
 #include "cli/complete_command.h"
 #include "cli/deleted_commands.h"
+#include "cli/formmap_command.h"
 #include "cli/history_commands.h"
 #include "cli/ledger_commands.h"
 #include "cli/list_command.h"
@@ -26,8 +27,8 @@ std::vector<std::unique_ptr<Command>> commands()
           originalCommand,     showCommand,     setCommand,     historyCommand, restoreTextCommand,
           restoreTitleCommand, fixCommand,      releaseCommand, changeCommand,  changeSetsCommand,
           undoCommand,         checkCommand,    sitesCommand,   markCommand,    unmarkCommand,
-          ledgerCommand,       matrixCommand,   nextCommand,    copyCommand,    backupCommand,
-          restoreCommand,      completeCommand})
+          ledgerCommand,       matrixCommand,   nextCommand,    formmapCommand, copyCommand,
+          backupCommand,       restoreCommand,  completeCommand})
         all.push_back(make());
     return all;
 }

@@ -17,6 +17,7 @@ namespace {
 /// - change_sets: "of_set" is the one that it takes back, or does again; where it "is_unfinished", some of
 /// its
 ///   rows may not have been made (set_log).
+/// - form_fields: what "value" of a title was confirmed for a field with these signs (JSON) of a site's form.
 /// - originals: "bytes" as qCompress() gives them where "is_compressed".
 /// - ledger: what became of a title on a site, the newest of both last. "before" is the version that was
 /// there
@@ -115,6 +116,15 @@ constexpr std::array migrations = {R"(
         looked INTEGER,
         verdict TEXT,
         detail);
+)",
+                                   R"(
+    CREATE TABLE form_fields (
+        id INTEGER PRIMARY KEY,
+        site NOT NULL,
+        signs TEXT NOT NULL,
+        value TEXT NOT NULL,
+        time INTEGER NOT NULL,
+        UNIQUE (site, signs));
 )"};
 
 } // namespace

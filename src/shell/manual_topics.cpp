@@ -36,6 +36,7 @@ constexpr Topic topics[] = {
     {u"prefsWindow", u"sites.html"},
     {u"fieldCopyPanel", u"submitting.html#paste"},
     {u"siteNotesDialog", u"submitting.html#notes"},
+    {u"formFillingWindow", u"submitting.html#fill"},
     {u"onlineCheckWindow", u"submitting.html#check"},
     {u"submitWindow", u"submitting.html"},
     {u"popUpBrowserWindow", u"browser.html"},

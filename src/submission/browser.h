@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QVariant>
 
 #include <functional>
 
@@ -64,6 +65,12 @@ public:
     /// Pastes wait for one another: the clipboard holds @p text when all before it are done. Nothing but
     /// @p text is ever pasted, and into no other page.
     virtual void paste(const QString &text) = 0;
+
+    using FormAnswer = std::function<void(const QVariant &)>;
+    /// Has the script that fills forms do @p task with @p values, in the page that paste() pastes into, and
+    /// gives @p answer what it tells; nothing valid when that page is gone. Never before this has returned,
+    /// and not at all when the browser goes first.
+    virtual void runFormTask(const QString &task, const QVariantList &values, FormAnswer answer) = 0;
 
     virtual void goBack() = 0;
     virtual void goForward() = 0;

@@ -119,6 +119,15 @@ void LateBrowser::paste(const QString &text)
         m_observer.browserNotice(u"Nothing was pasted: the page is not there yet."_s);
 }
 
+void LateBrowser::runFormTask(const QString &task, const QVariantList &values, FormAnswer answer)
+{
+    if (m_inner)
+        m_inner->runFormTask(task, values, std::move(answer));
+    else
+        QMetaObject::invokeMethod(
+            this, [answer = std::move(answer)] { answer({}); }, Qt::QueuedConnection);
+}
+
 void LateBrowser::setZoomFactor(double factor)
 {
     m_zoomFactor = std::clamp(factor, smallestZoom, greatestZoom);

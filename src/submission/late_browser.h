@@ -31,6 +31,7 @@ public:
     [[nodiscard]] double estimatedProgress() const override;
     [[nodiscard]] QString currentUrl() const override;
     void paste(const QString &text) override;
+    void runFormTask(const QString &task, const QVariantList &values, FormAnswer answer) override;
     void goBack() override;
     void goForward() override;
     void reload() override;

@@ -77,6 +77,8 @@ QList<Command> submitCommands(SubmitWindow &window)
 
         {.id = u"findField"_s, .text = u"&Paste a Field…"_s, .menu = page, .keys = {u"Ctrl+J"_s},
          .run = [&window] { window.findField(); }},
+        {.id = u"fillForm"_s, .text = u"Fi&ll a Form…"_s, .menu = page, .keys = {u"Ctrl+Shift+J"_s},
+         .isEnabled = [&browser] { return !browser.host().isEmpty(); }, .run = [&window] { window.fillForm(); }},
         {.id = u"back"_s, .text = u"&Back"_s, .menu = page, .opensGroup = true, .icon = u"back"_s,
          .keys = {u"Alt+Left"_s}, .isEnabled = [&browser] { return browser.canGoBack(); },
          .run = unlessClosed(&WindowBrowser::goBack)},

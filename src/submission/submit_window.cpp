@@ -10,6 +10,7 @@
 #include "submission/browser_events.h"
 #include "submission/engine_environment.h"
 #include "submission/field_copy_view.h"
+#include "submission/form_filling_window.h"
 #include "submission/ledger_dialog.h"
 #include "submission/load_status_row.h"
 #include "submission/mark_row.h"
@@ -162,6 +163,13 @@ void SubmitWindow::findSite()
 void SubmitWindow::findField()
 {
     m_fieldCopyView->focusFilter();
+}
+
+void SubmitWindow::fillForm()
+{
+    if (auto *open = findChild<FormFillingWindow *>())
+        open->close(); // It is about what the page was then.
+    (new FormFillingWindow(m_qnWebView, m_control->sites().selectedSite(), this))->show();
 }
 
 void SubmitWindow::findAddress()

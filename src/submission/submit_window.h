@@ -42,6 +42,8 @@ public:
     void findSite();
     void findField();
     void findAddress();
+    /// Proposes what to fill into the form of the page, in a window of its own.
+    void fillForm();
     /// Opens what became of the title on the selected site, to be seen and noted.
     void openLedger();
     /// Opens what the author learned of the selected site, to be seen and noted.

@@ -3,9 +3,12 @@
 #include "platform/web_address.h"
 #include "submission/hang_bar.h"
 #include "submission/web_engine_page.h"
+#include "submission/web_engine_scripts.h"
 #include "submission/web_engine_storage.h"
 #include "submission/web_engine_view.h"
 
+#include <QJsonArray>
+#include <QJsonDocument>
 #include <QVBoxLayout>
 #include <QWebEngineHistory>
 #include <QWebEngineNewWindowRequest>
@@ -158,6 +161,15 @@ void WebEngineBrowser::restWhileHidden()
 void WebEngineBrowser::paste(const QString &text)
 {
     (m_pasteTarget ? *m_pasteTarget : *this).m_pasting.paste(text);
+}
+
+void WebEngineBrowser::runFormTask(const QString &task, const QVariantList &values, FormAnswer answer)
+{
+    static const QString script = u"(globalThis.quillonForms ||= %1)."_s.arg(ownScript(u"form-filling.js"_s));
+    const QByteArray arguments =
+        QJsonDocument(QJsonArray::fromVariantList(values)).toJson(QJsonDocument::Compact);
+    const QString call = task + u"(..."_s + QString::fromUtf8(arguments) + u')';
+    (m_pasteTarget ? *m_pasteTarget : *this).m_page->ask(script + call, std::move(answer));
 }
 
 void WebEngineBrowser::goBack()

@@ -35,6 +35,7 @@ public:
     [[nodiscard]] double estimatedProgress() const override { return m_loading.progress(); }
     [[nodiscard]] QString currentUrl() const override { return m_loading.address(); }
     void paste(const QString &text) override;
+    void runFormTask(const QString &task, const QVariantList &values, FormAnswer answer) override;
     void goBack() override;
     void goForward() override;
     void reload() override { m_loading.reload(); }

@@ -1,6 +1,7 @@
 #include "submission/web_engine_paste_watch.h"
 
-#include <QFile>
+#include "submission/web_engine_scripts.h"
+
 #include <QUuid>
 
 #include <algorithm>
@@ -8,12 +9,6 @@
 #include <utility>
 
 using namespace Qt::StringLiterals;
-
-/// What a static library has as resources is there when it is asked for; outside any namespace.
-static void initScripts()
-{
-    Q_INIT_RESOURCE(quillon_scripts);
-}
 
 namespace quillon {
 
@@ -35,14 +30,8 @@ const QString &pasteToken()
 
 const QString &pasteWatch()
 {
-    static const QString script = [] {
-        initScripts();
-        QFile file(u":/scripts/paste-watch.js"_s);
-        if (!file.open(QIODevice::ReadOnly))
-            qFatal("%s is not part of the program.", qPrintable(file.fileName()));
-        return u"(globalThis.quillonPastes ||= (%1)('%2'))()"_s.arg(
-            QString::fromUtf8(file.readAll()).trimmed(), pasteToken());
-    }();
+    static const QString script =
+        u"(globalThis.quillonPastes ||= (%1)('%2'))()"_s.arg(ownScript(u"paste-watch.js"_s), pasteToken());
     return script;
 }
 

@@ -19,6 +19,7 @@ public:
     [[nodiscard]] double estimatedProgress() const override { return progress; }
     [[nodiscard]] QString currentUrl() const override { return url; }
     void paste(const QString &text) override { pasted.append(text); }
+    void runFormTask(const QString &, const QVariantList &, FormAnswer) override {}
     void goBack() override {}
     void goForward() override {}
     void reload() override {}

@@ -1,0 +1,78 @@
+#include "cli/formmap_command.h"
+
+#include "journal/form_fields.h"
+
+#include <QDateTime>
+#include <QJsonArray>
+#include <QJsonObject>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon::cli {
+
+namespace {
+
+/// What was confirmed of the forms of a site.
+class FormMap final : public Command
+{
+public:
+    CLI::App *addTo(CLI::App &application) override
+    {
+        CLI::App *command = application.add_subcommand(
+            "formmap", "What was confirmed of the fields in a site's forms: value, time, signs of the field");
+        command->add_option("SITE", m_site, "The name of the site")->required();
+        auto *json = command->add_flag("--json", m_json, "As a JSON array");
+        command->add_flag("--forget", m_forget, "Forget all of it")->excludes(json);
+        return command;
+    }
+
+    [[nodiscard]] bool writes() const override { return m_forget; }
+
+    ExitStatus run() override { return m_forget ? forget() : list(); }
+
+private:
+    [[nodiscard]] ExitStatus forget() const
+    {
+        const Result<qint64> count = form_fields::forget(text(m_site));
+        if (!count && !count.isError(Error::Kind::Missing))
+            return FileFailed; // The journal has told it.
+        if (count.valueOr(0) == 0) {
+            complain(u"Nothing is remembered of the forms of %1."_s.arg(text(m_site)));
+            return Refused;
+        }
+        print(u"%1 fields were forgotten."_s.arg(*count));
+        return Done;
+    }
+
+    [[nodiscard]] ExitStatus list() const
+    {
+        const auto rows = form_fields::of(text(m_site));
+        if (!rows)
+            return FileFailed; // The journal has told it.
+        QJsonArray array;
+        for (const form_fields::Row &row : *rows) {
+            const QString time = QDateTime::fromMSecsSinceEpoch(row.time, Qt::UTC).toString(Qt::ISODate);
+            const QJsonObject signs = QJsonDocument::fromJson(row.signs.toUtf8()).object();
+            if (m_json)
+                array.append(QJsonObject{{u"value"_s, row.value}, {u"time"_s, time}, {u"signs"_s, signs}});
+            else
+                printColumns({row.value, time, row.signs});
+        }
+        if (m_json)
+            print(QJsonDocument(array));
+        return Done;
+    }
+
+    std::string m_site;
+    bool m_json = false;
+    bool m_forget = false;
+};
+
+} // namespace
+
+std::unique_ptr<Command> formmapCommand()
+{
+    return std::make_unique<FormMap>();
+}
+
+} // namespace quillon::cli

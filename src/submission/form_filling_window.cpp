@@ -1,0 +1,139 @@
+#include "submission/form_filling_window.h"
+
+#include "platform/plain_text.h"
+#include "widgets/row_table.h"
+
+#include <QBoxLayout>
+#include <QComboBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QTableView>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+
+namespace {
+
+constexpr QSize firstSize(920, 460);
+constexpr std::array<int, FormFilling::ColumnCount> firstWidths = {200, 150, 220, 180, 120};
+
+} // namespace
+
+FormFillingWindow::FormFillingWindow(Browser &browser, const QString &site, QWidget *parent)
+    : QDialog(parent)
+    , m_filling(new FormFilling(browser, site, this))
+    , m_summary(new QLabel(u"Looking at the page…"_s))
+    , m_table(newRowTable(u"formFields"_s, u"Fields of the page"_s, this))
+    , m_value(new QComboBox)
+    , m_fill(new QPushButton(u"&Fill"_s))
+    , m_close(new QPushButton(u"&Close"_s))
+{
+    setObjectName(u"formFillingWindow"_s);
+    setAttribute(Qt::WA_DeleteOnClose);
+    setWindowTitle(site.isEmpty() ? u"Fill a Form"_s : u"Fill a Form – %1"_s.arg(plainWindowTitle(site)));
+    resize(firstSize);
+    m_summary->setObjectName(u"formSummary"_s);
+    m_summary->setTextFormat(Qt::PlainText);
+    m_summary->setWordWrap(true);
+    m_table->setModel(m_filling);
+    m_table->horizontalHeader()->setStretchLastSection(true);
+    for (int column = 0; column < FormFilling::ColumnCount; ++column)
+        m_table->setColumnWidth(column, firstWidths[size_t(column)]);
+
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(m_summary);
+    layout->addWidget(m_table, 1);
+    layout->addWidget(newChoice());
+    layout->addWidget(newButtons());
+
+    connect(m_filling, &FormFilling::looked, this, &FormFillingWindow::showLook);
+    connect(m_filling, &FormFilling::filled, this, &FormFillingWindow::showResult);
+    connect(m_filling, &FormFilling::dataChanged, this, &FormFillingWindow::showStates);
+    connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            &FormFillingWindow::showRow);
+    showStates();
+    m_filling->look();
+}
+
+QWidget *FormFillingWindow::newChoice()
+{
+    auto *row = new QWidget;
+    auto *layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    auto *caption = new QLabel(u"&Value for the selected field:"_s);
+    caption->setBuddy(m_value);
+    m_value->setObjectName(u"formValue"_s);
+    m_value->setAccessibleName(u"Value for the selected field"_s);
+    layout->addWidget(caption);
+    layout->addWidget(m_value, 1);
+    connect(m_value, &QComboBox::activated, this,
+            [this] { m_filling->choose(currentRow(), m_value->currentData().toString()); });
+    return row;
+}
+
+QWidget *FormFillingWindow::newButtons()
+{
+    auto *row = new QWidget;
+    auto *layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    m_fill->setObjectName(u"fillButton"_s);
+    m_fill->setToolTip(u"Types what is ticked into the page; nothing is sent"_s);
+    m_fill->setDefault(true);
+    m_close->setObjectName(u"closeFilling"_s);
+    m_close->setAutoDefault(false);
+    layout->addStretch(1);
+    layout->addWidget(m_fill);
+    layout->addWidget(m_close);
+    connect(m_fill, &QPushButton::clicked, m_filling, &FormFilling::fill);
+    connect(m_close, &QPushButton::clicked, this, &FormFillingWindow::close);
+    return row;
+}
+
+int FormFillingWindow::currentRow() const
+{
+    return m_table->currentIndex().isValid() ? m_table->currentIndex().row() : -1;
+}
+
+void FormFillingWindow::showLook()
+{
+    m_summary->setText(m_filling->summary());
+    m_table->setColumnHidden(FormFilling::Outcome, true);
+    if (m_filling->rowCount() > 0)
+        m_table->setCurrentIndex(m_filling->index(0, FormFilling::Field));
+    m_table->setFocus();
+    showStates();
+}
+
+void FormFillingWindow::showResult()
+{
+    m_summary->setText(m_filling->summary());
+    m_table->setColumnHidden(FormFilling::Why, true);
+    showStates();
+    m_close->setDefault(true);
+    m_close->setFocus();
+}
+
+void FormFillingWindow::showRow()
+{
+    m_value->clear();
+    const int row = currentRow();
+    if (row < 0)
+        return;
+    m_value->addItem(u"Nothing"_s, QString());
+    const QList<TitleValue> values = m_filling->valuesFor(row);
+    for (const TitleValue &value : values)
+        m_value->addItem(u"%1: %2"_s.arg(value.caption, plainLine(value.shown(), 80)), value.id);
+    m_value->setCurrentIndex(std::max(0, m_value->findData(m_filling->valueOf(row))));
+}
+
+void FormFillingWindow::showStates()
+{
+    m_fill->setEnabled(m_filling->canFill());
+    m_value->setEnabled(m_filling->isChoosing());
+    if (m_filling->isTyping())
+        m_table->setColumnHidden(FormFilling::Outcome, false);
+}
+
+} // namespace quillon
