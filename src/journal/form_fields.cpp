@@ -1,6 +1,7 @@
 #include "journal/form_fields.h"
 
 #include "journal/journal.h"
+#include "journal/statement_rows.h"
 
 #include <QDateTime>
 
@@ -23,18 +24,13 @@ Result<> addRows(Database &database, const QString &site, const QList<Row> &rows
                         site, site);
 }
 
-Result<> readRows(Database &database, const QString &site, QList<Row> &rows)
+Result<QList<Row>> rowsOf(Database &database, const QString &site)
 {
-    auto found =
-        database.prepare("SELECT signs, value, time FROM form_fields WHERE site = ? ORDER BY id", site);
-    if (!found)
-        return found.error();
-    for (;;) {
-        const Result<bool> hasRow = found->next();
-        if (!hasRow || !*hasRow)
-            return hasRow ? Result<>() : hasRow.error();
-        rows.append({.signs = found->text(0), .value = found->text(1), .time = found->number(2)});
-    }
+    return statementRows<Row>(
+        database.prepare("SELECT signs, value, time FROM form_fields WHERE site = ? ORDER BY id", site),
+        [](const Statement &row) {
+            return Row{.signs = row.text(0), .value = row.text(1), .time = row.number(2)};
+        });
 }
 
 } // namespace
@@ -46,14 +42,12 @@ Result<> remember(const QString &site, const QList<Row> &rows)
 
 Result<QList<Row>> of(const QString &site)
 {
-    QList<Row> rows;
-    const Result<> read = Journal::ofDataFolder().read([&](Database &database) {
-        rows.clear();
-        return readRows(database, site, rows);
+    Result<QList<Row>> rows = QList<Row>();
+    const Result<> read = Journal::ofDataFolder().read([&](Database &database) -> Result<> {
+        rows = rowsOf(database, site);
+        return rows ? Result<>() : rows.error();
     });
-    if (!read && !read.isError(Error::Kind::Missing))
-        return read.error();
-    return rows;
+    return read || read.isError(Error::Kind::Missing) ? rows : read.error();
 }
 
 Result<qint64> forget(const QString &site)
@@ -70,6 +64,11 @@ Result<qint64> forget(const QString &site)
     if (!forgotten)
         return forgotten.error();
     return count;
+}
+
+Result<> renameSite(Database &database, const QString &from, const QString &to)
+{
+    return database.run("UPDATE OR REPLACE form_fields SET site = ? WHERE site = ?", to, from);
 }
 
 } // namespace quillon::form_fields

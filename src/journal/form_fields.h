@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/result.h"
+#include "journal/database.h"
 
 #include <QList>
 #include <QString>
@@ -24,5 +24,8 @@ Result<QList<Row>> of(const QString &site);
 
 /// Forgets all of @p site, and gives how much that was.
 Result<qint64> forget(const QString &site);
+
+/// Gives what is known of the site @p from to the site @p to.
+Result<> renameSite(Database &database, const QString &from, const QString &to);
 
 } // namespace quillon::form_fields

@@ -1,5 +1,6 @@
 #include "sites/site_renaming.h"
 
+#include "journal/form_fields.h"
 #include "journal/journal.h"
 #include "journal/ledger.h"
 #include "journal/site_knowledge.h"
@@ -114,9 +115,13 @@ Result<> renameSite(const QString &from, const QString &to)
     const auto folders = titleFolders();
     if (!folders)
         return reported(mwqnAppSuppLoc, folders.error());
-    (void)Journal::ofDataFolder().changeExisting([&](Database &database) { // The status bar tells.
-        const Result<> renamed = ledger::renameSite(database, from, to);
-        return renamed ? site_knowledge::renameSite(database, from, to) : renamed;
+    (void)Journal::ofDataFolder().changeExisting([&](Database &database)
+                                                     -> Result<> { // The status bar tells.
+        for (const auto rename : {ledger::renameSite, site_knowledge::renameSite, form_fields::renameSite}) {
+            if (Result<> renamed = rename(database, from, to); !renamed)
+                return renamed;
+        }
+        return {};
     });
     Result<> outcome;
     for (const QString &folder : *folders) {

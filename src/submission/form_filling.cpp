@@ -51,8 +51,8 @@ QString summaryOf(const PageForm &form, qsizetype sure, qsizetype proposed)
     if (form.fields.isEmpty())
         return u"The page has no empty field that can be filled here."_s;
     QString text =
-        u"%1 empty fields; for %2 a value is proposed, %3 of them are sure and ticked. Only what is "
-        "ticked is typed; nothing is sent."_s.arg(form.fields.size())
+        u"Empty fields of the page: %1; with a proposal: %2; sure, and ticked: %3. Only what is ticked is "
+        "typed; nothing is sent."_s.arg(form.fields.size())
             .arg(proposed)
             .arg(sure);
     if (form.isCut)

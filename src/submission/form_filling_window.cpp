@@ -16,8 +16,8 @@ namespace quillon {
 
 namespace {
 
-constexpr QSize firstSize(920, 460);
-constexpr std::array<int, FormFilling::ColumnCount> firstWidths = {200, 150, 220, 180, 120};
+constexpr QSize firstSize(700, 420);
+constexpr std::array<int, FormFilling::ColumnCount> firstWidths = {150, 140, 160, 180, 120};
 
 } // namespace
 
@@ -34,6 +34,8 @@ FormFillingWindow::FormFillingWindow(Browser &browser, const QString &site, QWid
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(site.isEmpty() ? u"Fill a Form"_s : u"Fill a Form – %1"_s.arg(plainWindowTitle(site)));
     resize(firstSize);
+    move(parent->mapToGlobal(parent->rect().bottomRight()) -
+         rect().bottomRight()); // The page stays in sight.
     m_summary->setObjectName(u"formSummary"_s);
     m_summary->setTextFormat(Qt::PlainText);
     m_summary->setWordWrap(true);

@@ -255,11 +255,12 @@ std::optional<Proposal> proposedBySigns(const PageField &field, const QList<Titl
     if (!text)
         return std::nullopt;
     const bool isWhole = field.maxLength < 0 || text->size() <= field.maxLength;
+    const QString cut = isWhole ? QString() : u"; only %1 characters fit"_s.arg(field.maxLength);
     const bool isRepeated =
         form_signs::isRepeated(form_signs::words(field.signs.label + u' ' + field.signs.around));
     return Proposal{.value = value->id,
                     .text = *text,
-                    .why = best.why.join(u", "_s),
+                    .why = best.why.join(u", "_s) + cut,
                     .score = best.score,
                     .isSure = best.score >= sureScore && !best.isContradicted && isSettled && isWhole &&
                               !isRepeated};

@@ -1,9 +1,12 @@
 #include "submission/form_filling.h"
 #include "submission/form_memory.h"
 #include "submission/submit_window_fixture.h"
+#include "support/accessibility.h"
 #include "support/tables.h"
 
+#include <QAction>
 #include <QClipboard>
+#include <QComboBox>
 #include <QRegularExpression>
 
 /// What is proposed for the forms of pages, and what becomes of it there.
@@ -242,4 +245,27 @@ TEST_F(FormFillingTest, NothingGoesWhereTheAuthorHasNotSeenIt)
     EXPECT_LE(many->rowCount(), 500);
     EXPECT_EQ(many->tickedRows(), 0);
     EXPECT_TRUE(many->summary().contains(u"more than is looked at")) << many->summary();
+}
+
+TEST_F(FormFillingTest, TheWindowTypesWhatIsTickedAndSaysWhatBecameOfIt)
+{
+    server.serve(u"/form/table"_s, {sample(u"forms/table_left.html"_s)});
+    ASSERT_TRUE(open(u"/form/table"_s));
+    window().findChild<QAction *>(u"fillForm"_s)->trigger();
+    auto *fields = visible<QTableView>(u"formFields"_s);
+    ASSERT_TRUE(eventually([&] { return fields->model()->rowCount() == 9; }));
+    QTest::keyClick(fields, Qt::Key_Space); // Not the program's name.
+    fields->setCurrentIndex(fields->model()->index(7, 0));
+    auto *value = visible<QComboBox>(u"formValue"_s);
+    value->setCurrentIndex(value->findData(u"keywordsView"_s));
+    Q_EMIT value->activated(value->currentIndex());
+    EXPECT_EQ(accessibilityFaults(*fields->window()), QStringList());
+    press(u"fillButton"_s);
+    const QLabel *summary = visible<QLabel>(u"formSummary"_s);
+    ASSERT_TRUE(eventually([&] { return summary->text().contains(u"8 of 8"); })) << summary->text();
+    const QList<QStringList> held = fieldsOfPage();
+    EXPECT_EQ(held[0][1], QString());
+    EXPECT_EQ(held[1][1], u"My programVersion"_s);
+    EXPECT_EQ(held[7][1], u"My keywordsView"_s);
+    EXPECT_EQ(form_memory::of(control().sites().selectedSite())->size(), 8);
 }
