@@ -5,7 +5,6 @@
 #include "platform/plain_text.h"
 #include "platform/settings.h"
 #include "widgets/action_button.h"
-#include "widgets/command_set.h"
 #include "widgets/row_table.h"
 
 #include <QAction>
@@ -46,49 +45,7 @@ ManualWindow::ManualWindow(Desktop &desktop)
     , m_list(new QTreeWidget(this))
     , m_browser(new ManualBrowser(desktop, this))
 {
-    const auto go = [this](void (QTextBrowser::*step)()) { return [this, step] { (m_browser->*step)(); }; };
-    m_commands = new CommandSet(
-        {
-            {.id = u"manualBack"_s,
-             .text = tr("&Back"),
-             .keys = {QKeySequence::Back},
-             .isEnabled = [this] { return m_browser->isBackwardAvailable(); },
-             .run = go(&QTextBrowser::backward)},
-            {.id = u"manualForward"_s,
-             .text = tr("&Forward"),
-             .keys = {QKeySequence::Forward},
-             .isEnabled = [this] { return m_browser->isForwardAvailable(); },
-             .run = go(&QTextBrowser::forward)},
-            {.id = u"manualContents"_s,
-             .text = tr("&Contents"),
-             .keys = {u"Alt+Home"_s},
-             .run = [this] { open(u"index.html"_s); }},
-            {.id = u"manualInBrowser"_s,
-             .text = tr("&Open in Your Own Browser"),
-             .keys = {u"Ctrl+O"_s},
-             .run = [this] { openInBrowser(); }},
-            {.id = u"manualFind"_s,
-             .text = tr("Search"),
-             .keys = {QKeySequence::Find},
-             .run =
-                 [this] {
-                     m_search->setFocus(Qt::ShortcutFocusReason);
-                     m_search->selectAll();
-                 }},
-            {.id = u"manualZoomIn"_s,
-             .text = tr("Zoom In"),
-             .keys = {QKeySequence::ZoomIn, u"Ctrl+="_s},
-             .run = [this] { m_browser->zoomIn(zoomSteps); }},
-            {.id = u"manualZoomOut"_s,
-             .text = tr("Zoom Out"),
-             .keys = {QKeySequence::ZoomOut},
-             .run = [this] { m_browser->zoomOut(zoomSteps); }},
-            {.id = u"manualClose"_s,
-             .text = tr("Close"),
-             .keys = {u"Esc"_s, QKeySequence::Close},
-             .run = [this] { close(); }},
-        },
-        this);
+    m_commands = new CommandSet(commands(), this);
     setObjectName(u"manualWindow"_s);
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(newBar());
@@ -101,6 +58,51 @@ ManualWindow::ManualWindow(Desktop &desktop)
     resize(firstSize.boundedTo(screen()->availableSize()));
     restoreGeometry(settings().value(geometryKey).toByteArray());
     readPages();
+}
+
+QList<Command> ManualWindow::commands()
+{
+    const auto go = [this](void (QTextBrowser::*step)()) { return [this, step] { (m_browser->*step)(); }; };
+    return {
+        {.id = u"manualBack"_s,
+         .text = tr("&Back"),
+         .keys = {QKeySequence::Back},
+         .isEnabled = [this] { return m_browser->isBackwardAvailable(); },
+         .run = go(&QTextBrowser::backward)},
+        {.id = u"manualForward"_s,
+         .text = tr("&Forward"),
+         .keys = {QKeySequence::Forward},
+         .isEnabled = [this] { return m_browser->isForwardAvailable(); },
+         .run = go(&QTextBrowser::forward)},
+        {.id = u"manualContents"_s,
+         .text = tr("&Contents"),
+         .keys = {u"Alt+Home"_s},
+         .run = [this] { open(u"index.html"_s); }},
+        {.id = u"manualInBrowser"_s,
+         .text = tr("&Open in Your Own Browser"),
+         .keys = {u"Ctrl+O"_s},
+         .run = [this] { openInBrowser(); }},
+        {.id = u"manualFind"_s,
+         .text = tr("Search"),
+         .keys = {QKeySequence::Find},
+         .run =
+             [this] {
+                 m_search->setFocus(Qt::ShortcutFocusReason);
+                 m_search->selectAll();
+             }},
+        {.id = u"manualZoomIn"_s,
+         .text = tr("Zoom In"),
+         .keys = {QKeySequence::ZoomIn, u"Ctrl+="_s},
+         .run = [this] { m_browser->zoomIn(zoomSteps); }},
+        {.id = u"manualZoomOut"_s,
+         .text = tr("Zoom Out"),
+         .keys = {QKeySequence::ZoomOut},
+         .run = [this] { m_browser->zoomOut(zoomSteps); }},
+        {.id = u"manualClose"_s,
+         .text = tr("Close"),
+         .keys = {u"Esc"_s, QKeySequence::Close},
+         .run = [this] { close(); }},
+    };
 }
 
 ManualWindow::~ManualWindow()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "manual/manual_pages.h"
+#include "widgets/command_set.h"
 
 #include <QWidget>
 
@@ -9,7 +10,6 @@ class QTreeWidget;
 
 namespace quillon {
 
-class CommandSet;
 class Desktop;
 class ManualBrowser;
 
@@ -26,6 +26,7 @@ public:
     void open(const QString &page);
 
 private:
+    [[nodiscard]] QList<Command> commands();
     [[nodiscard]] QWidget *newBar();
     [[nodiscard]] QWidget *newSides();
     void readPages();

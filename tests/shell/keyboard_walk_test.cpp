@@ -7,6 +7,7 @@
 #include <QMenuBar>
 #include <QTabWidget>
 #include <QTextBrowser>
+#include <QTreeWidget>
 
 namespace {
 
@@ -106,4 +107,33 @@ TEST_F(KeyboardWalkTest, EveryWindowThatACommandOpens)
         }
     }
     EXPECT_GE(opened, 7);
+}
+
+TEST_F(KeyboardWalkTest, F1OpensTheManualAtWhatHasTheKeyboard)
+{
+    const auto shown = [](QWidget *focus) {
+        EXPECT_TRUE(activated(*focus->window()));
+        QTest::keyClick(focus, Qt::Key_F1);
+        return visible<QTextBrowser>(u"manualPage"_s)->source().toString().section(u'/', -1);
+    };
+    press(u"newSoftwareButton"_s);
+    EXPECT_EQ(shown(visible<QLineEdit>(u"swNamePanelInput"_s)), u"titles.html") << "in a sheet, too";
+    auto *search = visible<QLineEdit>(u"manualSearch"_s);
+    ASSERT_TRUE(activated(*search->window()));
+    QTest::keyClicks(search, u"one program at a time"_s);
+    QTest::keyClick(search, Qt::Key_Return);
+    auto *found = visible<QTreeWidget>(u"manualList"_s);
+    QTest::keyClick(found, Qt::Key_Home);
+    EXPECT_EQ(visible<QTextBrowser>(u"manualPage"_s)->source().fragment(), u"one");
+    QTest::keyClick(found, Qt::Key_Escape);
+    EXPECT_FALSE(found->isVisible());
+
+    typeName(u"A"_s);
+    clickTitle(0);
+    command(u"Edit"_s)->trigger();
+    auto *field = visible<QLineEdit>(u"companyName"_s);
+    field->setFocus();
+    EXPECT_EQ(shown(field), u"fields.html#companyName");
+    window().close();
+    EXPECT_FALSE(found->isVisible()) << "it goes with the program";
 }
