@@ -1,10 +1,10 @@
 #include "changes/history_window.h"
 
 #include "changes/edit_history.h"
+#include "changes/marked_text_view.h"
 #include "changes/restoring.h"
 #include "editor/editor.h"
 #include "editor/editor_layout.h"
-#include "editor/text_change.h"
 #include "platform/plain_text.h"
 #include "store/process_state.h"
 #include "widgets/row_table.h"
@@ -15,7 +15,6 @@
 #include <QPushButton>
 #include <QSplitter>
 #include <QTableView>
-#include <QTextEdit>
 
 using namespace Qt::StringLiterals;
 
@@ -25,40 +24,6 @@ namespace {
 
 constexpr QSize firstSize(1040, 540);
 constexpr int firstMomentsWidth = 460;
-
-/// Line ends as a text widget has them, so that positions in it are those of the text.
-QString withPlainLineEnds(QString text)
-{
-    return text.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
-}
-
-QTextCharFormat removedFormat()
-{
-    QTextCharFormat format;
-    format.setFontStrikeOut(true);
-    format.setBackground(QColor(200, 0, 0, 60));
-    return format;
-}
-
-QTextCharFormat insertedFormat()
-{
-    QTextCharFormat format;
-    format.setFontUnderline(true);
-    format.setFontWeight(QFont::Bold);
-    format.setBackground(QColor(0, 150, 0, 60));
-    return format;
-}
-
-void showMarked(QTextEdit &widget, const QString &text, qsizetype start, qsizetype length,
-                const QTextCharFormat &format)
-{
-    widget.setCurrentCharFormat({});
-    widget.setPlainText(text);
-    QTextCursor cursor(widget.document());
-    cursor.setPosition(int(start));
-    cursor.setPosition(int(start + length), QTextCursor::KeepAnchor);
-    cursor.mergeCharFormat(format);
-}
 
 QString windowTitleFor(const std::optional<FieldId> &field)
 {
@@ -87,10 +52,10 @@ HistoryWindow::HistoryWindow(Editor &editor, EditHistory &edits, const std::opti
     m_moments->resizeColumnsToContents();
     auto *right = new QWidget;
     auto *columns = new QHBoxLayout;
-    columns->addWidget(newText(m_before, m_restoreBefore, u"textBefore"_s,
-                               u"&Before (what went is struck out)"_s, &history::Row::before));
-    columns->addWidget(newText(m_after, m_restoreAfter, u"textAfter"_s, u"&After (what came is underlined)"_s,
-                               &history::Row::after));
+    m_before = new MarkedTextView(u"textBefore"_s, MarkedTextView::Side::Before);
+    m_after = new MarkedTextView(u"textAfter"_s, MarkedTextView::Side::After);
+    columns->addWidget(newText(m_before, m_restoreBefore, &history::Row::before));
+    columns->addWidget(newText(m_after, m_restoreAfter, &history::Row::after));
     auto *rows = new QVBoxLayout(right);
     rows->setContentsMargins(0, 0, 0, 0);
     rows->addLayout(columns, 1);
@@ -118,23 +83,17 @@ HistoryWindow::HistoryWindow(Editor &editor, EditHistory &edits, const std::opti
     showMoment();
 }
 
-QWidget *HistoryWindow::newText(QTextEdit *&text, QPushButton *&button, const QString &name,
-                                const QString &caption, QString history::Row::*side)
+QWidget *HistoryWindow::newText(MarkedTextView *text, QPushButton *&button, QString history::Row::*side)
 {
-    text = new QTextEdit;
-    text->setObjectName(name);
-    text->setReadOnly(true);
-    text->setTabChangesFocus(true);
-    text->setAccessibleName(QString(caption).remove(u'&'));
     button = new QPushButton(u"Restore This Field"_s);
-    button->setObjectName(name + u"Restore"_s);
+    button->setObjectName(text->objectName() + u"Restore"_s);
     button->setAutoDefault(false);
     button->setAccessibleName(u"Restore this field: "_s + text->accessibleName());
     connect(button, &QPushButton::clicked, this, [this, side] {
         if (const history::Row *row = moment())
             restoreField(row->*side);
     });
-    QWidget *column = captioned(new QLabel(caption), text);
+    QWidget *column = captioned(new QLabel(text->caption()), text);
     column->layout()->addWidget(button);
     return column;
 }
@@ -174,11 +133,8 @@ const history::Row *HistoryWindow::moment() const
 void HistoryWindow::showMoment()
 {
     const history::Row *row = moment();
-    const QString before = row ? withPlainLineEnds(row->before) : QString();
-    const QString after = row ? withPlainLineEnds(row->after) : QString();
-    const TextChange change = TextChange::between(before, after);
-    showMarked(*m_before, before, change.start, change.removed, removedFormat());
-    showMarked(*m_after, after, change.start, change.inserted.size(), insertedFormat());
+    for (MarkedTextView *text : {m_before, m_after})
+        text->showChange(row ? row->before : QString(), row ? row->after : QString());
     const auto field = row ? fieldNamed(row->field) : std::nullopt;
     const bool canRestore = field && padField(*field).kind != FieldKind::Computed && m_editor.loaded();
     m_restoreBefore->setEnabled(canRestore && m_editor.form().value(*field) != row->before);

@@ -9,12 +9,12 @@
 class QLabel;
 class QPushButton;
 class QTableView;
-class QTextEdit;
 
 namespace quillon {
 
 class EditHistory;
 class Editor;
+class MarkedTextView;
 
 /// What became of the selected title, or of one of its fields: the moments on the left, the text before and
 /// after each on the right with what differs struck out and underlined, and the ways back. It closes when
@@ -31,8 +31,7 @@ Q_SIGNALS:
     void restored(const QList<quillon::FieldId> &fields);
 
 private:
-    QWidget *newText(QTextEdit *&text, QPushButton *&button, const QString &name, const QString &caption,
-                     QString history::Row::*side);
+    QWidget *newText(MarkedTextView *text, QPushButton *&button, QString history::Row::*side);
     QWidget *newButtons();
     void closeForAnother();
     void showMoment();
@@ -46,8 +45,8 @@ private:
     const QString m_title;
     HistoryTable *m_table;
     QTableView *m_moments;
-    QTextEdit *m_before = nullptr;
-    QTextEdit *m_after = nullptr;
+    MarkedTextView *m_before = nullptr;
+    MarkedTextView *m_after = nullptr;
     QPushButton *m_restoreBefore = nullptr;
     QPushButton *m_restoreAfter = nullptr;
     QPushButton *m_restoreTitle = nullptr;

@@ -6,15 +6,15 @@ namespace quillon {
 
 namespace {
 
-QString &classOfPopUps()
+QStringList &classesOfPopUps()
 {
-    static QString name;
-    return name;
+    static QStringList names;
+    return names;
 }
 
 QAccessibleInterface *newAccessible(const QString &className, QObject *object)
 {
-    auto *popUp = className == classOfPopUps() ? qobject_cast<QComboBox *>(object) : nullptr;
+    auto *popUp = classesOfPopUps().contains(className) ? qobject_cast<QComboBox *>(object) : nullptr;
     return popUp ? new PopUpAccessible(popUp) : nullptr;
 }
 
@@ -49,8 +49,14 @@ void PopUpAccessible::doAction(const QString &name)
 
 void usePopUpAccessible(const char *className)
 {
-    classOfPopUps() = QString::fromLatin1(className);
-    QAccessible::installFactory(newAccessible);
+    if (classesOfPopUps().isEmpty())
+        QAccessible::installFactory(newAccessible);
+    classesOfPopUps().append(QString::fromLatin1(className));
+}
+
+NamedPopUp::NamedPopUp(QWidget *parent) : QComboBox(parent)
+{
+    [[maybe_unused]] static const bool once = (usePopUpAccessible(staticMetaObject.className()), true);
 }
 
 } // namespace quillon

@@ -21,6 +21,14 @@ private:
     [[nodiscard]] QComboBox *popUp() const { return static_cast<QComboBox *>(widget()); }
 };
 
+/// A pop-up that a screen reader calls by its accessible name.
+class NamedPopUp : public QComboBox
+{
+    Q_OBJECT
+public:
+    explicit NamedPopUp(QWidget *parent = nullptr);
+};
+
 /// Makes every widget of the class @p className, which is a QComboBox, tell of itself in this way.
 void usePopUpAccessible(const char *className);
 

@@ -3,6 +3,7 @@
 #include "editor/editor.h"
 #include "editor/editor_layout.h"
 #include "editor/text_change.h"
+#include "widgets/raw_text.h"
 #include "widgets/validation_palette.h"
 
 #include <QCoreApplication>
@@ -224,7 +225,7 @@ FieldTextEdit::FieldTextEdit(Editor &editor, FieldId field, int lines, QWidget *
     connect(&m_control, &Control::changed, this, &FieldTextEdit::showControl);
     connect(this, &QPlainTextEdit::textChanged, this, [this] {
         if (!m_showing)
-            m_editor.typed(m_field, shownText());
+            m_editor.typed(m_field, rawText(*this));
     });
     showControl();
 }
@@ -237,19 +238,10 @@ QSize FieldTextEdit::sizeHint() const
     return {QPlainTextEdit::sizeHint().width(), fontMetrics().lineSpacing() * m_lines + margins};
 }
 
-QString FieldTextEdit::shownText() const
-{
-    // Not toPlainText(), which makes blanks of no-break spaces.
-    return document()
-        ->toRawText()
-        .replace(QChar::ParagraphSeparator, u'\n')
-        .replace(QChar::LineSeparator, u'\n');
-}
-
 void FieldTextEdit::showControl()
 {
     const QString wanted = withPlainLineEnds(m_control.text());
-    if (const QString shown = shownText(); wanted != shown) {
+    if (const QString shown = rawText(*this); wanted != shown) {
         chooseWrapMode(wanted);
         const QScopedValueRollback guard(m_showing, true);
         if (hasFocus()) {

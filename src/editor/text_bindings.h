@@ -71,7 +71,6 @@ protected:
     void insertFromMimeData(const QMimeData *source) override;
 
 private:
-    [[nodiscard]] QString shownText() const;
     void chooseWrapMode(const QString &text);
     void showControl();
     void showColours();

@@ -71,7 +71,7 @@ OverviewView::OverviewView(OverviewController &overview, TitleCommands &titles, 
     setAcceptDrops(true);
     auto *list = new SoftwareTableView(overview, commands);
     connect(list, &SoftwareTableView::editRequested, this, &OverviewView::editRequested);
-    m_details = new TitleDetailsView(overview, editor);
+    m_details = new TitleDetailsView(overview, editor, commands);
     connect(m_details, &TitleDetailsView::fieldRequested, this, &OverviewView::fieldRequested);
 
     auto *upper = new QWidget;

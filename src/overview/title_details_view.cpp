@@ -5,13 +5,17 @@
 #include "overview/overview_controller.h"
 #include "platform/settings.h"
 #include "store/process_state.h"
+#include "widgets/action_button.h"
+#include "widgets/command_set.h"
 #include "widgets/icon_cell_delegate.h"
 #include "widgets/row_table.h"
 
+#include <QBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLayout>
 #include <QListWidget>
+#include <QPushButton>
 #include <QSignalBlocker>
 #include <QTableView>
 
@@ -27,7 +31,8 @@ constexpr int siteWidth = 220;
 
 } // namespace
 
-TitleDetailsView::TitleDetailsView(OverviewController &overview, const Editor &editor, QWidget *parent)
+TitleDetailsView::TitleDetailsView(OverviewController &overview, const Editor &editor,
+                                   const CommandSet &commands, QWidget *parent)
     : QSplitter(Qt::Horizontal, parent)
     , m_overview(overview)
     , m_editor(editor)
@@ -38,7 +43,7 @@ TitleDetailsView::TitleDetailsView(OverviewController &overview, const Editor &e
     setObjectName(u"detailsSplitter"_s);
     setChildrenCollapsible(false);
     buildMarks();
-    buildErrors();
+    buildErrors(commands);
     restoreLayout();
     connect(&overview, &OverviewController::validationErrorsChanged, this, &TitleDetailsView::showErrors);
     connect(&editor, &Editor::checked, this, &TitleDetailsView::explain, Qt::QueuedConnection);
@@ -65,7 +70,7 @@ void TitleDetailsView::buildMarks()
     addWidget(captioned(new QLabel(u"&Submitted to"_s), m_submittedToTableView));
 }
 
-void TitleDetailsView::buildErrors()
+void TitleDetailsView::buildErrors(const CommandSet &commands)
 {
     m_validationErrorsView->setObjectName(u"validationErrorsView"_s);
     m_validationErrorsView->setAccessibleName(u"Errors in the PAD file"_s);
@@ -74,7 +79,13 @@ void TitleDetailsView::buildErrors()
     connect(m_validationErrorsView, &QListWidget::itemClicked, this, &TitleDetailsView::askForField);
     m_errorsCaption->setTextFormat(Qt::PlainText);
     connect(m_validationErrorsView, &QListWidget::currentRowChanged, this, &TitleDetailsView::explain);
-    addWidget(captioned(m_errorsCaption, m_validationErrorsView));
+    QWidget *errors = captioned(m_errorsCaption, m_validationErrorsView);
+    auto *column = static_cast<QVBoxLayout *>(errors->layout());
+    auto *head = new QHBoxLayout;
+    head->addWidget(m_errorsCaption, 1);
+    head->addWidget(newActionButton(*commands.action(u"fix"_s), u"fixButton"_s, errors));
+    column->insertLayout(0, head);
+    addWidget(errors);
 }
 
 void TitleDetailsView::restoreLayout()

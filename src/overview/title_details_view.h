@@ -9,6 +9,7 @@ class QTableView;
 
 namespace quillon {
 
+class CommandSet;
 class Editor;
 class FindingsPane;
 class OverviewController;
@@ -19,8 +20,10 @@ class TitleDetailsView : public QSplitter
 {
     Q_OBJECT
 public:
-    /// @p overview and @p editor, whose form holds the selected title, must outlive the view.
-    TitleDetailsView(OverviewController &overview, const Editor &editor, QWidget *parent = nullptr);
+    /// Its button has its action from @p commands. All, and @p editor, whose form holds the selected title,
+    /// must outlive the view.
+    TitleDetailsView(OverviewController &overview, const Editor &editor, const CommandSet &commands,
+                     QWidget *parent = nullptr);
     ~TitleDetailsView() override;
 
     /// Explains the current message, else the first one, while anybody sees it.
@@ -35,7 +38,7 @@ protected:
 
 private:
     void buildMarks();
-    void buildErrors();
+    void buildErrors(const CommandSet &commands);
     void restoreLayout();
     void askForField(const QListWidgetItem *item);
     void showErrors();

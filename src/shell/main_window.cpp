@@ -48,7 +48,7 @@ MainWindow::MainWindow(ToolbarControl &toolbar, OverviewController &overview, Ti
     , m_editor(editor)
     , m_edits(edits)
     , m_commands(
-          new CommandSet(mainWindowCommands({*this, toolbar, overview, titles, preferences, deleted}), this))
+          new CommandSet(mainWindowCommands({*this, toolbar, overview, titles, preferences, deleted, edits}), this))
     , m_content(new QStackedWidget)
     , m_toolbar(new MainToolbar(*m_commands, this))
     , m_importProgress(new QProgressBar)

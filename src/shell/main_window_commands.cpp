@@ -3,6 +3,7 @@
 #include "overview/overview_controller.h"
 #include "overview/title_commands.h"
 #include "shell/main_window.h"
+#include "shell/plan_windows.h"
 #include "shell/toolbar_control.h"
 #include "sites/deleted_titles.h"
 #include "sites/preferences_controller.h"
@@ -68,7 +69,19 @@ QList<Command> mainWindowCommands(const MainWindowParts &parts)
         {.id = u"history"_s, .text = u"&History…"_s, .menu = title,
          .toolTip = u"What was changed in the selected title, and the way back"_s,
          .isEnabled = [] { return mwqnSelSW.has_value(); }, .run = [parts] { parts.window.openHistory({}); }},
-        {.id = u"exportOriginal"_s, .text = u"Export &Original…"_s, .menu = title,
+        {.id = u"fix"_s, .text = u"&Fix…"_s, .menu = title, .opensGroup = true,
+         .toolTip = u"What of the errors can be mended without guessing"_s,
+         .isEnabled = [] { return mwqnSelSW.has_value(); },
+         .run = [parts] { plan_windows::openFixes(parts.window, parts.overview, parts.edits); }},
+        {.id = u"newRelease"_s, .text = u"&New Release…"_s, .menu = title,
+         .toolTip = u"Version, date, sizes and what is new, in one or many titles"_s,
+         .isEnabled = ifFileMenuHas(FileMenu::New),
+         .run = [parts] { plan_windows::openRelease(parts.window, parts.overview, parts.edits); }},
+        {.id = u"changeInTitles"_s, .text = u"&Change in Titles…"_s, .menu = title,
+         .toolTip = u"Set fields in all titles that have a value in common"_s,
+         .isEnabled = ifFileMenuHas(FileMenu::New),
+         .run = [parts] { plan_windows::openBulkChange(parts.window, parts.overview, parts.edits); }},
+        {.id = u"exportOriginal"_s, .text = u"Export &Original…"_s, .menu = title, .opensGroup = true,
          .toolTip = u"Save the file that the selected title was imported from"_s,
          .isEnabled = ifFileMenuHas(FileMenu::Export), .run = [parts] { parts.titles.exportOriginal(); }},
         {.id = u"matrix"_s, .text = u"Titles and &Sites…"_s, .menu = title, .opensGroup = true,

@@ -5,6 +5,7 @@
 namespace quillon {
 
 class DeletedTitles;
+class EditHistory;
 class MainWindow;
 class OverviewController;
 class PreferencesController;
@@ -20,6 +21,7 @@ struct MainWindowParts
     TitleCommands &titles;
     PreferencesController &preferences;
     DeletedTitles &deleted;
+    EditHistory &edits;
 };
 
 /// Every command of the main window: its menus, toolbar, the buttons and the context menu of its list.

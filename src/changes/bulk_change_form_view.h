@@ -1,0 +1,31 @@
+#pragma once
+
+#include "changes/plan_form.h"
+
+class QFormLayout;
+
+namespace quillon {
+
+class FieldValueView;
+
+/// What an author says of a change in many titles: in which ones, and what is set there.
+class BulkChangeFormView : public PlanForm
+{
+    Q_OBJECT
+public:
+    /// Values begin with @p values, those of the title that the author works on.
+    explicit BulkChangeFormView(const FormValues &values, QWidget *parent = nullptr);
+
+    [[nodiscard]] Result<ChangePreview::Planner> planner() const override;
+
+private:
+    FieldValueView *newRow(const QString &name, const QString &purpose, FieldId field);
+    void addSetRow();
+
+    const FormValues m_values;
+    FieldValueView *m_where;
+    QList<FieldValueView *> m_set;
+    QFormLayout *m_rows;
+};
+
+} // namespace quillon

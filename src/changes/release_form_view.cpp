@@ -1,0 +1,121 @@
+#include "changes/release_form_view.h"
+
+#include "changes/release_plan.h"
+#include "editor/pop_up_accessible.h"
+#include "pad/vocabularies.h"
+#include "widgets/raw_text.h"
+
+#include <QBoxLayout>
+#include <QCheckBox>
+#include <QDateEdit>
+#include <QFileDialog>
+#include <QFormLayout>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+namespace quillon {
+
+namespace {
+
+constexpr int linesOfChanges = 4;
+
+template<typename Widget>
+Widget *named(Widget *widget, const QString &name, const QString &accessibleName)
+{
+    widget->setObjectName(name);
+    widget->setAccessibleName(accessibleName);
+    return widget;
+}
+
+} // namespace
+
+ReleaseFormView::ReleaseFormView(QWidget *parent)
+    : PlanForm(parent)
+    , m_version(named(new QLineEdit, u"releaseVersion"_s, u"Version"_s))
+    , m_date(named(new QDateEdit(QDate::currentDate()), u"releaseDate"_s, u"Release date"_s))
+    , m_file(named(new QLineEdit, u"releaseFile"_s, u"Released file"_s))
+    , m_status(named<QComboBox>(new NamedPopUp, u"releaseStatus"_s, u"Release status"_s))
+    , m_addresses(named(new QCheckBox(u"&Replace the old version in addresses"_s), u"releaseAddresses"_s,
+                        u"Replace the old version in addresses"_s))
+    , m_changes(named(new QPlainTextEdit, u"releaseChanges"_s, u"What is new"_s))
+{
+    m_version->setFocus();
+    m_date->setCalendarPopup(true);
+    m_file->setPlaceholderText(u"Its size becomes the size of the titles"_s);
+    m_status->addItem(u"(as it is)"_s);
+    m_status->addItems(vocabulary::releaseStatuses());
+    m_addresses->setChecked(true);
+    m_changes->setPlaceholderText(u"Left empty, the text stays as it is"_s);
+    m_changes->setTabChangesFocus(true);
+    m_changes->setFixedHeight(m_changes->fontMetrics().lineSpacing() * linesOfChanges + 12);
+    auto *left = new QFormLayout;
+    left->addRow(u"&Version:"_s, m_version);
+    left->addRow(u"&Date:"_s, m_date);
+    left->addRow(u"&Status:"_s, m_status);
+    auto *right = new QFormLayout;
+    right->addRow(u"&File:"_s, newFileRow());
+    right->addRow(u"What is &new:"_s, m_changes);
+    right->addRow(QString(), m_addresses);
+    auto *columns = new QHBoxLayout(this);
+    columns->setContentsMargins(0, 0, 0, 0);
+    columns->addLayout(left, 2);
+    columns->addLayout(right, 5);
+    for (QLineEdit *line : {m_version, m_file})
+        connect(line, &QLineEdit::textChanged, this, &PlanForm::changed);
+    connect(m_date, &QDateEdit::dateChanged, this, &PlanForm::changed);
+    connect(m_status, &QComboBox::currentIndexChanged, this, &PlanForm::changed);
+    connect(m_addresses, &QCheckBox::toggled, this, &PlanForm::changed);
+    connect(m_changes, &QPlainTextEdit::textChanged, this, &PlanForm::changed);
+}
+
+QWidget *ReleaseFormView::newFileRow()
+{
+    auto *choose =
+        named(new QPushButton(u"Ch&oose…"_s), u"chooseReleaseFile"_s, u"Choose the released file"_s);
+    choose->setAutoDefault(false);
+    connect(choose, &QPushButton::clicked, this, &ReleaseFormView::chooseFile);
+    auto *widget = new QWidget;
+    widget->setFocusProxy(m_file);
+    auto *row = new QHBoxLayout(widget);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(m_file, 1);
+    row->addWidget(choose);
+    return widget;
+}
+
+void ReleaseFormView::chooseFile()
+{
+    auto *chooser = new QFileDialog(this, u"Choose the Released File"_s);
+    chooser->setAttribute(Qt::WA_DeleteOnClose);
+    chooser->setFileMode(QFileDialog::ExistingFile);
+    connect(chooser, &QFileDialog::fileSelected, m_file, &QLineEdit::setText);
+    chooser->open();
+}
+
+Result<ChangePreview::Planner> ReleaseFormView::planner() const
+{
+    if (m_version->text().isEmpty())
+        return Error{Error::Kind::Refused, {}, u"Give the version of the release."_s};
+    release_plan::Release release{.version = m_version->text(),
+                                  .date = m_date->date(),
+                                  .replacesVersionInAddresses = m_addresses->isChecked()};
+    if (m_status->currentIndex() > 0)
+        release.status = m_status->currentText();
+    if (const QString changes = rawText(*m_changes); !changes.isEmpty())
+        release.changes = changes;
+    if (!m_file->text().isEmpty()) {
+        const auto file = release_plan::fileAt(m_file->text());
+        if (!file)
+            return Error{Error::Kind::Refused, {}, u"The released file: %1."_s.arg(file.error().reason)};
+        release.file = *file;
+    }
+    if (const Result<> judged = release_plan::judge(release); !judged)
+        return judged.error();
+    return ChangePreview::Planner(
+        [release](const QStringList &titles) { return release_plan::plan(release, titles); });
+}
+
+} // namespace quillon
