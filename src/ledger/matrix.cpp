@@ -22,7 +22,7 @@ Relation relationOf(const Standing &standing, const QString &current)
     if (standing.isCurrent)
         return Relation::Current;
     const auto order = versionOrder(standing.version, current);
-    return order < 0 ? Relation::Older : order > 0 ? Relation::Newer : Relation::Other;
+    return std::is_lt(order) ? Relation::Older : std::is_gt(order) ? Relation::Newer : Relation::Other;
 }
 
 /// How a relation looks, and what it is in words.
@@ -61,8 +61,9 @@ QHash<QString, int> ranks(QStringList versions)
     std::ranges::sort(versions);
     const auto same = std::unique(versions.begin(), versions.end());
     versions.erase(same, versions.end());
-    std::ranges::stable_sort(
-        versions, [](const QString &left, const QString &right) { return versionOrder(left, right) < 0; });
+    std::ranges::stable_sort(versions, [](const QString &left, const QString &right) {
+        return std::is_lt(versionOrder(left, right));
+    });
     QHash<QString, int> places;
     for (const QString &version : std::as_const(versions))
         places.insert(version, int(places.size()));

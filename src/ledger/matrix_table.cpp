@@ -41,6 +41,7 @@ void MatrixTable::orderTitles()
 {
     const QCollator order = naturalOrder();
     std::vector<std::pair<QCollatorSortKey, int>> keys;
+    keys.reserve(size_t(m_matrix.rows().size()));
     for (int row = 0; row < int(m_matrix.rows().size()); ++row)
         keys.emplace_back(order.sortKey(m_matrix.rows()[row].title), row);
     std::ranges::stable_sort(keys,

@@ -52,7 +52,7 @@ int rank(QStringView part)
 
 std::weak_ordering partOrder(QStringView left, QStringView right)
 {
-    if (const auto ranks = rank(left) <=> rank(right); ranks != 0)
+    if (const auto ranks = rank(left) <=> rank(right); std::is_neq(ranks))
         return ranks;
     if (rank(left) == numberRank && left.size() != right.size())
         return left.size() <=> right.size();
@@ -67,7 +67,7 @@ std::weak_ordering versionOrder(QStringView left, QStringView right)
         const QStringView leftPart = takePart(left);
         const QStringView rightPart = takePart(right);
         const auto order = partOrder(leftPart, rightPart);
-        if (order != 0 || leftPart.isEmpty())
+        if (std::is_neq(order) || leftPart.isEmpty())
             return order;
     }
 }

@@ -1,6 +1,8 @@
+#include "ledger/matrix_window.h"
 #include "platform/notification_center.h"
 #include "platform/notifications.h"
 #include "platform/settings.h"
+#include "shell/site_jump.h"
 #include "store/process_state.h"
 #include "submission/browser_module.h"
 #include "submission/data_folder_fixture.h"
@@ -121,4 +123,33 @@ TEST_F(SubmissionOpenerTest, SitesAndAddressesOfTheTitleAreVisitedOnDemand)
     window.findChild<QAction *>(u"siteNotes"_s)->trigger();
     EXPECT_EQ(visible<QLineEdit>(u"siteNote"_s)->text(), u"Since May");
     EXPECT_TRUE(visible<QCheckBox>(u"siteIsGone"_s)->isChecked());
+}
+
+TEST_F(SubmissionOpenerTest, TheMatrixLeadsToASiteOfAnotherTitle)
+{
+    makeTitle(u"Other"_s, u"Beta,Gone"_s, u"0.9,0.8"_s, u"1.0"_s);
+    SubmitProgram program;
+    program.submission.close();
+    SiteJump jump(program.overview, program.toolbar, program.submission, program.sheets);
+    MatrixWindow matrix(nullptr);
+    QObject::connect(&matrix, &MatrixWindow::siteChosen, &jump, &SiteJump::go);
+    matrix.show();
+    type(u"matrixTitleFilter"_s, u"oth"_s);
+    auto *table = visible<QTableView>(u"matrixTable"_s);
+    EXPECT_EQ(visible<QLabel>(u"matrixCount"_s)->text().section(u'.', 0, 0),
+              u"Titles: 1, sites: 2, to be brought up to date: 2");
+    table->setCurrentIndex(table->model()->index(0, MatrixTable::FirstSite + 1));
+    QTest::keyClick(table, Qt::Key_Return);
+    EXPECT_TRUE(answerAlert(u"OK"_s).contains(u"Gone is no longer in the list of sites"_s));
+    QTest::keyClick(table, Qt::Key_Left);
+    QTest::keyClick(table, Qt::Key_Return);
+    SubmitWindow &window = *program.submission.window();
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_EQ(*mwqnSelSW, u"Other");
+    EXPECT_EQ(window.control().sites().selectedSite(), u"Beta");
+    jump.go(u"Other"_s, u"Alpha"_s);
+    EXPECT_EQ(window.control().sites().selectedSite(), u"Alpha");
+    jump.go(u"Mine"_s, u"Beta"_s);
+    EXPECT_TRUE(answerAlert(u"OK"_s).contains(u"must be closed"_s));
+    EXPECT_EQ(*mwqnSelSW, u"Other");
 }
