@@ -36,6 +36,9 @@ constexpr int cellWidth = 15;
 constexpr int fixedCellWidth = 9;
 constexpr int titleWidth = 30;
 
+/// How much of its colour is left of what is paler.
+constexpr float paleness = 0.6F;
+
 /// What can be sorted by, as the box offers it.
 enum SortChoice
 {
@@ -55,8 +58,12 @@ protected:
     void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override
     {
         QStyledItemDelegate::initStyleOption(option, index);
-        if (index.column() >= MatrixTable::FirstSite && !index.data(MatrixTable::StaleRole).toBool())
-            option->palette.setColor(QPalette::Text, option->palette.color(QPalette::PlaceholderText));
+        if (index.column() < MatrixTable::FirstSite || index.data(MatrixTable::StaleRole).toBool())
+            return;
+        QColor paler =
+            option->palette.color(QPalette::Text); // Not every theme has a colour for it that shows.
+        paler.setAlphaF(paleness);
+        option->palette.setColor(QPalette::Text, paler);
     }
 };
 
