@@ -54,7 +54,8 @@ Error cannotLoad(const QString &path, const QString &reason)
 {
     if (!QFileInfo::exists(path))
         return {Error::Kind::Missing, path,
-                u"Pages cannot be shown, because a part of Quillon is missing: install Quillon again."_s};
+                u"Pages cannot be shown, because a part of Quillon is missing: install the package "
+                "quillon-browser, or all of Quillon again, and press Submit again."_s};
     if (reason.contains(u"libQt6WebEngine"))
         return {Error::Kind::Missing, path,
                 u"Pages cannot be shown without the web engine: install the package %1 and press Submit "

@@ -45,7 +45,7 @@ TEST_F(SubmissionOpenerTest, WithoutTheEngineItSaysWhatToDoAndAllElseGoesOn)
     QByteArray needsAnother = contents(browserModulePath());
     ASSERT_GT(needsAnother.replace("WebEngineWidgets.so.6", "WebEngineWidgets.so.0").count("so.0"), 0);
     const std::tuple<QString, QByteArray, QString> cases[] = {
-        {u"missing.so"_s, {}, u"install Quillon again"_s},
+        {u"missing.so"_s, {}, u"install the package quillon-browser"_s},
         {u"strange.so"_s, "not a library", u"strange.so"_s},
         {u"needs-another.so"_s, needsAnother, u"install the package libqt6webenginewidgets6"_s},
     };
