@@ -50,7 +50,7 @@ SubmissionOpener::~SubmissionOpener() = default;
 
 void SubmissionOpener::open()
 {
-    if (!m_engine.hasBegun() && !isBrowserInPlace(m_browserModule)) {
+    if (!m_module && !isBrowserInPlace(m_browserModule)) {
         if (const Result<> loaded = loadEngine(); !loaded) {
             refuse(loaded.error().reason);
             return;
@@ -77,24 +77,37 @@ void SubmissionOpener::makeWindow()
     control.loadSitesList();
 }
 
-/// Loads the engine for a window that is still open.
+/// Loads the engine for a window that is still open. What was typed meanwhile is handled before the engine
+/// begins: then the window gets another one of the window system's.
 void SubmissionOpener::bringPages()
 {
     if (!m_window || !m_window->isVisible())
         return;
     if (const Result<> loaded = loadEngine(); !loaded)
         refuse(loaded.error().reason);
+    else
+        m_delayedCalls.after({}, this, [this] { beginEngine(); });
 }
 
 Result<> SubmissionOpener::loadEngine()
 {
-    if (m_engine.hasBegun())
+    if (m_module)
         return {};
     const Result<BrowserModule *> module = loadBrowserModule(m_browserModule);
     if (!module)
         return module.error();
-    m_engine.begin((*module)->newEngine(webFolder(), m_desktop));
+    m_module = *module;
     return {};
+}
+
+void SubmissionOpener::beginEngine()
+{
+    if (m_engine.hasBegun() || !m_window || !m_window->isVisible())
+        return;
+    const bool isActive = m_window->isActiveWindow();
+    m_engine.begin(m_module->newEngine(webFolder(), m_desktop));
+    if (isActive)
+        m_window->activateWindow(); // The new one has no keyboard by itself.
 }
 
 void SubmissionOpener::refuse(const QString &reason)

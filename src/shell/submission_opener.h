@@ -42,6 +42,7 @@ private:
     void makeWindow();
     void bringPages();
     Result<> loadEngine();
+    void beginEngine();
     void refuse(const QString &reason);
     void checkSites();
     void checkTitle();
@@ -55,7 +56,8 @@ private:
     QtDesktop m_desktop;
     QString m_title;
     QString m_browserModule;
-    LateEngine m_engine; ///< Outlives the window's pages.
+    BrowserModule *m_module = nullptr; ///< Of the engine, once it is loaded.
+    LateEngine m_engine;               ///< Outlives the window's pages.
     std::unique_ptr<SubmitWindow> m_window;
 };
 
