@@ -147,7 +147,7 @@ Result<> Tour::goTo(const QString &site)
 Result<> Tour::answer(const QString &site, tours::Answer answer)
 {
     const QString next = after(site);
-    const Result<> noted = Journal::ofDataFolder().change([&](Database &database) -> Result<> {
+    Result<> noted = Journal::ofDataFolder().change([&](Database &database) -> Result<> {
         Result<> done = tours::answer(database, m_title, m_version, {.site = site, .answer = answer});
         return done ? tours::goTo(database, m_title, m_version, next) : done;
     });
