@@ -43,7 +43,7 @@ constexpr std::array<Outcome, 7> outcomes = {{
 QString outcomeOf(const QString &state)
 {
     const auto outcome = std::ranges::find(outcomes, QStringView(state), &Outcome::state);
-    return outcome == outcomes.end() ? u"Left out: the page did not answer."_s : outcome->text.toString();
+    return outcome == outcomes.end() ? u"Not known: the page did not answer."_s : outcome->text.toString();
 }
 
 QString summaryOf(const PageForm &form, qsizetype sure, qsizetype proposed)
@@ -173,7 +173,7 @@ void FormFilling::typeNext(int row)
         [this, row](const QVariant &answer) {
             m_rows[row].isTyped = answer.toString() == u"typed";
             tell(row, m_rows[row].isTyped ? u"Typed."_s : outcomeOf(answer.toString()));
-            typeNext(row + 1);
+            typeNext(answer.isValid() ? row + 1 : int(m_rows.size())); // A page that hangs may still take it.
         });
 }
 
