@@ -41,6 +41,7 @@ bool ManualBrowser::focusNextPrevChild(bool next)
         return false;
     const QTextCursor now = textCursor();
     const bool isStuck = hasFocus() && now.anchor() == before.anchor() && now.position() == before.position();
+    // What follows is another widget; NOLINTNEXTLINE(bugprone-parent-virtual-call)
     return !isStuck || QAbstractScrollArea::focusNextPrevChild(next);
 }
 
