@@ -22,7 +22,7 @@ namespace quillon {
 
 namespace {
 
-constexpr QSize firstSize(1040, 540);
+constexpr QSize historySize(1040, 540);
 constexpr int firstMomentsWidth = 460;
 
 QString windowTitleFor(const std::optional<FieldId> &field)
@@ -43,7 +43,7 @@ HistoryWindow::HistoryWindow(Editor &editor, EditHistory &edits, const std::opti
     setObjectName(u"historyWindow"_s);
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(windowTitleFor(field));
-    resize(firstSize);
+    resize(historySize);
 
     m_moments = newRowTable(u"moments"_s, u"Moments"_s, this);
     m_moments->setModel(m_table);
@@ -63,7 +63,7 @@ HistoryWindow::HistoryWindow(Editor &editor, EditHistory &edits, const std::opti
     splitter->addWidget(m_moments);
     splitter->addWidget(right);
     splitter->setStretchFactor(1, 1);
-    splitter->setSizes({firstMomentsWidth, firstSize.width() - firstMomentsWidth});
+    splitter->setSizes({firstMomentsWidth, historySize.width() - firstMomentsWidth});
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(splitter, 1);
     m_outcome->setTextFormat(Qt::PlainText);

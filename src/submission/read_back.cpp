@@ -12,12 +12,12 @@ namespace quillon {
 
 namespace {
 
-constexpr qsizetype longestShown = 120; ///< UTF-16 units.
+constexpr qsizetype longestValueShown = 120; ///< UTF-16 units.
 
 QString shown(const QString &text)
 {
-    const QString line = visibleLine(text, longestShown);
-    return text.size() > longestShown ? QString(line + u'…') : line;
+    const QString line = visibleLine(text, longestValueShown);
+    return text.size() > longestValueShown ? QString(line + u'…') : line;
 }
 
 /// One number, whatever blanks are around it and zeros behind it.
