@@ -47,12 +47,15 @@ FormValues valuesOf(const PadForm &form)
 
 JudgedValues judged(const FormValues &values)
 {
-    static PadForm form; // Making one takes longer than all the rest.
-    for (const PadField &field : padFields)
-        form.setValue(field.id, values[size_t(field.id)]);
+    // Making a form, and setting all of its fields, takes longer than all the rest.
+    static PadForm form;
+    static FormValues held = valuesOf(form);
+    for (const Change &change : between(held, values))
+        form.setValue(change.field, change.after);
     ErrorPass errors;
     field_rules::checkEntries(form, errors);
-    return {valuesOf(form), errors.errors()};
+    held = valuesOf(form);
+    return {held, errors.errors()};
 }
 
 FormValues changed(FormValues values, const QList<Change> &changes)

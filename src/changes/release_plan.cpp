@@ -166,8 +166,11 @@ QString withNewVersion(const QString &address, const QString &oldVersion, const 
     const QString joined = hasPoint ? u"._-"_s : u"."_s;
     QString replaced = address;
     for (const QChar point : joined) {
+        const QString written = QString(oldVersion).replace(u'.', point);
+        if (!replaced.contains(written))
+            continue; // Most addresses hold none, and a pattern takes long to make.
         const Regex version(u"(?<![0-9A-Za-z])(?<![0-9]\\%1)([vV]%2)%3(?![0-9A-Za-z])(?!\\%1[0-9])"_s.arg(
-            point, hasPoint ? u"?"_s : QString(), Regex::escaped(QString(oldVersion).replace(u'.', point))));
+            point, hasPoint ? u"?"_s : QString(), Regex::escaped(written)));
         const QString after = u"${1}"_s + QString(newVersion).replace(u'.', point);
         replaced = version.replaceAll(replaced, after);
     }
