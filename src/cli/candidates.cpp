@@ -101,8 +101,8 @@ QStringList buttonActions(const QString &)
     return actions;
 }
 
-/// What can stand for an argument, by its name in the help; one that means something of its own in a command
-/// has the command before it.
+/// What can stand for an argument, by its name in the help, or by what the help calls its value; one that
+/// means something of its own in a command has the command before it.
 struct Argument
 {
     QStringView name;
@@ -117,6 +117,7 @@ constexpr Argument argumentTable[] = {
     {u"release --status", releaseStatuses},
     {u"change --where", assignments},
     {u"change FIELD=VALUE", assignmentsAndTitles},
+    {u"check --pack", nullptr, true},
     {u"sites edit NAME", siteNames},
     {u"sites remove NAME", siteNames},
     {u"sites restore NAME", removedSites},
@@ -221,6 +222,8 @@ private:
         const Argument *argument = argumentNamed(m_path + name);
         if (!argument)
             argument = argumentNamed(name);
+        if (!argument)
+            argument = argumentNamed(text(option.get_type_name()));
         if (!argument)
             return {choicesOf(option)};
         return {argument->values ? argument->values(typed) : QStringList(), argument->takesFiles};

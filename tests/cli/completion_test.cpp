@@ -32,6 +32,9 @@ TEST_F(CommandLineTest, BashCompletesWhateverItIsCalledAndRunsNothing)
           u"categoryPopUp=Web Development::Wizards & Components"_s}},
         {u"sites rest→ Softp→"_s, {u"sites"_s, u"restore"_s, u"Softpedia"_s}},
         {u"check --js→ A→"_s, {u"check"_s, u"--json"_s, shellName}},
+        {u"change --wh→ programN→x companyN→y Aa→"_s,
+         {u"change"_s, u"--where"_s, u"programName=x"_s, u"companyName=y"_s, shellName}},
+        {u"new --li→ A→"_s, {u"new"_s, u"--like"_s, shellName}},
         {u"imp→ some→"_s, {u"import"_s, u"some file"_s}},
         {u"show some→"_s, {u"show"_s, u"some"_s}},
     };
