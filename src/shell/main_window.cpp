@@ -47,8 +47,8 @@ MainWindow::MainWindow(ToolbarControl &toolbar, OverviewController &overview, Ti
     : m_toolbarControl(toolbar)
     , m_editor(editor)
     , m_edits(edits)
-    , m_commands(
-          new CommandSet(mainWindowCommands({*this, toolbar, overview, titles, preferences, deleted, edits}), this))
+    , m_commands(new CommandSet(
+          mainWindowCommands({*this, toolbar, overview, titles, preferences, deleted, edits}), this))
     , m_content(new QStackedWidget)
     , m_toolbar(new MainToolbar(*m_commands, this))
     , m_importProgress(new QProgressBar)

@@ -74,7 +74,8 @@ void openBulkChange(QWidget &window, OverviewController &overview, EditHistory &
 {
     const QStringList titles = titlesOf(overview);
     const auto selected = mwqnSelSW ? change_plans::stateOf(*mwqnSelSW) : Result<TitleState>(TitleState());
-    open({u"bulkChangeWindow"_s, u"Change in Titles"_s, u"No title has that, or those that have it hold the new value already."_s},
+    open({u"bulkChangeWindow"_s, u"Change in Titles"_s,
+          u"No title has that, or those that have it hold the new value already."_s},
          new ChangePreview(ChangePreview::Rows::Changing, titles, {titles.begin(), titles.end()}),
          new BulkChangeFormView(selected.valueOr({}).judged.values), window, edits);
 }

@@ -46,8 +46,8 @@ struct PageField
 {
     int number = 0; ///< By which the page's script knows it.
     FieldSigns signs = {};
-    QString type = {};   ///< "select", "rich", "textarea", or an input's type in HTML.
-    int maxLength = -1;  ///< In UTF-16 units; -1 for no limit.
+    QString type = {};        ///< "select", "rich", "textarea", or an input's type in HTML.
+    int maxLength = -1;       ///< In UTF-16 units; -1 for no limit.
     QStringList options = {}; ///< The texts of a choice.
 
     /// What the author reads of it; never empty.
