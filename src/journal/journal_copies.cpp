@@ -120,8 +120,8 @@ Result<> copyRows(Database &database, const Highest &ours)
                                  ours.title);
     if (done)
         done = database.run("INSERT INTO main.change_sets (id, time, label, origin, of_set, is_unfinished)"
-                            " SELECT id + ?1, time, label, origin, of_set + ?1, is_unfinished FROM "
-                            "old.change_sets WHERE id IN"
+                            " SELECT id + ?1, time, label, origin, of_set + ?1, is_unfinished"
+                            " FROM old.change_sets WHERE id IN"
                             " (SELECT set_id FROM old.history WHERE title_id IN wanted)",
                             ours.set);
     if (done)
@@ -149,6 +149,9 @@ Result<> copyRows(Database &database, const Highest &ours)
         done = copyLedger(database, ours);
     if (done)
         done = database.execute("INSERT OR IGNORE INTO main.sites SELECT * FROM old.sites");
+    if (done)
+        done = database.execute("INSERT OR IGNORE INTO main.form_fields (site, signs, value, time)"
+                                " SELECT site, signs, value, time FROM old.form_fields ORDER BY id");
     if (done)
         done = database.execute(R"(
             INSERT INTO main.deleted_sites (name, address, time, picture_name, picture)

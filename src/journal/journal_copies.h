@@ -13,8 +13,8 @@ namespace quillon::journal_copies {
 Result<> copyTo(const QString &path);
 
 /// Adds from the copy @p path what the present database does not have: all that is known of titles that are
-/// not known here and @p isWanted accepts, and what was deleted. Nothing that is here is changed. How many
-/// titles and deleted things came in.
+/// not known here and @p isWanted accepts, what was deleted, what was learned of sites, and what was
+/// confirmed of their forms. Nothing that is here is changed. How many titles and deleted things came in.
 ///
 /// @p path may be of an older version; it is not changed. Unintelligible when it is no such copy, or damaged.
 Result<qint64> bringIn(const QString &path, const std::function<bool(const QString &title)> &isWanted);

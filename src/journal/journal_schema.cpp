@@ -15,16 +15,14 @@ namespace {
 ///   rows wait with deleted_titles; forgetting it removes its row here, and with it all others.
 /// - history: "row" counts from 0 for each title; 0 is an imported title's file as it came, of no field.
 /// - change_sets: "of_set" is the one that it takes back, or does again; where it "is_unfinished", some of
-/// its
-///   rows may not have been made (set_log).
+///   its rows may not have been made (set_log).
 /// - form_fields: what "value" of a title was confirmed for a field with these signs (JSON) of a site's form.
 /// - originals: "bytes" as qCompress() gives them where "is_compressed".
 /// - ledger: what became of a title on a site, the newest of both last. "before" is the version that was
-/// there
-///   until then. "sent_values" has the PAD file as it was sent, once for all entries that sent it, as
+///   there until then. "sent_values" has the PAD file as it was sent, once for all entries that sent it, as
 ///   qCompress() gives it.
-/// - tours: the site that the author is at with a title; tour_answers: what was said of sites. Both count for
-///   the title's version only.
+/// - tours: the site that the author is at with a title; tour_answers: what was said of sites. Both count
+///   for the title's version only.
 /// - sites: what the author learned of each, and what came of the last visit, if there was one.
 constexpr std::array migrations = {R"(
     CREATE TABLE state (checked INTEGER NOT NULL);

@@ -1,7 +1,7 @@
 #include "shell/manual_opener.h"
 
-#include "manual/manual_window.h"
 #include "shell/manual_topics.h"
+#include "shell/manual_window.h"
 
 #include <QApplication>
 #include <QKeyEvent>

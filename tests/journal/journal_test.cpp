@@ -1,5 +1,7 @@
+#include "journal/form_fields.h"
 #include "journal/history.h"
 #include "journal/journal.h"
+#include "journal/journal_copies.h"
 #include "journal/titles.h"
 #include "store/storage_status.h"
 #include "support/faults.h"
@@ -178,4 +180,20 @@ TEST_F(JournalTest, OldHistoryIsThinnedOutButTheFileAndReleasesStay)
     EXPECT_EQ(rows.first().number, 10'102);
     EXPECT_EQ(rows[10'000].origin, history::origin::release);
     EXPECT_EQ(rows[10'001].number, 0);
+}
+
+TEST_F(JournalTest, ACopyBringsBackWhatIsNotKnownAndChangesNothingThatIs)
+{
+    EXPECT_TRUE(keep(u"Title"_s));
+    EXPECT_TRUE(form_fields::remember(u"Site"_s, {{u"a"_s, u"old"_s}, {u"b"_s, u"old"_s}}));
+    const QString copy = inData(u"copy.sqlite"_s);
+    ASSERT_TRUE(journal_copies::copyTo(copy));
+    EXPECT_TRUE(form_fields::forget(u"Site"_s));
+    EXPECT_TRUE(form_fields::remember(u"Site"_s, {{u"a"_s, u"new"_s}}));
+    EXPECT_EQ(journal_copies::bringIn(copy, [](const QString &) { return true; }).valueOr(-1), 0);
+    QStringList known;
+    for (const form_fields::Row &row : form_fields::of(u"Site"_s).valueOr({}))
+        known.append(row.signs + row.value);
+    EXPECT_EQ(known, (QStringList{u"anew"_s, u"bold"_s}));
+    EXPECT_EQ(kept(), QStringList{u"Title"_s});
 }

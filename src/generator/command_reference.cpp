@@ -1,4 +1,4 @@
-#include "manual/command_reference.h"
+#include "generator/command_reference.h"
 
 #include <QAction>
 #include <QFileInfo>

@@ -1,4 +1,4 @@
-#include "manual/manual_browser.h"
+#include "shell/manual_browser.h"
 
 #include "manual/manual_pages.h"
 #include "platform/desktop.h"

@@ -1,4 +1,4 @@
-#include "manual/field_reference.h"
+#include "generator/field_reference.h"
 
 #include "editor/editor_layout.h"
 #include "editor/editor_pages.h"

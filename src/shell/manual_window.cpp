@@ -1,9 +1,9 @@
-#include "manual/manual_window.h"
+#include "shell/manual_window.h"
 
-#include "manual/manual_browser.h"
 #include "platform/desktop.h"
 #include "platform/plain_text.h"
 #include "platform/settings.h"
+#include "shell/manual_browser.h"
 #include "widgets/action_button.h"
 #include "widgets/row_table.h"
 

@@ -1,5 +1,5 @@
-#include "manual/command_reference.h"
-#include "manual/field_reference.h"
+#include "generator/command_reference.h"
+#include "generator/field_reference.h"
 #include "platform/settings.h"
 #include "shell/workbench.h"
 #include "store/process_state.h"
