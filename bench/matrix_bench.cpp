@@ -68,6 +68,7 @@ double scroll(QTableView &table, double &longest)
 {
     static constexpr int steps = 100;
     std::vector<double> times;
+    times.reserve(steps);
     for (int step = 0; step < steps; ++step) {
         times.push_back(seconds([&table, step] {
             QScrollBar &down = *table.verticalScrollBar();

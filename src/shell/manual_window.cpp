@@ -23,7 +23,7 @@ namespace quillon {
 
 namespace {
 
-const QString geometryKey = u"manualWindow/geometry"_s;
+const QString manualGeometryKey = u"manualWindow/geometry"_s;
 constexpr QSize firstSize(980, 640);
 constexpr int firstListWidth = 280;
 constexpr int pageRole = Qt::UserRole;
@@ -56,7 +56,7 @@ ManualWindow::ManualWindow(Desktop &desktop)
         setWindowTitle(title.isEmpty() ? tr("Quillon Manual") : tr("%1 – Quillon Manual").arg(title));
     });
     resize(firstSize.boundedTo(screen()->availableSize()));
-    restoreGeometry(settings().value(geometryKey).toByteArray());
+    restoreGeometry(settings().value(manualGeometryKey).toByteArray());
     readPages();
 }
 
@@ -107,7 +107,7 @@ QList<Command> ManualWindow::commands()
 
 ManualWindow::~ManualWindow()
 {
-    settings().setValue(geometryKey, saveGeometry());
+    settings().setValue(manualGeometryKey, saveGeometry());
 }
 
 QWidget *ManualWindow::newBar()

@@ -25,7 +25,7 @@ namespace quillon {
 
 namespace {
 
-constexpr QSize firstSize(640, 420);
+constexpr QSize dialogSize(640, 420);
 
 /// In the order of ledger::State.
 constexpr std::array<QStringView, 5> stateTexts = {u"Sent", u"Listed", u"Refused", u"The site is gone",
@@ -91,7 +91,7 @@ LedgerDialog::LedgerDialog(const QString &title, const QString &site, QWidget *p
     layout->addRow(newEntries());
     layout->addRow(m_outcome);
     layout->addRow(buttons);
-    resize(firstSize);
+    resize(dialogSize);
     m_state->setFocus();
 }
 

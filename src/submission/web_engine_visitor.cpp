@@ -17,7 +17,7 @@ namespace quillon {
 
 namespace {
 
-constexpr std::chrono::milliseconds patience = 30s;
+constexpr std::chrono::milliseconds visitPatience = 30s;
 constexpr std::chrono::milliseconds untilSettled = 500ms;
 /// How long a load that was given up may take to turn out to be a file's.
 constexpr std::chrono::milliseconds untilOffered = 3s;
@@ -75,7 +75,7 @@ void WebEngineVisitor::visit(const VisitRequest &request, Visited visited)
     m_visited = std::move(visited);
     m_page = std::make_unique<WebEnginePage>(m_profile, nullptr);
     connect(m_page.get(), &QWebEnginePage::loadingChanged, this, &WebEngineVisitor::loadingChanged);
-    m_patience.start(patience);
+    m_patience.start(visitPatience);
     m_page->load(QUrl::fromUserInput(request.address));
 }
 
