@@ -62,7 +62,6 @@ public:
             if (const Result<> looked = look(title); !looked)
                 reasons.append(u"%1: %2"_s.arg(title.title, looked.error().reason));
         }
-        m_session.close();
         return reasons.isEmpty() ? Result<>() : Error{Error::Kind::Refused, {}, reasons.join(u"; "_s)};
     }
 
@@ -111,17 +110,15 @@ private:
     Result<> look(const TitlePlan &title)
     {
         if (isOpen(title)) {
-            m_session.close();
             m_open->store();
             Result<> may = m_open->mayApply(title.changes);
             m_rows.append(rowsOf(title, change_sets::valuesOf(m_open->form())));
             return may;
         }
-        if (Result<> opened = m_session.open(title.title); !opened)
-            return opened;
-        PadForm &form = m_session.editor().form();
-        check(form);
-        const FormValues values = change_sets::valuesOf(form);
+        const auto state = stateOf(title.title);
+        if (!state)
+            return state.error();
+        const FormValues &values = state->judged.values;
         m_rows.append(rowsOf(title, values));
         const auto differing = change_sets::differing(values, title.changes);
         return differing.isEmpty() ? Result<>()

@@ -7,6 +7,7 @@
 #include <QUuid>
 
 #include <algorithm>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -26,31 +27,56 @@ namespace {
 
 using FieldContents = std::array<QStringView, fieldCount>;
 
+/// What is looked for at a line of the layout; made once, since each document is compared with all of it.
+struct LineTexts
+{
+    QString start;
+    QString close; ///< The end tag; with this and the rest empty where the line is no element.
+    QString end;   ///< The end tag, and what the line that follows begins with.
+    std::optional<FieldId> field;
+};
+
+const std::vector<LineTexts> &layoutTexts()
+{
+    static const std::vector<LineTexts> all = [] {
+        std::vector<LineTexts> texts;
+        texts.reserve(padLayout.size());
+        for (auto line = padLayout.begin(); line != padLayout.end(); ++line) {
+            LineTexts &added = texts.emplace_back(LineTexts{lineStart(*line), {}, {}, {}});
+            if (line->kind != LayoutLine::Element)
+                continue;
+            added.close = endTag(line->tag);
+            added.end =
+                added.close + u'\n' + (line + 1 == padLayout.end() ? layoutClosing() : lineStart(line[1]));
+            added.field = fieldOfElement(line->tag);
+        }
+        return texts;
+    }();
+    return all;
+}
+
 /// The contents of @p text if it is laid out as the writer does it; none otherwise.
 ///
 /// There each element is found by its line and the line that follows it, so that no value, whatever it holds,
 /// is mistaken for another element. A value ends at the first end tag of its element all the same.
 std::optional<FieldContents> writtenContents(QStringView text)
 {
+    static const QString opening = layoutOpening();
     FieldContents contents;
-    const QString opening = layoutOpening();
     if (!text.startsWith(opening))
         return std::nullopt;
     qsizetype at = opening.size();
-    for (auto line = padLayout.begin(); line != padLayout.end(); ++line) {
-        const QString start = lineStart(*line);
-        if (!text.sliced(at).startsWith(start))
+    for (const LineTexts &line : layoutTexts()) {
+        if (!text.sliced(at).startsWith(line.start))
             return std::nullopt;
-        at += start.size();
-        if (line->kind == LayoutLine::Element) {
-            const QString close = endTag(line->tag);
-            const QString next = line + 1 == padLayout.end() ? layoutClosing() : lineStart(line[1]);
-            const qsizetype end = text.indexOf(QString(close + u'\n' + next), at);
+        at += line.start.size();
+        if (!line.close.isEmpty()) {
+            const qsizetype end = text.indexOf(line.end, at);
             if (end < 0)
                 return std::nullopt;
-            if (const auto field = fieldOfElement(line->tag))
-                contents[size_t(*field)] = text.sliced(at, text.indexOf(close, at) - at);
-            at = end + close.size();
+            if (line.field)
+                contents[size_t(*line.field)] = text.sliced(at, text.indexOf(line.close, at) - at);
+            at = end + line.close.size();
         }
         if (!text.sliced(at).startsWith(u'\n'))
             return std::nullopt;
@@ -92,6 +118,15 @@ const QString &wrapper()
 QString wrapped(QStringView content)
 {
     return startTag(wrapper()) + content + endTag(wrapper());
+}
+
+/// Whether @p content is its own value: no markup, and nothing that the way through UTF-8 may change.
+bool isPlainText(QStringView content)
+{
+    return std::all_of(content.begin(), content.end(), [](QChar unit) {
+        return (unit >= u' ' && unit <= u'~' && unit != u'<' && unit != u'&') || unit == u'\n' ||
+               unit == u'\t';
+    });
 }
 
 /// @p content with an end tag to every element, and markup for what is not to be read as such; as it stands
@@ -143,8 +178,11 @@ std::optional<QString> PadDocument::value(const PadField &field) const
 {
     if (!m_written)
         return xml().first(field.element);
+    const QStringView content = writtenContent(field);
+    if (isPlainText(content)) // As most are; without a parser.
+        return content.trimmed().isEmpty() ? QString() : content.toString();
     const IsElementName names = field.kind == FieldKind::Text ? isElementName : nullptr;
-    return TolerantXml(wrapped((*m_written)[size_t(field.id)]), names).first(wrapper());
+    return TolerantXml(wrapped(content), names).first(wrapper());
 }
 
 std::optional<QString> PadDocument::cutOut(const PadField &field) const
