@@ -4,6 +4,8 @@
 #include "editor/editor_session.h"
 #include "journal/journal.h"
 #include "journal/set_log.h"
+#include "platform/notification_center.h"
+#include "platform/notifications.h"
 
 #include <algorithm>
 
@@ -138,6 +140,8 @@ QList<Error> settle()
                 return forgotten ? set_log::finish(database, set.id) : forgotten;
             });
     }
+    if (!sets.isEmpty()) // A list that was read before shows what the files held then.
+        NotificationCenter::defaultCenter().post(notification::mwqnOvLSlst);
     return errors;
 }
 
