@@ -104,8 +104,9 @@ void FieldComboBox::wheelEvent(QWheelEvent *event)
 void FieldComboBox::focusOutEvent(QFocusEvent *event)
 {
     QComboBox::focusOutEvent(event);
-    if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason)
-        takeTypedText(false);
+    const Qt::FocusReason reason = event->reason();
+    if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason)
+        takeTypedText(reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason);
 }
 
 bool FieldComboBox::eventFilter(QObject *watched, QEvent *event)

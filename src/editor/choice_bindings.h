@@ -10,8 +10,8 @@ namespace quillon {
 
 class Editor;
 
-/// A pop-up of the editor. Typing searches it for items that hold the text; Return takes the only one that
-/// does, else nothing changes. The mouse wheel scrolls the page.
+/// A pop-up of the editor. Typing searches it for items that hold the text; Return and Tab take the only one
+/// that does, else nothing changes. The mouse wheel scrolls the page.
 class FieldComboBox : public QComboBox
 {
     Q_OBJECT
