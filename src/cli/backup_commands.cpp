@@ -23,22 +23,18 @@ public:
         Run all;
     };
 
-    Transfer(const char *name, const char *help, const Runs &runs)
-        : m_commandName(name), m_help(help), m_runs(runs)
-    {
-    }
+    Transfer(const char *help, const Runs &runs) : m_help(help), m_runs(runs) {}
 
-    CLI::App *addTo(CLI::App &application) override
+    void describe(CLI::App &command) override
     {
-        CLI::App *command = application.add_subcommand(m_commandName, m_help);
-        m_titles = command->add_subcommand("titles", "The software list");
-        m_sites = command->add_subcommand("sites", "The changes to the list of sites");
-        m_all = command->add_subcommand("all", "Both, and what is kept besides: earlier texts, originals, "
-                                               "what was deleted");
+        command.description(m_help);
+        m_titles = command.add_subcommand("titles", "The software list");
+        m_sites = command.add_subcommand("sites", "The changes to the list of sites");
+        m_all = command.add_subcommand("all", "Both, and what is kept besides: earlier texts, originals, "
+                                              "what was deleted");
         for (CLI::App *what : {m_titles, m_sites, m_all})
             what->add_option("FOLDER", m_folder, "The backup's folder")->required();
-        command->require_subcommand(1);
-        return command;
+        command.require_subcommand(1);
     }
 
     [[nodiscard]] bool writes() const override { return true; }
@@ -68,7 +64,6 @@ public:
     }
 
 private:
-    const char *m_commandName;
     const char *m_help;
     Runs m_runs;
     std::string m_folder;
@@ -82,7 +77,7 @@ private:
 std::unique_ptr<Command> backupCommand()
 {
     return std::make_unique<Transfer>(
-        "backup", "Copy all titles, the changes to the list of sites, or everything, to a new folder",
+        "Copy all titles, the changes to the list of sites, or everything, to a new folder",
         Transfer::Runs{
             .titles =
                 [](const QString &folder) {
@@ -97,7 +92,7 @@ std::unique_ptr<Command> backupCommand()
 std::unique_ptr<Command> restoreCommand()
 {
     return std::make_unique<Transfer>(
-        "restore", "Bring back titles, changes to the list of sites, or everything, from a backup",
+        "Bring back titles, changes to the list of sites, or everything, from a backup",
         Transfer::Runs{.titles = [](const QString &folder) { return backups::restoreTitles(folder); },
                        .sites = backups::restoreSites,
                        .all = backups::restoreAll});

@@ -21,18 +21,16 @@ namespace {
 class FixTitles final : public PlanCommand
 {
 public:
-    CLI::App *addTo(CLI::App &application) override
+    void describe(CLI::App &command) override
     {
-        CLI::App *command = application.add_subcommand(
-            "fix",
+        command.description(
             "Mend what can be mended in titles without guessing: title, field, before, after, fix; then the "
             "errors that go and come");
-        command->footer(footer());
-        command->add_option("TITLE", m_titles, "The titles")->required();
-        command->add_option("--only", m_only, "Only the fix of this id; may be given several times")
+        command.footer(footer());
+        command.add_option("TITLE", m_titles, "The titles")->required();
+        command.add_option("--only", m_only, "Only the fix of this id; may be given several times")
             ->allow_extra_args(false);
-        addOutputOptions(*command);
-        return command;
+        addOutputOptions(command);
     }
 
 private:
@@ -65,21 +63,19 @@ private:
 class ReleaseTitles final : public PlanCommand
 {
 public:
-    CLI::App *addTo(CLI::App &application) override
+    void describe(CLI::App &command) override
     {
-        CLI::App *command = application.add_subcommand(
-            "release",
+        command.description(
             "Make a new release of titles: title, field, before, after; then the errors that go and come");
-        command->add_option("TITLE", m_titles, "The titles")->required();
-        command->add_option("--version", m_version, "The new version")->required();
-        command->add_option("--date", m_date, "Its date as YYYY-MM-DD; without it today");
-        command->add_option("--file", m_file, "The file that is released; the sizes become its size");
-        command->add_option("--changes", m_changes,
-                            "What is new, or \"@\" and the name of a file that says so");
-        command->add_option("--status", m_status, "The release status");
-        command->add_flag("--urls", m_urls, "Replace the old version in web addresses, too");
-        addOutputOptions(*command);
-        return command;
+        command.add_option("TITLE", m_titles, "The titles")->required();
+        command.add_option("--version", m_version, "The new version")->required();
+        command.add_option("--date", m_date, "Its date as YYYY-MM-DD; without it today");
+        command.add_option("--file", m_file, "The file that is released; the sizes become its size");
+        command.add_option("--changes", m_changes,
+                           "What is new, or \"@\" and the name of a file that says so");
+        command.add_option("--status", m_status, "The release status");
+        command.add_flag("--urls", m_urls, "Replace the old version in web addresses, too");
+        addOutputOptions(command);
     }
 
 private:
@@ -149,24 +145,22 @@ private:
 class ChangeTitles final : public PlanCommand
 {
 public:
-    CLI::App *addTo(CLI::App &application) override
+    void describe(CLI::App &command) override
     {
-        CLI::App *command = application.add_subcommand(
-            "change",
+        command.description(
             "Set fields in all titles whose fields hold certain values: title, field, before, after; then "
             "the errors that go and come");
         command
-            ->add_option(
+            .add_option(
                 "--where", m_where,
                 "FIELD=VALUE: only titles where the field holds just that; may be given several times")
             ->allow_extra_args(false)
             ->required();
         command
-            ->add_option("FIELD=VALUE", m_arguments,
-                         "What to set, as in \"set\", and behind it the titles; without any, all titles")
+            .add_option("FIELD=VALUE", m_arguments,
+                        "What to set, as in \"set\", and behind it the titles; without any, all titles")
             ->required();
-        addOutputOptions(*command);
-        return command;
+        addOutputOptions(command);
     }
 
 private:
@@ -233,14 +227,12 @@ private:
 class ListChangeSets final : public Command
 {
 public:
-    CLI::App *addTo(CLI::App &application) override
+    void describe(CLI::App &command) override
     {
-        CLI::App *command = application.add_subcommand(
-            "changesets",
+        command.description(
             "What was changed in one go, newest first: number, time, origin, label, how many titles, "
             "and in how many of them it is taken back");
-        command->add_flag("--json", m_json, "As a JSON array");
-        return command;
+        command.add_flag("--json", m_json, "As a JSON array");
     }
 
     [[nodiscard]] bool writes() const override { return false; }
@@ -285,15 +277,13 @@ private:
 class UndoSet final : public PlanCommand
 {
 public:
-    CLI::App *addTo(CLI::App &application) override
+    void describe(CLI::App &command) override
     {
-        CLI::App *command = application.add_subcommand(
-            "undo",
+        command.description(
             "Take back what was changed in one go, in all its titles, unless a field holds something else by "
             "now; of an undo, do it again");
-        command->add_option("ID", m_id, "The number that \"changesets\" shows; without it the latest");
-        addOutputOptions(*command);
-        return command;
+        command.add_option("ID", m_id, "The number that \"changesets\" shows; without it the latest");
+        addOutputOptions(command);
     }
 
 private:

@@ -53,31 +53,29 @@ Checked refusedFile(const QString &target, const Error &error)
 class Check final : public Command
 {
 public:
-    CLI::App *addTo(CLI::App &application) override
+    void describe(CLI::App &command) override
     {
-        CLI::App *command = application.add_subcommand(
-            "check",
+        command.description(
             "Judge titles, or PAD files from anywhere: a line for each error with field, element and "
             "message; the exit status is 1 when there are any");
         command
-            ->add_option("TITLE-or-FILE", m_targets,
-                         "A title, or else a file, which is only read; - is standard input")
+            .add_option("TITLE-or-FILE", m_targets,
+                        "A title, or else a file, which is only read; - is standard input")
             ->required();
-        CLI::Option *json = command->add_flag("--json", m_json, "As a JSON object, of one title or file");
-        command->add_flag("--explain", m_explains,
-                          "With what each error means and what would pass, and with advice");
+        CLI::Option *json = command.add_flag("--json", m_json, "As a JSON object, of one title or file");
+        command.add_flag("--explain", m_explains,
+                         "With what each error means and what would pass, and with advice");
         std::vector<std::string> names;
         for (const CheckFormat &format : checkFormats())
             names.emplace_back(format.name);
-        command->add_option("--format", m_format, "Errors and advice with their places, for tools")
+        command.add_option("--format", m_format, "Errors and advice with their places, for tools")
             ->check(CLI::IsMember(names))
             ->excludes(json);
-        command->add_option("--fail-on", m_failOn, "What makes the exit status 1; errors always do")
+        command.add_option("--fail-on", m_failOn, "What makes the exit status 1; errors always do")
             ->check(CLI::IsMember({"error", "warning"}))
             ->excludes(json);
-        command->add_option("--pack", m_packNames,
-                            "Further rules: the pack https, or a file; advice of theirs goes with the rest");
-        return command;
+        command.add_option("--pack", m_packNames,
+                           "Further rules: the pack https, or a file; advice of theirs goes with the rest");
     }
 
     [[nodiscard]] bool writes() const override

@@ -21,15 +21,16 @@ enum ExitStatus
 };
 
 /**
- * One command: its name, its help, its options and what it does stand together in one class.
+ * One command: its help, its options and what it does stand together in one class; its name stands in the
+ * list of all.
  */
 class Command
 {
 public:
     virtual ~Command() = default;
 
-    /// Adds the command to @p application with its options bound to this object's members.
-    virtual CLI::App *addTo(CLI::App &application) = 0;
+    /// Gives the parser's @p command its help, and its options, which are bound to this object's members.
+    virtual void describe(CLI::App &command) = 0;
 
     /// Whether the command may change what is stored, so that it needs the data folder for itself.
     [[nodiscard]] virtual bool writes() const = 0;

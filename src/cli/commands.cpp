@@ -16,21 +16,70 @@
 #include "cli/sites_command.h"
 #include "cli/submission_commands.h"
 
+#include <algorithm>
+
 namespace quillon::cli {
 
-std::vector<std::unique_ptr<Command>> commands()
+namespace {
+
+struct Row
 {
-    std::vector<std::unique_ptr<Command>> all;
-    for (const auto make :
-         {listCommand,         newCommand,      renameCommand,  deleteCommand,  exampleCommand,
-          deletedCommand,      undeleteCommand, forgetCommand,  importCommand,  exportCommand,
-          originalCommand,     showCommand,     setCommand,     historyCommand, restoreTextCommand,
-          restoreTitleCommand, fixCommand,      releaseCommand, changeCommand,  changeSetsCommand,
-          undoCommand,         checkCommand,    sitesCommand,   markCommand,    unmarkCommand,
-          ledgerCommand,       matrixCommand,   nextCommand,    formmapCommand, copyCommand,
-          backupCommand,       restoreCommand,  completeCommand})
-        all.push_back(make());
-    return all;
+    const char *name;
+    std::unique_ptr<Command> (*make)();
+    bool needsOthers = false; ///< It tells of all commands.
+};
+
+// In the order of the help.
+constexpr Row rows[] = {
+    {"list", listCommand},
+    {"new", newCommand},
+    {"rename", renameCommand},
+    {"delete", deleteCommand},
+    {"example", exampleCommand},
+    {"deleted", deletedCommand},
+    {"undelete", undeleteCommand},
+    {"forget", forgetCommand},
+    {"import", importCommand},
+    {"export", exportCommand},
+    {"original", originalCommand},
+    {"show", showCommand},
+    {"set", setCommand},
+    {"history", historyCommand},
+    {"restore-text", restoreTextCommand},
+    {"restore-title", restoreTitleCommand},
+    {"fix", fixCommand},
+    {"release", releaseCommand},
+    {"change", changeCommand},
+    {"changesets", changeSetsCommand},
+    {"undo", undoCommand},
+    {"check", checkCommand},
+    {"sites", sitesCommand},
+    {"mark", markCommand},
+    {"unmark", unmarkCommand},
+    {"ledger", ledgerCommand},
+    {"matrix", matrixCommand},
+    {"next", nextCommand},
+    {"formmap", formmapCommand},
+    {"copy", copyCommand},
+    {"backup", backupCommand},
+    {"restore", restoreCommand},
+    {"complete", completeCommand, true},
+};
+
+} // namespace
+
+std::vector<AddedCommand> addCommands(CLI::App &program, std::string_view word)
+{
+    const bool isOneEnough =
+        std::ranges::any_of(rows, [word](const Row &row) { return row.name == word && !row.needsOthers; });
+    std::vector<AddedCommand> added;
+    for (const Row &row : rows) {
+        if (isOneEnough && row.name != word)
+            continue;
+        added.push_back({.parser = program.add_subcommand(row.name), .command = row.make()});
+        added.back().command->describe(*added.back().parser);
+    }
+    return added;
 }
 
 } // namespace quillon::cli

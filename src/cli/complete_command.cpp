@@ -13,17 +13,16 @@ namespace {
 class Complete final : public Command
 {
 public:
-    CLI::App *addTo(CLI::App &application) override
+    void describe(CLI::App &command) override
     {
-        m_program = &application;
-        CLI::App *command = application.add_subcommand(
-            "complete", "For shells: what the last of WORD can become, each with a NUL behind it; the exit "
-                        "status is 1 where the name of a file can stand as well");
-        m_bash = command->add_option("--bash", m_wordBreaks,
-                                     "WORD is the whole line as it is written in bash, which replaces what "
-                                     "is behind the last of these characters");
-        command->add_option("WORD", m_words, "The words after \"quillon-cli\", the last perhaps empty");
-        return command;
+        m_program = command.get_parent();
+        command.description(
+            "For shells: what the last of WORD can become, each with a NUL behind it; the exit "
+            "status is 1 where the name of a file can stand as well");
+        m_bash = command.add_option("--bash", m_wordBreaks,
+                                    "WORD is the whole line as it is written in bash, which replaces what "
+                                    "is behind the last of these characters");
+        command.add_option("WORD", m_words, "The words after \"quillon-cli\", the last perhaps empty");
     }
 
     [[nodiscard]] bool writes() const override { return false; }

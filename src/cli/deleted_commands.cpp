@@ -45,12 +45,10 @@ Result<QList<Item>> itemsNamed(const QString &name)
 class Deleted final : public Command
 {
 public:
-    CLI::App *addTo(CLI::App &application) override
+    void describe(CLI::App &command) override
     {
-        CLI::App *command = application.add_subcommand(
-            "deleted", "The deleted titles and own sites that can be brought back, the newest first");
-        command->add_flag("--json", m_json, "As a JSON array");
-        return command;
+        command.description("The deleted titles and own sites that can be brought back, the newest first");
+        command.add_flag("--json", m_json, "As a JSON array");
     }
 
     [[nodiscard]] bool writes() const override { return false; }
@@ -82,14 +80,12 @@ private:
 class Undelete final : public Command
 {
 public:
-    CLI::App *addTo(CLI::App &application) override
+    void describe(CLI::App &command) override
     {
-        CLI::App *command = application.add_subcommand(
-            "undelete", "Bring back a deleted title, or else an own site; of several the newest");
-        command->add_option("NAME", m_name, "What it was called")->required();
-        m_as = command->add_option("--as", m_newName, "What it is to be called");
-        command->add_flag("--dry-run", m_dryRun, "Only show what would be brought back");
-        return command;
+        command.description("Bring back a deleted title, or else an own site; of several the newest");
+        command.add_option("NAME", m_name, "What it was called")->required();
+        m_as = command.add_option("--as", m_newName, "What it is to be called");
+        command.add_flag("--dry-run", m_dryRun, "Only show what would be brought back");
     }
 
     [[nodiscard]] bool writes() const override { return !m_dryRun; }
@@ -121,13 +117,11 @@ private:
 class Forget final : public Command
 {
 public:
-    CLI::App *addTo(CLI::App &application) override
+    void describe(CLI::App &command) override
     {
-        CLI::App *command = application.add_subcommand(
-            "forget", "Remove deleted titles and own sites of a name for good, without asking");
-        command->add_option("NAME", m_name, "What they were called")->required();
-        command->add_flag("--dry-run", m_dryRun, "Only show what would be forgotten");
-        return command;
+        command.description("Remove deleted titles and own sites of a name for good, without asking");
+        command.add_option("NAME", m_name, "What they were called")->required();
+        command.add_flag("--dry-run", m_dryRun, "Only show what would be forgotten");
     }
 
     [[nodiscard]] bool writes() const override { return !m_dryRun; }

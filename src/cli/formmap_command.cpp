@@ -16,14 +16,13 @@ namespace {
 class FormMap final : public Command
 {
 public:
-    CLI::App *addTo(CLI::App &application) override
+    void describe(CLI::App &command) override
     {
-        CLI::App *command = application.add_subcommand(
-            "formmap", "What was confirmed of the fields in a site's forms: value, time, signs of the field");
-        command->add_option("SITE", m_site, "The name of the site")->required();
-        auto *json = command->add_flag("--json", m_json, "As a JSON array");
-        command->add_flag("--forget", m_forget, "Forget all of it")->excludes(json);
-        return command;
+        command.description(
+            "What was confirmed of the fields in a site's forms: value, time, signs of the field");
+        command.add_option("SITE", m_site, "The name of the site")->required();
+        auto *json = command.add_flag("--json", m_json, "As a JSON array");
+        command.add_flag("--forget", m_forget, "Forget all of it")->excludes(json);
     }
 
     [[nodiscard]] bool writes() const override { return m_forget; }

@@ -40,14 +40,13 @@ QJsonObject json(const history::Row &row)
 class ShowHistory final : public Command
 {
 public:
-    CLI::App *addTo(CLI::App &application) override
+    void describe(CLI::App &command) override
     {
-        CLI::App *command = application.add_subcommand(
-            "history", "Earlier texts of a title, newest first: row, time, field, origin, before, after");
-        command->add_option("TITLE", m_title, "The title")->required();
-        command->add_option("FIELD", m_field, "Only this one: the name of a control or of a PAD element");
-        command->add_flag("--json", m_json, "As a JSON array");
-        return command;
+        command.description(
+            "Earlier texts of a title, newest first: row, time, field, origin, before, after");
+        command.add_option("TITLE", m_title, "The title")->required();
+        command.add_option("FIELD", m_field, "Only this one: the name of a control or of a PAD element");
+        command.add_flag("--json", m_json, "As a JSON array");
     }
 
     [[nodiscard]] bool writes() const override { return false; }
@@ -127,19 +126,16 @@ class RestoreRow final : public Command
 public:
     explicit RestoreRow(bool ofField) : m_isOfField(ofField) {}
 
-    CLI::App *addTo(CLI::App &application) override
+    void describe(CLI::App &command) override
     {
-        CLI::App *command =
-            m_isOfField ? application.add_subcommand("restore-text", "Bring back an earlier text of a field")
-                        : application.add_subcommand(
-                              "restore-title", "Bring back all fields as they were at a row of the history");
-        command->add_option("TITLE", m_title, "The title")->required();
+        command.description(m_isOfField ? "Bring back an earlier text of a field"
+                                        : "Bring back all fields as they were at a row of the history");
+        command.add_option("TITLE", m_title, "The title")->required();
         if (m_isOfField)
-            command->add_option("FIELD", m_field, "The name of a control or of a PAD element")->required();
-        command->add_option("--to", m_row, "The row of its history; 0 is the beginning")->required();
-        command->add_flag("--dry-run", m_dryRun, "Only tell what would change; nothing is written");
-        command->add_flag("--json", m_json, "As a JSON object");
-        return command;
+            command.add_option("FIELD", m_field, "The name of a control or of a PAD element")->required();
+        command.add_option("--to", m_row, "The row of its history; 0 is the beginning")->required();
+        command.add_flag("--dry-run", m_dryRun, "Only tell what would change; nothing is written");
+        command.add_flag("--json", m_json, "As a JSON object");
     }
 
     [[nodiscard]] bool writes() const override { return !m_dryRun; }

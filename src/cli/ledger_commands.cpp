@@ -52,20 +52,19 @@ QJsonObject json(const ledger::Entry &entry)
 class Ledger final : public Command
 {
 public:
-    CLI::App *addTo(CLI::App &application) override
+    void describe(CLI::App &command) override
     {
-        CLI::App *command = application.add_subcommand(
-            "ledger", "What was sent where and what became of it, oldest first: site, version, time, state, "
-                      "address, note; with STATE, note it");
-        command->add_option("TITLE", m_title, "The title")->required();
-        m_siteOption = command->add_option("SITE", m_site, "Only this one");
-        m_stateOption = command->add_option("STATE", m_state, "What became of it")
+        command.description(
+            "What was sent where and what became of it, oldest first: site, version, time, state, "
+            "address, note; with STATE, note it");
+        command.add_option("TITLE", m_title, "The title")->required();
+        m_siteOption = command.add_option("SITE", m_site, "Only this one");
+        m_stateOption = command.add_option("STATE", m_state, "What became of it")
                             ->check(CLI::IsMember({"sent", "listed", "refused", "gone"}));
-        m_url = command->add_option("--url", m_address, "The address of the listing")->needs(m_stateOption);
-        m_noteOption = command->add_option("--note", m_note, "A note of your own")->needs(m_stateOption);
-        command->add_flag("--dry-run", m_dryRun, "Only show what would be noted")->needs(m_stateOption);
-        command->add_flag("--json", m_json, "As JSON");
-        return command;
+        m_url = command.add_option("--url", m_address, "The address of the listing")->needs(m_stateOption);
+        m_noteOption = command.add_option("--note", m_note, "A note of your own")->needs(m_stateOption);
+        command.add_flag("--dry-run", m_dryRun, "Only show what would be noted")->needs(m_stateOption);
+        command.add_flag("--json", m_json, "As JSON");
     }
 
     [[nodiscard]] bool writes() const override { return *m_stateOption && !m_dryRun; }
@@ -145,14 +144,12 @@ QString verdict(const Matrix::Cell &cell)
 class ShowMatrix final : public Command
 {
 public:
-    CLI::App *addTo(CLI::App &application) override
+    void describe(CLI::App &command) override
     {
-        CLI::App *command = application.add_subcommand(
-            "matrix", "Which version of each title is on which site: title, its version, site, version "
-                      "there, current or stale, state");
-        command->add_flag("--stale", m_onlyStale, "Only what is to be brought up to date");
-        command->add_flag("--json", m_json, "As a JSON array");
-        return command;
+        command.description("Which version of each title is on which site: title, its version, site, version "
+                            "there, current or stale, state");
+        command.add_flag("--stale", m_onlyStale, "Only what is to be brought up to date");
+        command.add_flag("--json", m_json, "As a JSON array");
     }
 
     [[nodiscard]] bool writes() const override { return false; }
@@ -210,14 +207,13 @@ private:
 class Next final : public Command
 {
 public:
-    CLI::App *addTo(CLI::App &application) override
+    void describe(CLI::App &command) override
     {
-        CLI::App *command = application.add_subcommand(
-            "next", "The site at which a title is to be brought up to date next, with what has changed since "
-                    "it was sent there; the exit status is 1 when none is left");
-        command->add_option("TITLE", m_title, "The title")->required();
-        command->add_flag("--json", m_json, "As a JSON object");
-        return command;
+        command.description(
+            "The site at which a title is to be brought up to date next, with what has changed since "
+            "it was sent there; the exit status is 1 when none is left");
+        command.add_option("TITLE", m_title, "The title")->required();
+        command.add_flag("--json", m_json, "As a JSON object");
     }
 
     [[nodiscard]] bool writes() const override { return false; }

@@ -60,12 +60,11 @@ QStringList columns(const Title &title)
 class List final : public Command
 {
 public:
-    CLI::App *addTo(CLI::App &application) override
+    void describe(CLI::App &command) override
     {
-        CLI::App *command = application.add_subcommand(
-            "list", "The titles: name, version, release date, operating systems and state, a line each");
-        command->add_flag("--json", m_json, "As a JSON array");
-        return command;
+        command.description(
+            "The titles: name, version, release date, operating systems and state, a line each");
+        command.add_flag("--json", m_json, "As a JSON array");
     }
 
     [[nodiscard]] bool writes() const override { return false; }

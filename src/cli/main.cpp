@@ -40,6 +40,14 @@ QCoreApplication start(int &argc, char *argv[])
     return QCoreApplication(argc, argv);
 }
 
+/// The argument that stands where a command is named: first, or behind "--home DIR". Empty when there is
+/// none.
+std::string_view commandWord(int argc, char *argv[])
+{
+    const int at = argc > 1 && std::string_view(argv[1]) == "--home" ? 3 : 1;
+    return at < argc ? argv[at] : "";
+}
+
 /// The arguments in the order that the parser takes: the last one first. The parser would split an argument
 /// "[a,b]" in two; a NUL at its end keeps it whole, and cli::text() drops the NUL again.
 std::vector<std::string> arguments(int argc, char *argv[])
@@ -103,11 +111,7 @@ int main(int argc, char *argv[])
     std::string home = QDir::homePath().toStdString();
     program.add_option("--home", home, "Use this folder as the user's home folder")->type_name("DIR");
 
-    std::vector<std::pair<CLI::App *, std::unique_ptr<cli::Command>>> commands;
-    for (std::unique_ptr<cli::Command> &command : cli::commands()) {
-        CLI::App *subcommand = command->addTo(program);
-        commands.emplace_back(subcommand, std::move(command));
-    }
+    const std::vector<cli::AddedCommand> commands = cli::addCommands(program, commandWord(argc, argv));
     try {
         program.parse(arguments(argc, argv));
     } catch (const CLI::ParseError &error) {
@@ -119,8 +123,8 @@ int main(int argc, char *argv[])
         return cli::WrongUsage;
     }
     setDataFolder(QDir(cli::text(home)).absolutePath());
-    for (const auto &[subcommand, command] : commands) {
-        if (subcommand->parsed()) {
+    for (const auto &[parser, command] : commands) {
+        if (parser->parsed()) {
             const cli::ExitStatus status = run(*command);
             return cli::isPrinted() ? status : cli::FileFailed;
         }

@@ -27,13 +27,12 @@ bool isFree(const QString &name)
 class New final : public Command
 {
 public:
-    CLI::App *addTo(CLI::App &application) override
+    void describe(CLI::App &command) override
     {
-        CLI::App *command = application.add_subcommand("new", "Add a new software title");
-        command->add_option("NAME", m_name, "The title's name, kept as it is given")->required();
-        command->add_option("--like", m_like, "Take over company, author, contact and support of this title")
+        command.description("Add a new software title");
+        command.add_option("NAME", m_name, "The title's name, kept as it is given")->required();
+        command.add_option("--like", m_like, "Take over company, author, contact and support of this title")
             ->type_name("TITLE");
-        return command;
     }
 
     [[nodiscard]] bool writes() const override { return true; }
@@ -72,12 +71,10 @@ private:
 class Example final : public Command
 {
 public:
-    CLI::App *addTo(CLI::App &application) override
+    void describe(CLI::App &command) override
     {
-        CLI::App *command =
-            application.add_subcommand("example", "Add a complete title to try Quillon with, or remove it");
-        command->add_flag("--remove", m_removes, "Remove it");
-        return command;
+        command.description("Add a complete title to try Quillon with, or remove it");
+        command.add_flag("--remove", m_removes, "Remove it");
     }
 
     [[nodiscard]] bool writes() const override { return true; }
@@ -98,12 +95,11 @@ private:
 class Rename final : public Command
 {
 public:
-    CLI::App *addTo(CLI::App &application) override
+    void describe(CLI::App &command) override
     {
-        CLI::App *command = application.add_subcommand("rename", "Give a title another name");
-        command->add_option("OLD", m_old, "The title")->required();
-        command->add_option("NEW", m_new, "Its new name")->required();
-        return command;
+        command.description("Give a title another name");
+        command.add_option("OLD", m_old, "The title")->required();
+        command.add_option("NEW", m_new, "Its new name")->required();
     }
 
     [[nodiscard]] bool writes() const override { return true; }
@@ -123,12 +119,10 @@ private:
 class Delete final : public Command
 {
 public:
-    CLI::App *addTo(CLI::App &application) override
+    void describe(CLI::App &command) override
     {
-        CLI::App *command = application.add_subcommand(
-            "delete", "Delete a title, without asking; for 90 days \"undelete\" brings it back");
-        command->add_option("TITLE", m_title, "The title")->required();
-        return command;
+        command.description("Delete a title, without asking; for 90 days \"undelete\" brings it back");
+        command.add_option("TITLE", m_title, "The title")->required();
     }
 
     [[nodiscard]] bool writes() const override { return true; }

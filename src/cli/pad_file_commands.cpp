@@ -15,13 +15,12 @@ using title_operations::Import;
 class ImportFile final : public Command
 {
 public:
-    CLI::App *addTo(CLI::App &application) override
+    void describe(CLI::App &command) override
     {
-        CLI::App *command = application.add_subcommand(
-            "import", "Add a title from a PAD file; what of it will not be kept is told on standard error");
-        command->add_option("FILE", m_file, "The PAD file")->required();
-        m_as = command->add_option("--as", m_name, "The title's name, instead of the file's program name");
-        return command;
+        command.description(
+            "Add a title from a PAD file; what of it will not be kept is told on standard error");
+        command.add_option("FILE", m_file, "The PAD file")->required();
+        m_as = command.add_option("--as", m_name, "The title's name, instead of the file's program name");
     }
 
     [[nodiscard]] bool writes() const override { return true; }
@@ -54,22 +53,19 @@ class ExportFile final : public Command
 public:
     explicit ExportFile(Export content) : m_content(content) {}
 
-    CLI::App *addTo(CLI::App &application) override
+    void describe(CLI::App &command) override
     {
         const bool isOriginal = m_content == Export::Original;
-        CLI::App *command = application.add_subcommand(
-            isOriginal ? "original" : "export",
-            isOriginal ? "Write the file that a title was imported from, byte for byte"
-                       : "Write a title's PAD file as it is stored");
-        command->add_option("TITLE", m_title, "The title")->required();
+        command.description(isOriginal ? "Write the file that a title was imported from, byte for byte"
+                                       : "Write a title's PAD file as it is stored");
+        command.add_option("TITLE", m_title, "The title")->required();
         if (!isOriginal)
-            command->add_flag(
+            command.add_flag(
                 "--merged", m_merged,
                 "Lay what was changed over the file that the title was imported from, so that all "
                 "else of it stays as it was");
-        command->add_option("FILE", m_file, "Where to; an existing file is replaced. -: standard output")
+        command.add_option("FILE", m_file, "Where to; an existing file is replaced. -: standard output")
             ->required();
-        return command;
     }
 
     [[nodiscard]] bool writes() const override { return false; }

@@ -32,20 +32,18 @@ void enter(Editor &editor, const FieldAssignment &assignment, bool leave)
 class Set final : public Command
 {
 public:
-    CLI::App *addTo(CLI::App &application) override
+    void describe(CLI::App &command) override
     {
-        CLI::App *command = application.add_subcommand(
-            "set", "Change fields of a title as if they were typed into the editor, and store them");
-        command->add_option("TITLE", m_title, "The title")->required();
+        command.description("Change fields of a title as if they were typed into the editor, and store them");
+        command.add_option("TITLE", m_title, "The title")->required();
         command
-            ->add_option(
+            .add_option(
                 "FIELD=VALUE", m_assignments,
                 "FIELD is the name of a control or of a PAD element; a check list takes names joined by "
                 "commas, the check box Y or N")
             ->required();
-        command->add_flag("--typing", m_typing, "Without leaving the field");
-        command->add_flag("--json", m_json, "Show the title afterwards, as a JSON object");
-        return command;
+        command.add_flag("--typing", m_typing, "Without leaving the field");
+        command.add_flag("--json", m_json, "Show the title afterwards, as a JSON object");
     }
 
     [[nodiscard]] bool writes() const override { return true; }

@@ -11,14 +11,12 @@ namespace {
 class Show final : public Command
 {
 public:
-    CLI::App *addTo(CLI::App &application) override
+    void describe(CLI::App &command) override
     {
-        CLI::App *command = application.add_subcommand(
-            "show", "The fields of a title: values and hints, an \"!\" before what breaks a rule");
-        command->add_option("TITLE", m_title, "The title")->required();
-        command->add_option("FIELD", m_fields, "Only these: the name of a control or of a PAD element");
-        command->add_flag("--json", m_json, "As a JSON object");
-        return command;
+        command.description("The fields of a title: values and hints, an \"!\" before what breaks a rule");
+        command.add_option("TITLE", m_title, "The title")->required();
+        command.add_option("FIELD", m_fields, "Only these: the name of a control or of a PAD element");
+        command.add_flag("--json", m_json, "As a JSON object");
     }
 
     [[nodiscard]] bool writes() const override { return true; } // The title is checked, and the check stores.

@@ -58,30 +58,29 @@ bool canBeRestored(const QStringList &names)
 class Sites final : public Command
 {
 public:
-    CLI::App *addTo(CLI::App &application) override
+    void describe(CLI::App &command) override
     {
-        CLI::App *command = application.add_subcommand("sites", "The sites that titles can be submitted to");
-        m_for = command->add_option("--for", m_title,
-                                    "In the submission window's order, with this title's state for each");
-        command->add_flag("--health", m_health, "What is known of sites, and what was last found there")
+        command.description("The sites that titles can be submitted to");
+        m_for = command.add_option("--for", m_title,
+                                   "In the submission window's order, with this title's state for each");
+        command.add_flag("--health", m_health, "What is known of sites, and what was last found there")
             ->excludes(m_for);
-        command->add_flag("--json", m_json, "As JSON");
-        m_notes.addTo(*command);
+        command.add_flag("--json", m_json, "As JSON");
+        m_notes.addTo(command);
 
-        m_add = command->add_subcommand("add", "Add a site of your own");
+        m_add = command.add_subcommand("add", "Add a site of your own");
         m_add->add_option("NAME", m_name)->required();
         m_add->add_option("URL", m_url)->required();
         m_edit =
-            command->add_subcommand("edit", "Give a site another name and address; marks follow the name");
+            command.add_subcommand("edit", "Give a site another name and address; marks follow the name");
         m_edit->add_option("NAME", m_name)->required();
         m_edit->add_option("NEWNAME", m_newName)->required();
         m_edit->add_option("NEWURL", m_url)->required();
-        m_remove = command->add_subcommand("remove", "Remove sites; only default sites can be restored");
+        m_remove = command.add_subcommand("remove", "Remove sites; only default sites can be restored");
         m_remove->add_option("NAME", m_names)->required();
-        m_restore = command->add_subcommand("restore", "Bring removed default sites back");
+        m_restore = command.add_subcommand("restore", "Bring removed default sites back");
         m_restore->add_option("NAME", m_names)->required();
-        command->require_subcommand(0, 1);
-        return command;
+        command.require_subcommand(0, 1);
     }
 
     [[nodiscard]] bool writes() const override { return *m_for || changes() || m_notes.writes(); }

@@ -18,17 +18,13 @@ class Mark final : public Command
 public:
     using Change = Result<> (*)(const QString &site);
 
-    Mark(const char *name, const char *help, Change change)
-        : m_commandName(name), m_help(help), m_change(change)
-    {
-    }
+    Mark(const char *help, Change change) : m_help(help), m_change(change) {}
 
-    CLI::App *addTo(CLI::App &application) override
+    void describe(CLI::App &command) override
     {
-        CLI::App *command = application.add_subcommand(m_commandName, m_help);
-        command->add_option("TITLE", m_title, "The title")->required();
-        command->add_option("SITE", m_site, "The site")->required();
-        return command;
+        command.description(m_help);
+        command.add_option("TITLE", m_title, "The title")->required();
+        command.add_option("SITE", m_site, "The site")->required();
     }
 
     [[nodiscard]] bool writes() const override { return true; }
@@ -52,7 +48,6 @@ public:
     }
 
 private:
-    const char *m_commandName;
     const char *m_help;
     Change m_change;
     std::string m_title;
@@ -62,13 +57,11 @@ private:
 class Copy final : public Command
 {
 public:
-    CLI::App *addTo(CLI::App &application) override
+    void describe(CLI::App &command) override
     {
-        CLI::App *command = application.add_subcommand(
-            "copy", "The text that a button of the field copy panel would paste, without a line end");
-        command->add_option("TITLE", m_title, "The title")->required();
-        command->add_option("BUTTON", m_button, "The button's action, such as companyName")->required();
-        return command;
+        command.description("The text that a button of the field copy panel would paste, without a line end");
+        command.add_option("TITLE", m_title, "The title")->required();
+        command.add_option("BUTTON", m_button, "The button's action, such as companyName")->required();
     }
 
     [[nodiscard]] bool writes() const override { return true; } // The title is checked, and the check stores.
@@ -104,14 +97,13 @@ private:
 
 std::unique_ptr<Command> markCommand()
 {
-    return std::make_unique<Mark>("mark", "Mark a title as submitted to a site, at its present version",
+    return std::make_unique<Mark>("Mark a title as submitted to a site, at its present version",
                                   &submission_marks::markSubmitted);
 }
 
 std::unique_ptr<Command> unmarkCommand()
 {
-    return std::make_unique<Mark>("unmark", "Take the mark of a site away from a title",
-                                  &submission_marks::removeMark);
+    return std::make_unique<Mark>("Take the mark of a site away from a title", &submission_marks::removeMark);
 }
 
 std::unique_ptr<Command> copyCommand()
