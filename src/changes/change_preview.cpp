@@ -17,7 +17,7 @@ constexpr qint64 sliceLength = 15;
 
 QString counted(qsizetype count, const QString &one, const QString &many)
 {
-    return count == 1 ? u"1 %1"_s.arg(one) : u"%1 %2"_s.arg(count).arg(many);
+    return count == 1 ? u"1 %1"_s.arg(one) : u"%L1 %2"_s.arg(count).arg(many);
 }
 
 QString outcomeText(const ChangePreview::Row &row, bool isWaiting)
@@ -30,9 +30,9 @@ QString outcomeText(const ChangePreview::Row &row, bool isWaiting)
     QStringList parts = {plan.changes.isEmpty() ? u"no changes"_s
                                                 : counted(plan.changes.size(), u"change"_s, u"changes"_s)};
     if (const size_t going = plan.judgement.vanishing.size())
-        parts.append(going == 1 ? u"1 error goes"_s : u"%1 errors go"_s.arg(going));
+        parts.append(going == 1 ? u"1 error goes"_s : u"%L1 errors go"_s.arg(going));
     if (const size_t coming = plan.judgement.appearing.size())
-        parts.append(coming == 1 ? u"1 error comes"_s : u"%1 errors come"_s.arg(coming));
+        parts.append(coming == 1 ? u"1 error comes"_s : u"%L1 errors come"_s.arg(coming));
     if (!plan.notes.isEmpty())
         parts.append(counted(plan.notes.size(), u"note"_s, u"notes"_s));
     return parts.join(u", "_s);

@@ -2,6 +2,7 @@
 
 #include "changes/marked_text_view.h"
 #include "changes/plan_form.h"
+#include "widgets/announcement.h"
 #include "widgets/row_table.h"
 
 #include <QBoxLayout>
@@ -219,7 +220,7 @@ void ChangePreviewWindow::showButtons()
     const bool isReady = !m_preview->isPlanning() && !m_pause.isActive();
     m_apply->setText(count == 0   ? u"Appl&y"_s
                      : count == 1 ? u"Appl&y to 1 Title"_s
-                                  : u"Appl&y to %1 Titles"_s.arg(count));
+                                  : u"Appl&y to %L1 Titles"_s.arg(count));
     m_apply->setEnabled(isReady && count > 0 && !m_preview->isApplied());
     m_undo->setVisible(m_preview->isApplied());
     m_form->setEnabled(!m_preview->isApplied());
@@ -232,6 +233,7 @@ void ChangePreviewWindow::stop()
     m_preview->stop();
     m_keepsOutcome = true;
     m_outcome->setText(u"Not all titles were looked at."_s);
+    announce(*this, m_outcome->text());
 }
 
 void ChangePreviewWindow::apply()
@@ -267,6 +269,7 @@ void ChangePreviewWindow::tell(const QString &sentence)
 {
     m_keepsOutcome = true;
     m_outcome->setText(sentence);
+    announce(*this, sentence);
     showButtons();
     Q_EMIT applied();
 }

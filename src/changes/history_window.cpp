@@ -7,6 +7,7 @@
 #include "editor/editor_layout.h"
 #include "platform/plain_text.h"
 #include "store/process_state.h"
+#include "widgets/announcement.h"
 #include "widgets/row_table.h"
 
 #include <QBoxLayout>
@@ -157,17 +158,22 @@ void HistoryWindow::restoreTitle()
         apply(restoring::plan(m_title, m_editor.form(), row->number, std::nullopt));
 }
 
+void HistoryWindow::tell(const QString &sentence)
+{
+    m_outcome->setText(sentence);
+    announce(*this, sentence);
+}
+
 void HistoryWindow::apply(const Result<ChangeSet> &set)
 {
     const auto fields = set && mwqnSelSW == m_title ? m_edits.apply(*set)
                         : set                       ? Error{.reason = u"another title is open"_s}
                                                     : Result<QList<FieldId>>(set.error());
     if (!fields)
-        return m_outcome->setText(u"Nothing was changed: %1"_s.arg(fields.error().reason));
-    m_outcome->setText(fields->isEmpty() ? u"The title is as it was then."_s
-                       : fields->size() == 1
-                           ? u"1 field was restored. Undo takes that back."_s
-                           : u"%1 fields were restored. Undo takes that back."_s.arg(fields->size()));
+        return tell(u"Nothing was changed: %1"_s.arg(fields.error().reason));
+    tell(fields->isEmpty()     ? u"The title is as it was then."_s
+         : fields->size() == 1 ? u"1 field was restored. Undo takes that back."_s
+                               : u"%L1 fields were restored. Undo takes that back."_s.arg(fields->size()));
     Q_EMIT restored(*fields);
 }
 

@@ -38,6 +38,7 @@ private:
     [[nodiscard]] const history::Row *moment() const;
     void restoreField(const QString &text);
     void restoreTitle();
+    void tell(const QString &sentence);
     void apply(const Result<ChangeSet> &set);
 
     Editor &m_editor;

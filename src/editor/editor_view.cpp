@@ -12,6 +12,7 @@
 #include "editor/unreadable_file_bar.h"
 #include "platform/plain_text.h"
 #include "platform/settings.h"
+#include "widgets/announcement.h"
 #include "widgets/validation_palette.h"
 
 #include <QBoxLayout>
@@ -25,6 +26,7 @@
 #include <QTabWidget>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace quillon {
 
@@ -92,6 +94,10 @@ EditorView::EditorView(Editor &editor, QWidget *parent)
     connect(&editor, &Editor::checked, this, &EditorView::showErrorCounts);
     connect(&editor, &Editor::checked, this, &EditorView::showErrors);
     connect(&editor, &Editor::formLoaded, this, &EditorView::enablePages);
+    m_pause.setSingleShot(true);
+    m_pause.setInterval(2s);
+    connect(&editor, &Editor::checked, &m_pause, qOverload<>(&QTimer::start));
+    connect(&m_pause, &QTimer::timeout, this, &EditorView::tellErrors);
     enablePages();
     showErrorCounts();
 }
@@ -290,7 +296,7 @@ void EditorView::showErrorCounts()
         m_editorTabs->setTabIcon(int(page), count == 0 ? QIcon() : errorBadge(count, *this));
         m_editorTabs->setTabToolTip(int(page), count == 0   ? QString()
                                                : count == 1 ? u"1 error on this page"_s
-                                                            : u"%1 errors on this page"_s.arg(count));
+                                                            : u"%L1 errors on this page"_s.arg(count));
     }
 }
 
@@ -305,6 +311,19 @@ void EditorView::showErrors()
         each.value()->setAccessibleDescription(description);
         each.value()->setToolTip(plainToolTip(message));
     }
+}
+
+void EditorView::tellErrors()
+{
+    if (!isVisible() || m_editor.errors() == m_told)
+        return;
+    m_told = m_editor.errors();
+    const size_t count = m_told.size();
+    const auto field = focusedText();
+    announce(*this, (field ? m_editor.errorMessage(*field) + u' ' : QString()) +
+                        (count == 0   ? tr("No errors in the PAD file.")
+                         : count == 1 ? tr("1 error in the PAD file.")
+                                      : tr("%L1 errors in the PAD file.").arg(count)));
 }
 
 void EditorView::describe(FieldId field)

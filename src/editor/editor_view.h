@@ -1,8 +1,10 @@
 #pragma once
 
 #include "editor/editor_pages.h"
+#include "platform/string_dictionary.h"
 
 #include <QHash>
+#include <QTimer>
 #include <QWidget>
 
 #include <optional>
@@ -67,6 +69,8 @@ private:
     void enablePages();
     void showErrorCounts();
     void showErrors();
+    /// Has a screen reader say what has become of the errors since the last time.
+    void tellErrors();
     /// Has a screen reader read what the tool tip of @p field says.
     void describe(FieldId field);
     /// Shows the page of the last run. Not before somebody listens to tabSelected(): at the first showing.
@@ -79,6 +83,8 @@ private:
     QHash<FieldId, QWidget *> m_widgets;
     bool m_revealing = false; ///< The page changes for a field that gets the focus by itself.
     bool m_isPageRestored = false;
+    QTimer m_pause;          ///< Ends some time after the last keystroke.
+    StringDictionary m_told; ///< The errors that a screen reader has spoken of.
 };
 
 } // namespace quillon

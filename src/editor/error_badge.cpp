@@ -1,5 +1,6 @@
 #include "editor/error_badge.h"
 
+#include <QLocale>
 #include <QPainter>
 #include <QWidget>
 
@@ -8,7 +9,7 @@ namespace quillon {
 QIcon errorBadge(int count, const QWidget &widget)
 {
     const int height = widget.fontMetrics().height();
-    const QString text = QString::number(count);
+    const QString text = QLocale().toString(count);
     const QSize size(qMax(height, widget.fontMetrics().horizontalAdvance(text) + height / 2), height);
     QPixmap pixmap(size * widget.devicePixelRatioF());
     pixmap.setDevicePixelRatio(widget.devicePixelRatioF());

@@ -1,6 +1,7 @@
 #include "editor/unreadable_file_bar.h"
 
 #include "editor/editor.h"
+#include "widgets/announcement.h"
 
 #include <QBoxLayout>
 #include <QLabel>
@@ -28,9 +29,15 @@ UnreadableFileBar::UnreadableFileBar(Editor &editor, QWidget *parent)
 
 void UnreadableFileBar::showState()
 {
-    setVisible(!m_editor.loaded());
     if (!m_editor.loaded())
         m_text->setText(u"The PAD file cannot be read: %1."_s.arg(m_editor.loaded().error().reason));
+    setVisible(!m_editor.loaded());
+}
+
+void UnreadableFileBar::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    announce(*this, m_text->text());
 }
 
 void UnreadableFileBar::readAgain()

@@ -16,6 +16,9 @@ class UnreadableFileBar : public QWidget
 public:
     UnreadableFileBar(Editor &editor, QWidget *parent);
 
+protected:
+    void showEvent(QShowEvent *event) override;
+
 private:
     void showState();
     void readAgain();

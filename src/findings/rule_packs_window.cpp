@@ -1,6 +1,7 @@
 #include "findings/rule_packs_window.h"
 
 #include "findings/chosen_packs.h"
+#include "widgets/announcement.h"
 #include "widgets/button_box.h"
 
 #include <QBoxLayout>
@@ -72,6 +73,7 @@ void RulePacksWindow::add(const QString &path)
 {
     const Result<RulePack> pack = rule_packs::load(path);
     m_outcome->setText(pack ? QString() : u"%1 is not added (%2)."_s.arg(path, pack.error().reason));
+    announce(*this, m_outcome->text());
     if (!pack)
         return;
     addRow(path, path, true);

@@ -3,6 +3,8 @@
 #include "platform/natural_order.h"
 #include "platform/plain_text.h"
 
+#include <QLocale>
+
 #include <algorithm>
 #include <limits>
 
@@ -148,7 +150,7 @@ QString MatrixTable::textAt(const QModelIndex &index) const
     if (index.column() == Version)
         return row.version;
     if (index.column() == StaleCount)
-        return QString::number(row.staleCount);
+        return QLocale().toString(row.staleCount);
     const Matrix::Cell *there = cell(index);
     return there ? there->text : QString();
 }

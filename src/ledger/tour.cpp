@@ -156,12 +156,12 @@ Result<> Tour::answer(const QString &site, tours::Answer answer)
     return noted;
 }
 
-QString tourLine(const Tour &tour, const Result<Tour::Stop> &stop, bool isAtSite)
+QString tourLine(const Tour &tour, const Result<Tour::Stop> &stop, bool isAtSite, const QLocale &locale)
 {
     const QString place = u"%1 of %2 to bring up to date: "_s;
     if (!stop)
         return u"What is to be brought up to date is not known. "_s + failureLine(stop.error());
-    QString line = place.arg(tour.number(stop->site)).arg(tour.total());
+    QString line = place.arg(locale.toString(tour.number(stop->site)), locale.toString(tour.total()));
     line += isAtSite ? u"has "_s : stop->site + u" has "_s;
     line += stop->version.isEmpty() ? u"no known version"_s : stop->version;
     if (!stop->changed)

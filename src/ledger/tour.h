@@ -4,6 +4,8 @@
 #include "ledger/standing.h"
 #include "pad/field_catalogue.h"
 
+#include <QLocale>
+
 namespace quillon {
 
 /**
@@ -63,6 +65,7 @@ private:
 
 /// "4 of 11 to bring up to date: Softpedia has 1.3; since then changed: version, size". The site's name is
 /// left out where @p isAtSite says that the author sees it.
-QString tourLine(const Tour &tour, const Result<Tour::Stop> &stop, bool isAtSite);
+QString tourLine(const Tour &tour, const Result<Tour::Stop> &stop, bool isAtSite,
+                 const QLocale &locale = QLocale::c());
 
 } // namespace quillon

@@ -23,16 +23,16 @@ QString informativeText(const ImportReport &report)
     QStringList sentences;
     if (!report.failures.isEmpty())
         sentences += counted(report.failures.size(), u"1 file could not be imported."_s,
-                             u"%1 files could not be imported."_s);
+                             u"%L1 files could not be imported."_s);
     if (report.unnamed > 0)
         sentences += counted(report.unnamed, u"1 file needs another name, which you will be asked for."_s,
-                             u"%1 files need other names, which you will be asked for."_s);
+                             u"%L1 files need other names, which you will be asked for."_s);
     if (report.lossy > 0 && report.total == 1)
         sentences += u"Some of what the file holds will be lost as soon as you select the title."_s;
     else if (report.lossy > 0)
         sentences +=
             counted(report.lossy, u"Of 1 file, something will be lost as soon as you select its title."_s,
-                    u"Of %1 files, something will be lost as soon as you select their titles."_s);
+                    u"Of %L1 files, something will be lost as soon as you select their titles."_s);
     if (!report.failures.isEmpty() || report.lossy > 0)
         sentences += u"The details list it."_s;
     if (report.kept > 0 && report.kept == report.lossy)
@@ -67,7 +67,7 @@ Alert ImportReport::alert() const
     if (total == 1 && !failures.isEmpty())
         return {.message = failures.first().text};
     const QString message = failures.isEmpty() ? title_operations::importSucceeded
-                                               : u"%1 of %2 files were imported"_s.arg(imported).arg(total);
+                                               : u"%L1 of %L2 files were imported"_s.arg(imported).arg(total);
     return {.message = message, .informativeText = informativeText(*this), .details = details(*this)};
 }
 

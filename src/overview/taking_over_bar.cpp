@@ -4,6 +4,7 @@
 #include "editor/editor.h"
 #include "overview/taking_over.h"
 #include "store/process_state.h"
+#include "widgets/announcement.h"
 
 #include <QBoxLayout>
 #include <QLabel>
@@ -46,6 +47,12 @@ void TakingOverBar::offer()
                             .arg(m_from->title));
 }
 
+void TakingOverBar::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    announce(*this, m_text->text());
+}
+
 void TakingOverBar::hideWhenFilled()
 {
     if (isVisibleTo(parentWidget()) && !taking_over::isBare(change_sets::valuesOf(m_editor.form())))
@@ -58,8 +65,10 @@ void TakingOverBar::takeOver()
     const auto changes = taking_over::changes(change_sets::valuesOf(m_editor.form()), *m_from);
     const auto applied = m_edits.apply(
         ChangeSet{.origin = history::origin::bulk, .label = taking_over::label(*m_from), .changes = changes});
-    if (!applied)
-        m_text->setText(tr("Nothing was changed: %1").arg(applied.error().reason));
+    if (applied)
+        return;
+    m_text->setText(tr("Nothing was changed: %1").arg(applied.error().reason));
+    announce(*this, m_text->text());
 }
 
 } // namespace quillon

@@ -21,6 +21,9 @@ public:
     /// Both must outlive it.
     TakingOverBar(Editor &editor, EditHistory &edits, QWidget *parent = nullptr);
 
+protected:
+    void showEvent(QShowEvent *event) override;
+
 private:
     void offer();
     void hideWhenFilled();

@@ -112,7 +112,7 @@ void TitleDetailsView::showErrors()
         item->setData(Qt::UserRole, key);
     }
     m_errorsCaption->setText(errors.empty() ? u"&Errors in the PAD file"_s
-                                            : u"&Errors in the PAD file (%1)"_s.arg(errors.size()));
+                                            : u"&Errors in the PAD file (%L1)"_s.arg(errors.size()));
     explain();
 }
 

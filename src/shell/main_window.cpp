@@ -19,6 +19,7 @@
 #include "shell/main_window_commands.h"
 #include "store/process_state.h"
 #include "store/storage_status.h"
+#include "widgets/announcement.h"
 #include "widgets/failed_writes_label.h"
 
 #include <QAction>
@@ -226,9 +227,11 @@ void MainWindow::openMatrix()
 void MainWindow::showChanged(const Result<QList<FieldId>> &fields)
 {
     static constexpr int milliseconds = 10000;
-    if (!fields)
-        return statusBar()->showMessage(u"Nothing was changed: %1"_s.arg(fields.error().reason),
-                                        milliseconds);
+    if (!fields) {
+        const QString sentence = u"Nothing was changed: %1"_s.arg(fields.error().reason);
+        statusBar()->showMessage(sentence, milliseconds);
+        return announce(*statusBar(), sentence);
+    }
     for (const FieldId field : *fields) {
         if (padField(field).kind != FieldKind::Computed)
             return editView().revealField(field);

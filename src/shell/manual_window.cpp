@@ -205,7 +205,7 @@ void ManualWindow::showHits(const QString &words)
 {
     const QList<ManualHit> hits = m_manual.find(words);
     m_list->setAccessibleName(hits.size() == 1 ? tr("Found in one place")
-                                               : tr("Found in %1 places").arg(hits.size()));
+                                               : tr("Found in %L1 places").arg(hits.size()));
     for (const ManualHit &hit : hits) {
         const ManualSection &section = hit.section;
         m_list->addTopLevelItem(

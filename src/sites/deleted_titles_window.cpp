@@ -37,7 +37,7 @@ DeletedTitlesWindow::DeletedTitlesWindow(DeletedTitles &deleted, QWidget *parent
     m_table->setColumnWidth(DeletedTitles::What, whatWidth);
     m_table->horizontalHeader()->setStretchLastSection(true);
     auto *caption = new QLabel(
-        u"&Titles and own sites that you deleted in the last %1 days:"_s.arg(deleted_items::keptDays));
+        u"&Titles and own sites that you deleted in the last %L1 days:"_s.arg(deleted_items::keptDays));
     caption->setBuddy(m_table);
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(caption);

@@ -25,7 +25,7 @@ ActivityIndicator::ActivityIndicator(QWidget *parent) : QWidget(parent)
 
 void ActivityIndicator::setValue(double value)
 {
-    const QString percent = u"%1 %"_s.arg(qRound(value * 100));
+    const QString percent = u"%L1 %"_s.arg(qRound(value * 100));
     if (percent == accessibleDescription())
         return;
     setAccessibleDescription(percent);

@@ -51,7 +51,7 @@ QString summaryOf(const PageForm &form, qsizetype sure, qsizetype proposed)
     if (form.fields.isEmpty())
         return u"The page has no empty field that can be filled here."_s;
     QString text =
-        u"Empty fields of the page: %1; with a proposal: %2; sure, and ticked: %3. Only what is ticked is "
+        u"Empty fields of the page: %L1; with a proposal: %L2; sure, and ticked: %L3. Only what is ticked is "
         "typed; nothing is sent."_s.arg(form.fields.size())
             .arg(proposed)
             .arg(sure);
@@ -199,7 +199,7 @@ void FormFilling::finish()
 {
     m_step = Step::Done;
     remember();
-    m_summary = u"%1 of %2 fields were filled. Look at the page before you send it."_s
+    m_summary = u"%L1 of %L2 fields were filled. Look at the page before you send it."_s
                     .arg(std::ranges::count(m_rows, true, &Row::isTyped))
                     .arg(tickedRows());
     Q_EMIT filled();

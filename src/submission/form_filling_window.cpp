@@ -1,6 +1,7 @@
 #include "submission/form_filling_window.h"
 
 #include "platform/plain_text.h"
+#include "widgets/announcement.h"
 #include "widgets/row_table.h"
 
 #include <QBoxLayout>
@@ -98,9 +99,15 @@ int FormFillingWindow::currentRow() const
     return m_table->currentIndex().isValid() ? m_table->currentIndex().row() : -1;
 }
 
-void FormFillingWindow::showLook()
+void FormFillingWindow::showSummary()
 {
     m_summary->setText(m_filling->summary());
+    announce(*this, m_filling->summary());
+}
+
+void FormFillingWindow::showLook()
+{
+    showSummary();
     m_table->setColumnHidden(FormFilling::Outcome, true);
     if (m_filling->rowCount() > 0)
         m_table->setCurrentIndex(m_filling->index(0, FormFilling::Field));
@@ -110,7 +117,7 @@ void FormFillingWindow::showLook()
 
 void FormFillingWindow::showResult()
 {
-    m_summary->setText(m_filling->summary());
+    showSummary();
     m_table->setColumnHidden(FormFilling::Why, true);
     showStates();
     m_close->setDefault(true);

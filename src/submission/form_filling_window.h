@@ -22,6 +22,7 @@ public:
 private:
     QWidget *newChoice();
     QWidget *newButtons();
+    void showSummary();
     void showLook();
     void showResult();
     void showRow();

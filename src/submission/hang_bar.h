@@ -2,6 +2,8 @@
 
 #include <QFrame>
 
+class QLabel;
+
 namespace quillon {
 
 /// Says above a page that it does not answer, and offers to end it.
@@ -11,8 +13,14 @@ class HangBar : public QFrame
 public:
     explicit HangBar(QWidget *parent = nullptr);
 
+protected:
+    void showEvent(QShowEvent *event) override;
+
 Q_SIGNALS:
     void endRequested();
+
+private:
+    QLabel *m_text;
 };
 
 } // namespace quillon

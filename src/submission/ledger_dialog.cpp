@@ -3,6 +3,7 @@
 #include "ledger/ledger_editing.h"
 #include "platform/plain_text.h"
 #include "store/storage_status.h"
+#include "widgets/announcement.h"
 #include "widgets/row_table.h"
 
 #include <QComboBox>
@@ -128,6 +129,7 @@ void LedgerDialog::store()
     const Result<> done = entry ? ledger_editing::store(m_ofTitle, *entry) : Result<>(entry.error());
     if (!done) {
         m_outcome->setText(outcomeOf(done.error()));
+        announce(*this, m_outcome->text());
         return;
     }
     Q_EMIT stored();

@@ -3,6 +3,7 @@
 #include "submission/activity_indicator.h"
 #include "submission/page_load.h"
 #include "submission/prog_view.h"
+#include "widgets/announcement.h"
 #include "widgets/elided_label.h"
 
 #include <QHBoxLayout>
@@ -42,6 +43,7 @@ LoadStatusRow::LoadStatusRow(PageLoad &load, QWidget *parent)
 void LoadStatusRow::showNotice(const QString &text)
 {
     m_notice->setText(text);
+    announce(*m_notice, text);
 }
 
 void LoadStatusRow::showWarning(const QString &text)

@@ -2,6 +2,7 @@
 
 #include "submission/submit_control.h"
 #include "widgets/action_button.h"
+#include "widgets/announcement.h"
 #include "widgets/command_set.h"
 #include "widgets/elided_label.h"
 
@@ -48,8 +49,12 @@ MarkRow::MarkRow(SubmitControl &control, const CommandSet &commands, QWidget *pa
 void MarkRow::showTexts()
 {
     m_submittingToField->setText(m_control.sites().submittingToField());
-    m_hindrance->setText(m_control.hindrance());
-    m_hindrance->setVisible(!m_hindrance->text().isEmpty());
+    const QString hindrance = m_control.hindrance();
+    const bool isNew = hindrance != m_hindrance->text();
+    m_hindrance->setText(hindrance);
+    m_hindrance->setVisible(!hindrance.isEmpty());
+    if (isNew)
+        announce(*this, hindrance);
 }
 
 } // namespace quillon

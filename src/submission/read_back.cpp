@@ -99,7 +99,7 @@ QString readBackNotice(const FieldReading &reading, const QString &text)
     if (reading.after.isEmpty())
         return u"The field has not taken the value: it is empty."_s;
     if (const auto size = taken(reading, text))
-        return u"The field has taken %1 of %2 characters, and now holds “%3”."_s.arg(*size)
+        return u"The field has taken %L1 of %L2 characters, and now holds “%3”."_s.arg(*size)
             .arg(text.size())
             .arg(shown(reading.after));
     return u"The field now holds “%1”."_s.arg(shown(reading.after));

@@ -3,6 +3,7 @@
 #include "journal/journal.h"
 #include "platform/plain_text.h"
 #include "store/storage_status.h"
+#include "widgets/announcement.h"
 
 #include <QCheckBox>
 #include <QDateTime>
@@ -122,6 +123,7 @@ void SiteNotesDialog::store()
         [this, &notes](Database &database) { return site_knowledge::keepNotes(database, m_site, notes); });
     if (!kept) {
         m_outcome->setText(failureLine(kept.error()));
+        announce(*this, m_outcome->text());
         return;
     }
     Q_EMIT stored();

@@ -129,9 +129,10 @@ void SitesDrawer::showCount()
 {
     const SubmissionSites &sites = m_control.sites();
     const auto submitted = sites.submittedToArraySTR().count(u"1"_s);
-    m_count->setText(sites.submittedToArray().isEmpty()
-                         ? u"%1 sites"_s.arg(sites.allSitesArray().size())
-                         : u"%1 of %2 sites submitted to"_s.arg(submitted).arg(sites.allSitesArray().size()));
+    m_count->setText(
+        sites.submittedToArray().isEmpty()
+            ? u"%L1 sites"_s.arg(sites.allSitesArray().size())
+            : u"%L1 of %L2 sites submitted to"_s.arg(submitted).arg(sites.allSitesArray().size()));
 }
 
 void SitesDrawer::focusTable()

@@ -205,7 +205,7 @@ void SubmitWindow::openDrawer(bool isOpen)
 void SubmitWindow::zoom(double factor)
 {
     m_qnWebView.setZoomFactor(factor);
-    m_statusRow->showNotice(u"Zoom: %1 %"_s.arg(qRound(m_qnWebView.zoomFactor() * 100)));
+    m_statusRow->showNotice(u"Zoom: %L1 %"_s.arg(qRound(m_qnWebView.zoomFactor() * 100)));
     settings().setValue(zoomKey, m_qnWebView.zoomFactor());
 }
 

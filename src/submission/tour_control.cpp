@@ -56,7 +56,7 @@ bool TourControl::isAtStop() const
 
 QString TourControl::newLine() const
 {
-    return tourLine(*m_tour, m_tour->stop(m_tour->at()), isAtStop());
+    return tourLine(*m_tour, m_tour->stop(m_tour->at()), isAtStop(), QLocale());
 }
 
 void TourControl::follow()

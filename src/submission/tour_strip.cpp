@@ -2,6 +2,7 @@
 
 #include "submission/tour_control.h"
 #include "widgets/action_button.h"
+#include "widgets/announcement.h"
 #include "widgets/command_set.h"
 
 #include <QHBoxLayout>
@@ -32,6 +33,7 @@ void TourStrip::showTour()
 {
     m_line->setText(m_tour.line());
     setVisible(!m_tour.line().isEmpty());
+    announce(*this, m_tour.line());
     m_commands.update();
 }
 

@@ -92,7 +92,7 @@ bool OnlineCheck::isDone() const
 QString OnlineCheck::progress() const
 {
     const auto done = std::ranges::count_if(m_rows, &Row::isDone);
-    const QString sum = u"%1 of %2 visited"_s.arg(done).arg(m_rows.size());
+    const QString sum = u"%L1 of %L2 visited"_s.arg(done).arg(m_rows.size());
     return isRunning() ? u"%1; now %2"_s.arg(sum, m_rows[m_current].what) : sum;
 }
 

@@ -2,6 +2,7 @@
 
 #include "platform/plain_text.h"
 #include "visits/online_check.h"
+#include "widgets/announcement.h"
 #include "widgets/row_table.h"
 
 #include <QBoxLayout>
@@ -88,6 +89,8 @@ void OnlineCheckWindow::showProgress()
     m_progress->setText(m_check->progress());
     m_start->setEnabled(!m_check->isRunning() && !m_check->isDone());
     m_cancel->setEnabled(m_check->isRunning());
+    if (!m_check->isRunning()) // Each address on the way would be too much to listen to.
+        announce(*this, m_check->progress());
 }
 
 } // namespace quillon

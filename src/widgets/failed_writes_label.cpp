@@ -2,6 +2,7 @@
 
 #include "platform/notification_center.h"
 #include "platform/notifications.h"
+#include "widgets/announcement.h"
 
 namespace quillon {
 
@@ -18,8 +19,12 @@ FailedWritesLabel::FailedWritesLabel(const QString &name, QString (*line)(), QWi
 
 void FailedWritesLabel::showFailedWrites()
 {
-    setText(m_line());
-    setVisible(!text().isEmpty());
+    const QString line = m_line();
+    const bool isNew = line != text();
+    setText(line);
+    setVisible(!line.isEmpty());
+    if (isNew)
+        announce(*this, line);
 }
 
 } // namespace quillon

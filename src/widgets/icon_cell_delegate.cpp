@@ -78,7 +78,7 @@ void IconCellDelegate::paint(QPainter *painter, const QStyleOptionViewItem &opti
         paintIcon(painter, places.icons[at], names[at], selected ? option.palette.base() : QBrush());
     if (places.hidden > 0) {
         painter->setPen(option.palette.color(selected ? QPalette::HighlightedText : QPalette::Text));
-        painter->drawText(places.rest, Qt::AlignCenter, u"+%1"_s.arg(places.hidden));
+        painter->drawText(places.rest, Qt::AlignCenter, u"+%L1"_s.arg(places.hidden));
     }
 }
 

@@ -1,6 +1,7 @@
 #include "shell/main_window_fixture.h"
 #include "shell/manual_topics.h"
 #include "support/accessibility.h"
+#include "support/cut_text.h"
 
 #include <QFileDialog>
 #include <QMenu>
@@ -12,6 +13,8 @@
 namespace {
 
 constexpr int mostLinks = 100; ///< On a page, each of which is a stop of its own.
+constexpr QSize smallScreen(1280, 720);
+constexpr int frameHeight = 40; ///< What the window system takes of it for a window's title.
 
 bool activated(QWidget &window)
 {
@@ -21,13 +24,26 @@ bool activated(QWidget &window)
     return eventually([&window] { return QApplication::activeWindow() == &window; });
 }
 
-/// What is wrong for somebody who has the keyboard alone, or a screen reader, in @p window: a line for each
-/// fault of names, for each control that Tab does not reach, and when F1 knows no page for it.
+/// What does not fit when @p window stands on a small screen.
+QStringList roomFaults(QWidget &window)
+{
+    const QSize room = smallScreen.shrunkBy({0, frameHeight, 0, 0});
+    window.resize(window.parentWidget() ? window.size().boundedTo(room) : room);
+    QCoreApplication::processEvents();
+    QStringList faults = cutTexts(window);
+    if (window.size() != window.size().boundedTo(room))
+        faults.append(u"the window needs %1 x %2"_s.arg(window.width()).arg(window.height()));
+    return faults;
+}
+
+/// What is wrong for somebody who has the keyboard alone, a screen reader, or a small screen, in @p window: a
+/// line for each fault of names, for what is cut, for each control that Tab does not reach, and when F1 knows
+/// no page for it.
 QStringList keyboardFaults(QWidget &window)
 {
     if (!activated(window))
         return {u"the window does not get the keyboard"_s};
-    QStringList faults = accessibilityFaults(window);
+    QStringList faults = accessibilityFaults(window) + roomFaults(window);
     QList<QWidget *> stops = tabStops(window);
     stops += tabStops(window); // Some come to life only when another one is reached.
     for (const QWidget *widget : window.findChildren<QWidget *>()) {
