@@ -15,8 +15,6 @@
 #include <QPushButton>
 #include <QTableView>
 
-#include <array>
-
 using namespace Qt::StringLiterals;
 
 namespace quillon {
@@ -24,8 +22,6 @@ namespace quillon {
 namespace {
 
 const QString headerKey = u"overview/softwareTable"_s;
-
-constexpr std::array<int, SoftwareTable::ColumnCount> columnWidths = {280, 90, 110, 220, 80, 160};
 
 QWidget *newEmptyPage(const CommandSet &commands)
 {
@@ -120,8 +116,7 @@ void SoftwareTableView::restoreColumns()
 {
     QHeaderView *header = m_table->horizontalHeader();
     if (!header->restoreState(settings().value(headerKey).toByteArray())) {
-        for (int column = 0; column < SoftwareTable::ColumnCount; ++column)
-            m_table->setColumnWidth(column, columnWidths[size_t(column)]);
+        setColumnWidths(*m_table, {35, 11, 13, 27, 10, 20});
         m_table->sortByColumn(SoftwareTable::SoftwareTitle, Qt::AscendingOrder);
     }
     header->setStretchLastSection(true);

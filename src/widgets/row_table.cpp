@@ -132,6 +132,17 @@ QTableView *newIconRowTable(const QString &name, const QString &accessibleName, 
     return table;
 }
 
+void setColumnWidths(QTableView &table, std::initializer_list<int> digits)
+{
+    QHeaderView *header = table.horizontalHeader();
+    int column = 0;
+    for (const int width : digits) {
+        const int wanted = width * table.fontMetrics().horizontalAdvance(u'0');
+        header->resizeSection(column, qMax(wanted, header->sectionSizeHint(column)));
+        ++column;
+    }
+}
+
 QWidget *captioned(QLabel *caption, QWidget *content)
 {
     auto *box = new QWidget;

@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <initializer_list>
+
 class QLabel;
 class QTableView;
 class QWidget;
@@ -15,6 +17,10 @@ QTableView *newRowTable(const QString &name, const QString &accessibleName, QWid
 
 /// The same with rows that are high enough for icon cells.
 QTableView *newIconRowTable(const QString &name, const QString &accessibleName, QWidget *parent);
+
+/// Makes the first columns of @p table so wide, in digits of its font, and none of them narrower than its
+/// head.
+void setColumnWidths(QTableView &table, std::initializer_list<int> digits);
 
 /// @p content under @p caption, which becomes its label; both belong to the result.
 QWidget *captioned(QLabel *caption, QWidget *content);
