@@ -24,6 +24,7 @@
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QProgressBar>
@@ -53,6 +54,7 @@ MainWindow::MainWindow(ToolbarControl &toolbar, OverviewController &overview, Ti
     , m_content(new QStackedWidget)
     , m_toolbar(new MainToolbar(*m_commands, this))
     , m_importProgress(new QProgressBar)
+    , m_waiting(new QLabel)
 {
     setObjectName(u"mainWindow"_s);
     setWindowTitle(u"Quillon"_s);
@@ -108,7 +110,18 @@ void MainWindow::buildStatusBar()
     m_importProgress->hide();
     statusBar()->addWidget(new FailedWritesLabel(u"failedWrites"_s, failedWritesLine, this), 1);
     statusBar()->addWidget(new FailedWritesLabel(u"failedExtras"_s, failedExtrasLine, this), 1);
+    m_waiting->setObjectName(u"waitingRequest"_s);
+    m_waiting->setTextFormat(Qt::PlainText);
+    m_waiting->setWordWrap(true);
+    statusBar()->addWidget(m_waiting, 1);
+    showWaiting({});
     statusBar()->addPermanentWidget(m_importProgress);
+}
+
+void MainWindow::showWaiting(const QString &sentence)
+{
+    m_waiting->setText(sentence);
+    m_waiting->setVisible(!sentence.isEmpty());
 }
 
 void MainWindow::restoreLayout()
@@ -244,6 +257,16 @@ void MainWindow::bringToFront()
     show();
     raise();
     activateWindow();
+}
+
+bool MainWindow::event(QEvent *event)
+{
+    const bool isHandled = QMainWindow::event(event);
+    if (event->type() == QEvent::WindowBlocked || event->type() == QEvent::WindowUnblocked) {
+        m_isBlocked = event->type() == QEvent::WindowBlocked;
+        Q_EMIT blockedChanged();
+    }
+    return isHandled;
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)

@@ -6,6 +6,7 @@
 
 #include <QMainWindow>
 
+class QLabel;
 class QProgressBar;
 class QStackedWidget;
 
@@ -35,6 +36,11 @@ public:
     void bringToFront();
     void customiseToolbar();
 
+    /// Whether a sheet or a window over this one has to be closed first.
+    [[nodiscard]] bool isBlocked() const { return m_isBlocked; }
+    /// Says in the status bar what is waited for, until it is told otherwise; empty for nothing.
+    void showWaiting(const QString &sentence);
+
     /// Whether the editor is on show and something in it can be taken back, or done again.
     [[nodiscard]] bool canUndo() const;
     [[nodiscard]] bool canRedo() const;
@@ -53,6 +59,8 @@ public:
     QMenu *createPopupMenu() override;
 
 Q_SIGNALS:
+    /// isBlocked() has changed.
+    void blockedChanged();
     /// The window was closed, and with it the program's other windows are to be.
     void closed();
     /// The manual is asked for, at the page of what is shown.
@@ -61,6 +69,7 @@ Q_SIGNALS:
     void submissionRequested(const QString &title, const QString &site);
 
 protected:
+    bool event(QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
 
 private:
@@ -80,12 +89,14 @@ private:
     Editor &m_editor;
     EditHistory &m_edits;
     bool m_isEditorShown = false;
+    bool m_isBlocked = false;
     CommandSet *m_commands;
     QStackedWidget *m_content;
     OverviewView *m_overviewView = nullptr;
     EditorView *m_editView = nullptr; ///< Null before it is first shown.
     MainToolbar *m_toolbar;
     QProgressBar *m_importProgress;
+    QLabel *m_waiting;
 };
 
 } // namespace quillon

@@ -8,6 +8,7 @@
 #include "shell/main_window.h"
 #include "shell/manual_opener.h"
 #include "shell/message_box_sheets.h"
+#include "shell/pending_requests.h"
 #include "shell/single_instance.h"
 #include "shell/site_jump.h"
 #include "shell/submission_opener.h"
@@ -29,8 +30,10 @@ class Workbench
 public:
     Workbench();
 
-    /// From now on another start of the program brings the main window to the front.
+    /// From now on another start of the program hands over to this one what it was started for.
     void listen() { m_instance.listen(); }
+    /// Does what the program was started for, as soon as it can be done.
+    void take(const StartRequest &request) { m_requests.take(request); }
 
     [[nodiscard]] OverviewController &overview() { return m_overview; }
     [[nodiscard]] TitleCommands &titles() { return m_titles; }
@@ -56,6 +59,7 @@ private:
     DeletedTitles m_deleted{m_alerts};
     MainWindow m_window{m_toolbar, m_overview, m_titles, m_editor, m_preferences, m_edits, m_deleted};
     ManualOpener m_manual{m_desktop};
+    PendingRequests m_requests{m_window, m_overview, m_titles};
     SingleInstance m_instance;
 };
 

@@ -126,14 +126,6 @@ TEST_F(MainWindowTest, EveryStopOfTheTabKeyHasAName)
     expectNamedTabStops(window(), 7);
 }
 
-TEST_F(MainWindowTest, ASecondStartBringsTheWindowToTheFront)
-{
-    program().listen();
-    window().hide();
-    EXPECT_TRUE(SingleInstance::activateOther());
-    EXPECT_TRUE(eventually([this] { return window().isVisible(); }));
-}
-
 TEST_F(MainWindowTest, WithoutARuntimeFolderNoSocketIsMade)
 {
     const QString before = QDir::currentPath();
@@ -148,7 +140,7 @@ TEST_F(MainWindowTest, WithoutARuntimeFolderNoSocketIsMade)
     qputenv("XDG_RUNTIME_DIR", instead.toUtf8());
     SingleInstance refused;
     refused.listen();
-    EXPECT_FALSE(SingleInstance::activateOther());
+    EXPECT_TRUE(SingleInstance::handOver({}).isError(Error::Kind::Missing));
     EXPECT_FALSE(names(home()).join(u' ').contains(u"quillon-"))
         << "no socket lies where the program started";
     for (const auto &[name, value] : variables)
