@@ -4,8 +4,10 @@
 #include "editor/editor_session.h"
 #include "journal/journal.h"
 #include "journal/set_log.h"
+#include "pad/pad_writer.h"
 #include "platform/notification_center.h"
 #include "platform/notifications.h"
+#include "store/add_delete_import_edit.h"
 
 #include <algorithm>
 
@@ -77,17 +79,24 @@ struct Outcome
     QStringList unknown; ///< Titles that cannot be read.
 };
 
+/// Whether the selected title's PAD file is as the form that was loaded from it is stored. A title that was
+/// never checked has the file as it came, which is not to be replaced for a change that was not made.
+bool isAsStored(const PadForm &form)
+{
+    return AddDeleteImportEdit::returnDataObjectFor(u"data") == pad_writer::document(form);
+}
+
 Outcome lookedAt(const UnfinishedSet &set)
 {
     EditorSession session;
     Outcome outcome;
     for (const SetTitle &title : set.titles) {
         const Result<> opened = session.open(title.title);
-        if (opened)
-            session.editor().checkEntriesForErrors(); // The crash may have come between two of its files.
         const FormValues values =
             change_sets::changed(change_sets::valuesOf(session.editor().form()), title.later);
         const bool isMade = opened && change_sets::differing(values, title.wayBack).isEmpty();
+        if (opened && isAsStored(session.editor().form()))
+            session.editor().checkEntriesForErrors(); // The crash may have come between two of its files.
         (opened.isError(Error::Kind::Unreadable) ? outcome.unknown
          : isMade                                ? outcome.made
                                                  : outcome.notMade)

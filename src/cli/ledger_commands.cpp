@@ -13,6 +13,8 @@
 #include <QJsonArray>
 #include <QJsonObject>
 
+#include <functional>
+
 using namespace Qt::StringLiterals;
 
 namespace quillon::cli {
@@ -20,13 +22,18 @@ namespace quillon::cli {
 namespace {
 
 /// Builds the process's catalogue of sites for a command that only looks: missing lists stay missing.
-void lookUpCatalogue()
+Result<> lookUpCatalogue()
 {
+    const auto ignored = site_list::stored(site_list::ignoredSites);
+    const auto own = site_list::stored(site_list::userSites);
+    for (const auto &list : {std::cref(ignored), std::cref(own)}) {
+        if (list.get().isError(Error::Kind::Unreadable))
+            return list.get().error();
+    }
     setDefaultSites();
     mwqnSCPreallSitesDict =
-        mergedCatalogue(mwqnDefaultSitesDict, site_list::stored(site_list::ignoredSites).valueOr({}),
-                        site_list::stored(site_list::userSites).valueOr({}))
-            .urlByName;
+        mergedCatalogue(mwqnDefaultSitesDict, ignored.valueOr({}), own.valueOr({})).urlByName;
+    return {};
 }
 
 ExitStatus complaintOf(const Error &error)
@@ -73,7 +80,8 @@ public:
     {
         if (!titleExists(text(m_title)))
             return Refused;
-        lookUpCatalogue();
+        if (const Result<> looked = lookUpCatalogue(); !looked)
+            return outcome(looked.error());
         return *m_stateOption ? note() : show();
     }
 
@@ -222,7 +230,8 @@ public:
     {
         if (!titleExists(text(m_title)))
             return Refused;
-        lookUpCatalogue();
+        if (const Result<> looked = lookUpCatalogue(); !looked)
+            return outcome(looked.error());
         const auto tour = Tour::of(text(m_title));
         if (!tour)
             return outcome(tour.error());

@@ -59,8 +59,13 @@ Result<ledger::Entry> planned(const QString &title, const Edit &edit)
     const Standing *there = standingAt(*all, edit.site);
     if (!there && !mwqnSCPreallSitesDict.contains(edit.site))
         return refusal(u"There is no site named %1."_s.arg(edit.site));
-    const QString version = loadSummary(title).valueOr({}).version.value_or(QString());
-    const Standing now = there ? *there : Standing{.site = edit.site, .version = version};
+    Standing now = there ? *there : Standing{.site = edit.site};
+    if (!there) {
+        const auto summary = loadSummary(title);
+        if (!summary && !summary.isError(Error::Kind::Missing))
+            return summary.error();
+        now.version = summary ? summary->version.value_or(QString()) : QString();
+    }
     return ledger::Entry{.site = now.site,
                          .version = now.version,
                          .time = QDateTime::currentMSecsSinceEpoch(),

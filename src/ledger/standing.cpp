@@ -18,18 +18,39 @@ void take(Standing &standing, const Entry &entry)
     standing.note = entry.note;
 }
 
+/// The versions of the marks in @p summary. The list knows no commas in a version: where there are more
+/// entries than sites, the title's own version is put together again, if there is one for each site then.
+QStringList markVersions(const Summary &summary)
+{
+    const QString current = summary.version.value_or(QString());
+    const QStringList parts = current.split(u',');
+    const qsizetype count = summary.siteList().size();
+    QStringList versions = summary.versionList();
+    if (parts.size() == 1 || versions.size() <= count)
+        return versions;
+    QStringList whole;
+    for (qsizetype at = 0; at < versions.size();) {
+        const bool isCurrent = versions.mid(at, parts.size()) == parts;
+        whole.append(isCurrent ? current : versions[at]);
+        at += isCurrent ? parts.size() : 1;
+    }
+    while (whole.size() > count && whole.last().isEmpty())
+        whole.removeLast();
+    return whole.size() == count ? whole : versions;
+}
+
 } // namespace
 
 std::optional<QString> markedVersion(const Summary &summary, const QString &site)
 {
     const qsizetype place = site.isEmpty() ? -1 : summary.siteList().indexOf(site);
-    return place < 0 ? std::nullopt : std::optional(summary.versionList().value(place));
+    return place < 0 ? std::nullopt : std::optional(markVersions(summary).value(place));
 }
 
 QList<Standing> standings(const Summary &summary, const QList<Entry> &entries, const QSet<QString> &gone)
 {
     const QStringList sites = summary.siteList();
-    const QStringList versions = summary.versionList();
+    const QStringList versions = markVersions(summary);
     QList<Standing> all;
     QHash<QString, qsizetype> places;
     all.reserve(sites.size());

@@ -52,11 +52,15 @@ QList<File> filesOf(const QString &name)
     const auto path = title_folder::path(name);
     const auto data = FolderHandle::open(QDir::cleanPath(mwqnAppSuppLoc));
     const auto folder = path && data ? data->openFolder(QFile::encodeName(QFileInfo(*path).fileName()))
-                                     : Result<FolderHandle>(Error{});
-    const auto entries = folder ? folder->entries() : Result<QList<FolderHandle::Entry>>(Error{});
+                                     : Result<FolderHandle>(data ? Error{} : data.error());
+    const auto entries = folder ? folder->entries() : folder.error();
+    if (!entries) {
+        qCWarning(log).noquote() << name << "goes for good:" << entries.error().reason;
+        return {};
+    }
     qsizetype room = mostBytes;
     for (const bool own : {true, false}) {
-        for (const FolderHandle::Entry &entry : entries.valueOr({})) {
+        for (const FolderHandle::Entry &entry : *entries) {
             if (isTitleFile(entry.name) == own)
                 take(*folder, entry, room, files);
         }

@@ -233,7 +233,11 @@ SiteEdit editSite(const Site &old, const QString &name, const QString &url)
     SiteEdit refusal = judged(edited, u"The name and URL fields cannot be empty"_s);
     if (refusal.outcome != SiteEdit::Done)
         return refusal;
-    if (old.name != edited.name && !submission_marks::canBeKept(edited.name) && isMarkedAnywhere(old.name))
+    const bool isBearable = old.name == edited.name || submission_marks::canBeKept(edited.name);
+    const auto isMarked = isBearable ? false : isMarkedAnywhere(old.name);
+    if (!isMarked)
+        return notStored(isMarked.error());
+    if (*isMarked)
         return {SiteEdit::NotMarkable,
                 u"Titles are marked for this site, and their marks cannot bear the new name\n"
                 "Please enter a name without a comma or markup"_s};

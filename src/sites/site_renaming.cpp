@@ -100,12 +100,19 @@ QString withRenamedMark(const QString &summary, const QString &from, const QStri
     return text;
 }
 
-bool isMarkedAnywhere(const QString &site)
+Result<bool> isMarkedAnywhere(const QString &site)
 {
     const auto folders = titleFolders();
-    return folders && std::ranges::any_of(*folders, [&site](const QString &folder) {
-               return marks(atomic_file::read(summaryPath(folder)).valueOr({})).contains(site);
-           });
+    if (!folders)
+        return folders.error();
+    for (const QString &folder : *folders) {
+        const auto bytes = atomic_file::read(summaryPath(folder));
+        if (bytes.isError(Error::Kind::Unreadable))
+            return bytes.error();
+        if (bytes && marks(*bytes).contains(site))
+            return true;
+    }
+    return false;
 }
 
 Result<> renameSite(const QString &from, const QString &to)

@@ -12,8 +12,8 @@ namespace quillon {
 /// whose list does not hold @p from, or holds nothing else, is as it was.
 QString withRenamedMark(const QString &summary, const QString &from, const QString &to);
 
-/// Whether any title is marked for @p site, as far as their summaries can be read.
-bool isMarkedAnywhere(const QString &site);
+/// Whether any title is marked for @p site; not known when a summary cannot be read.
+Result<bool> isMarkedAnywhere(const QString &site);
 
 /// Gives the site @p from the name @p to in the marks of all titles, in the journal and, when there is any
 /// title, in the pictures of sites. The same name changes nothing. On an error, which is told as a failure

@@ -148,6 +148,30 @@ TEST_F(ChangePlanTest, AKillLeavesEachTitleBeforeOrAfterAndIsToldOfAtTheNextStar
         });
 }
 
+TEST_F(ChangePlanTest, WhatAKillKeptFromBeingChangedStaysAsItCame)
+{
+    const QByteArray came =
+        "<XML_DIZ_INFO><MASTER_PAD_VERSION_INFO></MASTER_PAD_VERSION_INFO><Program_Version>1.0"
+        "</Program_Version><Other>of another program</Other></XML_DIZ_INFO>";
+    const QStringList titles = {u"A"_s, u"B"_s};
+    killedAtEachCall(
+        mwqnAppSuppLoc,
+        [&] {
+            for (const QString &title : titles)
+                ASSERT_TRUE(AddDeleteImportEdit::importExistingFile(title, PadDocument(came)));
+            Journal::ofDataFolder().close();
+        },
+        [&] { (void)change_plans::apply(release(titles)); },
+        [&] {
+            AddDeleteImportEdit::removeUnfinished();
+            (void)unfinished_sets::settle();
+            for (const QString &title : titles) {
+                const QByteArray now = contents(inData(title + u".qndata/data.qnxml"));
+                EXPECT_TRUE(now == came || now.contains("<Program_Version>2.0<")) << title << now;
+            }
+        });
+}
+
 TEST_F(ChangePlanTest, NothingIsAppliedAnywhereWhenOneFieldHasChanged)
 {
     make(u"A"_s);

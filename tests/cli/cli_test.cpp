@@ -4,6 +4,8 @@
 #include "support/command_line.h"
 #include "support/terminal.h"
 
+#include <QRegularExpression>
+
 class Cli : public CommandLineTest
 {
 protected:
@@ -73,13 +75,24 @@ TEST_F(CliWithTitle, DatesAreInTheUsersStyleInAnyCharacterSet)
     }
 }
 
-TEST_F(CliWithTitle, WithoutDescriptorsNoStateOfASiteIsMadeUp)
+TEST_F(CliWithTitle, WithoutDescriptorsNothingIsMadeUp)
 {
-    ASSERT_EQ(statusOf(u"sites add Mine mine"_s) + statusOf(u"mark T Mine"_s), 0);
-    const QByteArray calm = run(u"sites --for T"_s).output;
-    for (int turn = 1; turn <= 12; ++turn) {
-        const CliResult result = run(u"sites --for T"_s, u"open@%1=EMFILE"_s.arg(turn));
-        EXPECT_TRUE(result.status == 4 || (result.status == 0 && result.output == calm)) << turn;
+    for (const char *const command :
+         {"sites add Mine mine", "set T programVersion=1", "mark T Mine", "set T programVersion=2"})
+        ASSERT_EQ(statusOf(QString::fromLatin1(command)), 0) << command;
+    const QString commands = u"sites --for T|next T|matrix|ledger T|ledger T Softpedia sent --dry-run"_s;
+    for (const QString &command : words(commands, u'|')) {
+        const auto told = [&](const QString &faults) {
+            const CliResult result = run(command, faults);
+            static const QRegularExpression time(u"\\d+-\\d+-\\d+T[\\d:]+Z"_s);
+            return std::pair(result.status, QString::fromUtf8(result.output).remove(time));
+        };
+        const auto calm = told({});
+        EXPECT_EQ(calm.first, 0) << command;
+        for (int turn = 1; turn <= 16; ++turn) {
+            const auto result = told(u"open@%1=EMFILE"_s.arg(turn));
+            EXPECT_TRUE(result.first == 4 || result == calm) << command << turn << result.second;
+        }
     }
 }
 
@@ -309,7 +322,18 @@ TEST_F(Cli, WhatWasDeletedComesBackForNinetyDays)
     }));
     Journal::ofDataFolder().close();
     EXPECT_TRUE(deleted().isEmpty());
-    // Where nothing can be kept, a title is deleted all the same.
+    // Where nothing can be kept, a title is deleted all the same, and that is told.
+    for (const QString &call : {u"getdents64"_s, u"open"_s}) {
+        for (int turn = 1; turn <= 10; ++turn) {
+            ASSERT_EQ(statusOf(u"new C"_s), 0);
+            const CliResult result = run(u"delete C"_s, u"%1@%2=EIO"_s.arg(call).arg(turn));
+            EXPECT_TRUE(QFile::exists(inData(u"C.qndata"_s)) || !deleted().isEmpty() ||
+                        !result.messages.isEmpty())
+                << call << turn;
+            statusOf(u"delete C"_s);
+            statusOf(u"forget C"_s);
+        }
+    }
     QFile::remove(inData(u"quillon.sqlite"_s));
     ASSERT_TRUE(QDir().mkdir(inData(u"quillon.sqlite"_s)));
     ASSERT_EQ(statusOf(u"new A"_s), 0);

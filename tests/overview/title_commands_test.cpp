@@ -1,6 +1,7 @@
 #include "journal/journal.h"
 #include "overview/overview_fixture.h"
 #include "pad/pad_writer.h"
+#include "support/faults.h"
 
 class TitleCommandsTest : public OverviewTest
 {
@@ -197,10 +198,27 @@ TEST_F(TitleCommandsTest, ExportEscapesOnlyTheFreeStandingAmpersand)
     calls.pass(resultDelay);
     EXPECT_EQ(sheets.lastMessage(), u"PAD file export successful");
 
-    QFile::remove(inData(u" T .qndata/data.qnxml"_s));
+    const QString dangling = home() + u"/dangling.xml";
+    ASSERT_TRUE(QFile::link(u"nowhere"_s, dangling) && put(inData(u" T .qndata/data.qnxml"_s), "new"));
+    const auto before = tree(home());
+    const auto expectFailure = [&](const QString &to, const char *rule) {
+        sheets.filesToChoose = {to};
+        {
+            const FaultPlan plan(home(), rule);
+            commands.exportButtonAction();
+        }
+        calls.pass(resultDelay);
+        EXPECT_EQ(sheets.lastMessage(), u"The PAD file export failed with an unknown error") << to << rule;
+        EXPECT_EQ(tree(home()), before) << "a failed export leaves the old file: " << to << rule;
+    };
+    for (const char *const rule : {"create=EACCES", "write=ENOSPC", "rename=EIO", "open+=EIO"})
+        expectFailure(target, rule);
+    for (const QString &to : QStringList{dangling, home(), home() + u"/none/out.xml"})
+        expectFailure(to, "mkdir=EIO");
+    ASSERT_TRUE(QFile::remove(inData(u" T .qndata/data.qnxml"_s)));
     commands.exportButtonAction();
     calls.pass(resultDelay);
     EXPECT_EQ(sheets.lastMessage(), u"The PAD file export failed with an unknown error");
-    EXPECT_EQ(contents(target), exported) << "a failed export leaves the old file";
+    EXPECT_EQ(contents(target), exported);
     EXPECT_TRUE(mwqnFailedWrites.isEmpty()) << "what is exported is none of the stored files";
 }

@@ -153,6 +153,11 @@ TEST_F(OverviewTest, SelectionDrivesMenuMarksAndNotifications)
     EXPECT_EQ(marks(), u"Alpha 1.1, Current version; beta 1.0, Older version");
     select(u"U"_s);
     EXPECT_EQ(marks(), u"No Submissions , ");
+    mwqnWOSi78tgsda = false; // As while the submission window is open.
+    EXPECT_TRUE(overview.tableViewShouldSelectRow(rowOf(u"U"_s)) && sheets.alerts.isEmpty());
+    EXPECT_FALSE(overview.tableViewShouldSelectRow(rowOf(u"T"_s)) || overview.tableViewShouldSelectRow(-1));
+    EXPECT_EQ(sheets.alerts.size(), 1);
+    mwqnWOSi78tgsda = true;
 
     overview.loadSoftwareList(); // The selection is kept by name...
     EXPECT_EQ(mwqnSelSW, u"U"_s);

@@ -1,4 +1,5 @@
 #include "store/error_tracking.h"
+#include "support/faults.h"
 #include "support/temporary_home.h"
 
 using ErrorTrackingTest = TemporaryDataFolder;
@@ -39,4 +40,20 @@ TEST_F(ErrorTrackingTest, WithoutAReadableLogNothingIsReadOrWritten)
         EXPECT_EQ(contents(log), removed ? "(no such file)" : "half a li");
     }
     EXPECT_TRUE(mwqnFailedWrites.isEmpty());
+}
+
+TEST_F(ErrorTrackingTest, ALogThatCouldNotBeReadOrStoredIsToldUntilItIsAsItShouldBe)
+{
+    ASSERT_TRUE(AddDeleteImportEdit::createNewListing(u"T"_s));
+    selectTitle(u"T"_s);
+    const QString log = inData(u"T.qndata/error.log"_s);
+    for (const char *const rule : {"open=EIO", "create=ENOSPC"}) {
+        const FaultPlan plan(inData(u"T.qndata"_s), rule);
+        ErrorTracking::setHasError(u"eula"_s, u"long"_s);
+        EXPECT_TRUE(plan.met());
+        EXPECT_EQ(mwqnFailedWrites.keys(), QStringList{log}) << rule;
+        EXPECT_EQ(contents(log), sample(u"empty_list.plist"_s)) << rule;
+        ErrorTracking::setNoError(u"eula"_s); // As it is stored.
+        EXPECT_TRUE(mwqnFailedWrites.isEmpty()) << rule;
+    }
 }

@@ -7,6 +7,7 @@
 #include "store/title_folder.h"
 #include "support/full_disk.h"
 #include "support/kills.h"
+#include "support/recorders.h"
 #include "support/temporary_home.h"
 
 #include <functional>
@@ -194,6 +195,9 @@ TEST_F(TitleStoreTest, AFailedWriteIsToldUntilALaterOneSucceeds)
     EXPECT_FALSE(mwqnFailedWrites.contains(path));
     EXPECT_TRUE(Store::createNewListing(u"Another"_s));
     EXPECT_EQ(failedWritesLine(), QString());
+    EXPECT_EQ(told, 5);
+    EXPECT_TRUE(Store::writeToFile(u"data", "small"));
+    EXPECT_EQ(told, 5) << "nothing has become of it";
 }
 
 TEST_F(TitleStoreTest, ACrashLeavesNoHalfATitle)
@@ -253,8 +257,10 @@ TEST_F(TitleStoreTest, FailuresGoWithTheirTitleOnly)
     }
     EXPECT_TRUE(Store::checkAppSuppExists());
     EXPECT_EQ(mwqnFailedWrites.size(), 2);
+    const PostedNotifications posted{notification::failedWritesChanged};
     EXPECT_TRUE(Store::deleteQnDataFile(u"A"_s));
     EXPECT_EQ(mwqnFailedWrites.keys(), QStringList{inData(u"AB.qndata/data.qnxml"_s)});
+    EXPECT_EQ(posted.names.size(), 1);
     EXPECT_TRUE(Store::renameExistingQnDataFile(u"AB"_s, u"B"_s));
     EXPECT_TRUE(mwqnFailedWrites.isEmpty());
 }

@@ -2,6 +2,7 @@
 #include "store/site_list.h"
 #include "submission/data_folder_fixture.h"
 #include "submission/site_catalogue.h"
+#include "support/faults.h"
 #include "support/tables.h"
 
 #include <QSet>
@@ -112,6 +113,30 @@ TEST_F(SiteListFiles, AMissingOneIsMadeEmptyAndABrokenOneIsNone)
     EXPECT_TRUE(AddDeleteImportEdit::returnIgnoredSitesDict().isError(Error::Kind::Unintelligible));
     EXPECT_EQ(contentOf(path), u"<plist><array/></plist>");
     EXPECT_EQ(AddDeleteImportEdit::returnUserSitesDict(), StringDictionary());
+}
+
+TEST_F(SiteListFiles, AMissingOneThatCannotBeMadeIsAnError)
+{
+    const QString path = mwqnAppSuppLoc + u"ignore.qnrc";
+    const struct
+    {
+        const char *rule;
+        bool isMade;
+        Error::Kind told;
+    } cases[] = {{"create=EACCES", false, Error::Kind::NotDone},
+                 {"fsync@2=EIO", true, Error::Kind::NotYetSafe},
+                 {"open=EIO", true, Error::Kind::Unreadable}};
+    for (const auto &[rule, isMade, told] : cases) {
+        if (told != Error::Kind::Unreadable)
+            QFile::remove(path);
+        const FaultPlan plan(mwqnAppSuppLoc, rule);
+        const auto list = site_list::readToChange(site_list::ignoredSites);
+        EXPECT_TRUE(plan.met());
+        EXPECT_EQ(bool(list), told == Error::Kind::NotYetSafe) << rule;
+        EXPECT_TRUE(!list || (list->sites.empty() && list->bytes == property_list::emptyText())) << rule;
+        EXPECT_EQ(mwqnFailedWrites.value(path).kind, told) << rule;
+        EXPECT_EQ(QFile::exists(path), isMade) << rule;
+    }
 }
 
 TEST_F(SiteListFiles, OneThatCouldNotBeReadAgainIsRefused)
