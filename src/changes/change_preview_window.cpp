@@ -44,6 +44,7 @@ ChangePreviewWindow::ChangePreviewWindow(const QString &title, ChangePreview *pr
     , m_changesTable(new ChangesTable(*preview, this))
 {
     preview->setParent(this);
+    QWidget *first = form->focusWidget(); // The form loses the focus when it is laid out in here.
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(title);
     resize(firstSize);
@@ -73,7 +74,7 @@ ChangePreviewWindow::ChangePreviewWindow(const QString &title, ChangePreview *pr
         if (!m_preview->isPlanning())
             showButtons();
     });
-    (form->focusWidget() ? form->focusWidget() : m_changes)->setFocus();
+    (first ? first : m_changes)->setFocus();
     plan();
 }
 

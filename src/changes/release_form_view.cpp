@@ -42,7 +42,6 @@ ReleaseFormView::ReleaseFormView(QWidget *parent)
                         u"Replace the old version in addresses"_s))
     , m_changes(named(new QPlainTextEdit, u"releaseChanges"_s, u"What is new"_s))
 {
-    m_version->setFocus();
     m_date->setCalendarPopup(true);
     m_file->setPlaceholderText(u"Its size becomes the size of the titles"_s);
     m_status->addItem(u"(as it is)"_s);
@@ -63,6 +62,7 @@ ReleaseFormView::ReleaseFormView(QWidget *parent)
     columns->setContentsMargins(0, 0, 0, 0);
     columns->addLayout(left, 2);
     columns->addLayout(right, 5);
+    m_version->setFocus(); // Only now: before, it was no part of the form.
     for (QLineEdit *line : {m_version, m_file})
         connect(line, &QLineEdit::textChanged, this, &PlanForm::changed);
     connect(m_date, &QDateEdit::dateChanged, this, &PlanForm::changed);

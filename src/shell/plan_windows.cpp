@@ -65,9 +65,11 @@ void openFixes(QWidget &window, OverviewController &, EditHistory &edits)
 
 void openRelease(QWidget &window, OverviewController &overview, EditHistory &edits)
 {
-    open({u"releaseWindow"_s, u"New Release"_s, u"Nothing would change in the titles that are ticked."_s},
-         new ChangePreview(ChangePreview::Rows::All, titlesOf(overview), selectedTitle()),
-         new ReleaseFormView, window, edits);
+    const QStringList titles = titlesOf(overview);
+    const QSet<QString> ticked = titles.size() == 1 ? QSet(titles.begin(), titles.end()) : selectedTitle();
+    open({u"releaseWindow"_s, u"New Release"_s,
+          u"No title is ticked, or nothing would change in those that are."_s},
+         new ChangePreview(ChangePreview::Rows::All, titles, ticked), new ReleaseFormView, window, edits);
 }
 
 void openBulkChange(QWidget &window, OverviewController &overview, EditHistory &edits)
