@@ -2,6 +2,7 @@
 find_package(Qt6 6.4 REQUIRED COMPONENTS Core)
 if(QUILLON_BUILD_GUI)
     find_package(Qt6 6.4 REQUIRED COMPONENTS Gui Widgets Svg Network WebEngineWidgets)
+    find_package(Qt6 6.4 QUIET OPTIONAL_COMPONENTS LinguistTools) # Without it, the windows speak English only.
 endif()
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(PCRE2 REQUIRED IMPORTED_TARGET libpcre2-16)

@@ -1,6 +1,7 @@
 #include "changes/bulk_change.h"
 
 #include "journal/history.h"
+#include "platform/translated_text.h"
 
 #include <algorithm>
 
@@ -16,7 +17,7 @@ QString label(const BulkChange &change)
     QStringList names;
     for (const FieldAssignment &each : change.set)
         names.append(padField(each.field).element.toString());
-    return u"Change of %1"_s.arg(names.join(u", "_s));
+    return fixedEnglish(u"Change of %1").arg(names.join(u", "_s));
 }
 
 TitlePlan planOne(const BulkChange &change, const TitleState &state)

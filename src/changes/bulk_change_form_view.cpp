@@ -22,18 +22,18 @@ constexpr qsizetype mostSetRows = 6;
 BulkChangeFormView::BulkChangeFormView(const FormValues &values, QWidget *parent)
     : PlanForm(parent)
     , m_values(values)
-    , m_where(newRow(u"where"_s, u"that titles have"_s, FieldId::companyName))
+    , m_where(newRow(u"where"_s, tr("that titles have"), FieldId::companyName))
     , m_rows(new QFormLayout)
 {
-    auto *more = new QPushButton(u"Another &Field"_s);
+    auto *more = new QPushButton(tr("Another &Field"));
     more->setObjectName(u"anotherField"_s);
     more->setAutoDefault(false);
     connect(more, &QPushButton::clicked, this, [this, more] {
         addSetRow();
         more->setEnabled(m_set.size() < mostSetRows);
     });
-    m_where->allowNoField(u"(any text in any field)"_s);
-    m_rows->addRow(u"In titles that have"_s, m_where);
+    m_where->allowNoField(tr("(any text in any field)"));
+    m_rows->addRow(tr("In titles that have"), m_where);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addLayout(m_rows);
@@ -54,9 +54,9 @@ void BulkChangeFormView::addSetRow()
     const bool isFirst = m_set.isEmpty();
     const FieldId field =
         isFirst ? FieldId::companyName : FieldId((int(m_set.last()->assignment()->field) + 1) % fieldCount);
-    auto *row = newRow(u"set%1"_s.arg(m_set.size()), u"that is set (%1)"_s.arg(m_set.size() + 1), field);
+    auto *row = newRow(u"set%1"_s.arg(m_set.size()), tr("that is set (%1)").arg(m_set.size() + 1), field);
     m_set.append(row);
-    m_rows->addRow(isFirst ? u"set"_s : u"and"_s, row);
+    m_rows->addRow(isFirst ? tr("set") : tr("and"), row);
     row->show(); // What is hidden does not take the focus.
     row->focusValue();
     Q_EMIT changed();
@@ -73,7 +73,7 @@ Result<ChangePreview::Planner> BulkChangeFormView::planner() const
             return Error{
                 Error::Kind::Refused,
                 {},
-                u"“%1” cannot become “%2”."_s.arg(accessibleNameOf(assignment.field), assignment.value)};
+                tr("“%1” cannot become “%2”.").arg(accessibleNameOf(assignment.field), assignment.value)};
         change.set.append(assignment);
     }
     return ChangePreview::Planner(

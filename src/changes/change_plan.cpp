@@ -11,6 +11,7 @@
 #include "validation/error_pass.h"
 #include "validation/field_rules.h"
 
+#include <QCoreApplication>
 #include <QDateTime>
 
 #include <algorithm>
@@ -20,6 +21,11 @@ using namespace Qt::StringLiterals;
 namespace quillon::change_plans {
 
 namespace {
+
+class ChangePlanText
+{
+    Q_DECLARE_TR_FUNCTIONS(ChangePlan)
+};
 
 /// Puts the texts in order as the full check does, and stores nothing.
 StringDictionary check(PadForm &form)
@@ -167,13 +173,13 @@ Result<TitleState> stateOf(const QString &title)
     static PadForm form; // Making one takes longer than loading it.
     const auto folder = title_folder::path(title);
     if (!folder || !title_folder::exists(title))
-        return Error{Error::Kind::Missing, title, u"there is no such title"_s};
+        return Error{Error::Kind::Missing, title, ChangePlanText::tr("there is no such title")};
     const auto stored = atomic_file::read(*folder + u'/' + title_folder::padFile);
     if (!stored)
         return stored.error();
     form.clear(); // What the file lacks would stay as the last title had it.
     if (!loadPADData(*stored, form))
-        return Error{Error::Kind::Unintelligible, *folder, u"its PAD file is none"_s};
+        return Error{Error::Kind::Unintelligible, *folder, ChangePlanText::tr("its PAD file is none")};
     StringDictionary errors = check(form);
     return TitleState{title, {change_sets::valuesOf(form), std::move(errors)}};
 }

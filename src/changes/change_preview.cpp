@@ -15,40 +15,55 @@ namespace {
 /// A window that is worked on so long at a time, in milliseconds, still feels alive.
 constexpr qint64 sliceLength = 15;
 
-QString counted(qsizetype count, const QString &one, const QString &many)
+QString changedTitles(int count)
 {
-    return count == 1 ? u"1 %1"_s.arg(one) : u"%L1 %2"_s.arg(count).arg(many);
+    return count == 1 ? ChangePreview::tr("1 title was changed.")
+                      : ChangePreview::tr("%Ln titles were changed.", nullptr, count);
+}
+
+QString titlesBroughtBack(int count)
+{
+    return count == 1 ? ChangePreview::tr("1 title was brought back to what it was.")
+                      : ChangePreview::tr("%Ln titles were brought back to what it was.", nullptr, count);
+}
+
+QString changesText(int count)
+{
+    if (count == 0)
+        return ChangePreview::tr("no changes");
+    return count == 1 ? ChangePreview::tr("1 change") : ChangePreview::tr("%Ln changes", nullptr, count);
 }
 
 QString outcomeText(const ChangePreview::Row &row, bool isWaiting)
 {
     if (!row.failure.isEmpty())
-        return u"cannot be read: %1"_s.arg(row.failure);
+        return ChangePreview::tr("cannot be read: %1").arg(row.failure);
     if (!row.isPlanned)
         return isWaiting ? u"…"_s : QString();
     const TitlePlan &plan = row.chosen;
-    QStringList parts = {plan.changes.isEmpty() ? u"no changes"_s
-                                                : counted(plan.changes.size(), u"change"_s, u"changes"_s)};
-    if (const size_t going = plan.judgement.vanishing.size())
-        parts.append(going == 1 ? u"1 error goes"_s : u"%L1 errors go"_s.arg(going));
-    if (const size_t coming = plan.judgement.appearing.size())
-        parts.append(coming == 1 ? u"1 error comes"_s : u"%L1 errors come"_s.arg(coming));
-    if (!plan.notes.isEmpty())
-        parts.append(counted(plan.notes.size(), u"note"_s, u"notes"_s));
+    QStringList parts = {changesText(int(plan.changes.size()))};
+    if (const int going = int(plan.judgement.vanishing.size()))
+        parts.append(going == 1 ? ChangePreview::tr("1 error goes")
+                                : ChangePreview::tr("%Ln errors go", nullptr, going));
+    if (const int coming = int(plan.judgement.appearing.size()))
+        parts.append(coming == 1 ? ChangePreview::tr("1 error comes")
+                                 : ChangePreview::tr("%Ln errors come", nullptr, coming));
+    if (const int notes = int(plan.notes.size()))
+        parts.append(notes == 1 ? ChangePreview::tr("1 note")
+                                : ChangePreview::tr("%Ln notes", nullptr, notes));
     return parts.join(u", "_s);
 }
 
 /// What came of applying to titles: how many are changed, and which are not.
-QString sentence(const change_plans::Applied &applied, const QString &done)
+QString sentence(const change_plans::Applied &applied, QString (*doneIn)(int count))
 {
     QStringList failed;
     for (const change_plans::TitleOutcome &title : applied.titles) {
         if (!title.stored.isDone())
             failed.append(u"%1 (%2)"_s.arg(title.title, title.stored.error().reason));
     }
-    const QString titles = counted(applied.titles.size() - failed.size(), u"title was"_s, u"titles were"_s);
-    const QString rest = failed.isEmpty() ? QString() : u" Not: %1."_s.arg(failed.join(u", "_s));
-    return u"%1 %2.%3"_s.arg(titles, done, rest);
+    const QString done = doneIn(int(applied.titles.size() - failed.size()));
+    return failed.isEmpty() ? done : done + u' ' + ChangePreview::tr("Not: %1.").arg(failed.join(u", "_s));
 }
 
 } // namespace
@@ -192,7 +207,7 @@ Result<QString> ChangePreview::apply(EditHistory *open)
         return applied.error();
     m_applied = applied->set;
     Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, ColumnCount - 1));
-    return sentence(*applied, u"changed"_s);
+    return sentence(*applied, changedTitles);
 }
 
 Result<QString> ChangePreview::undo(EditHistory *open)
@@ -204,7 +219,7 @@ Result<QString> ChangePreview::undo(EditHistory *open)
     if (!applied)
         return applied.error();
     m_applied = 0;
-    return sentence(*applied, u"brought back to what it was"_s);
+    return sentence(*applied, titlesBroughtBack);
 }
 
 int ChangePreview::rowCount(const QModelIndex &parent) const
@@ -231,7 +246,7 @@ QVariant ChangePreview::headerData(int section, Qt::Orientation orientation, int
 {
     if (role != Qt::DisplayRole || orientation != Qt::Horizontal)
         return {};
-    return section == Title ? u"Title"_s : u"What becomes of it"_s;
+    return section == Title ? tr("Title") : tr("What becomes of it");
 }
 
 Qt::ItemFlags ChangePreview::flags(const QModelIndex &index) const
@@ -252,11 +267,11 @@ QStringList consequencesOf(const TitlePlan &plan)
 {
     QStringList lines;
     for (const auto &[field, message] : plan.judgement.vanishing)
-        lines.append(u"Mended: %1"_s.arg(message));
+        lines.append(ChangePreview::tr("Mended: %1").arg(message));
     for (const auto &[field, message] : plan.judgement.appearing)
-        lines.append(u"New error: %1"_s.arg(message));
+        lines.append(ChangePreview::tr("New error: %1").arg(message));
     for (const QString &note : plan.notes)
-        lines.append(u"Note: %1"_s.arg(note));
+        lines.append(ChangePreview::tr("Note: %1").arg(note));
     return lines;
 }
 

@@ -80,18 +80,18 @@ ChangePreviewWindow::ChangePreviewWindow(const QString &title, ChangePreview *pr
 
 QWidget *ChangePreviewWindow::newTitles()
 {
-    m_titles = newRowTable(u"plannedTitles"_s, u"Titles"_s, this);
+    m_titles = newRowTable(u"plannedTitles"_s, tr("Titles"), this);
     m_titles->setModel(m_preview);
     m_titles->setColumnWidth(ChangePreview::Title, titleWidth);
     m_titles->horizontalHeader()->setStretchLastSection(true);
     connect(m_titles->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             &ChangePreviewWindow::showTitle);
-    return captioned(new QLabel(u"&Titles"_s), m_titles);
+    return captioned(new QLabel(tr("&Titles")), m_titles);
 }
 
 QWidget *ChangePreviewWindow::newDetails()
 {
-    m_changes = newRowTable(u"plannedChanges"_s, u"What changes"_s, this);
+    m_changes = newRowTable(u"plannedChanges"_s, tr("What changes"), this);
     m_changes->setModel(m_changesTable);
     m_changes->setColumnWidth(ChangesTable::Field, fieldWidth);
     m_changes->setColumnWidth(ChangesTable::Before, textWidth);
@@ -107,13 +107,13 @@ QWidget *ChangePreviewWindow::newDetails()
         columns->addWidget(captioned(new QLabel(text->caption()), text));
     m_consequences = new QListWidget;
     m_consequences->setObjectName(u"consequences"_s);
-    m_consequences->setAccessibleName(u"Errors that go and come, and notes"_s);
+    m_consequences->setAccessibleName(tr("Errors that go and come, and notes"));
     m_consequences->setWordWrap(true);
     auto *details = new QSplitter(Qt::Vertical);
     details->setChildrenCollapsible(false);
-    details->addWidget(captioned(new QLabel(u"C&hanges"_s), m_changes));
+    details->addWidget(captioned(new QLabel(tr("C&hanges")), m_changes));
     details->addWidget(texts);
-    details->addWidget(captioned(new QLabel(u"&Errors That Go and Come, Notes"_s), m_consequences));
+    details->addWidget(captioned(new QLabel(tr("&Errors That Go and Come, Notes")), m_consequences));
     details->setSizes({260, 130, 110});
     return details;
 }
@@ -127,13 +127,13 @@ QLayout *ChangePreviewWindow::newButtons()
     m_outcome->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_progress = new QProgressBar;
     m_progress->setObjectName(u"planProgress"_s);
-    m_progress->setAccessibleName(u"Titles looked at"_s);
-    m_progress->setFormat(u"Looking at title %v of %m"_s);
+    m_progress->setAccessibleName(tr("Titles looked at"));
+    m_progress->setFormat(tr("Looking at title %v of %m"));
     m_progress->setFixedWidth(progressWidth);
-    m_stop = newButton(u"stopPlanning"_s, u"Sto&p"_s, &ChangePreviewWindow::stop);
-    m_undo = newButton(u"undoPlan"_s, u"&Undo"_s, &ChangePreviewWindow::undo);
-    m_apply = newButton(u"applyPlan"_s, u"Appl&y"_s, &ChangePreviewWindow::apply);
-    auto *close = new QPushButton(u"C&lose"_s);
+    m_stop = newButton(u"stopPlanning"_s, tr("Sto&p"), &ChangePreviewWindow::stop);
+    m_undo = newButton(u"undoPlan"_s, tr("&Undo"), &ChangePreviewWindow::undo);
+    m_apply = newButton(u"applyPlan"_s, tr("Appl&y"), &ChangePreviewWindow::apply);
+    auto *close = new QPushButton(tr("C&lose"));
     close->setObjectName(u"closePlan"_s);
     close->setAutoDefault(false);
     connect(close, &QPushButton::clicked, this, &QDialog::close);
@@ -219,9 +219,9 @@ void ChangePreviewWindow::showButtons()
 {
     const qsizetype count = m_preview->tickedCount();
     const bool isReady = !m_preview->isPlanning() && !m_pause.isActive();
-    m_apply->setText(count == 0   ? u"Appl&y"_s
-                     : count == 1 ? u"Appl&y to 1 Title"_s
-                                  : u"Appl&y to %L1 Titles"_s.arg(count));
+    m_apply->setText(count == 0   ? tr("Appl&y")
+                     : count == 1 ? tr("Appl&y to 1 Title")
+                                  : tr("Appl&y to %Ln Titles", nullptr, int(count)));
     m_apply->setEnabled(isReady && count > 0 && !m_preview->isApplied());
     m_undo->setVisible(m_preview->isApplied());
     m_form->setEnabled(!m_preview->isApplied());
@@ -233,7 +233,7 @@ void ChangePreviewWindow::stop()
 {
     m_preview->stop();
     m_keepsOutcome = true;
-    m_outcome->setText(u"Not all titles were looked at."_s);
+    m_outcome->setText(tr("Not all titles were looked at."));
     announce(*this, m_outcome->text());
 }
 
@@ -242,8 +242,8 @@ void ChangePreviewWindow::apply()
     const Result<QString> outcome = atWork(&ChangePreview::apply);
     if (outcome)
         return tell(*outcome);
-    tell(
-        u"Nothing was changed: %1. What stands here now is what would change."_s.arg(outcome.error().reason));
+    tell(tr("Nothing was changed: %1. What stands here now is what would change.")
+             .arg(outcome.error().reason));
     plan();
 }
 
@@ -251,7 +251,7 @@ void ChangePreviewWindow::undo()
 {
     const Result<QString> outcome = atWork(&ChangePreview::undo);
     if (!outcome)
-        return tell(u"Nothing was brought back: %1"_s.arg(outcome.error().reason));
+        return tell(tr("Nothing was brought back: %1").arg(outcome.error().reason));
     tell(*outcome);
     plan();
 }
@@ -259,7 +259,7 @@ void ChangePreviewWindow::undo()
 /// Storing many titles takes its time, and nothing else can be done meanwhile.
 Result<QString> ChangePreviewWindow::atWork(Result<QString> (ChangePreview::*work)(EditHistory *))
 {
-    m_outcome->setText(u"Storing…"_s);
+    m_outcome->setText(tr("Storing…"));
     m_outcome->repaint();
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
     const auto restore = qScopeGuard([] { QGuiApplication::restoreOverrideCursor(); });

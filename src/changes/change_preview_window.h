@@ -72,7 +72,7 @@ private:
     QPushButton *m_undo = nullptr;
     QPushButton *m_apply = nullptr;
     QTimer m_pause; ///< The author fills in the form; planning begins when the typing stops.
-    QString m_nothingText = QStringLiteral("Nothing would change.");
+    QString m_nothingText = tr("Nothing would change.");
     bool m_keepsOutcome = false; ///< The sentence is about what was done, not about the plan.
 };
 

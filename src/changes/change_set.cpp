@@ -6,6 +6,8 @@
 #include "validation/error_pass.h"
 #include "validation/field_rules.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -13,6 +15,11 @@ using namespace Qt::StringLiterals;
 namespace quillon::change_sets {
 
 namespace {
+
+class ChangeSetText
+{
+    Q_DECLARE_TR_FUNCTIONS(ChangeSet)
+};
 
 StringDictionary missingIn(const StringDictionary &errors, const StringDictionary &others)
 {
@@ -120,7 +127,7 @@ QString differingText(const QList<FieldId> &fields)
     QStringList names;
     for (const FieldId field : fields)
         names.append(padField(field).element.toString());
-    return u"it holds another text by now: "_s + names.join(u", "_s);
+    return ChangeSetText::tr("it holds another text by now: %1").arg(names.join(u", "_s));
 }
 
 } // namespace quillon::change_sets

@@ -59,7 +59,7 @@ QVariant ChangesTable::headerData(int section, Qt::Orientation orientation, int 
 {
     if (role != Qt::DisplayRole || orientation != Qt::Horizontal)
         return {};
-    static const QStringList headers = {u"Field"_s, u"Is"_s, u"Becomes"_s};
+    static const QStringList headers = {tr("Field"), tr("Is"), tr("Becomes")};
     return headers.value(section);
 }
 

@@ -195,7 +195,7 @@ Result<QList<FieldId>> EditHistory::walk(QList<history::StepHead> UndoStacks::*f
 Result<> EditHistory::mayApply(const QList<Change> &changes) const
 {
     if (!mwqnSelSW || !m_editor.loaded())
-        return Error{Error::Kind::Refused, {}, u"no title is open"_s};
+        return Error{Error::Kind::Refused, {}, tr("no title is open")};
     const auto differing = change_sets::differing(change_sets::valuesOf(m_editor.form()), changes);
     return differing.isEmpty()
                ? Result<>()

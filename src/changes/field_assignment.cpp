@@ -5,6 +5,8 @@
 #include "validation/error_pass.h"
 #include "validation/field_rules.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -12,6 +14,11 @@ using namespace Qt::StringLiterals;
 namespace quillon::field_assignments {
 
 namespace {
+
+class FieldAssignmentText
+{
+    Q_DECLARE_TR_FUNCTIONS(FieldAssignment)
+};
 
 QStringList listEntries(const QString &value)
 {
@@ -30,10 +37,11 @@ Result<FieldAssignment> parsed(const QString &text)
     const qsizetype sign = text.indexOf(u'=');
     const auto field = sign < 0 ? std::nullopt : fieldNamed(QStringView(text).first(sign));
     if (!field)
-        return refused(u"%1 is no FIELD=VALUE of a field that exists."_s.arg(text));
+        return refused(FieldAssignmentText::tr("%1 is no FIELD=VALUE of a field that exists.").arg(text));
     const FieldAssignment assignment{*field, text.sliced(sign + 1)};
     if (!isPossible(assignment))
-        return refused(u"%1 cannot be set to %2."_s.arg(padField(*field).control, assignment.value));
+        return refused(FieldAssignmentText::tr("%1 cannot be set to %2.")
+                           .arg(padField(*field).control, assignment.value));
     return assignment;
 }
 

@@ -34,7 +34,7 @@ FieldValueView::FieldValueView(const QString &name, const QString &purpose, Fiel
     , m_choice(new NamedPopUp)
 {
     m_field->setObjectName(name + u"Field"_s);
-    m_field->setAccessibleName(u"Field "_s + purpose);
+    m_field->setAccessibleName(tr("Field %1").arg(purpose));
     for (const PadField &each : padFields) {
         if (each.kind != FieldKind::Computed)
             m_field->addItem(accessibleNameOf(each.id), int(each.id));
@@ -48,7 +48,7 @@ FieldValueView::FieldValueView(const QString &name, const QString &purpose, Fiel
     row->setContentsMargins(0, 0, 0, 0);
     row->addWidget(m_field);
     for (QWidget *each : std::initializer_list<QWidget *>{m_line, m_text, m_choice}) {
-        each->setAccessibleName(u"Value "_s + purpose);
+        each->setAccessibleName(tr("Value %1").arg(purpose));
         row->addWidget(each, 1);
     }
     setField(field);

@@ -11,7 +11,7 @@ namespace quillon {
 
 FixFormView::FixFormView(QWidget *parent) : PlanForm(parent)
 {
-    auto *text = new QLabel(u"What can be mended without guessing. Untick what you do not want."_s);
+    auto *text = new QLabel(tr("What can be mended without guessing. Untick what you do not want."));
     text->setWordWrap(true);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);

@@ -2,6 +2,7 @@
 
 #include "changes/text_cutting.h"
 #include "pad/file_size.h"
+#include "platform/translated_text.h"
 #include "validation/field_rules.h"
 
 #include <algorithm>
@@ -239,7 +240,7 @@ QList<Change> changesFor(const TitleState &state, const QStringList &only)
 
 ChangePlan plan(const QStringList &titles, const QStringList &only)
 {
-    ChangePlan plan{.origin = u"fix"_s, .label = u"Fix"_s, .titles = {}};
+    ChangePlan plan{.origin = u"fix"_s, .label = fixedEnglish(u"Fix"), .titles = {}};
     change_plans::planEach(plan, titles, [&only](const TitleState &state) {
         return change_plans::planned(state, changesFor(state, only));
     });

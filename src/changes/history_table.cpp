@@ -17,17 +17,21 @@ constexpr qint64 rowsAtATime = 200;
 
 QString originText(const QString &origin)
 {
-    static const QHash<QString, QString> texts = {
-        {history::origin::typed, u"Edited"_s},     {history::origin::import, u"Imported"_s},
-        {history::origin::restore, u"Restored"_s}, {history::origin::release, u"Release"_s},
-        {history::origin::undo, u"Undone"_s},      {history::origin::redo, u"Redone"_s}};
+    static const QHash<QString, QString> texts = {{history::origin::typed, HistoryTable::tr("Edited")},
+                                                  {history::origin::import, HistoryTable::tr("Imported")},
+                                                  {history::origin::restore, HistoryTable::tr("Restored")},
+                                                  {history::origin::release, HistoryTable::tr("Release")},
+                                                  {history::origin::undo, HistoryTable::tr("Undone")},
+                                                  {history::origin::redo, HistoryTable::tr("Redone")}};
     return texts.value(origin, origin);
 }
 
 QString fieldText(const history::Row &row)
 {
     const auto field = fieldNamed(row.field);
-    return row.field.isEmpty() ? u"(the whole file)"_s : field ? accessibleNameOf(*field) : row.field;
+    return row.field.isEmpty() ? HistoryTable::tr("(the whole file)")
+           : field             ? accessibleNameOf(*field)
+                               : row.field;
 }
 
 } // namespace
@@ -95,7 +99,7 @@ QVariant HistoryTable::headerData(int section, Qt::Orientation orientation, int 
 {
     if (role != Qt::DisplayRole || orientation != Qt::Horizontal)
         return {};
-    static const QStringList headers = {u"When"_s, u"Field"_s, u"What"_s};
+    static const QStringList headers = {tr("When"), tr("Field"), tr("What")};
     return headers.value(section);
 }
 

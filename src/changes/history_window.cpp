@@ -6,6 +6,7 @@
 #include "editor/editor.h"
 #include "editor/editor_layout.h"
 #include "platform/plain_text.h"
+#include "platform/translated_text.h"
 #include "store/process_state.h"
 #include "widgets/announcement.h"
 #include "widgets/row_table.h"
@@ -29,8 +30,8 @@ constexpr int firstMomentsWidth = 460;
 QString windowTitleFor(const std::optional<FieldId> &field)
 {
     const QString title = plainWindowTitle(*mwqnSelSW);
-    return field ? u"Earlier Texts of %1 – %2"_s.arg(accessibleNameOf(*field), title)
-                 : u"History – %1"_s.arg(title);
+    return field ? HistoryWindow::tr("Earlier Texts of %1 – %2").arg(accessibleNameOf(*field), title)
+                 : HistoryWindow::tr("History – %1").arg(title);
 }
 
 } // namespace
@@ -46,7 +47,7 @@ HistoryWindow::HistoryWindow(Editor &editor, EditHistory &edits, const std::opti
     setWindowTitle(windowTitleFor(field));
     resize(historySize);
 
-    m_moments = newRowTable(u"moments"_s, u"Moments"_s, this);
+    m_moments = newRowTable(u"moments"_s, tr("Moments"), this);
     m_moments->setModel(m_table);
     m_moments->setColumnHidden(HistoryTable::Field, field.has_value());
     m_moments->horizontalHeader()->setStretchLastSection(true);
@@ -80,16 +81,16 @@ HistoryWindow::HistoryWindow(Editor &editor, EditHistory &edits, const std::opti
     if (m_table->rowCount() > 0)
         m_moments->selectRow(0);
     else
-        m_outcome->setText(u"Nothing has been changed here yet."_s);
+        m_outcome->setText(tr("Nothing has been changed here yet."));
     showMoment();
 }
 
 QWidget *HistoryWindow::newText(MarkedTextView *text, QPushButton *&button, QString history::Row::*side)
 {
-    button = new QPushButton(u"Restore This Field"_s);
+    button = new QPushButton(tr("Restore This Field"));
     button->setObjectName(text->objectName() + u"Restore"_s);
     button->setAutoDefault(false);
-    button->setAccessibleName(u"Restore this field: "_s + text->accessibleName());
+    button->setAccessibleName(tr("Restore this field: %1").arg(text->accessibleName()));
     connect(button, &QPushButton::clicked, this, [this, side] {
         if (const history::Row *row = moment())
             restoreField(row->*side);
@@ -104,12 +105,12 @@ QWidget *HistoryWindow::newButtons()
     auto *buttons = new QWidget;
     auto *row = new QHBoxLayout(buttons);
     row->setContentsMargins(0, 0, 0, 0);
-    m_restoreTitle = new QPushButton(u"&Restore the Title As It Was Here"_s);
+    m_restoreTitle = new QPushButton(tr("&Restore the Title As It Was Here"));
     m_restoreTitle->setObjectName(u"restoreTitle"_s);
     m_restoreTitle->setAutoDefault(false);
-    m_restoreTitle->setToolTip(u"Brings all fields back to what they were after the selected moment"_s);
+    m_restoreTitle->setToolTip(tr("Brings all fields back to what they were after the selected moment"));
     connect(m_restoreTitle, &QPushButton::clicked, this, &HistoryWindow::restoreTitle);
-    auto *close = new QPushButton(u"&Close"_s);
+    auto *close = new QPushButton(tr("&Close"));
     close->setObjectName(u"closeHistory"_s);
     close->setAutoDefault(false);
     connect(close, &QPushButton::clicked, this, &HistoryWindow::close);
@@ -148,7 +149,8 @@ void HistoryWindow::restoreField(const QString &text)
     m_edits.store();
     const FieldId field = *fieldNamed(moment()->field);
     const QString now = m_editor.form().value(field);
-    apply(ChangeSet{history::origin::restore, u"Back to an earlier text"_s, {{field, now, text}}});
+    apply(
+        ChangeSet{history::origin::restore, fixedEnglish(u"Back to an earlier text"), {{field, now, text}}});
 }
 
 void HistoryWindow::restoreTitle()
@@ -167,13 +169,14 @@ void HistoryWindow::tell(const QString &sentence)
 void HistoryWindow::apply(const Result<ChangeSet> &set)
 {
     const auto fields = set && mwqnSelSW == m_title ? m_edits.apply(*set)
-                        : set                       ? Error{.reason = u"another title is open"_s}
+                        : set                       ? Error{.reason = tr("another title is open")}
                                                     : Result<QList<FieldId>>(set.error());
     if (!fields)
-        return tell(u"Nothing was changed: %1"_s.arg(fields.error().reason));
-    tell(fields->isEmpty()     ? u"The title is as it was then."_s
-         : fields->size() == 1 ? u"1 field was restored. Undo takes that back."_s
-                               : u"%L1 fields were restored. Undo takes that back."_s.arg(fields->size()));
+        return tell(tr("Nothing was changed: %1").arg(fields.error().reason));
+    tell(fields->isEmpty() ? tr("The title is as it was then.")
+         : fields->size() == 1
+             ? tr("1 field was restored. Undo takes that back.")
+             : tr("%Ln fields were restored. Undo takes that back.", nullptr, int(fields->size())));
     Q_EMIT restored(*fields);
 }
 

@@ -44,8 +44,8 @@ MarkedTextView::MarkedTextView(const QString &name, Side side, QWidget *parent)
 
 QString MarkedTextView::caption() const
 {
-    return m_side == Side::Before ? u"&Before (what went is struck out)"_s
-                                  : u"&After (what came is underlined)"_s;
+    return m_side == Side::Before ? tr("&Before (what went is struck out)")
+                                  : tr("&After (what came is underlined)");
 }
 
 void MarkedTextView::showChange(const QString &before, const QString &after)

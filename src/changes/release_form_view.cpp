@@ -34,29 +34,29 @@ Widget *named(Widget *widget, const QString &name, const QString &accessibleName
 
 ReleaseFormView::ReleaseFormView(QWidget *parent)
     : PlanForm(parent)
-    , m_version(named(new QLineEdit, u"releaseVersion"_s, u"Version"_s))
-    , m_date(named(new QDateEdit(QDate::currentDate()), u"releaseDate"_s, u"Release date"_s))
-    , m_file(named(new QLineEdit, u"releaseFile"_s, u"Released file"_s))
-    , m_status(named<QComboBox>(new NamedPopUp, u"releaseStatus"_s, u"Release status"_s))
-    , m_addresses(named(new QCheckBox(u"&Replace the old version in addresses"_s), u"releaseAddresses"_s,
-                        u"Replace the old version in addresses"_s))
-    , m_changes(named(new QPlainTextEdit, u"releaseChanges"_s, u"What is new"_s))
+    , m_version(named(new QLineEdit, u"releaseVersion"_s, tr("Version")))
+    , m_date(named(new QDateEdit(QDate::currentDate()), u"releaseDate"_s, tr("Release date")))
+    , m_file(named(new QLineEdit, u"releaseFile"_s, tr("Released file")))
+    , m_status(named<QComboBox>(new NamedPopUp, u"releaseStatus"_s, tr("Release status")))
+    , m_addresses(named(new QCheckBox(tr("&Replace the old version in addresses")), u"releaseAddresses"_s,
+                        tr("Replace the old version in addresses")))
+    , m_changes(named(new QPlainTextEdit, u"releaseChanges"_s, tr("What is new")))
 {
     m_date->setCalendarPopup(true);
-    m_file->setPlaceholderText(u"Its size becomes the size of the titles"_s);
-    m_status->addItem(u"(as it is)"_s);
+    m_file->setPlaceholderText(tr("Its size becomes the size of the titles"));
+    m_status->addItem(tr("(as it is)"));
     m_status->addItems(vocabulary::releaseStatuses());
     m_addresses->setChecked(true);
-    m_changes->setPlaceholderText(u"Left empty, the text stays as it is"_s);
+    m_changes->setPlaceholderText(tr("Left empty, the text stays as it is"));
     m_changes->setTabChangesFocus(true);
     m_changes->setFixedHeight(m_changes->fontMetrics().lineSpacing() * linesOfChanges + 12);
     auto *left = new QFormLayout;
-    left->addRow(u"&Version:"_s, m_version);
-    left->addRow(u"&Date:"_s, m_date);
-    left->addRow(u"&Status:"_s, m_status);
+    left->addRow(tr("&Version:"), m_version);
+    left->addRow(tr("&Date:"), m_date);
+    left->addRow(tr("&Status:"), m_status);
     auto *right = new QFormLayout;
-    right->addRow(u"&File:"_s, newFileRow());
-    right->addRow(u"What is &new:"_s, m_changes);
+    right->addRow(tr("&File:"), newFileRow());
+    right->addRow(tr("What is &new:"), m_changes);
     right->addRow(QString(), m_addresses);
     auto *columns = new QHBoxLayout(this);
     columns->setContentsMargins(0, 0, 0, 0);
@@ -74,7 +74,7 @@ ReleaseFormView::ReleaseFormView(QWidget *parent)
 QWidget *ReleaseFormView::newFileRow()
 {
     auto *choose =
-        named(new QPushButton(u"Ch&oose…"_s), u"chooseReleaseFile"_s, u"Choose the released file"_s);
+        named(new QPushButton(tr("Ch&oose…")), u"chooseReleaseFile"_s, tr("Choose the released file"));
     choose->setAutoDefault(false);
     connect(choose, &QPushButton::clicked, this, &ReleaseFormView::chooseFile);
     auto *widget = new QWidget;
@@ -88,7 +88,7 @@ QWidget *ReleaseFormView::newFileRow()
 
 void ReleaseFormView::chooseFile()
 {
-    auto *chooser = new QFileDialog(this, u"Choose the Released File"_s);
+    auto *chooser = new QFileDialog(this, tr("Choose the Released File"));
     chooser->setAttribute(Qt::WA_DeleteOnClose);
     chooser->setFileMode(QFileDialog::ExistingFile);
     connect(chooser, &QFileDialog::fileSelected, m_file, &QLineEdit::setText);
@@ -98,7 +98,7 @@ void ReleaseFormView::chooseFile()
 Result<ChangePreview::Planner> ReleaseFormView::planner() const
 {
     if (m_version->text().isEmpty())
-        return Error{Error::Kind::Refused, {}, u"Give the version of the release."_s};
+        return Error{Error::Kind::Refused, {}, tr("Give the version of the release.")};
     release_plan::Release release{.version = m_version->text(),
                                   .date = m_date->date(),
                                   .replacesVersionInAddresses = m_addresses->isChecked()};
@@ -109,7 +109,7 @@ Result<ChangePreview::Planner> ReleaseFormView::planner() const
     if (!m_file->text().isEmpty()) {
         const auto file = release_plan::fileAt(m_file->text());
         if (!file)
-            return Error{Error::Kind::Refused, {}, u"The released file: %1."_s.arg(file.error().reason)};
+            return Error{Error::Kind::Refused, {}, tr("The released file: %1.").arg(file.error().reason)};
         release.file = *file;
     }
     if (const Result<> judged = release_plan::judge(release); !judged)

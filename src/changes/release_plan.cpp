@@ -4,9 +4,11 @@
 #include "pad/file_size.h"
 #include "pad/vocabularies.h"
 #include "platform/regex.h"
+#include "platform/translated_text.h"
 #include "validation/field_rules.h"
 #include "validation/text_filters.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -16,6 +18,11 @@ using namespace Qt::StringLiterals;
 namespace quillon::release_plan {
 
 namespace {
+
+class ReleasePlanText
+{
+    Q_DECLARE_TR_FUNCTIONS(ReleasePlan)
+};
 
 constexpr QStringView versionExtra = u"0-9 ._-"; // As typing takes it.
 
@@ -73,8 +80,8 @@ void noteFile(const Release &release, QStringList &notes)
     const QStringList versions = release.file ? versionsIn(release.file->name) : QStringList();
     const QString wanted = QString(release.version).replace(u'_', u'.').replace(u'-', u'.');
     if (!versions.isEmpty() && !versions.contains(wanted) && !release.file->name.contains(release.version))
-        notes.append(u"The name of the file %1 has the version %2 in it, not %3."_s.arg(
-            release.file->name, versions.first(), release.version));
+        notes.append(ReleasePlanText::tr("The name of the file %1 has the version %2 in it, not %3.")
+                         .arg(release.file->name, versions.first(), release.version));
 }
 
 void setAddresses(const Release &release, Changes &changes, QStringList &notes)
@@ -92,7 +99,7 @@ void setAddresses(const Release &release, Changes &changes, QStringList &notes)
             kept.append(field.element.toString());
     }
     if (!kept.isEmpty())
-        notes.append(u"The version %1 stays in %2."_s.arg(oldVersion, kept.join(u", "_s)));
+        notes.append(ReleasePlanText::tr("The version %1 stays in %2.").arg(oldVersion, kept.join(u", "_s)));
 }
 
 TitlePlan planOne(const Release &release, const TitleState &state)
@@ -123,9 +130,9 @@ Result<ReleaseFile> fileAt(const QString &path)
 {
     const QFileInfo file(path);
     if (!file.exists())
-        return Error{Error::Kind::Missing, path, u"there is no such file"_s};
+        return Error{Error::Kind::Missing, path, ReleasePlanText::tr("there is no such file")};
     if (!file.isFile())
-        return Error{Error::Kind::Unreadable, path, u"it is no regular file"_s};
+        return Error{Error::Kind::Unreadable, path, ReleasePlanText::tr("it is no regular file")};
     return ReleaseFile{file.fileName(), file.size()};
 }
 
@@ -136,23 +143,25 @@ Result<> judge(const Release &release)
     if (!lengths.hold(release.version.size()) ||
         text_filters::leadingLetters(release.version, versionExtra) != release.version ||
         release.version.trimmed() != release.version)
-        return refused(
-            u"A version has %1 to %2 letters, digits, blanks, and “.”, “_”, “-”; blanks stand inside only."_s
-                .arg(lengths.min)
-                .arg(lengths.max));
+        return refused(ReleasePlanText::tr("A version has %1 to %2 letters, digits, blanks, and “.”, “_”, "
+                                           "“-”; blanks stand inside only.")
+                           .arg(lengths.min)
+                           .arg(lengths.max));
     if (!release.date.isValid() || !years.hold(release.date.year()))
-        return refused(
-            u"A release has a date, year-month-day, in the years %1 to %2."_s.arg(years.min).arg(years.max));
+        return refused(ReleasePlanText::tr("A release has a date, year-month-day, in the years %1 to %2.")
+                           .arg(years.min)
+                           .arg(years.max));
     if (release.status && !vocabulary::releaseStatuses().contains(*release.status))
-        return refused(
-            u"A release's status is one of: %1."_s.arg(vocabulary::releaseStatuses().join(u", "_s)));
+        return refused(ReleasePlanText::tr("A release's status is one of: %1.")
+                           .arg(vocabulary::releaseStatuses().join(u", "_s)));
     return {};
 }
 
 ChangePlan plan(const Release &release, const QStringList &titles)
 {
-    ChangePlan plan{
-        .origin = history::origin::release, .label = u"Release %1"_s.arg(release.version), .titles = {}};
+    ChangePlan plan{.origin = history::origin::release,
+                    .label = fixedEnglish(u"Release %1").arg(release.version),
+                    .titles = {}};
     change_plans::planEach(plan, titles,
                            [&release](const TitleState &state) { return planOne(release, state); });
     return plan;

@@ -5,8 +5,11 @@
 #include "journal/originals.h"
 #include "pad/pad_form.h"
 #include "pad/pad_reader.h"
+#include "platform/translated_text.h"
 #include "validation/error_pass.h"
 #include "validation/field_rules.h"
+
+#include <QCoreApplication>
 
 #include <algorithm>
 
@@ -15,6 +18,11 @@ using namespace Qt::StringLiterals;
 namespace quillon::restoring {
 
 namespace {
+
+class RestoringText
+{
+    Q_DECLARE_TR_FUNCTIONS(Restoring)
+};
 
 Result<QList<history::Row>> rowsOf(const QString &title)
 {
@@ -72,10 +80,10 @@ Result<ChangeSet> plan(const QString &title, const PadForm &form, qint64 row,
     const bool isThere = std::any_of(rows->begin(), rows->end(),
                                      [row](const history::Row &each) { return each.number == row; });
     if (!isThere && row != 0)
-        return Error{Error::Kind::Refused, title, u"its history has no row %1"_s.arg(row)};
+        return Error{Error::Kind::Refused, title, RestoringText::tr("its history has no row %1").arg(row)};
     const FormValues now = change_sets::valuesOf(form);
     const auto original = row == 0 ? valuesOfOriginal(title) : std::nullopt; // The rows may be thinned out.
-    ChangeSet set{history::origin::restore, u"Back to row %1"_s.arg(row),
+    ChangeSet set{history::origin::restore, fixedEnglish(u"Back to row %1").arg(row),
                   change_sets::between(now, original ? *original : valuesAt(*rows, row, now))};
     if (field)
         set.changes.removeIf([&field](const Change &change) { return change.field != *field; });

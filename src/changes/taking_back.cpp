@@ -3,6 +3,8 @@
 #include "changes/undo_stacks.h"
 #include "journal/journal.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -10,6 +12,11 @@ using namespace Qt::StringLiterals;
 namespace quillon::taking_back {
 
 namespace {
+
+class TakingBackText
+{
+    Q_DECLARE_TR_FUNCTIONS(TakingBack)
+};
 
 /// A title of a set as the journal knows it.
 struct SetTitle
@@ -117,8 +124,8 @@ Result<ChangePlan> plan(const std::optional<qint64> &id)
     if (set == all->end())
         return Error{Error::Kind::Refused,
                      {},
-                     id ? u"There is no set of changes %1."_s.arg(*id)
-                        : u"There is no set of changes to take back."_s};
+                     id ? TakingBackText::tr("There is no set of changes %1.").arg(*id)
+                        : TakingBackText::tr("There is no set of changes to take back.")};
     return reverse(*set);
 }
 

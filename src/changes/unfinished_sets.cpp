@@ -9,6 +9,8 @@
 #include "platform/notifications.h"
 #include "store/add_delete_import_edit.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -16,6 +18,11 @@ using namespace Qt::StringLiterals;
 namespace quillon::unfinished_sets {
 
 namespace {
+
+class UnfinishedSetsText
+{
+    Q_DECLARE_TR_FUNCTIONS(UnfinishedSets)
+};
 
 /// A title of a set, and what its fields held after the set until they were changed again.
 struct SetTitle
@@ -110,7 +117,9 @@ QString listed(const QStringList &titles)
 {
     static constexpr qsizetype most = 5;
     const QString first = titles.mid(0, most).join(u", "_s);
-    return titles.size() <= most ? first : u"%1 and %2 more"_s.arg(first).arg(titles.size() - most);
+    return titles.size() <= most
+               ? first
+               : UnfinishedSetsText::tr("%1 and %n more", nullptr, int(titles.size() - most)).arg(first);
 }
 
 /// What to tell of a set that is not made everywhere.
@@ -118,12 +127,14 @@ Error told(const UnfinishedSet &set, const Outcome &outcome)
 {
     QStringList parts;
     if (!outcome.made.isEmpty())
-        parts.append(u"done in %1"_s.arg(listed(outcome.made)));
+        parts.append(UnfinishedSetsText::tr("done in %1").arg(listed(outcome.made)));
     if (!outcome.notMade.isEmpty())
-        parts.append(u"not done in %1"_s.arg(listed(outcome.notMade)));
+        parts.append(UnfinishedSetsText::tr("not done in %1").arg(listed(outcome.notMade)));
     if (!outcome.unknown.isEmpty())
-        parts.append(u"unknown of %1, which cannot be read"_s.arg(listed(outcome.unknown)));
-    return {Error::Kind::NotDone, set.label, u"it was not finished: "_s + parts.join(u"; "_s)};
+        parts.append(
+            UnfinishedSetsText::tr("unknown of %1, which cannot be read").arg(listed(outcome.unknown)));
+    return {Error::Kind::NotDone, set.label,
+            UnfinishedSetsText::tr("it was not finished: %1").arg(parts.join(u"; "_s))};
 }
 
 } // namespace

@@ -1,5 +1,8 @@
 #include "controls/icon_cell.h"
 
+#include <QCoreApplication>
+#include <QHash>
+
 #include <array>
 
 using namespace Qt::StringLiterals;
@@ -7,6 +10,11 @@ using namespace Qt::StringLiterals;
 namespace quillon {
 
 namespace {
+
+class IconCellText
+{
+    Q_DECLARE_TR_FUNCTIONS(IconCell)
+};
 
 struct AlignmentName
 {
@@ -36,9 +44,12 @@ IconCell tableValidateImageOK(const QString &imageName, const QStringList &image
 
 QString iconDescription(const QString &icon)
 {
-    if (icon == u"NotValidated")
-        return u"Not validated"_s;
-    return icon == u"OldVers" ? u"Older version"_s : icon;
+    static const QHash<QString, QString> ofStates = {
+        {u"Validated"_s, IconCellText::tr("Validated")},
+        {u"NotValidated"_s, IconCellText::tr("Not validated")},
+        {u"OldVers"_s, IconCellText::tr("Older version")},
+    };
+    return ofStates.value(icon, icon);
 }
 
 QString description(const IconCell &cell)

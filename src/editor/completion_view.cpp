@@ -21,7 +21,7 @@ constexpr int longestShown = 200;
 CompletionView::CompletionView(const Editor &editor, QWidget *page) : QListWidget(page), m_others(editor)
 {
     setObjectName(u"completionView"_s);
-    setAccessibleName(u"What other titles hold here"_s);
+    setAccessibleName(tr("What other titles hold here"));
     setFocusPolicy(Qt::NoFocus);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

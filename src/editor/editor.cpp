@@ -65,7 +65,7 @@ void Editor::loadPADData()
     if (stored.isError(Error::Kind::Unreadable)) {
         const Error &error = stored.error();
         m_loaded = Error{error.kind, error.path,
-                         u"%1; until it is read, nothing of this title is stored"_s.arg(error.reason)};
+                         tr("%1; until it is read, nothing of this title is stored").arg(error.reason)};
         reportFailure(m_loaded.error());
     }
     field_rules::forgetTypedHints(m_form);

@@ -1,6 +1,7 @@
 #include "editor/editor_layout.h"
 
 #include "editor/editor_pages.h"
+#include "platform/translated_text.h"
 
 #include <QHash>
 
@@ -14,89 +15,89 @@ using F = FieldId;
 
 // clang-format off
 const QList<FieldGroup> company = {
-    {u"Author", 0, {
-        {u"Author first name", F::authorFirstName},
-        {u"Author last name", F::authorLastName},
-        {u"Author e-mail", F::authorEmail}}},
-    {u"Contact", 0, {
-        {u"Contact first name", F::contactFirstName},
-        {u"Contact last name", F::contactLastName},
-        {u"Contact e-mail", F::contactEmail}}},
-    {u"Company", 1, {
-        {u"Company name", F::companyName},
-        {u"Address", F::companyAddress},
-        {u"Address line 2", F::companyAddress2},
-        {u"City/Town", F::companyCityTown},
-        {u"State/County", F::companyStateCounty},
-        {u"ZIP/Postcode", F::companyZIPPostcode},
-        {u"Country", F::companyCountry},
-        {u"Website", F::companyWebsite}}},
-    {u"Support", 2, {
-        {u"General e-mail", F::generalEmail},
-        {u"General phone", F::generalPhone},
-        {u"Fax", F::generalFax},
-        {u"Support e-mail", F::supportEmail},
-        {u"Support phone", F::supportPhone},
-        {u"Sales e-mail", F::salesEmail},
-        {u"Sales phone", F::salesPhone}}},
+    {QUILLON_TR_NOOP("EditorLayout", "Author"), 0, {
+        {QUILLON_TR_NOOP("EditorLayout", "Author first name"), F::authorFirstName},
+        {QUILLON_TR_NOOP("EditorLayout", "Author last name"), F::authorLastName},
+        {QUILLON_TR_NOOP("EditorLayout", "Author e-mail"), F::authorEmail}}},
+    {QUILLON_TR_NOOP("EditorLayout", "Contact"), 0, {
+        {QUILLON_TR_NOOP("EditorLayout", "Contact first name"), F::contactFirstName},
+        {QUILLON_TR_NOOP("EditorLayout", "Contact last name"), F::contactLastName},
+        {QUILLON_TR_NOOP("EditorLayout", "Contact e-mail"), F::contactEmail}}},
+    {QUILLON_TR_NOOP("EditorLayout", "Company"), 1, {
+        {QUILLON_TR_NOOP("EditorLayout", "Company name"), F::companyName},
+        {QUILLON_TR_NOOP("EditorLayout", "Address"), F::companyAddress},
+        {QUILLON_TR_NOOP("EditorLayout", "Address line 2"), F::companyAddress2},
+        {QUILLON_TR_NOOP("EditorLayout", "City/Town"), F::companyCityTown},
+        {QUILLON_TR_NOOP("EditorLayout", "State/County"), F::companyStateCounty},
+        {QUILLON_TR_NOOP("EditorLayout", "ZIP/Postcode"), F::companyZIPPostcode},
+        {QUILLON_TR_NOOP("EditorLayout", "Country"), F::companyCountry},
+        {QUILLON_TR_NOOP("EditorLayout", "Website"), F::companyWebsite}}},
+    {QUILLON_TR_NOOP("EditorLayout", "Support"), 2, {
+        {QUILLON_TR_NOOP("EditorLayout", "General e-mail"), F::generalEmail},
+        {QUILLON_TR_NOOP("EditorLayout", "General phone"), F::generalPhone},
+        {QUILLON_TR_NOOP("EditorLayout", "Fax"), F::generalFax},
+        {QUILLON_TR_NOOP("EditorLayout", "Support e-mail"), F::supportEmail},
+        {QUILLON_TR_NOOP("EditorLayout", "Support phone"), F::supportPhone},
+        {QUILLON_TR_NOOP("EditorLayout", "Sales e-mail"), F::salesEmail},
+        {QUILLON_TR_NOOP("EditorLayout", "Sales phone"), F::salesPhone}}},
 };
 
 const QList<FieldGroup> program = {
-    {u"Program", 0, {
-        {u"Program name", F::programName},
-        {u"Program version", F::programVersion},
-        {u"Release date (day, month, year)", F::releaseDateDay, 1, F::releaseDateMonth, F::releaseDateYear},
-        {u"Program type", F::programTypePopUp},
-        {u"Release status", F::programStatusPopUp},
-        {u"Install support", F::installSupportPopUp},
-        {u"Category", F::categoryPopUp}}},
-    {u"Price and size", 0, {
-        {u"Price in USD", F::priceInUSD},
-        {u"Other price (amount, currency)", F::otherPrice, 1, F::otherPricePopUp},
-        {u"Size in bytes", F::sizeInBytes, 1, F::programSizeKB, F::programSizeMB}}},
-    {u"Expiry", 1, {
+    {QUILLON_TR_NOOP("EditorLayout", "Program"), 0, {
+        {QUILLON_TR_NOOP("EditorLayout", "Program name"), F::programName},
+        {QUILLON_TR_NOOP("EditorLayout", "Program version"), F::programVersion},
+        {QUILLON_TR_NOOP("EditorLayout", "Release date (day, month, year)"), F::releaseDateDay, 1, F::releaseDateMonth, F::releaseDateYear},
+        {QUILLON_TR_NOOP("EditorLayout", "Program type"), F::programTypePopUp},
+        {QUILLON_TR_NOOP("EditorLayout", "Release status"), F::programStatusPopUp},
+        {QUILLON_TR_NOOP("EditorLayout", "Install support"), F::installSupportPopUp},
+        {QUILLON_TR_NOOP("EditorLayout", "Category"), F::categoryPopUp}}},
+    {QUILLON_TR_NOOP("EditorLayout", "Price and size"), 0, {
+        {QUILLON_TR_NOOP("EditorLayout", "Price in USD"), F::priceInUSD},
+        {QUILLON_TR_NOOP("EditorLayout", "Other price (amount, currency)"), F::otherPrice, 1, F::otherPricePopUp},
+        {QUILLON_TR_NOOP("EditorLayout", "Size in bytes"), F::sizeInBytes, 1, F::programSizeKB, F::programSizeMB}}},
+    {QUILLON_TR_NOOP("EditorLayout", "Expiry"), 1, {
         {u"", F::expireCheckBox},
-        {u"Expire count", F::expireCount},
-        {u"Expire based on", F::expireBasePopUp},
-        {u"Expire date (day, month, year)", F::expireDateDay, 1, F::expireDateMonth, F::expireDateYear},
-        {u"Other expire information", F::expireInfo}}},
-    {u"Texts", 1, {
-        {u"Change information", F::changeInformationView, 5},
-        {u"System requirements", F::requirementsView, 3}}},
+        {QUILLON_TR_NOOP("EditorLayout", "Expire count"), F::expireCount},
+        {QUILLON_TR_NOOP("EditorLayout", "Expire based on"), F::expireBasePopUp},
+        {QUILLON_TR_NOOP("EditorLayout", "Expire date (day, month, year)"), F::expireDateDay, 1, F::expireDateMonth, F::expireDateYear},
+        {QUILLON_TR_NOOP("EditorLayout", "Other expire information"), F::expireInfo}}},
+    {QUILLON_TR_NOOP("EditorLayout", "Texts"), 1, {
+        {QUILLON_TR_NOOP("EditorLayout", "Change information"), F::changeInformationView, 5},
+        {QUILLON_TR_NOOP("EditorLayout", "System requirements"), F::requirementsView, 3}}},
     {u"", 2, {
-        {u"Operating Systems", F::osTable}}, 1},
+        {QUILLON_TR_NOOP("EditorLayout", "Operating Systems"), F::osTable}}, 1},
     {u"", 3, {
-        {u"Supported Languages", F::languageTable}}, 1},
+        {QUILLON_TR_NOOP("EditorLayout", "Supported Languages"), F::languageTable}}, 1},
 };
 
 const QList<FieldGroup> descriptions = {
     {u"", 0, {
-        {u"Keywords", F::keywordsView, 3},
-        {u"Description of 45 characters", F::pd45CharDescript, 2},
-        {u"Description of 80 characters", F::pd80CharDescript, 2},
-        {u"Description of 250 characters", F::pd250CharDescript, 5}}},
+        {QUILLON_TR_NOOP("EditorLayout", "Keywords"), F::keywordsView, 3},
+        {QUILLON_TR_NOOP("EditorLayout", "Description of 45 characters"), F::pd45CharDescript, 2},
+        {QUILLON_TR_NOOP("EditorLayout", "Description of 80 characters"), F::pd80CharDescript, 2},
+        {QUILLON_TR_NOOP("EditorLayout", "Description of 250 characters"), F::pd250CharDescript, 5}}},
     {u"", 1, {
-        {u"Description of 450 characters", F::pd450CharDescript, 6},
-        {u"Description of 2000 characters", F::pd2000CharDescript, 12}}},
+        {QUILLON_TR_NOOP("EditorLayout", "Description of 450 characters"), F::pd450CharDescript, 6},
+        {QUILLON_TR_NOOP("EditorLayout", "Description of 2000 characters"), F::pd2000CharDescript, 12}}},
 };
 
 const QList<FieldGroup> web = {
-    {u"Application", 0, {
-        {u"Application information", F::appInfoURL},
-        {u"Ordering", F::orderingURL},
-        {u"Screenshot", F::screenshotURL},
-        {u"Icon", F::iconURL},
-        {u"PAD file", F::padFileURL}}},
-    {u"Download", 1, {
-        {u"Primary download", F::primaryDownloadURL},
-        {u"Secondary download", F::secondaryDownloadURL},
-        {u"Other download 1", F::otherDownloadURL1},
-        {u"Other download 2", F::otherDownloadURL2}}},
+    {QUILLON_TR_NOOP("EditorLayout", "Application"), 0, {
+        {QUILLON_TR_NOOP("EditorLayout", "Application information"), F::appInfoURL},
+        {QUILLON_TR_NOOP("EditorLayout", "Ordering"), F::orderingURL},
+        {QUILLON_TR_NOOP("EditorLayout", "Screenshot"), F::screenshotURL},
+        {QUILLON_TR_NOOP("EditorLayout", "Icon"), F::iconURL},
+        {QUILLON_TR_NOOP("EditorLayout", "PAD file"), F::padFileURL}}},
+    {QUILLON_TR_NOOP("EditorLayout", "Download"), 1, {
+        {QUILLON_TR_NOOP("EditorLayout", "Primary download"), F::primaryDownloadURL},
+        {QUILLON_TR_NOOP("EditorLayout", "Secondary download"), F::secondaryDownloadURL},
+        {QUILLON_TR_NOOP("EditorLayout", "Other download 1"), F::otherDownloadURL1},
+        {QUILLON_TR_NOOP("EditorLayout", "Other download 2"), F::otherDownloadURL2}}},
 };
 
 const QList<FieldGroup> permissions = {
-    {u"", 0, {{u"Distribution permissions", F::distributionPermissions, 20}}},
-    {u"", 1, {{u"End user licence agreement", F::eula, 20}}},
+    {u"", 0, {{QUILLON_TR_NOOP("EditorLayout", "Distribution permissions"), F::distributionPermissions, 20}}},
+    {u"", 1, {{QUILLON_TR_NOOP("EditorLayout", "End user licence agreement"), F::eula, 20}}},
 };
 // clang-format on
 
@@ -104,17 +105,17 @@ const QList<FieldGroup> permissions = {
 const QHash<FieldId, QStringView> &ownNames()
 {
     static const QHash<FieldId, QStringView> names = {
-        {F::releaseDateDay, u"Release date, day"},
-        {F::releaseDateMonth, u"Release date, month"},
-        {F::releaseDateYear, u"Release date, year"},
-        {F::expireDateDay, u"Expire date, day"},
-        {F::expireDateMonth, u"Expire date, month"},
-        {F::expireDateYear, u"Expire date, year"},
-        {F::otherPrice, u"Other price, amount"},
-        {F::otherPricePopUp, u"Other price, currency"},
-        {F::programSizeKB, u"Size in kilobytes"},
-        {F::programSizeMB, u"Size in megabytes"},
-        {F::expireCheckBox, u"Program Has Expire Information"},
+        {F::releaseDateDay, QUILLON_TR_NOOP("EditorLayout", "Release date, day")},
+        {F::releaseDateMonth, QUILLON_TR_NOOP("EditorLayout", "Release date, month")},
+        {F::releaseDateYear, QUILLON_TR_NOOP("EditorLayout", "Release date, year")},
+        {F::expireDateDay, QUILLON_TR_NOOP("EditorLayout", "Expire date, day")},
+        {F::expireDateMonth, QUILLON_TR_NOOP("EditorLayout", "Expire date, month")},
+        {F::expireDateYear, QUILLON_TR_NOOP("EditorLayout", "Expire date, year")},
+        {F::otherPrice, QUILLON_TR_NOOP("EditorLayout", "Other price, amount")},
+        {F::otherPricePopUp, QUILLON_TR_NOOP("EditorLayout", "Other price, currency")},
+        {F::programSizeKB, QUILLON_TR_NOOP("EditorLayout", "Size in kilobytes")},
+        {F::programSizeMB, QUILLON_TR_NOOP("EditorLayout", "Size in megabytes")},
+        {F::expireCheckBox, QUILLON_TR_NOOP("EditorLayout", "Program Has Expire Information")},
     };
     return names;
 }
@@ -136,11 +137,11 @@ const QList<FieldGroup> &groupsOnPage(QStringView label)
 QString accessibleNameOf(FieldId field)
 {
     if (const auto own = ownNames().constFind(field); own != ownNames().cend())
-        return own->toString();
+        return translated("EditorLayout", *own);
     for (const FieldGroup &group : groupsOnPage(pageOf(field).label)) {
         for (const FieldLine &line : group.fields) {
             if (line.field == field)
-                return line.caption.toString();
+                return translated("EditorLayout", line.caption);
         }
     }
     return padField(field).control.toString();

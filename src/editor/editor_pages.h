@@ -2,6 +2,7 @@
 
 #include "pad/field_catalogue.h"
 #include "platform/string_dictionary.h"
+#include "platform/translated_text.h"
 
 /// The editor's pages, each of which shows one group of the PAD file.
 namespace quillon {
@@ -15,11 +16,12 @@ struct EditorPage
 
 /// In the order of their tabs.
 inline constexpr std::array<EditorPage, 5> editorPages = {{
-    {u"Company Information", u"Company_Info", FieldId::authorFirstName},
-    {u"Program Information", u"Program_Info", FieldId::programName},
-    {u"Program Descriptions", u"Program_Descriptions", FieldId::keywordsView},
-    {u"Web Information", u"Web_Info", FieldId::appInfoURL},
-    {u"Permissions", u"Permissions", FieldId::distributionPermissions},
+    {QUILLON_TR_NOOP("EditorPages", "Company Information"), u"Company_Info", FieldId::authorFirstName},
+    {QUILLON_TR_NOOP("EditorPages", "Program Information"), u"Program_Info", FieldId::programName},
+    {QUILLON_TR_NOOP("EditorPages", "Program Descriptions"), u"Program_Descriptions", FieldId::keywordsView},
+    {QUILLON_TR_NOOP("EditorPages", "Web Information"), u"Web_Info", FieldId::appInfoURL},
+    {QUILLON_TR_NOOP("EditorPages", "Permissions"), QUILLON_TR_NOOP("EditorPages", "Permissions"),
+     FieldId::distributionPermissions},
 }};
 
 /// The page that @p field is on.

@@ -4,11 +4,18 @@
 #include "store/process_state.h"
 #include "store/title_folder.h"
 
+#include <QCoreApplication>
+
 using namespace Qt::StringLiterals;
 
 namespace quillon {
 
 namespace {
+
+class EditorSessionText
+{
+    Q_DECLARE_TR_FUNCTIONS(EditorSession)
+};
 
 /// Tells nobody, and is never asked for files.
 class NoSheets final : public AlertSheets
@@ -39,7 +46,7 @@ void EditorSession::close() const
 Result<> EditorSession::open(const QString &title)
 {
     if (!title_folder::exists(title))
-        return Error{Error::Kind::Missing, title, u"there is no such title"_s};
+        return Error{Error::Kind::Missing, title, EditorSessionText::tr("there is no such title")};
     selectTitle(title);
     m_editor.form().clear(); // What the file lacks would stay as the last title had it.
     m_editor.loadPADData();

@@ -12,6 +12,7 @@
 #include "editor/unreadable_file_bar.h"
 #include "platform/plain_text.h"
 #include "platform/settings.h"
+#include "platform/translated_text.h"
 #include "widgets/announcement.h"
 #include "widgets/validation_palette.h"
 
@@ -81,9 +82,9 @@ EditorView::EditorView(Editor &editor, QWidget *parent)
         area->setFrameShape(QFrame::NoFrame);
         area->setWidgetResizable(true);
         area->setFocusPolicy(Qt::NoFocus);
-        m_editorTabs->addTab(area, page.label.toString());
+        m_editorTabs->addTab(area, translated("EditorPages", page.label));
     }
-    m_editorTabs->tabBar()->setAccessibleName(u"Pages of the PAD file"_s);
+    m_editorTabs->tabBar()->setAccessibleName(tr("Pages of the PAD file"));
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(new UnreadableFileBar(editor, this));
@@ -211,7 +212,7 @@ QLabel *EditorView::newCaption(const FieldLine &line)
 {
     const Control &control = m_editor.form().control(line.field);
     QLabel *label = newPlainLabel(control.objectName() + u"Label"_s);
-    label->setText(line.caption.toString());
+    label->setText(translated("EditorLayout", line.caption));
     const auto show = [label, &control] { setValidationColour(*label, control.caption().colour()); };
     connect(&control.caption(), &Caption::changed, label, show);
     show();
@@ -223,7 +224,7 @@ void EditorView::focusField(FieldId field)
     makeCurrentPage();
     QWidget *widget = m_widgets.value(field);
     if (!widget || !widget->isVisible()) {
-        field = m_editor.didSelectTabViewItem(m_editorTabs->tabText(m_editorTabs->currentIndex()));
+        field = m_editor.didSelectTabViewItem(editorPages[size_t(m_editorTabs->currentIndex())].label);
         widget = m_widgets.value(field);
     }
     widget->setFocus(Qt::OtherFocusReason);
@@ -276,7 +277,7 @@ bool EditorView::redoTyping()
 void EditorView::tabPicked(int index)
 {
     makeCurrentPage();
-    const QString label = m_editorTabs->tabText(index);
+    const QString label = editorPages[size_t(index)].label.toString();
     settings().setValue(pageKey, label);
     Q_EMIT tabSelected(label);
     if (!m_revealing)
@@ -295,8 +296,8 @@ void EditorView::showErrorCounts()
         const int count = m_editor.errorCount(editorPages[page]);
         m_editorTabs->setTabIcon(int(page), count == 0 ? QIcon() : errorBadge(count, *this));
         m_editorTabs->setTabToolTip(int(page), count == 0   ? QString()
-                                               : count == 1 ? u"1 error on this page"_s
-                                                            : u"%L1 errors on this page"_s.arg(count));
+                                               : count == 1 ? tr("1 error on this page")
+                                                            : tr("%Ln errors on this page", nullptr, count));
     }
 }
 
@@ -340,7 +341,7 @@ void EditorView::restorePage()
     const QScopedValueRollback guard(m_revealing, true);
     const QString label = settings().value(pageKey).toString();
     for (int page = 0; page < m_editorTabs->count(); ++page) {
-        if (m_editorTabs->tabText(page) == label)
+        if (editorPages[size_t(page)].label == label)
             m_editorTabs->setCurrentIndex(page);
     }
 }

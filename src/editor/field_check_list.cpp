@@ -43,8 +43,8 @@ FieldCheckList::FieldCheckList(Editor &editor, FieldId field, QWidget *parent)
     m_list->setUniformItemSizes(true);
     m_list->setMinimumHeight(m_list->fontMetrics().lineSpacing() * 8);
     m_filter->setObjectName(name + u"Filter"_s);
-    m_filter->setAccessibleName(u"Filter "_s + accessibleNameOf(field));
-    m_filter->setPlaceholderText(u"Filter"_s);
+    m_filter->setAccessibleName(tr("Filter %1").arg(accessibleNameOf(field)));
+    m_filter->setPlaceholderText(tr("Filter"));
     m_filter->setClearButtonEnabled(true);
     m_filter->installEventFilter(this);
     connect(m_filter, &QLineEdit::textChanged, narrowed, &QSortFilterProxyModel::setFilterFixedString);

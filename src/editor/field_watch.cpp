@@ -91,7 +91,7 @@ QMenu *FieldWatch::newMenu(QObject *widget, FieldId field)
         menu = new QMenu(qobject_cast<QWidget *>(widget));
     if (!menu->isEmpty())
         menu->addSeparator();
-    QAction *earlier = menu->addAction(u"&Earlier Texts…"_s);
+    QAction *earlier = menu->addAction(tr("&Earlier Texts…"));
     earlier->setObjectName(u"earlierTexts"_s);
     connect(earlier, &QAction::triggered, this, [this, field] { Q_EMIT earlierTextsRequested(field); });
     return menu;

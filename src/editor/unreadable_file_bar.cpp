@@ -17,7 +17,7 @@ UnreadableFileBar::UnreadableFileBar(Editor &editor, QWidget *parent)
     m_text->setObjectName(u"unreadableFile"_s);
     m_text->setTextFormat(Qt::PlainText);
     m_text->setWordWrap(true);
-    auto *again = new QPushButton(u"Read &Again"_s);
+    auto *again = new QPushButton(tr("Read &Again"));
     again->setObjectName(u"readAgainButton"_s);
     auto *layout = new QHBoxLayout(this);
     layout->addWidget(m_text, 1);
@@ -30,7 +30,7 @@ UnreadableFileBar::UnreadableFileBar(Editor &editor, QWidget *parent)
 void UnreadableFileBar::showState()
 {
     if (!m_editor.loaded())
-        m_text->setText(u"The PAD file cannot be read: %1."_s.arg(m_editor.loaded().error().reason));
+        m_text->setText(tr("The PAD file cannot be read: %1.").arg(m_editor.loaded().error().reason));
     setVisible(!m_editor.loaded());
 }
 

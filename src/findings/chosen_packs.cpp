@@ -2,11 +2,18 @@
 
 #include "platform/settings.h"
 
+#include <QCoreApplication>
+
 using namespace Qt::StringLiterals;
 
 namespace quillon::chosen_packs {
 
 namespace {
+
+class ChosenPacksText
+{
+    Q_DECLARE_TR_FUNCTIONS(ChosenPacks)
+};
 
 const QString key = u"findings/packs"_s;
 
@@ -20,7 +27,8 @@ Chosen now()
         if (pack)
             chosen.packs.append(*std::move(pack));
         else
-            chosen.failures.append(u"The rule pack %1 is left out (%2)."_s.arg(name, pack.error().reason));
+            chosen.failures.append(
+                ChosenPacksText::tr("The rule pack %1 is left out (%2).").arg(name, pack.error().reason));
     }
     return chosen;
 }

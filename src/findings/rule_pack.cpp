@@ -2,6 +2,7 @@
 
 #include "platform/atomic_file.h"
 
+#include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -13,6 +14,11 @@ using namespace Qt::StringLiterals;
 namespace quillon {
 
 namespace {
+
+class RulePackText
+{
+    Q_DECLARE_TR_FUNCTIONS(RulePack)
+};
 
 template<typename Fits>
 bool any(const QStringList &words, const Fits &fits)
@@ -30,12 +36,12 @@ public:
         RulePack pack{.id = identifier(object), .title = string(object, u"title"_s), .rules = {}};
         const QJsonArray rules = object[u"rules"_s].toArray();
         for (const auto &rule : rules) {
-            m_place = u"rule %1: "_s.arg(pack.rules.size() + 1);
+            m_place = RulePackText::tr("rule %1: ").arg(pack.rules.size() + 1);
             pack.rules.append(this->rule(rule.toObject()));
             pack.rules.last().id.prepend(pack.id + u'/');
         }
         if (pack.rules.isEmpty())
-            complain(u"there are no rules"_s);
+            complain(RulePackText::tr("there are no rules"));
         return pack;
     }
 
@@ -53,14 +59,14 @@ private:
     {
         for (const QString &key : object.keys()) {
             if (!keys.contains(key))
-                complain(u"“%1” is not known"_s.arg(key));
+                complain(RulePackText::tr("“%1” is not known").arg(key));
         }
     }
 
     QString string(const QJsonObject &object, const QString &key)
     {
         if (object[key].toString().isEmpty())
-            complain(u"“%1” has to be a text"_s.arg(key));
+            complain(RulePackText::tr("“%1” has to be a text").arg(key));
         return object[key].toString();
     }
 
@@ -69,7 +75,7 @@ private:
         static const Regex allowed(u"^[a-z0-9]+(?:-[a-z0-9]+)*$");
         QString id = string(object, u"id"_s);
         if (!allowed.firstMatch(id))
-            complain(u"“id” takes small letters, digits and hyphens"_s);
+            complain(RulePackText::tr("“id” takes small letters, digits and hyphens"));
         return id;
     }
 
@@ -80,7 +86,7 @@ private:
         for (const auto &value : values)
             all.append(value.toString());
         if (object.contains(key) && (all.isEmpty() || all.contains(QString())))
-            complain(u"“%1” has to be a list of texts"_s.arg(key));
+            complain(RulePackText::tr("“%1” has to be a list of texts").arg(key));
         return all;
     }
 
@@ -91,10 +97,10 @@ private:
             if (const auto field = fieldNamed(name))
                 fields.append(*field);
             else
-                complain(u"there is no field “%1”"_s.arg(name));
+                complain(RulePackText::tr("there is no field “%1”").arg(name));
         }
         if (fields.isEmpty())
-            complain(u"it names no fields"_s);
+            complain(RulePackText::tr("it names no fields"));
         return fields;
     }
 
@@ -102,7 +108,7 @@ private:
     {
         const QString name = string(object, u"severity"_s);
         if (name != u"warning" && name != u"hint")
-            complain(u"“severity” is “warning” or “hint”"_s);
+            complain(RulePackText::tr("“severity” is “warning” or “hint”"));
         return name == u"hint" ? Severity::Hint : Severity::Warning;
     }
 
@@ -122,12 +128,12 @@ private:
         if (object.contains(u"maxLength"_s)) {
             rule.maxLength = object[u"maxLength"_s].toInt(-1);
             if (rule.maxLength < 0)
-                complain(u"“maxLength” has to be a whole number"_s);
+                complain(RulePackText::tr("“maxLength” has to be a whole number"));
         }
         if (object.contains(u"matches"_s)) {
             rule.matches.emplace(string(object, u"matches"_s));
             if (!rule.matches->isValid())
-                complain(u"“matches” is no regular expression"_s);
+                complain(RulePackText::tr("“matches” is no regular expression"));
         }
         return rule;
     }
@@ -190,13 +196,15 @@ Result<RulePack> rule_packs::parsed(const QByteArray &json, const QString &name)
     QJsonParseError fault;
     const QJsonDocument document = QJsonDocument::fromJson(json, &fault);
     if (!document.isObject())
-        return Error{Error::Kind::Unintelligible, name,
-                     u"it is no rule pack: "_s +
-                         (document.isNull() ? fault.errorString() : u"it is no JSON object"_s)};
+        return Error{
+            Error::Kind::Unintelligible, name,
+            RulePackText::tr("it is no rule pack: %1")
+                .arg(document.isNull() ? fault.errorString() : RulePackText::tr("it is no JSON object"))};
     PackParser parser;
     RulePack pack = parser.pack(document.object());
     if (!parser.complaint().isEmpty())
-        return Error{Error::Kind::Unintelligible, name, u"it is no rule pack: "_s + parser.complaint()};
+        return Error{Error::Kind::Unintelligible, name,
+                     RulePackText::tr("it is no rule pack: %1").arg(parser.complaint())};
     return pack;
 }
 

@@ -20,17 +20,17 @@ RulePacksWindow::RulePacksWindow(QWidget *parent)
     : QDialog(parent), m_packs(new QListWidget), m_outcome(new QLabel)
 {
     setObjectName(u"rulePacksWindow"_s);
-    setWindowTitle(u"Rule Packs"_s);
+    setWindowTitle(tr("Rule Packs"));
     setAttribute(Qt::WA_DeleteOnClose);
-    auto *caption = new QLabel(u"&Advise by these rules, too:"_s);
+    auto *caption = new QLabel(tr("&Advise by these rules, too:"));
     caption->setBuddy(m_packs);
     m_packs->setObjectName(u"rulePacks"_s);
-    m_packs->setAccessibleName(u"Rule packs"_s);
+    m_packs->setAccessibleName(tr("Rule packs"));
     m_outcome->setObjectName(u"rulePacksOutcome"_s);
     m_outcome->setTextFormat(Qt::PlainText);
     m_outcome->setWordWrap(true);
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close);
-    QPushButton *addFile = buttons->addButton(u"Add a &File…"_s, QDialogButtonBox::ActionRole);
+    QPushButton *addFile = buttons->addButton(tr("Add a &File…"), QDialogButtonBox::ActionRole);
     addFile->setObjectName(u"addRulePack"_s);
     connect(addFile, &QPushButton::clicked, this, &RulePacksWindow::chooseFile);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
@@ -62,7 +62,7 @@ void RulePacksWindow::addRow(const QString &name, const QString &title, bool isO
 
 void RulePacksWindow::chooseFile()
 {
-    auto *chooser = new QFileDialog(this, u"Add a Rule Pack"_s, {}, u"Rule packs (*.json)"_s);
+    auto *chooser = new QFileDialog(this, tr("Add a Rule Pack"), {}, tr("Rule packs (*.json)"));
     chooser->setAttribute(Qt::WA_DeleteOnClose);
     chooser->setFileMode(QFileDialog::ExistingFile);
     connect(chooser, &QFileDialog::fileSelected, this, &RulePacksWindow::add);
@@ -72,7 +72,7 @@ void RulePacksWindow::chooseFile()
 void RulePacksWindow::add(const QString &path)
 {
     const Result<RulePack> pack = rule_packs::load(path);
-    m_outcome->setText(pack ? QString() : u"%1 is not added (%2)."_s.arg(path, pack.error().reason));
+    m_outcome->setText(pack ? QString() : tr("%1 is not added (%2).").arg(path, pack.error().reason));
     announce(*this, m_outcome->text());
     if (!pack)
         return;

@@ -1,5 +1,6 @@
 #include "journal/database.h"
 
+#include <QCoreApplication>
 #include <QFile>
 
 #include <algorithm>
@@ -10,6 +11,11 @@ using namespace Qt::StringLiterals;
 namespace quillon {
 
 namespace {
+
+class DatabaseText
+{
+    Q_DECLARE_TR_FUNCTIONS(Database)
+};
 
 constexpr int patienceInMilliseconds = 500;
 
@@ -130,7 +136,7 @@ Result<Database> Database::open(const QString &path, Opening opening)
                                        SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | making, nullptr);
     Database database(opened, path);
     if (!opened)
-        return Error{Error::Kind::Unreadable, path, u"there is no memory for it"_s};
+        return Error{Error::Kind::Unreadable, path, DatabaseText::tr("there is no memory for it")};
     if (code != SQLITE_OK)
         return database.error();
     ::sqlite3_busy_timeout(opened, patienceInMilliseconds);

@@ -6,6 +6,7 @@
 #include "store/process_state.h"
 #include "store/storage_status.h"
 
+#include <QCoreApplication>
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
@@ -19,6 +20,11 @@ using namespace Qt::StringLiterals;
 namespace quillon {
 
 namespace {
+
+class JournalText
+{
+    Q_DECLARE_TR_FUNCTIONS(Journal)
+};
 
 constexpr QStringView fileName = u"quillon.sqlite";
 
@@ -67,10 +73,10 @@ Result<> judgeHeader(Database &database, const QString &path)
         return tables.error();
     const bool isEmpty = *owner == 0 && *version == 0 && *tables == 0;
     if (*owner != journal_schema::applicationId && !isEmpty)
-        return unintelligible(path, u"it is another program's"_s);
+        return unintelligible(path, JournalText::tr("it is another program's"));
     if (*version > journal_schema::newestVersion())
-        return unintelligible(path, u"it was made by a newer version of Quillon"_s);
-    return isEmpty ? Result<>(Error{Error::Kind::Missing, path, u"it is empty"_s}) : Result<>();
+        return unintelligible(path, JournalText::tr("it was made by a newer version of Quillon"));
+    return isEmpty ? Result<>(Error{Error::Kind::Missing, path, JournalText::tr("it is empty")}) : Result<>();
 }
 
 /// What is damaged; empty when nothing is.
@@ -100,7 +106,7 @@ Result<> lookThrough(Database &database, const QString &path, Database::Opening 
     if (!found)
         return found.error();
     if (!found->isEmpty())
-        return unintelligible(path, u"it is damaged: %1"_s.arg(*found));
+        return unintelligible(path, JournalText::tr("it is damaged: %1").arg(*found));
     if (isSmall || opening == Database::Opening::ExistingOnly)
         return {};
     return database.run("UPDATE state SET checked = ?", now);
@@ -152,16 +158,16 @@ Result<> Journal::open(Database::Opening opening)
     struct stat there = {};
     const bool isThere = ::lstat(QFile::encodeName(m_path).constData(), &there) == 0;
     if (!isThere && (errno != ENOENT || opening == Database::Opening::ExistingOnly))
-        return systemError(Error::Kind::Unreadable, m_path, u"it cannot be looked at"_s);
+        return systemError(Error::Kind::Unreadable, m_path, JournalText::tr("it cannot be looked at"));
     if (isThere && !S_ISREG(there.st_mode))
-        return Error{Error::Kind::Unreadable, m_path, u"it is no regular file"_s};
+        return Error{Error::Kind::Unreadable, m_path, JournalText::tr("it is no regular file")};
     Result<Database> database = Database::open(m_path, opening);
     if (!database)
         return database.error();
     if (Result<> accepted = accept(*database, opening); !accepted)
         return accepted;
     if (::lstat(QFile::encodeName(m_path).constData(), &there) != 0)
-        return systemError(Error::Kind::NotDone, m_path, u"it is gone"_s);
+        return systemError(Error::Kind::NotDone, m_path, JournalText::tr("it is gone"));
     m_device = there.st_dev;
     m_inode = there.st_ino;
     m_database = *std::move(database);
@@ -209,10 +215,12 @@ Result<> Journal::setAside(const Error &why)
         kept = name + ".unreadable-" + QByteArray::number(number);
     const Result<> moved = moveAll(*folder, name, kept);
     if (!moved.isDone())
-        return Error{why.kind, why.path,
-                     u"%1; it could not be set aside: %2"_s.arg(why.reason, moved.error().reason)};
+        return Error{
+            why.kind, why.path,
+            JournalText::tr("%1; it could not be set aside: %2").arg(why.reason, moved.error().reason)};
     const QString keptName = QFile::decodeName(kept);
-    const QString reason = u"%1; it was set aside as %2, and a new one begins"_s.arg(why.reason, keptName);
+    const QString reason =
+        JournalText::tr("%1; it was set aside as %2, and a new one begins").arg(why.reason, keptName);
     reportExtrasFailure(mwqnAppSuppLoc + keptName, Error{why.kind, why.path, reason});
     return {};
 }

@@ -5,6 +5,7 @@
 #include "platform/staged_folder.h"
 #include "store/process_state.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 
@@ -13,6 +14,11 @@ using namespace Qt::StringLiterals;
 namespace quillon::journal_copies {
 
 namespace {
+
+class JournalCopiesText
+{
+    Q_DECLARE_TR_FUNCTIONS(JournalCopies)
+};
 
 /// The highest number that each table has given here; those of the copy come after it.
 struct Highest
@@ -39,9 +45,9 @@ Result<> prepare(const QString &path, const QString &own)
     if (!owner || !version)
         return owner ? version.error() : owner.error();
     if (*owner != journal_schema::applicationId || *version < 1)
-        return isNoCopy(path, u"it is another program's"_s);
+        return isNoCopy(path, JournalCopiesText::tr("it is another program's"));
     if (*version > journal_schema::newestVersion())
-        return isNoCopy(path, u"it was made by a newer version of Quillon"_s);
+        return isNoCopy(path, JournalCopiesText::tr("it was made by a newer version of Quillon"));
     if (Result<> copied = database->copyTo(own); !copied) // Reads all of it.
         return copied;
     auto copy = Database::open(own, Database::Opening::ExistingOnly);
@@ -197,7 +203,7 @@ Result<qint64> bringIn(const QString &path, const std::function<bool(const QStri
 {
     if (const QFileInfo file(path); !file.isFile() || file.isSymLink())
         return Error{file.exists() || file.isSymLink() ? Error::Kind::Unreadable : Error::Kind::Missing, path,
-                     u"it is no regular file"_s};
+                     JournalCopiesText::tr("it is no regular file")};
     const auto staged = StagedFolder::in(QDir::cleanPath(mwqnAppSuppLoc));
     if (!staged)
         return staged.error();

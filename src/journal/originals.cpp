@@ -4,6 +4,7 @@
 #include "journal/journal.h"
 #include "journal/titles.h"
 
+#include <QCoreApplication>
 #include <QDateTime>
 #include <QtEndian>
 
@@ -12,6 +13,11 @@ using namespace Qt::StringLiterals;
 namespace quillon::originals {
 
 namespace {
+
+class OriginalsText
+{
+    Q_DECLARE_TR_FUNCTIONS(Originals)
+};
 
 /// What qCompress() gives says first how large it was; a damaged row must not take all memory.
 constexpr quint32 largest = 64 * 1'048'576;
@@ -25,7 +31,8 @@ Result<QByteArray> bytesOf(const Statement &row, int isCompressed, int column)
         stored.size() >= qsizetype(sizeof(quint32)) && qFromBigEndian<quint32>(stored.constData()) <= largest;
     QByteArray bytes = isSized ? qUncompress(stored) : QByteArray();
     if (bytes.isEmpty())
-        return Error{.kind = Error::Kind::Unintelligible, .reason = u"the original is damaged"_s};
+        return Error{.kind = Error::Kind::Unintelligible,
+                     .reason = OriginalsText::tr("the original is damaged")};
     return bytes;
 }
 
@@ -39,7 +46,7 @@ Result<Original> newest(Database &database, const QString &title)
     if (!hasRow)
         return hasRow.error();
     if (!*hasRow)
-        return Error{Error::Kind::Missing, title, u"no original was kept of this title"_s};
+        return Error{Error::Kind::Missing, title, OriginalsText::tr("no original was kept of this title")};
     auto bytes = bytesOf(*row, 1, 2);
     if (!bytes)
         return Error{bytes.error().kind, title, bytes.error().reason};

@@ -1,14 +1,25 @@
 #include "journal/titles.h"
 
+#include <QCoreApplication>
+
 using namespace Qt::StringLiterals;
 
 namespace quillon::journal_titles {
+
+namespace {
+
+class TitlesText
+{
+    Q_DECLARE_TR_FUNCTIONS(Titles)
+};
+
+} // namespace
 
 Result<qint64> idOf(Database &database, const QString &name)
 {
     Result<qint64> id = database.number("SELECT id FROM titles WHERE name = ?", name);
     if (id && *id == 0)
-        return Error{Error::Kind::Missing, name, u"nothing was kept of this title"_s};
+        return Error{Error::Kind::Missing, name, TitlesText::tr("nothing was kept of this title")};
     return id;
 }
 

@@ -5,6 +5,7 @@
 #include "journal/ledger.h"
 #include "pad/pad_document.h"
 #include "platform/atomic_file.h"
+#include "platform/translated_text.h"
 #include "store/title_folder.h"
 
 #include <QHash>
@@ -21,25 +22,25 @@ using F = FieldId;
 const QHash<FieldId, QStringView> &shortNames()
 {
     static const QHash<FieldId, QStringView> names = {
-        {F::programVersion, u"version"},
-        {F::releaseDateDay, u"release date"},
-        {F::releaseDateMonth, u"release date"},
-        {F::releaseDateYear, u"release date"},
-        {F::otherPrice, u"other price"},
-        {F::otherPricePopUp, u"other price"},
-        {F::priceInUSD, u"price in USD"},
-        {F::sizeInBytes, u"size"},
-        {F::expireCheckBox, u"has expire information"},
-        {F::expireDateDay, u"expire date"},
-        {F::expireDateMonth, u"expire date"},
-        {F::expireDateYear, u"expire date"},
-        {F::companyZIPPostcode, u"ZIP/postcode"},
-        {F::padFileURL, u"PAD file"},
-        {F::pd45CharDescript, u"description 45"},
-        {F::pd80CharDescript, u"description 80"},
-        {F::pd250CharDescript, u"description 250"},
-        {F::pd450CharDescript, u"description 450"},
-        {F::pd2000CharDescript, u"description 2000"},
+        {F::programVersion, QUILLON_TR_NOOP("ChangedFields", "version")},
+        {F::releaseDateDay, QUILLON_TR_NOOP("ChangedFields", "release date")},
+        {F::releaseDateMonth, QUILLON_TR_NOOP("ChangedFields", "release date")},
+        {F::releaseDateYear, QUILLON_TR_NOOP("ChangedFields", "release date")},
+        {F::otherPrice, QUILLON_TR_NOOP("ChangedFields", "other price")},
+        {F::otherPricePopUp, QUILLON_TR_NOOP("ChangedFields", "other price")},
+        {F::priceInUSD, QUILLON_TR_NOOP("ChangedFields", "price in USD")},
+        {F::sizeInBytes, QUILLON_TR_NOOP("ChangedFields", "size")},
+        {F::expireCheckBox, QUILLON_TR_NOOP("ChangedFields", "has expire information")},
+        {F::expireDateDay, QUILLON_TR_NOOP("ChangedFields", "expire date")},
+        {F::expireDateMonth, QUILLON_TR_NOOP("ChangedFields", "expire date")},
+        {F::expireDateYear, QUILLON_TR_NOOP("ChangedFields", "expire date")},
+        {F::companyZIPPostcode, QUILLON_TR_NOOP("ChangedFields", "ZIP/postcode")},
+        {F::padFileURL, QUILLON_TR_NOOP("ChangedFields", "PAD file")},
+        {F::pd45CharDescript, QUILLON_TR_NOOP("ChangedFields", "description 45")},
+        {F::pd80CharDescript, QUILLON_TR_NOOP("ChangedFields", "description 80")},
+        {F::pd250CharDescript, QUILLON_TR_NOOP("ChangedFields", "description 250")},
+        {F::pd450CharDescript, QUILLON_TR_NOOP("ChangedFields", "description 450")},
+        {F::pd2000CharDescript, QUILLON_TR_NOOP("ChangedFields", "description 2000")},
     };
     return names;
 }
@@ -47,7 +48,8 @@ const QHash<FieldId, QStringView> &shortNames()
 QString nameOf(FieldId field)
 {
     const auto found = shortNames().constFind(field);
-    return found == shortNames().cend() ? accessibleNameOf(field).toLower() : found->toString();
+    return found == shortNames().cend() ? accessibleNameOf(field).toLower()
+                                        : translated("ChangedFields", *found);
 }
 
 } // namespace

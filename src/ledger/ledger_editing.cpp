@@ -5,6 +5,7 @@
 #include "platform/web_address.h"
 #include "store/process_state.h"
 
+#include <QCoreApplication>
 #include <QDateTime>
 
 using namespace Qt::StringLiterals;
@@ -12,6 +13,11 @@ using namespace Qt::StringLiterals;
 namespace quillon::ledger_editing {
 
 namespace {
+
+class LedgerEditingText
+{
+    Q_DECLARE_TR_FUNCTIONS(LedgerEditing)
+};
 
 Result<QList<ledger::Entry>> entriesOf(const QString &title)
 {
@@ -52,13 +58,13 @@ Result<QList<Standing>> standingsOf(const QString &title, QList<ledger::Entry> *
 Result<ledger::Entry> planned(const QString &title, const Edit &edit)
 {
     if (edit.address && !edit.address->isEmpty() && !isWebAddress(QUrl(*edit.address)))
-        return refusal(u"%1 is no address of the web."_s.arg(*edit.address));
+        return refusal(LedgerEditingText::tr("%1 is no address of the web.").arg(*edit.address));
     const auto all = standingsOf(title);
     if (!all)
         return all.error();
     const Standing *there = standingAt(*all, edit.site);
     if (!there && !mwqnSCPreallSitesDict.contains(edit.site))
-        return refusal(u"There is no site named %1."_s.arg(edit.site));
+        return refusal(LedgerEditingText::tr("There is no site named %1.").arg(edit.site));
     Standing now = there ? *there : Standing{.site = edit.site};
     if (!there) {
         const auto summary = loadSummary(title);

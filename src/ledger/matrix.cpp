@@ -4,6 +4,9 @@
 #include "journal/site_knowledge.h"
 #include "ledger/version_order.h"
 #include "platform/string_dictionary.h"
+#include "platform/translated_text.h"
+
+#include <QCoreApplication>
 
 #include <algorithm>
 #include <array>
@@ -13,6 +16,11 @@ using namespace Qt::StringLiterals;
 namespace quillon {
 
 namespace {
+
+class MatrixText
+{
+    Q_DECLARE_TR_FUNCTIONS(Matrix)
+};
 
 using Relation = Matrix::Relation;
 using ledger::State;
@@ -33,16 +41,21 @@ struct Wording
 };
 
 constexpr std::array<Wording, 4> wordings = {{
-    {u"✓", u"the title's version"},
-    {u"↑", u"an older version"},
-    {u"↓", u"a newer version"},
-    {u"≠", u"another version"},
+    {u"✓", QUILLON_TR_NOOP("Matrix", "the title's version")},
+    {u"↑", QUILLON_TR_NOOP("Matrix", "an older version")},
+    {u"↓", QUILLON_TR_NOOP("Matrix", "a newer version")},
+    {u"≠", QUILLON_TR_NOOP("Matrix", "another version")},
 }};
+
+/// In the order of ledger::State; the window says of them what the database does.
+constexpr std::array<QStringView, 5> stateNames = {
+    u"", QUILLON_TR_NOOP("Matrix", "listed"), QUILLON_TR_NOOP("Matrix", "refused"),
+    QUILLON_TR_NOOP("Matrix", "gone"), QUILLON_TR_NOOP("Matrix", "removed")};
 
 /// What is said of a state besides the version; nothing of what was only sent.
 QString stateWords(State state)
 {
-    return state == State::Sent ? QString() : name(state);
+    return state == State::Sent ? QString() : translated("Matrix", stateNames[size_t(state)]);
 }
 
 void describe(Matrix::Cell &cell)
@@ -51,8 +64,9 @@ void describe(Matrix::Cell &cell)
     const QString version = cell.version.isEmpty() ? u"?"_s : cell.version;
     const QString words = stateWords(cell.state);
     cell.text = wording.sign + u' ' + version + (words.isEmpty() ? QString() : u", "_s + words);
-    cell.description = version + u", "_s + wording.words + (words.isEmpty() ? QString() : u", "_s + words) +
-                       (cell.isMarked ? QString() : u", no longer marked"_s);
+    cell.description = version + u", "_s + translated("Matrix", wording.words) +
+                       (words.isEmpty() ? QString() : u", "_s + words) +
+                       (cell.isMarked ? QString() : u", "_s + MatrixText::tr("no longer marked"));
 }
 
 /// The places of @p versions when they are sorted; equal ones share a place.

@@ -160,7 +160,7 @@ QString MatrixTable::descriptionAt(const QModelIndex &index) const
     if (index.column() < FirstSite)
         return textAt(index);
     const Matrix::Cell *there = cell(index);
-    return there ? there->description : u"not sent"_s;
+    return there ? there->description : tr("not sent");
 }
 
 QVariant MatrixTable::data(const QModelIndex &index, int role) const
@@ -188,8 +188,8 @@ QVariant MatrixTable::headerData(int section, Qt::Orientation orientation, int r
     if (role != Qt::DisplayRole && role != Qt::ToolTipRole)
         return {};
     QString text = orientation == Qt::Vertical ? titleAt(section)
-                   : section == Version        ? u"Version"_s
-                   : section == StaleCount     ? u"To do"_s
+                   : section == Version        ? tr("Version")
+                   : section == StaleCount     ? tr("To do")
                                                : siteAt(section);
     return role == Qt::ToolTipRole ? plainToolTip(text) : text;
 }

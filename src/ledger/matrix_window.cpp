@@ -90,7 +90,7 @@ MatrixWindow::MatrixWindow(QWidget *parent) : QDialog(parent), m_matrix(new Matr
 {
     setObjectName(u"matrixWindow"_s);
     setAttribute(Qt::WA_DeleteOnClose);
-    setWindowTitle(u"Titles and Sites"_s);
+    setWindowTitle(tr("Titles and Sites"));
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(newFilterRow());
     layout->addWidget(newTable(), 1);
@@ -117,21 +117,21 @@ MatrixWindow::~MatrixWindow()
 
 QWidget *MatrixWindow::newFilterRow()
 {
-    m_titleFilter = newFilter(u"matrixTitleFilter"_s, u"Find a title"_s);
-    m_siteFilter = newFilter(u"matrixSiteFilter"_s, u"Find a site"_s);
-    m_onlyStale = new QCheckBox(u"&Only what is to be brought up to date"_s);
+    m_titleFilter = newFilter(u"matrixTitleFilter"_s, tr("Find a title"));
+    m_siteFilter = newFilter(u"matrixSiteFilter"_s, tr("Find a site"));
+    m_onlyStale = new QCheckBox(tr("&Only what is to be brought up to date"));
     m_onlyStale->setObjectName(u"matrixOnlyStale"_s);
     m_sort = new QComboBox;
     m_sort->setObjectName(u"matrixSort"_s);
-    m_sort->setAccessibleName(u"Sort by"_s);
-    m_sort->addItems({u"Title"_s, u"Version"_s, u"To do"_s, u"Selected site"_s});
+    m_sort->setAccessibleName(tr("Sort by"));
+    m_sort->addItems({tr("Title"), tr("Version"), tr("To do"), tr("Selected site")});
     auto *box = new QWidget;
     auto *row = new QHBoxLayout(box);
     row->setContentsMargins(0, 0, 0, 0);
-    addCaptioned(*row, u"Find a &title:"_s, m_titleFilter, 1);
-    addCaptioned(*row, u"a &site:"_s, m_siteFilter, 1);
+    addCaptioned(*row, tr("Find a &title:"), m_titleFilter, 1);
+    addCaptioned(*row, tr("a &site:"), m_siteFilter, 1);
     row->addWidget(m_onlyStale);
-    addCaptioned(*row, u"Sort &by:"_s, m_sort, 0);
+    addCaptioned(*row, tr("Sort &by:"), m_sort, 0);
     for (QLineEdit *field : {m_titleFilter, m_siteFilter})
         connect(field, &QLineEdit::textChanged, this, &MatrixWindow::filter);
     connect(m_onlyStale, &QCheckBox::toggled, this, &MatrixWindow::filter);
@@ -143,7 +143,7 @@ QWidget *MatrixWindow::newTable()
 {
     m_table = new WithFocusFrame<QTableView>;
     m_table->setObjectName(u"matrixTable"_s);
-    m_table->setAccessibleName(u"Titles and sites"_s);
+    m_table->setAccessibleName(tr("Titles and sites"));
     m_table->setModel(m_matrix);
     m_table->setItemDelegate(new CellDelegate(this));
     m_table->setSelectionMode(QAbstractItemView::SingleSelection);
@@ -179,7 +179,7 @@ QWidget *MatrixWindow::newBottomRow()
     m_count->setObjectName(u"matrixCount"_s);
     m_count->setTextFormat(Qt::PlainText);
     m_count->setWordWrap(true);
-    auto *close = new QPushButton(u"&Close"_s);
+    auto *close = new QPushButton(tr("&Close"));
     close->setObjectName(u"closeMatrix"_s);
     close->setAutoDefault(false);
     connect(close, &QPushButton::clicked, this, &QDialog::close);
@@ -247,7 +247,7 @@ void MatrixWindow::showCount()
 {
     const int sites = m_matrix->columnCount() - MatrixTable::FirstSite;
     const QString counts =
-        u"Titles: %L1, sites: %L2, to be brought up to date: %L3. Return goes to the submission window."_s
+        tr("Titles: %L1, sites: %L2, to be brought up to date: %L3. Return goes to the submission window.")
             .arg(m_matrix->rowCount())
             .arg(sites)
             .arg(m_matrix->staleCount());

@@ -8,6 +8,7 @@
 #include "store/process_state.h"
 #include "store/storage_status.h"
 
+#include <QCoreApplication>
 #include <QSet>
 
 #include <algorithm>
@@ -17,6 +18,11 @@ using namespace Qt::StringLiterals;
 namespace quillon {
 
 namespace {
+
+class TourText
+{
+    Q_DECLARE_TR_FUNCTIONS(Tour)
+};
 
 /// What the journal knows of a title, and of sites.
 struct Known
@@ -158,17 +164,20 @@ Result<> Tour::answer(const QString &site, tours::Answer answer)
 
 QString tourLine(const Tour &tour, const Result<Tour::Stop> &stop, bool isAtSite, const QLocale &locale)
 {
-    const QString place = u"%1 of %2 to bring up to date: "_s;
     if (!stop)
-        return u"What is to be brought up to date is not known. "_s + failureLine(stop.error());
-    QString line = place.arg(locale.toString(tour.number(stop->site)), locale.toString(tour.total()));
-    line += isAtSite ? u"has "_s : stop->site + u" has "_s;
-    line += stop->version.isEmpty() ? u"no known version"_s : stop->version;
+        return TourText::tr("What is to be brought up to date is not known. %1")
+            .arg(failureLine(stop.error()));
+    const QString place = TourText::tr("%1 of %2 to bring up to date:")
+                              .arg(locale.toString(tour.number(stop->site)), locale.toString(tour.total()));
+    const QString version = stop->version.isEmpty() ? TourText::tr("no known version") : stop->version;
+    const QString line =
+        place + u' ' +
+        (isAtSite ? TourText::tr("has %1").arg(version) : TourText::tr("%1 has %2").arg(stop->site, version));
     if (!stop->changed)
-        return line + u"; what was sent then was not kept"_s;
-    return line + (stop->changed->isEmpty()
-                       ? u"; nothing has changed since then"_s
-                       : u"; since then changed: "_s + changed_fields::names(*stop->changed).join(u", "_s));
+        return line + TourText::tr("; what was sent then was not kept");
+    return line + (stop->changed->isEmpty() ? TourText::tr("; nothing has changed since then")
+                                            : TourText::tr("; since then changed: %1")
+                                                  .arg(changed_fields::names(*stop->changed).join(u", "_s)));
 }
 
 } // namespace quillon

@@ -36,7 +36,7 @@ QString mutedColour(const QPalette &palette)
 FindingsPane::FindingsPane(const Editor &editor, QWidget *parent) : QTextEdit(parent), m_editor(editor)
 {
     setObjectName(u"findingsPane"_s);
-    setAccessibleName(u"What it means, and advice"_s);
+    setAccessibleName(tr("What it means, and advice"));
     setReadOnly(true);
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     setTabChangesFocus(true);

@@ -1,5 +1,7 @@
 #include "overview/import_run.h"
 
+#include "platform/translated_text.h"
+
 #include <QFileInfo>
 
 #include <utility>
@@ -14,7 +16,7 @@ namespace {
 
 QString counted(qsizetype count, const QString &one, const QString &several)
 {
-    return count == 1 ? one : several.arg(count);
+    return count == 1 ? one : several;
 }
 
 /// What the report says below its first line.
@@ -22,21 +24,26 @@ QString informativeText(const ImportReport &report)
 {
     QStringList sentences;
     if (!report.failures.isEmpty())
-        sentences += counted(report.failures.size(), u"1 file could not be imported."_s,
-                             u"%L1 files could not be imported."_s);
-    if (report.unnamed > 0)
-        sentences += counted(report.unnamed, u"1 file needs another name, which you will be asked for."_s,
-                             u"%L1 files need other names, which you will be asked for."_s);
-    if (report.lossy > 0 && report.total == 1)
-        sentences += u"Some of what the file holds will be lost as soon as you select the title."_s;
-    else if (report.lossy > 0)
         sentences +=
-            counted(report.lossy, u"Of 1 file, something will be lost as soon as you select its title."_s,
-                    u"Of %L1 files, something will be lost as soon as you select their titles."_s);
+            counted(report.failures.size(), ImportRun::tr("1 file could not be imported."),
+                    ImportRun::tr("%Ln files could not be imported.", nullptr, int(report.failures.size())));
+    if (report.unnamed > 0)
+        sentences +=
+            counted(report.unnamed, ImportRun::tr("1 file needs another name, which you will be asked for."),
+                    ImportRun::tr("%Ln files need other names, which you will be asked for.", nullptr,
+                                  int(report.unnamed)));
+    if (report.lossy > 0 && report.total == 1)
+        sentences +=
+            ImportRun::tr("Some of what the file holds will be lost as soon as you select the title.");
+    else if (report.lossy > 0)
+        sentences += counted(
+            report.lossy, ImportRun::tr("Of 1 file, something will be lost as soon as you select its title."),
+            ImportRun::tr("Of %Ln files, something will be lost as soon as you select their titles.", nullptr,
+                          int(report.lossy)));
     if (!report.failures.isEmpty() || report.lossy > 0)
-        sentences += u"The details list it."_s;
+        sentences += ImportRun::tr("The details list it.");
     if (report.kept > 0 && report.kept == report.lossy)
-        sentences += u"“Export Original…” in the menu “Title” gives each file back as it came."_s;
+        sentences += ImportRun::tr("“Export Original…” in the menu “Title” gives each file back as it came.");
     return sentences.join(u' ');
 }
 
@@ -52,10 +59,10 @@ QStringList details(const ImportReport &report)
     const bool hasBoth = !report.failures.isEmpty() && !report.losses.isEmpty();
     QStringList lines;
     if (hasBoth)
-        lines += u"Not imported:"_s;
+        lines += ImportRun::tr("Not imported:");
     appendLines(report, report.failures, lines);
     if (hasBoth)
-        lines += {QString(), u"Will be lost:"_s};
+        lines += {QString(), ImportRun::tr("Will be lost:")};
     appendLines(report, report.losses, lines);
     return lines;
 }
@@ -66,8 +73,9 @@ Alert ImportReport::alert() const
 {
     if (total == 1 && !failures.isEmpty())
         return {.message = failures.first().text};
-    const QString message = failures.isEmpty() ? title_operations::importSucceeded
-                                               : u"%L1 of %L2 files were imported"_s.arg(imported).arg(total);
+    const QString message = failures.isEmpty()
+                                ? translated("TitleOperations", title_operations::importSucceeded)
+                                : ImportRun::tr("%L1 of %L2 files were imported").arg(imported).arg(total);
     return {.message = message, .informativeText = informativeText(*this), .details = details(*this)};
 }
 

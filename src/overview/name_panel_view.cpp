@@ -37,9 +37,9 @@ NamePanelView::NamePanelView(TitleCommands &commands, QWidget *parent)
     m_okButton = buttons->addButton(QString(), QDialogButtonBox::AcceptRole);
     m_okButton->setObjectName(u"swNamePanelOKButton"_s);
 
-    m_skipAllButton = buttons->addButton(u"&Skip All"_s, QDialogButtonBox::ResetRole);
+    m_skipAllButton = buttons->addButton(tr("&Skip All"), QDialogButtonBox::ResetRole);
     m_skipAllButton->setObjectName(u"skipAllButton"_s);
-    m_skipAllButton->setToolTip(u"Import none of the files that still need a name"_s);
+    m_skipAllButton->setToolTip(tr("Import none of the files that still need a name"));
     connect(m_skipAllButton, &QPushButton::clicked, &commands, &TitleCommands::skipImports);
 
     auto *layout = new QGridLayout(this);

@@ -88,7 +88,7 @@ bool OverviewController::tableViewShouldSelectRow(int row)
     // Dragging the mouse over the list asks again and again.
     if (!std::exchange(m_isRefusing, true))
         m_alerts.show(SheetWindow::Main,
-                      {u"The submission window must be closed to select a different software title"_s},
+                      {tr("The submission window must be closed to select a different software title")},
                       [this](AlertAnswer) { m_isRefusing = false; });
     return false;
 }
@@ -101,7 +101,7 @@ void OverviewController::tableViewSelectionDidChange(int row)
     } else {
         m_fileMenu.enableAll();
         updateOverviewDisplay();
-        Q_EMIT submissionTitleChanged(u"Submitting %1"_s.arg(*mwqnSelSW));
+        Q_EMIT submissionTitleChanged(tr("Submitting %1").arg(*mwqnSelSW));
         NotificationCenter::defaultCenter().post(notification::mwqnLSLsc);
     }
     Q_EMIT selectedRowChanged(m_selectedRow);

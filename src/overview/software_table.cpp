@@ -2,6 +2,7 @@
 
 #include "platform/dates.h"
 #include "platform/plain_text.h"
+#include "platform/translated_text.h"
 
 #include <array>
 
@@ -12,7 +13,9 @@ namespace quillon {
 namespace {
 
 constexpr std::array<QStringView, SoftwareTable::ColumnCount> headers = {
-    u"Software Title", u"Version", u"Release Date", u"Supported OS", u"Validated", u"Submitted To"};
+    QUILLON_TR_NOOP("SoftwareTable", "Software Title"), QUILLON_TR_NOOP("SoftwareTable", "Version"),
+    QUILLON_TR_NOOP("SoftwareTable", "Release Date"),   QUILLON_TR_NOOP("SoftwareTable", "Supported OS"),
+    QUILLON_TR_NOOP("SoftwareTable", "Validated"),      QUILLON_TR_NOOP("SoftwareTable", "Submitted To")};
 
 } // namespace
 
@@ -128,7 +131,7 @@ QVariant SoftwareTable::data(const QModelIndex &index, int role) const
 QVariant SoftwareTable::headerData(int section, Qt::Orientation orientation, int role) const
 {
     if (orientation == Qt::Horizontal && role == Qt::DisplayRole && section >= 0 && section < ColumnCount)
-        return headers[size_t(section)].toString();
+        return translated("SoftwareTable", headers[size_t(section)]);
     return QAbstractTableModel::headerData(section, orientation, role);
 }
 

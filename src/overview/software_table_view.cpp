@@ -29,7 +29,7 @@ QWidget *newEmptyPage(const CommandSet &commands)
     page->setObjectName(u"emptyListPage"_s);
     auto *picture = new QLabel;
     picture->setPixmap(QIcon(u":/icons/empty-list.svg"_s).pixmap(QSize(96, 96)));
-    auto *heading = new QLabel(u"No software titles yet"_s);
+    auto *heading = new QLabel(SoftwareTableView::tr("No software titles yet"));
     QFont font = heading->font();
     static constexpr double size = 1.4; // As a part of the usual one.
     if (font.pointSizeF() > 0)
@@ -37,8 +37,9 @@ QWidget *newEmptyPage(const CommandSet &commands)
     else
         font.setPixelSize(qRound(font.pixelSize() * size));
     heading->setFont(font);
-    auto *hint = new QLabel(u"Import the PAD files that you have, or drop them here.\n"
-                            "Or begin with a new title and fill in its PAD file step by step."_s);
+    auto *hint =
+        new QLabel(SoftwareTableView::tr("Import the PAD files that you have, or drop them here.\n"
+                                         "Or begin with a new title and fill in its PAD file step by step."));
     hint->setAlignment(Qt::AlignCenter);
 
     auto *layout = new QVBoxLayout(page);
@@ -61,13 +62,13 @@ SoftwareTableView::SoftwareTableView(OverviewController &overview, const Command
     , m_overview(overview)
     , m_commands(commands)
     , m_sorted(new NaturalSortProxy(this))
-    , m_table(newIconRowTable(u"softwareTableView"_s, u"Software titles"_s, this))
+    , m_table(newIconRowTable(u"softwareTableView"_s, tr("Software titles"), this))
 {
     m_sorted->setSourceModel(&overview.softwareTable());
     m_sorted->setSortRole(SortRole);
     buildTable(commands);
     bindSelection();
-    addWidget(captioned(new QLabel(u"Software &titles"_s), m_table));
+    addWidget(captioned(new QLabel(tr("Software &titles")), m_table));
     restoreColumns();
 
     connect(&overview, &OverviewController::selectedRowChanged, this, &SoftwareTableView::showSelectedRow);

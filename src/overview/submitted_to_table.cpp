@@ -2,6 +2,7 @@
 
 #include "platform/plain_text.h"
 #include "platform/string_dictionary.h"
+#include "platform/translated_text.h"
 
 #include <algorithm>
 #include <array>
@@ -12,8 +13,9 @@ namespace quillon {
 
 namespace {
 
-constexpr std::array<QStringView, SubmittedToTable::ColumnCount> columnHeaders = {u"Site", u"Version",
-                                                                                  u"Current"};
+constexpr std::array<QStringView, SubmittedToTable::ColumnCount> columnHeaders = {
+    QUILLON_TR_NOOP("SubmittedToTable", "Site"), QUILLON_TR_NOOP("SubmittedToTable", "Version"),
+    QUILLON_TR_NOOP("SubmittedToTable", "Current")};
 
 } // namespace
 
@@ -89,19 +91,19 @@ QString SubmittedToTable::textAt(int row, int column) const
 {
     const QString &site = m_submittedToTableDataArray[row];
     if (hasNoSubmissions())
-        return column == Site ? u"No Submissions"_s : QString();
+        return column == Site ? tr("No Submissions") : QString();
     if (column == Site)
         return site;
     if (column == Version)
         return m_submitToVersDict.value(site);
     const IconCell cell = m_submitToVersLatestDict.value(site);
-    return cell.icons.value(0) == u"Validated" ? u"Current version"_s : description(cell);
+    return cell.icons.value(0) == u"Validated" ? tr("Current version") : description(cell);
 }
 
 QVariant SubmittedToTable::headerData(int section, Qt::Orientation orientation, int role) const
 {
     if (orientation == Qt::Horizontal && role == Qt::DisplayRole && section >= 0 && section < ColumnCount)
-        return columnHeaders[size_t(section)].toString();
+        return translated("SubmittedToTable", columnHeaders[size_t(section)]);
     return QAbstractTableModel::headerData(section, orientation, role);
 }
 

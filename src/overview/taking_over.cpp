@@ -1,6 +1,7 @@
 #include "overview/taking_over.h"
 
 #include "overview/example_title.h"
+#include "platform/translated_text.h"
 #include "store/process_state.h"
 #include "store/title_folder.h"
 
@@ -65,7 +66,7 @@ QList<Change> changes(const FormValues &present, const TitleState &from)
 
 QString label(const TitleState &from)
 {
-    return u"Company, author, contact and support as in %1"_s.arg(from.title);
+    return fixedEnglish(u"Company, author, contact and support as in %1").arg(from.title);
 }
 
 } // namespace quillon::taking_over

@@ -4,6 +4,7 @@
 #include "manual/manual_pages.h"
 #include "overview/example_title.h"
 #include "overview/title_deletion.h"
+#include "platform/translated_text.h"
 #include "store/add_delete_import_edit.h"
 #include "store/process_state.h"
 
@@ -31,19 +32,19 @@ void TitleCommands::newSoftwareButtonAction()
     (void)AddDeleteImportEdit::checkAppSuppExists(); // The status bar tells.
     m_overview.deselectAll();
     openNamePanel({.nameSheetCalledFrom = u"new"_s,
-                   .swNamePanelMessage = u"Add A New Software Title"_s,
-                   .swNamePanelInputMessage = u"Name: "_s,
-                   .swNamePanelOKButton = u"Add"_s});
+                   .swNamePanelMessage = tr("Add A New Software Title"),
+                   .swNamePanelInputMessage = tr("Name: "),
+                   .swNamePanelOKButton = tr("Add")});
 }
 
 void TitleCommands::renameSWListItem()
 {
     if (mwqnSelSW)
         openNamePanel({.nameSheetCalledFrom = u"rename"_s,
-                       .swNamePanelMessage = u"Please Enter The New Name For "_s + *mwqnSelSW,
-                       .swNamePanelInputMessage = u"New Name: "_s,
+                       .swNamePanelMessage = tr("Please Enter The New Name For %1").arg(*mwqnSelSW),
+                       .swNamePanelInputMessage = tr("New Name: "),
                        .swNamePanelInput = *mwqnSelSW,
-                       .swNamePanelOKButton = u"Rename"_s,
+                       .swNamePanelOKButton = tr("Rename"),
                        .title = *mwqnSelSW});
 }
 
@@ -51,8 +52,8 @@ void TitleCommands::importError2(const QString &message)
 {
     openNamePanel({.nameSheetCalledFrom = u"import"_s,
                    .swNamePanelMessage = message,
-                   .swNamePanelInputMessage = u"Name: "_s,
-                   .swNamePanelOKButton = u"Add"_s,
+                   .swNamePanelInputMessage = tr("Name: "),
+                   .swNamePanelOKButton = tr("Add"),
                    .file = m_imports.askedFile(),
                    .hasMore = m_imports.hasMore()});
 }
@@ -113,8 +114,8 @@ void TitleCommands::deleteButtonAction()
 {
     if (!mwqnSelSW)
         return;
-    const Alert alert{u"Do you really want to delete "_s + *mwqnSelSW,
-                      u"Deleting listings cannot be undone."_s, u"Delete"_s, u"Cancel"_s};
+    const Alert alert{tr("Do you really want to delete %1").arg(*mwqnSelSW),
+                      tr("Deleting listings cannot be undone."), tr("Delete"), tr("Cancel")};
     m_alerts.show(SheetWindow::Main, alert, [this, name = *mwqnSelSW](AlertAnswer answer) {
         if (answer != AlertAnswer::Default)
             return;
@@ -126,7 +127,7 @@ void TitleCommands::deleteButtonAction()
 void TitleCommands::importPADFile()
 {
     m_overview.deselectAll();
-    m_alerts.chooseFiles(SheetWindow::Main, {u"Choose PAD File"_s, u"xml"_s, {}, true},
+    m_alerts.chooseFiles(SheetWindow::Main, {tr("Choose PAD File"), u"xml"_s, {}, true},
                          [this](const QStringList &paths) { processImportedFile(paths); });
 }
 
@@ -159,9 +160,9 @@ void TitleCommands::exportButtonAction()
     if (!mwqnSelSW)
         return;
     auto content = std::make_shared<Export>(Export::Stored);
-    FileRequest request{u"Export PAD File"_s, u"xml"_s, mwqnSelSW->trimmed(), false};
+    FileRequest request{tr("Export PAD File"), u"xml"_s, mwqnSelSW->trimmed(), false};
     if (originals::has(*mwqnSelSW)) {
-        request.option = u"&Merge into the imported file, so that what Quillon does not keep stays"_s;
+        request.option = tr("&Merge into the imported file, so that what Quillon does not keep stays");
         request.optionChosen = [content](bool isTicked) {
             *content = isTicked ? Export::Merged : Export::Stored;
         };
@@ -178,12 +179,12 @@ void TitleCommands::exportOriginal()
         m_alerts.show(
             SheetWindow::Main,
             original.isError(Error::Kind::Missing)
-                ? Alert{u"No original was kept of %1"_s.arg(*mwqnSelSW),
-                        u"It was made in Quillon, or came in before originals were kept."_s}
-                : Alert{u"The original of %1 cannot be read"_s.arg(*mwqnSelSW), original.error().reason});
+                ? Alert{tr("No original was kept of %1").arg(*mwqnSelSW),
+                        tr("It was made in Quillon, or came in before originals were kept.")}
+                : Alert{tr("The original of %1 cannot be read").arg(*mwqnSelSW), original.error().reason});
         return;
     }
-    exportChosen({u"Export Original"_s, u"xml"_s, original->name, false},
+    exportChosen({tr("Export Original"), u"xml"_s, original->name, false},
                  std::make_shared<Export>(Export::Original));
 }
 
@@ -192,8 +193,9 @@ void TitleCommands::exportChosen(const FileRequest &request, const std::shared_p
     m_alerts.chooseSaveFile(
         SheetWindow::Main, request, [this, content, title = *mwqnSelSW](const QString &path) {
             const Result<> exported = title_operations::exportPadFile(title, path, *content);
-            tellLater(exported ? Alert{title_operations::exportSucceeded}
-                               : Alert{title_operations::exportFailed, exported.error().reason});
+            tellLater(exported ? Alert{translated("TitleOperations", title_operations::exportSucceeded)}
+                               : Alert{translated("TitleOperations", title_operations::exportFailed),
+                                       exported.error().reason});
         });
 }
 

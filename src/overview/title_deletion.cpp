@@ -7,6 +7,7 @@
 #include "store/storage_status.h"
 #include "store/title_folder.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QLoggingCategory>
@@ -16,6 +17,11 @@ using namespace Qt::StringLiterals;
 namespace quillon::title_operations {
 
 namespace {
+
+class TitleDeletionText
+{
+    Q_DECLARE_TR_FUNCTIONS(TitleDeletion)
+};
 
 Q_LOGGING_CATEGORY(log, "quillon.overview")
 
@@ -33,10 +39,12 @@ bool isTitleFile(const QByteArray &name)
 /// Adds the file @p name of @p folder to @p files; what is not kept is logged.
 void take(const FolderHandle &folder, const FolderHandle::Entry &entry, qsizetype &room, QList<File> &files)
 {
-    const auto bytes = entry.kind == FolderHandle::Kind::File ? folder.read(entry.name)
-                                                              : Error{.reason = u"it is no file"_s};
+    const auto bytes = entry.kind == FolderHandle::Kind::File
+                           ? folder.read(entry.name)
+                           : Error{.reason = TitleDeletionText::tr("it is no file")};
     if (!bytes || bytes->size() > room) {
-        const QString reason = bytes ? u"there is no room for it"_s : bytes.error().reason;
+        const QString reason =
+            bytes ? TitleDeletionText::tr("there is no room for it") : bytes.error().reason;
         qCWarning(log).noquote() << QFile::decodeName(entry.name)
                                  << "goes with the title for good:" << reason;
         return;
@@ -81,7 +89,8 @@ Result<> makeFolder(const QString &folderName, const QList<File> &files)
         return staged.error();
     for (const File &file : files) {
         if (!isFileName(file.name))
-            return Error{Error::Kind::Unintelligible, folderName, u"a file of it has no name"_s};
+            return Error{Error::Kind::Unintelligible, folderName,
+                         TitleDeletionText::tr("a file of it has no name")};
         if (Result<> written = staged->folder().write(file.name, file.bytes); !written)
             return written;
     }
@@ -107,7 +116,8 @@ Result<> undeleteTitle(const deleted_items::Item &title, const QString &name)
         return Error{Error::Kind::Refused, name, sentence(verdict)};
     const auto files = deleted_items::filesOf(title);
     if (!files || files->isEmpty())
-        return files ? Error{Error::Kind::Missing, name, u"nothing was kept of it"_s} : files.error();
+        return files ? Error{Error::Kind::Missing, name, TitleDeletionText::tr("nothing was kept of it")}
+                     : files.error();
     Result<> made = makeFolder(QFileInfo(*title_folder::path(name)).fileName(), *files);
     if (!made.isDone())
         return made;

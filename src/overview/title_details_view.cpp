@@ -36,7 +36,7 @@ TitleDetailsView::TitleDetailsView(OverviewController &overview, const Editor &e
     : QSplitter(Qt::Horizontal, parent)
     , m_overview(overview)
     , m_editor(editor)
-    , m_submittedToTableView(newIconRowTable(u"submittedToTableView"_s, u"Submitted to"_s, this))
+    , m_submittedToTableView(newIconRowTable(u"submittedToTableView"_s, tr("Submitted to"), this))
     , m_validationErrorsView(new QListWidget(this))
     , m_errorsCaption(new QLabel(this))
 {
@@ -67,13 +67,13 @@ void TitleDetailsView::buildMarks()
         m_submittedToTableView->clearSelection();
         explain();
     });
-    addWidget(captioned(new QLabel(u"&Submitted to"_s), m_submittedToTableView));
+    addWidget(captioned(new QLabel(tr("&Submitted to")), m_submittedToTableView));
 }
 
 void TitleDetailsView::buildErrors(const CommandSet &commands)
 {
     m_validationErrorsView->setObjectName(u"validationErrorsView"_s);
-    m_validationErrorsView->setAccessibleName(u"Errors in the PAD file"_s);
+    m_validationErrorsView->setAccessibleName(tr("Errors in the PAD file"));
     m_validationErrorsView->setWordWrap(true);
     connect(m_validationErrorsView, &QListWidget::itemActivated, this, &TitleDetailsView::askForField);
     connect(m_validationErrorsView, &QListWidget::itemClicked, this, &TitleDetailsView::askForField);
@@ -111,8 +111,8 @@ void TitleDetailsView::showErrors()
         auto *item = new QListWidgetItem(message, m_validationErrorsView);
         item->setData(Qt::UserRole, key);
     }
-    m_errorsCaption->setText(errors.empty() ? u"&Errors in the PAD file"_s
-                                            : u"&Errors in the PAD file (%L1)"_s.arg(errors.size()));
+    m_errorsCaption->setText(errors.empty() ? tr("&Errors in the PAD file")
+                                            : tr("&Errors in the PAD file (%L1)").arg(errors.size()));
     explain();
 }
 

@@ -11,6 +11,7 @@
 #include "store/storage_status.h"
 #include "store/title_folder.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -25,6 +26,11 @@ using namespace Qt::StringLiterals;
 namespace quillon {
 
 namespace {
+
+class TitleListText
+{
+    Q_DECLARE_TR_FUNCTIONS(TitleList)
+};
 
 Q_LOGGING_CATEGORY(log, "quillon.overview")
 
@@ -192,7 +198,8 @@ Result<> convertOldFolder(const QString &name)
             (void)originals::keep(name, {*old.pad, QFileInfo(old.padPath).fileName()},
                                   originals::Keeping::Newest);
     } else if (!isConverted(old, *title_folder::path(name))) {
-        return Error{Error::Kind::Refused, old.folder, u"it is left as it is: a title has its name"_s};
+        return Error{Error::Kind::Refused, old.folder,
+                     TitleListText::tr("it is left as it is: a title has its name")};
     }
     return removeOld(old);
 }

@@ -11,6 +11,7 @@
 #include "platform/atomic_file.h"
 #include "platform/text_decoding.h"
 #include "platform/tolerant_xml.h"
+#include "platform/translated_text.h"
 #include "store/add_delete_import_edit.h"
 #include "store/process_state.h"
 #include "store/site_list.h"
@@ -18,6 +19,7 @@
 #include "store/summary_file.h"
 #include "store/title_folder.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <QLoggingCategory>
 
@@ -27,16 +29,24 @@ namespace quillon::title_operations {
 
 namespace {
 
+class TitleOperationsText
+{
+    Q_DECLARE_TR_FUNCTIONS(TitleOperations)
+};
+
 Q_LOGGING_CATEGORY(titleLog, "quillon.overview")
 
 QString nameConflict(const QString &name)
 {
     if (name.isEmpty())
-        return u"No name could be found for the software in this PAD file\nPlease choose a name for this import"_s;
+        return TitleOperationsText::tr(
+            "No name could be found for the software in this PAD file\nPlease choose a name for this import");
     if (judgeName(name) == NameVerdict::Taken)
-        return u"A listing with the name "_s + name + u" already exists\nPlease choose another name."_s;
-    return u"The name "_s + name.simplified() +
-           u" cannot be used for a listing\nPlease choose another name."_s;
+        return TitleOperationsText::tr(
+                   "A listing with the name %1 already exists\nPlease choose another name.")
+            .arg(name);
+    return TitleOperationsText::tr("The name %1 cannot be used for a listing\nPlease choose another name.")
+        .arg(name.simplified());
 }
 
 /// The parallel lists of marks.
@@ -78,11 +88,11 @@ QString sentence(NameVerdict verdict)
 {
     switch (verdict) {
     case NameVerdict::Empty:
-        return u"You Must Enter a Name for the Software Title"_s;
+        return TitleOperationsText::tr("You Must Enter a Name for the Software Title");
     case NameVerdict::Taken:
-        return u"This Software Name Already Exists, Please Choose a Unique Name."_s;
+        return TitleOperationsText::tr("This Software Name Already Exists, Please Choose a Unique Name.");
     case NameVerdict::Unusable:
-        return u"This name cannot be used: it holds a \"/\" or is too long."_s;
+        return TitleOperationsText::tr("This name cannot be used: it holds a \"/\" or is too long.");
     case NameVerdict::Free:
         break;
     }
@@ -104,7 +114,7 @@ Result<PadFile> padFile(QByteArray bytes, const QString &name)
 {
     QString text = decodedXmlText(bytes);
     if (bytes.size() > maxPadFileSize || !text.contains(padMarker, Qt::CaseInsensitive))
-        return Error{Error::Kind::Unintelligible, name, u"it is no PAD file"_s};
+        return Error{Error::Kind::Unintelligible, name, TitleOperationsText::tr("it is no PAD file")};
     return PadFile{std::move(bytes), PadDocument(std::move(text))};
 }
 
@@ -120,7 +130,8 @@ Import importPadFile(const QString &path, const std::optional<QString> &name)
     if (!file)
         return {Import::NotPad,
                 {},
-                u"The file you selected does not appear to be a valid PAD file and cannot be imported."_s,
+                TitleOperationsText::tr(
+                    "The file you selected does not appear to be a valid PAD file and cannot be imported."),
                 {}};
     const PadDocument &document = file->document;
     const QString chosen =
@@ -133,7 +144,8 @@ Import importPadFile(const QString &path, const std::optional<QString> &name)
         return {Import::NotStored, chosen, failureLine(stored.error()), {}, stored};
     const bool isKept =
         bool(originals::keep(chosen, {file->bytes, QFileInfo(path).fileName()}, originals::Keeping::Newest));
-    return {Import::Imported, chosen, importSucceeded, importFindings(document), stored, isKept};
+    return {Import::Imported,         chosen, translated("TitleOperations", importSucceeded),
+            importFindings(document), stored, isKept};
 }
 
 Result<QByteArray> exportedPad(const QString &title, Export content)
@@ -143,7 +155,7 @@ Result<QByteArray> exportedPad(const QString &title, Export content)
         return original ? original->bytes : Result<QByteArray>(original.error());
     const auto folder = title_folder::path(title);
     if (!folder)
-        return Error{Error::Kind::Missing, title, u"there is no such title"_s};
+        return Error{Error::Kind::Missing, title, TitleOperationsText::tr("there is no such title")};
     const auto stored = atomic_file::read(*folder + u'/' + title_folder::padFile);
     if (!stored)
         return stored.error();
@@ -156,13 +168,14 @@ Result<> exportPadFile(const QString &title, const QString &path, Export content
     if (!bytes) {
         const QString &reason = bytes.error().reason;
         return Error{bytes.error().kind, path,
-                     content == Export::Stored ? u"the title's own PAD file cannot be read: %1"_s.arg(reason)
-                                               : reason};
+                     content == Export::Stored
+                         ? TitleOperationsText::tr("the title's own PAD file cannot be read: %1").arg(reason)
+                         : reason};
     }
     const QFileInfo there(path);
     const bool isNew = !there.exists() && !there.isSymLink();
     if (!isNew && !there.isFile())
-        return Error{Error::Kind::Refused, path, u"what has that name is no file"_s};
+        return Error{Error::Kind::Refused, path, TitleOperationsText::tr("what has that name is no file")};
     const QString place = isNew ? path : there.canonicalFilePath(); // A link stays one.
     Result<> written = atomic_file::write(place, *bytes);
     if (written)

@@ -2,6 +2,7 @@
 
 #include "pad/pad_document.h"
 #include "platform/result.h"
+#include "platform/translated_text.h"
 
 #include <QByteArray>
 #include <QString>
@@ -95,8 +96,11 @@ bool pruneMarks();
 /// summary has changed; once more where that brings new marks to light.
 void pruneAndCheck(const std::function<void(bool isPruned)> &check);
 
-inline const QString importSucceeded = QStringLiteral("Import Successful");
-inline const QString exportSucceeded = QStringLiteral("PAD file export successful");
-inline const QString exportFailed = QStringLiteral("The PAD file export failed with an unknown error");
+inline const QString importSucceeded =
+    QStringLiteral(QUILLON_TR_NOOP("TitleOperations", "Import Successful"));
+inline const QString exportSucceeded =
+    QStringLiteral(QUILLON_TR_NOOP("TitleOperations", "PAD file export successful"));
+inline const QString exportFailed =
+    QStringLiteral(QUILLON_TR_NOOP("TitleOperations", "The PAD file export failed with an unknown error"));
 
 } // namespace quillon::title_operations

@@ -8,6 +8,7 @@
 #include "pad/unread_texts.h"
 #include "pad/vocabularies.h"
 
+#include <QCoreApplication>
 #include <QStringTokenizer>
 
 #include <cmath>
@@ -17,6 +18,11 @@ using namespace Qt::StringLiterals;
 namespace quillon {
 
 namespace {
+
+class ImportFindingsText
+{
+    Q_DECLARE_TR_FUNCTIONS(ImportFindings)
+};
 
 /// Sentences, as many as anybody reads.
 class Findings
@@ -34,7 +40,9 @@ public:
 
     [[nodiscard]] QStringList sentences() const
     {
-        return m_more == 0 ? m_sentences : m_sentences + QStringList(u"…and %1 more."_s.arg(m_more));
+        return m_more == 0
+                   ? m_sentences
+                   : m_sentences + QStringList(ImportFindingsText::tr("…and %n more.", nullptr, int(m_more)));
     }
 
 private:
@@ -62,10 +70,11 @@ void findUnknownName(const PadField &field, QStringView written, Findings &findi
 {
     const bool onlyBlanks = vocabulary::of(field.id).contains(written.trimmed());
     findings.add([&] {
-        return onlyBlanks ? u"%1: %2 has blanks around it, is not understood and will be lost."_s.arg(
-                                field.element, quoted(written))
-                          : u"%1: %2 is not in the list of PAD 3.10 and will be lost."_s.arg(field.element,
-                                                                                             quoted(written));
+        return onlyBlanks ? ImportFindingsText::tr(
+                                "%1: %2 has blanks around it, is not understood and will be lost.")
+                                .arg(field.element, quoted(written))
+                          : ImportFindingsText::tr("%1: %2 is not in the list of PAD 3.10 and will be lost.")
+                                .arg(field.element, quoted(written));
     });
 }
 
@@ -89,8 +98,8 @@ void findInCheckBox(const Reading &reading, Findings &findings)
     const QString kept = reading.form.value(reading.field.id);
     if (reading.value.trimmed().compare(kept, Qt::CaseInsensitive) != 0)
         findings.add([&] {
-            return u"%1: %2 will become %3."_s.arg(reading.field.element, quoted(reading.value),
-                                                   quoted(kept));
+            return ImportFindingsText::tr("%1: %2 will become %3.")
+                .arg(reading.field.element, quoted(reading.value), quoted(kept));
         });
 }
 
@@ -98,8 +107,9 @@ void findInMultiLine(const Reading &reading, Findings &findings)
 {
     if (reading.form.value(reading.field.id).isEmpty())
         findings.add([&] {
-            return u"%1: %2 cannot be read from a tag written like this and will be lost."_s.arg(
-                reading.field.element, quoted(reading.value));
+            return ImportFindingsText::tr(
+                       "%1: %2 cannot be read from a tag written like this and will be lost.")
+                .arg(reading.field.element, quoted(reading.value));
         });
 }
 
@@ -108,8 +118,8 @@ void findInText(const Reading &reading, Findings &findings)
 {
     if (reading.field.element.endsWith(u"_Email") && reading.value.trimmed().contains(u' '))
         findings.add([&] {
-            return u"%1: the blanks in %2 will be removed."_s.arg(reading.field.element,
-                                                                  quoted(reading.value));
+            return ImportFindingsText::tr("%1: the blanks in %2 will be removed.")
+                .arg(reading.field.element, quoted(reading.value));
         });
 }
 
@@ -124,8 +134,8 @@ void findInComputed(const Reading &reading, Findings &findings)
     if (before == kept || (isNumber && std::abs(number - kept.toDouble()) <= rounding))
         return;
     findings.add([&] {
-        return u"%1: %2 will become %3, reckoned from File_Size_Bytes."_s.arg(
-            reading.field.element, quoted(reading.value), quoted(kept));
+        return ImportFindingsText::tr("%1: %2 will become %3, reckoned from File_Size_Bytes.")
+            .arg(reading.field.element, quoted(reading.value), quoted(kept));
     });
 }
 
@@ -162,7 +172,8 @@ void findInFields(const PadDocument &document, Findings &findings)
 
 QString itsValues(const UnreadTexts::Texts &texts)
 {
-    return texts.count == 1 ? u"its value "_s + quoted(texts.example) : u"its %1 values"_s.arg(texts.count);
+    return texts.count == 1 ? ImportFindingsText::tr("its value %1").arg(quoted(texts.example))
+                            : ImportFindingsText::tr("its %n values", nullptr, int(texts.count));
 }
 
 void findSections(const UnreadTexts &unread, Findings &findings)
@@ -170,14 +181,16 @@ void findSections(const UnreadTexts &unread, Findings &findings)
     for (auto [tag, texts] : unread.unknown.asKeyValueRange()) {
         const QStringView meant = padTag(tag);
         findings.add([&, &tag = tag, &texts = texts] {
-            return meant.isNull()
-                       ? u"%1 is not part of PAD 3.10; %2 will be lost."_s.arg(tag, itsValues(texts))
-                       : u"%1 is not written %2; %3 will be lost."_s.arg(tag, meant, itsValues(texts));
+            return meant.isNull() ? ImportFindingsText::tr("%1 is not part of PAD 3.10; %2 will be lost.")
+                                        .arg(tag, itsValues(texts))
+                                  : ImportFindingsText::tr("%1 is not written %2; %3 will be lost.")
+                                        .arg(tag, meant, itsValues(texts));
         });
     }
     for (auto [tag, texts] : unread.stray.asKeyValueRange())
         findings.add([&, &tag = tag, &texts = texts] {
-            return u"%1 holds text outside of its elements; %2 will be lost."_s.arg(tag, itsValues(texts));
+            return ImportFindingsText::tr("%1 holds text outside of its elements; %2 will be lost.")
+                .arg(tag, itsValues(texts));
         });
 }
 
@@ -185,8 +198,9 @@ void findLanguages(const UnreadTexts &unread, Findings &findings)
 {
     for (auto [language, lost] : unread.languages.asKeyValueRange())
         findings.add([&, &language = language, &lost = lost] {
-            return u"%1: %2 will be lost; of several languages the first is kept, which is %3."_s.arg(
-                language, itsValues(lost.texts), lost.kept.join(u" and "));
+            return ImportFindingsText::tr(
+                       "%1: %2 will be lost; of several languages the first is kept, which is %3.")
+                .arg(language, itsValues(lost.texts), lost.kept.join(ImportFindingsText::tr(" and ")));
         });
 }
 
@@ -195,10 +209,13 @@ void findRepetitions(const PadDocument &document, const UnreadTexts &unread, Fin
     for (auto [field, texts] : unread.repeated.asKeyValueRange())
         findings.add([&, &field = field, &texts = texts] {
             const QStringView element = padField(field).element;
-            const QString others = texts.count == 1 ? QString() : u" and %1 more"_s.arg(texts.count - 1);
-            return u"%1 stands %2 times; %3 is kept, %4%5 will be lost."_s.arg(
-                element, QString::number(document.xml().count(element)),
-                quoted(document.value(padField(field)).value_or(QString())), quoted(texts.example), others);
+            const QString others =
+                texts.count == 1 ? QString()
+                                 : ImportFindingsText::tr(" and %n more", nullptr, int(texts.count - 1));
+            return ImportFindingsText::tr("%1 stands %2 times; %3 is kept, %4%5 will be lost.")
+                .arg(element, QString::number(document.xml().count(element)),
+                     quoted(document.value(padField(field)).value_or(QString())), quoted(texts.example),
+                     others);
         });
 }
 

@@ -6,6 +6,7 @@
 #include "platform/xml_escaping.h"
 #include "platform/xml_source.h"
 
+#include <QCoreApplication>
 #include <QStringConverter>
 #include <QXmlStreamReader>
 
@@ -16,6 +17,11 @@ using namespace Qt::StringLiterals;
 namespace quillon {
 
 namespace {
+
+class MergedDocumentText
+{
+    Q_DECLARE_TR_FUNCTIONS(MergedDocument)
+};
 
 constexpr QStringView descriptions = u"Program_Descriptions";
 
@@ -254,7 +260,9 @@ QString valueOf(const QString &content)
 Error cannotBeLaid(QStringView element)
 {
     return {.kind = Error::Kind::Unintelligible,
-            .reason = u"the original is written in such a way that %1 cannot be put into it"_s.arg(element)};
+            .reason =
+                MergedDocumentText::tr("the original is written in such a way that %1 cannot be put into it")
+                    .arg(element)};
 }
 
 /// Whether each value in @p merged is the one that was laid over it, or else the original's.
@@ -279,7 +287,8 @@ Result<QByteArray> mergedDocument(const QByteArray &original, const FieldValues 
     Merger merger(original);
     if (merger.bytes() != original)
         return Error{.kind = Error::Kind::Unintelligible,
-                     .reason = u"the original holds bytes that are no text in its encoding"_s};
+                     .reason =
+                         MergedDocumentText::tr("the original holds bytes that are no text in its encoding")};
     Contents laid;
     for (const LayoutLine &line : padLayout) {
         const auto field = line.kind == LayoutLine::Element ? fieldOfElement(line.tag) : std::nullopt;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 #include <QStringList>
 
@@ -21,7 +22,7 @@ struct Alert
 {
     QString message;
     QString informativeText = {};
-    QString defaultButton = QStringLiteral("OK");
+    QString defaultButton = QCoreApplication::translate("AlertSheets", "OK");
     QString alternateButton = {}; ///< Empty: there is only the default button.
     QStringList details = {};     ///< Lines that the reader may unfold.
 };

@@ -1,6 +1,7 @@
 #include "platform/atomic_file.h"
 
 #include "platform/folder_handle.h"
+#include "platform/translated_text.h"
 #include "platform/unfinished_name.h"
 
 #include <QDir>
@@ -18,7 +19,7 @@ namespace quillon::atomic_file {
 
 namespace {
 
-Error failure(const QString &path, const QString &step)
+Error failure(const QString &path, QStringView step)
 {
     return systemError(Error::Kind::NotDone, path, step);
 }
@@ -30,15 +31,15 @@ Result<> fill(const QString &path, const QByteArray &temporary, const QByteArray
     const bool replaces = ::lstat(QFile::encodeName(path).constData(), &old) == 0 && S_ISREG(old.st_mode);
     Descriptor file(::open(temporary.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
     if (!file.isOpen())
-        return failure(path, u"the folder takes no new file"_s);
+        return failure(path, QUILLON_TR_NOOP("Files", "the folder takes no new file"));
     if (replaces && ::fchmod(file.get(), old.st_mode & 07777) != 0)
-        return failure(path, u"the file's mode could not be kept"_s);
+        return failure(path, QUILLON_TR_NOOP("Files", "the file's mode could not be kept"));
     if (!file.writeAll(bytes))
-        return failure(path, u"writing failed"_s);
+        return failure(path, QUILLON_TR_NOOP("Files", "writing failed"));
     if (::fsync(file.get()) != 0)
-        return failure(path, u"syncing failed"_s);
+        return failure(path, QUILLON_TR_NOOP("Files", "syncing failed"));
     if (!file.close())
-        return failure(path, u"closing failed"_s);
+        return failure(path, QUILLON_TR_NOOP("Files", "closing failed"));
     return {};
 }
 
@@ -49,7 +50,7 @@ Result<> fillAndRename(const QString &path, const QByteArray &bytes)
     const QByteArray temporary = folder + '/' + unfinished_name::make(unfinished_name::file);
     Result<> done = fill(path, temporary, bytes);
     if (done && ::rename(temporary.constData(), QFile::encodeName(path).constData()) != 0)
-        done = failure(path, u"the old file could not be replaced"_s);
+        done = failure(path, QUILLON_TR_NOOP("Files", "the old file could not be replaced"));
     if (!done)
         ::unlink(temporary.constData());
     return done;
@@ -74,7 +75,8 @@ Result<> replace(const QString &path, const QByteArray &bytes, const Result<QByt
     if (old == bytes)
         return {};
     if (!old && !old.isError(Error::Kind::Missing))
-        return Error{old.error().kind, path, u"%1; it is left as it is"_s.arg(old.error().reason)};
+        return Error{old.error().kind, path,
+                     QCoreApplication::translate("Files", "%1; it is left as it is").arg(old.error().reason)};
     // Opened first: a folder that cannot be opened could not be synced in the end.
     const auto folder = FolderHandle::open(QFileInfo(path).path());
     if (!folder)
@@ -99,7 +101,8 @@ Result<> removeAll(const QString &path)
     const QFileInfo info(path);
     if (info.isDir() && !info.isSymLink() ? QDir(path).removeRecursively() : QFile::remove(path))
         return {};
-    return Error{.path = path, .reason = u"something of it could not be removed"_s};
+    return Error{.path = path,
+                 .reason = QCoreApplication::translate("Files", "something of it could not be removed")};
 }
 
 } // namespace quillon::atomic_file

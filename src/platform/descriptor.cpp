@@ -1,5 +1,7 @@
 #include "platform/descriptor.h"
 
+#include "platform/translated_text.h"
+
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
@@ -59,30 +61,33 @@ Result<QByteArray> Descriptor::readFile(int folder, const QByteArray &name, int 
     const Descriptor file(::openat(folder, name.constData(), flags | O_RDONLY | O_NONBLOCK | O_CLOEXEC));
     struct stat status = {};
     if (!file.isOpen() || ::fstat(file.get(), &status) != 0) {
-        const Error error = systemError(Error::Kind::Unreadable, path, u"it cannot be opened"_s);
+        const Error error =
+            systemError(Error::Kind::Unreadable, path, QUILLON_TR_NOOP("Files", "it cannot be opened"));
         const bool isLink =
             ::fstatat(folder, name.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0 && S_ISLNK(status.st_mode);
-        return isLink && error.kind == Error::Kind::Missing ? unreadable(u"it is a link that leads nowhere"_s)
-                                                            : error;
+        return isLink && error.kind == Error::Kind::Missing
+                   ? unreadable(QCoreApplication::translate("Files", "it is a link that leads nowhere"))
+                   : error;
     }
     if (!S_ISREG(status.st_mode))
-        return unreadable(u"it is no regular file"_s);
+        return unreadable(QCoreApplication::translate("Files", "it is no regular file"));
     if (status.st_size > maxSize)
-        return unreadable(u"it is larger than %1 bytes"_s.arg(maxSize));
+        return unreadable(QCoreApplication::translate("Files", "it is larger than %1 bytes").arg(maxSize));
     // What grows meanwhile is taken as it was; what shrinks is what is left of it.
     std::optional<QByteArray> bytes = file.readUpTo(status.st_size);
     if (!bytes)
-        return systemError(Error::Kind::Unreadable, path, u"it cannot be read"_s);
+        return systemError(Error::Kind::Unreadable, path, QUILLON_TR_NOOP("Files", "it cannot be read"));
     return *std::move(bytes);
 }
 
-Error systemError(Error::Kind kind, const QString &path, const QString &step)
+Error systemError(Error::Kind kind, const QString &path, QStringView step)
 {
     const int number = errno;
     const bool isMissing = kind == Error::Kind::Unreadable && (number == ENOENT || number == ENOTDIR);
     return {.kind = isMissing ? Error::Kind::Missing : kind,
             .path = path,
-            .reason = u"%1: %2"_s.arg(step, QString::fromLocal8Bit(std::strerror(number)))};
+            .reason =
+                u"%1: %2"_s.arg(translated("Files", step), QString::fromLocal8Bit(std::strerror(number)))};
 }
 
 } // namespace quillon

@@ -44,6 +44,6 @@ private:
 
 /// The error of the system call that has just failed: @p step and the system's reason, from errno. Where
 /// nothing is there its kind is Missing instead of @p kind, if that is Unreadable.
-Error systemError(Error::Kind kind, const QString &path, const QString &step);
+Error systemError(Error::Kind kind, const QString &path, QStringView step);
 
 } // namespace quillon

@@ -1,6 +1,7 @@
 #include "platform/folder_handle.h"
 
 #include "platform/text_decoding.h"
+#include "platform/translated_text.h"
 
 #include <QFile>
 
@@ -21,7 +22,7 @@ namespace {
 constexpr int folderFlags = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
 
 /// What came of a system call that gives 0 when all is well.
-Result<> result(int status, const QString &path, const QString &step)
+Result<> result(int status, const QString &path, QStringView step)
 {
     return status == 0 ? Result<>() : systemError(Error::Kind::NotDone, path, step);
 }
@@ -32,7 +33,8 @@ Result<FolderHandle> FolderHandle::adopted(int descriptor, const QString &path)
 {
     if (descriptor < 0) {
         const bool isNoFolder = errno == ENOTDIR; // Something is there.
-        Error error = systemError(Error::Kind::Unreadable, path, u"the folder cannot be opened"_s);
+        Error error = systemError(Error::Kind::Unreadable, path,
+                                  QUILLON_TR_NOOP("Files", "the folder cannot be opened"));
         if (isNoFolder)
             error.kind = Error::Kind::Unreadable;
         return error;
@@ -65,7 +67,8 @@ Result<QList<FolderHandle::Entry>> FolderHandle::entries() const
         }
     }
     if (size < 0)
-        return systemError(Error::Kind::Unreadable, m_path, u"the folder cannot be listed"_s);
+        return systemError(Error::Kind::Unreadable, m_path,
+                           QUILLON_TR_NOOP("Files", "the folder cannot be listed"));
     std::ranges::sort(found, {}, &Entry::name);
     return found;
 }
@@ -98,7 +101,8 @@ Result<FolderHandle> FolderHandle::openFolder(const QByteArray &name) const
 Result<FolderHandle> FolderHandle::makeFolder(const QByteArray &name) const
 {
     if (::mkdirat(m_descriptor.get(), name.constData(), 0777) != 0)
-        return systemError(Error::Kind::NotDone, pathOf(name), u"the folder could not be made"_s);
+        return systemError(Error::Kind::NotDone, pathOf(name),
+                           QUILLON_TR_NOOP("Files", "the folder could not be made"));
     Result<FolderHandle> folder = openFolder(name);
     if (!folder)
         ::unlinkat(m_descriptor.get(), name.constData(), AT_REMOVEDIR);
@@ -112,35 +116,38 @@ Result<QByteArray> FolderHandle::read(const QByteArray &name) const
 
 Result<> FolderHandle::write(const QByteArray &name, const QByteArray &bytes) const
 {
-    const auto failed = [this, &name](const QString &step) {
+    const auto failed = [this, &name](QStringView step) {
         return systemError(Error::Kind::NotDone, pathOf(name), step);
     };
     Descriptor file(::openat(m_descriptor.get(), name.constData(),
                              O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666));
     if (!file.isOpen())
-        return failed(u"the file could not be made"_s);
+        return failed(QUILLON_TR_NOOP("Files", "the file could not be made"));
     if (!file.writeAll(bytes))
-        return failed(u"writing failed"_s);
+        return failed(QUILLON_TR_NOOP("Files", "writing failed"));
     // One byte more than there should be, so that a longer file differs as well.
     const auto there = ::lseek(file.get(), 0, SEEK_SET) == 0 ? file.readUpTo(bytes.size() + 1) : std::nullopt;
     if (!there)
-        return failed(u"reading it back failed"_s);
+        return failed(QUILLON_TR_NOOP("Files", "reading it back failed"));
     if (there != bytes)
-        return Error{.path = pathOf(name), .reason = u"what was written reads otherwise"_s};
-    return file.close() ? Result<>() : failed(u"closing failed"_s);
+        return Error{.path = pathOf(name),
+                     .reason = QCoreApplication::translate("Files", "what was written reads otherwise")};
+    return file.close() ? Result<>() : failed(QUILLON_TR_NOOP("Files", "closing failed"));
 }
 
 Result<> FolderHandle::move(const QByteArray &name, const FolderHandle &to, const QByteArray &newName) const
 {
     const int from = m_descriptor.get();
     const int target = to.m_descriptor.get();
-    const QString step = u"moving failed"_s;
+    const QStringView step = QUILLON_TR_NOOP("Files", "moving failed");
     const int status = ::renameat2(from, name.constData(), target, newName.constData(), RENAME_NOREPLACE);
     if (status == 0 || (errno != EINVAL && errno != ENOSYS))
         return result(status, pathOf(name), step);
     // This file system cannot promise not to replace, so that is looked at first.
     if (to.exists(newName))
-        return Error{.path = pathOf(name), .reason = u"moving failed: something has that name already"_s};
+        return Error{
+            .path = pathOf(name),
+            .reason = QCoreApplication::translate("Files", "moving failed: something has that name already")};
     return result(::renameat(from, name.constData(), target, newName.constData()), pathOf(name), step);
 }
 
@@ -148,7 +155,7 @@ Result<> FolderHandle::swap(const QByteArray &name, const QByteArray &other) con
 {
     const int folder = m_descriptor.get();
     return result(::renameat2(folder, name.constData(), folder, other.constData(), RENAME_EXCHANGE),
-                  pathOf(name), u"swapping failed"_s);
+                  pathOf(name), QUILLON_TR_NOOP("Files", "swapping failed"));
 }
 
 Result<> FolderHandle::sync() const
@@ -156,7 +163,8 @@ Result<> FolderHandle::sync() const
     // Some file systems cannot sync a folder and say EINVAL; there is nothing more to be done there.
     if (::fsync(m_descriptor.get()) == 0 || errno == EINVAL)
         return {};
-    return systemError(Error::Kind::NotYetSafe, m_path, u"syncing the folder failed"_s);
+    return systemError(Error::Kind::NotYetSafe, m_path,
+                       QUILLON_TR_NOOP("Files", "syncing the folder failed"));
 }
 
 Result<> FolderHandle::syncFiles() const
@@ -170,14 +178,15 @@ Result<> FolderHandle::syncFiles() const
         const Descriptor file(
             ::openat(m_descriptor.get(), entry.name.constData(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC));
         if (!file.isOpen() || ::fsync(file.get()) != 0)
-            return systemError(Error::Kind::NotDone, pathOf(entry.name), u"syncing failed"_s);
+            return systemError(Error::Kind::NotDone, pathOf(entry.name),
+                               QUILLON_TR_NOOP("Files", "syncing failed"));
     }
     return sync();
 }
 
 Result<> FolderHandle::syncFileSystem() const
 {
-    return result(::syncfs(m_descriptor.get()), m_path, u"syncing failed"_s);
+    return result(::syncfs(m_descriptor.get()), m_path, QUILLON_TR_NOOP("Files", "syncing failed"));
 }
 
 } // namespace quillon

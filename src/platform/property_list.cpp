@@ -2,6 +2,8 @@
 
 #include "platform/text_decoding.h"
 
+#include <QCoreApplication>
+
 #include <cstdlib>
 #include <memory>
 #include <plist/plist.h>
@@ -11,6 +13,11 @@ using namespace Qt::StringLiterals;
 namespace quillon::property_list {
 
 namespace {
+
+class PropertyListText
+{
+    Q_DECLARE_TR_FUNCTIONS(PropertyList)
+};
 
 using Node = std::unique_ptr<void, decltype(&plist_free)>;
 using Text = std::unique_ptr<char, decltype(&std::free)>;
@@ -42,7 +49,8 @@ bool isBearable(const QByteArray &xml)
 
 Result<StringDictionary> read(const QByteArray &bytes)
 {
-    const Error notOne{.kind = Error::Kind::Unintelligible, .reason = u"it is no property list of texts"_s};
+    const Error notOne{.kind = Error::Kind::Unintelligible,
+                       .reason = PropertyListText::tr("it is no property list of texts")};
     if (!isBearable(bytes))
         return notOne;
     plist_t root = nullptr;

@@ -3,11 +3,21 @@
 #include "platform/atomic_file.h"
 #include "platform/unfinished_name.h"
 
+#include <QCoreApplication>
 #include <QFile>
 
 using namespace Qt::StringLiterals;
 
 namespace quillon {
+
+namespace {
+
+class StagedFolderText
+{
+    Q_DECLARE_TR_FUNCTIONS(StagedFolder)
+};
+
+} // namespace
 
 Result<StagedFolder> StagedFolder::in(const QString &parent)
 {
@@ -43,7 +53,7 @@ Result<> StagedFolder::putInPlace(const QString &name, Content content, bool rep
     // A crash might bring the old folder back, so it is not removed.
     const QString old = QFile::decodeName(std::exchange(m_name, {}));
     return Error{safe.error().kind, safe.error().path,
-                 u"%1; the old one is now called %2"_s.arg(safe.error().reason, old)};
+                 StagedFolderText::tr("%1; the old one is now called %2").arg(safe.error().reason, old)};
 }
 
 Result<> StagedFolder::syncContent(Content content) const
@@ -70,7 +80,8 @@ Result<> StagedFolder::replace(const QByteArray &name)
     if (m_parent.move(aside, m_parent, name))
         return moved;
     return Error{Error::Kind::NotDone, moved.error().path,
-                 u"%1; the old one is now called %2"_s.arg(moved.error().reason, QFile::decodeName(aside))};
+                 StagedFolderText::tr("%1; the old one is now called %2")
+                     .arg(moved.error().reason, QFile::decodeName(aside))};
 }
 
 } // namespace quillon

@@ -41,12 +41,12 @@ QLabel *labelFor(const QString &text, QWidget *buddy)
 CustomiseToolbarDialog::CustomiseToolbarDialog(const CommandSet &commands, QWidget *parent)
     : QDialog(parent)
     , m_commands(commands)
-    , m_available(newList(u"availableItems"_s, u"Available items"_s))
-    , m_shown(newList(u"toolbarItems"_s, u"Toolbar, from left to right"_s))
+    , m_available(newList(u"availableItems"_s, tr("Available items")))
+    , m_shown(newList(u"toolbarItems"_s, tr("Toolbar, from left to right")))
 {
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowModality(Qt::WindowModal);
-    setWindowTitle(u"Customise Toolbar"_s);
+    setWindowTitle(tr("Customise Toolbar"));
     for (const QString &identifier : toolbar_layout::allowedItems())
         m_available->addItem(newItem(identifier));
     m_available->setDragDropMode(QAbstractItemView::DragOnly);
@@ -56,8 +56,8 @@ CustomiseToolbarDialog::CustomiseToolbarDialog(const CommandSet &commands, QWidg
     showOrder(toolbar_layout::storedOrder());
 
     auto *layout = new QGridLayout(this);
-    layout->addWidget(labelFor(u"A&vailable items:"_s, m_available), 0, 0);
-    layout->addWidget(labelFor(u"&Toolbar, from left to right:"_s, m_shown), 0, 2);
+    layout->addWidget(labelFor(tr("A&vailable items:"), m_available), 0, 0);
+    layout->addWidget(labelFor(tr("&Toolbar, from left to right:"), m_shown), 0, 2);
     layout->addWidget(m_available, 1, 0);
     layout->addLayout(newButtonColumn(), 1, 1);
     layout->addWidget(m_shown, 1, 2);
@@ -68,19 +68,19 @@ QLayout *CustomiseToolbarDialog::newButtonColumn()
 {
     const QList<Command> commands = {
         {.id = u"add"_s,
-         .text = u"&Add →"_s,
+         .text = tr("&Add →"),
          .isEnabled = [this] { return canAdd(); },
          .run = [this] { add(); }},
         {.id = u"remove"_s,
-         .text = u"← &Remove"_s,
+         .text = tr("← &Remove"),
          .isEnabled = [this] { return m_shown->currentRow() >= 0; },
          .run = [this] { remove(); }},
         {.id = u"up"_s,
-         .text = u"Move &Up"_s,
+         .text = tr("Move &Up"),
          .isEnabled = [this] { return m_shown->currentRow() > 0; },
          .run = [this] { move(-1); }},
         {.id = u"down"_s,
-         .text = u"Move &Down"_s,
+         .text = tr("Move &Down"),
          .isEnabled =
              [this] { return m_shown->currentRow() >= 0 && m_shown->currentRow() + 1 < m_shown->count(); },
          .run = [this] { move(1); }},

@@ -44,7 +44,7 @@ void FolderItemDialog::setSaves()
 {
     setAcceptMode(AcceptSave);
     setFileMode(AnyFile);
-    setLabelText(Accept, u"Save"_s);
+    setLabelText(Accept, tr("Save"));
 }
 
 bool FolderItemDialog::isItem(const QString &path) const
@@ -101,10 +101,10 @@ void FolderItemDialog::askToReplace(const QString &path)
 {
     QMessageBox *box = newMessage(
         QMessageBox::Warning,
-        u"“%1” already exists. Do you want to replace it?"_s.arg(QFileInfo(path).fileName()), this);
-    box->setInformativeText(u"What it holds now will be lost."_s);
-    const QPushButton *replace = box->addButton(u"Replace"_s, QMessageBox::AcceptRole);
-    QPushButton *cancel = box->addButton(u"Cancel"_s, QMessageBox::RejectRole);
+        tr("“%1” already exists. Do you want to replace it?").arg(QFileInfo(path).fileName()), this);
+    box->setInformativeText(tr("What it holds now will be lost."));
+    const QPushButton *replace = box->addButton(tr("Replace"), QMessageBox::AcceptRole);
+    QPushButton *cancel = box->addButton(tr("Cancel"), QMessageBox::RejectRole);
     box->setDefaultButton(cancel);
     box->setEscapeButton(cancel);
     connect(box, &QMessageBox::finished, this, [this, box, replace, path] {
@@ -117,10 +117,10 @@ void FolderItemDialog::askToReplace(const QString &path)
 void FolderItemDialog::tellWhatToChoose()
 {
     const QString text = acceptMode() == AcceptSave
-                             ? u"Please enter a name for the backup."_s
-                             : u"Please choose a backup, a folder whose name ends in “%1”."_s.arg(m_ending);
+                             ? tr("Please enter a name for the backup.")
+                             : tr("Please choose a backup, a folder whose name ends in “%1”.").arg(m_ending);
     QMessageBox *box = newMessage(QMessageBox::Information, text, this);
-    box->addButton(u"OK"_s, QMessageBox::AcceptRole);
+    box->addButton(tr("OK"), QMessageBox::AcceptRole);
     box->open();
 }
 

@@ -4,6 +4,7 @@
 #include "platform/settings.h"
 #include "shell/single_instance.h"
 #include "shell/start_request.h"
+#include "shell/translations.h"
 #include "shell/workbench.h"
 #include "store/add_delete_import_edit.h"
 #include "store/data_folder_lock.h"
@@ -126,6 +127,7 @@ int main(int argc, char *argv[])
     if (lock->state() == DataFolderLock::State::HeldByAnother)
         return told(handed, start->request);
 
+    translations::load(QLocale(), translations::folder());
     const bool isWriter = lock->state() == DataFolderLock::State::Held;
     readTitlesAhead(); // The window is made meanwhile.
     Workbench workbench;

@@ -25,7 +25,7 @@ QWidget *newSpace(bool flexible)
 } // namespace
 
 MainToolbar::MainToolbar(const CommandSet &commands, QWidget *parent)
-    : QToolBar(u"Toolbar"_s, parent), m_commands(commands)
+    : QToolBar(tr("Toolbar"), parent), m_commands(commands)
 {
     setObjectName(u"quillonToolbar"_s);
     setToolButtonStyle(Qt::ToolButtonTextUnderIcon);

@@ -104,8 +104,8 @@ EditorView &MainWindow::editView()
 void MainWindow::buildStatusBar()
 {
     m_importProgress->setObjectName(u"importProgress"_s);
-    m_importProgress->setAccessibleName(u"Import progress"_s);
-    m_importProgress->setFormat(u"Importing file %v of %m"_s);
+    m_importProgress->setAccessibleName(tr("Import progress"));
+    m_importProgress->setFormat(tr("Importing file %v of %m"));
     m_importProgress->setMaximumWidth(240);
     m_importProgress->hide();
     statusBar()->addWidget(new FailedWritesLabel(u"failedWrites"_s, failedWritesLine, this), 1);
@@ -241,7 +241,7 @@ void MainWindow::showChanged(const Result<QList<FieldId>> &fields)
 {
     static constexpr int milliseconds = 10000;
     if (!fields) {
-        const QString sentence = u"Nothing was changed: %1"_s.arg(fields.error().reason);
+        const QString sentence = tr("Nothing was changed: %1").arg(fields.error().reason);
         statusBar()->showMessage(sentence, milliseconds);
         return announce(*statusBar(), sentence);
     }

@@ -5,6 +5,7 @@
 
 #include <QCheckBox>
 #include <QCloseEvent>
+#include <QCoreApplication>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
@@ -22,19 +23,26 @@ namespace quillon {
 
 namespace {
 
+class MessageBoxSheetsText
+{
+    Q_DECLARE_TR_FUNCTIONS(MessageBoxSheets)
+};
+
 const QString folderKey = u"fileDialogs/folder"_s;
 constexpr QSize detailsSize(640, 220);
 
 /// What the author may choose by @p request in a file dialog.
 QStringList nameFilters(const FileRequest &request)
 {
-    const QString all = u"All files (*)"_s;
+    const QString all = MessageBoxSheetsText::tr("All files (*)");
     if (request.extension.isEmpty())
         return {all};
     const QString pattern = u"*."_s + request.extension;
     if (request.isFolder)
-        return {u"Backups (%1)"_s.arg(pattern)};
-    return {u"%1 files (%2 %3)"_s.arg(request.extension.toUpper(), pattern, pattern.toUpper()), all};
+        return {MessageBoxSheetsText::tr("Backups (%1)").arg(pattern)};
+    return {MessageBoxSheetsText::tr("%1 files (%2 %3)")
+                .arg(request.extension.toUpper(), pattern, pattern.toUpper()),
+            all};
 }
 
 /// @p path with the extension that @p request asks for. The dialog adds it to names without a point only.
@@ -141,7 +149,7 @@ void addDetails(QMessageBox &box, const QStringList &lines)
         return;
     auto *details = new QPlainTextEdit(lines.join(u'\n'));
     details->setObjectName(u"alertDetails"_s);
-    details->setAccessibleName(u"Details"_s);
+    details->setAccessibleName(MessageBoxSheetsText::tr("Details"));
     details->setReadOnly(true);
     details->setTabChangesFocus(true);
     details->setMinimumSize(detailsSize);
@@ -207,9 +215,10 @@ void MessageBoxSheets::chooseSaveFile(SheetWindow window, const FileRequest &req
             return;
         }
         // The dialog has asked for the name as it was typed.
-        const Alert question{
-            u"“%1” already exists. Do you want to replace it?"_s.arg(QFileInfo(file).fileName()),
-            u"What it holds now will be lost."_s, u"Replace"_s, u"Cancel"_s};
+        const Alert question{MessageBoxSheetsText::tr("“%1” already exists. Do you want to replace it?")
+                                 .arg(QFileInfo(file).fileName()),
+                             MessageBoxSheetsText::tr("What it holds now will be lost."),
+                             MessageBoxSheetsText::tr("Replace"), MessageBoxSheetsText::tr("Cancel")};
         show(window, question, [chosen, file](AlertAnswer answer) {
             if (answer == AlertAnswer::Default)
                 chosen(file);

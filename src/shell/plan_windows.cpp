@@ -11,11 +11,18 @@
 #include "store/process_state.h"
 #include "store/title_folder.h"
 
+#include <QCoreApplication>
+
 using namespace Qt::StringLiterals;
 
 namespace quillon::plan_windows {
 
 namespace {
+
+class PlanWindowsText
+{
+    Q_DECLARE_TR_FUNCTIONS(PlanWindows)
+};
 
 /// What differs from window to window.
 struct Kind
@@ -57,8 +64,8 @@ void openFixes(QWidget &window, OverviewController &, EditHistory &edits)
     const QSet<QString> titles = selectedTitle();
     if (titles.isEmpty())
         return;
-    open({u"fixWindow"_s, u"Fix – %1"_s.arg(plainWindowTitle(*mwqnSelSW)),
-          u"Nothing in this title can be mended without guessing."_s},
+    open({u"fixWindow"_s, PlanWindowsText::tr("Fix – %1").arg(plainWindowTitle(*mwqnSelSW)),
+          PlanWindowsText::tr("Nothing in this title can be mended without guessing.")},
          new ChangePreview(ChangePreview::Rows::All, titles.values(), titles), new FixFormView, window,
          edits);
 }
@@ -67,8 +74,8 @@ void openRelease(QWidget &window, OverviewController &overview, EditHistory &edi
 {
     const QStringList titles = titlesOf(overview);
     const QSet<QString> ticked = titles.size() == 1 ? QSet(titles.begin(), titles.end()) : selectedTitle();
-    open({u"releaseWindow"_s, u"New Release"_s,
-          u"No title is ticked, or nothing would change in those that are."_s},
+    open({u"releaseWindow"_s, PlanWindowsText::tr("New Release"),
+          PlanWindowsText::tr("No title is ticked, or nothing would change in those that are.")},
          new ChangePreview(ChangePreview::Rows::All, titles, ticked), new ReleaseFormView, window, edits);
 }
 
@@ -76,8 +83,8 @@ void openBulkChange(QWidget &window, OverviewController &overview, EditHistory &
 {
     const QStringList titles = titlesOf(overview);
     const auto selected = mwqnSelSW ? change_plans::stateOf(*mwqnSelSW) : Result<TitleState>(TitleState());
-    open({u"bulkChangeWindow"_s, u"Change in Titles"_s,
-          u"No title has that, or those that have it hold the new value already."_s},
+    open({u"bulkChangeWindow"_s, PlanWindowsText::tr("Change in Titles"),
+          PlanWindowsText::tr("No title has that, or those that have it hold the new value already.")},
          new ChangePreview(ChangePreview::Rows::Changing, titles, {titles.begin(), titles.end()}),
          new BulkChangeFormView(selected.valueOr({}).judged.values), window, edits);
 }

@@ -38,7 +38,7 @@ void SiteJump::go(const QString &title, const QString &site)
     if (!select(title)) // Before the first selection there is no catalogue either.
         return;
     if (!mwqnSCPreallSitesDict.contains(site)) {
-        m_alerts.show(SheetWindow::Main, {u"%1 is no longer in the list of sites."_s.arg(site)});
+        m_alerts.show(SheetWindow::Main, {tr("%1 is no longer in the list of sites.").arg(site)});
         return;
     }
     m_site = site;

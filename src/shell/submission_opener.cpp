@@ -124,7 +124,7 @@ std::unique_ptr<Visitor> SubmissionOpener::newVisitor()
 {
     auto visitor = m_engine.newVisitor();
     if (!visitor)
-        m_alerts.show(SheetWindow::Submission, {u"Pages are not there yet; try again in a moment."_s}, {});
+        m_alerts.show(SheetWindow::Submission, {tr("Pages are not there yet; try again in a moment.")}, {});
     return visitor;
 }
 
@@ -137,10 +137,10 @@ void SubmissionOpener::checkSites()
     }
     if (auto visitor = newVisitor()) {
         auto check = std::make_unique<SiteCheck>(*std::move(sites), std::move(visitor), m_delayedCalls);
-        auto *window = new OnlineCheckWindow(
-            std::move(check), u"Check Sites"_s,
-            u"&Sites that your titles were sent to. They are visited one after the other, without cookies:"_s,
-            m_window.get());
+        auto *window = new OnlineCheckWindow(std::move(check), tr("Check Sites"),
+                                             tr("&Sites that your titles were sent to. They are visited one "
+                                                "after the other, without cookies:"),
+                                             m_window.get());
         window->show();
     }
 }
@@ -156,8 +156,8 @@ void SubmissionOpener::checkTitle()
     if (auto visitor = newVisitor()) {
         auto check = std::make_unique<TitleCheck>(*pad, std::move(visitor), m_delayedCalls);
         auto *window = new OnlineCheckWindow(
-            std::move(check), u"Check %1 Online"_s.arg(title),
-            u"&Addresses of the title, and what is there. Nothing is judged an error by it:"_s,
+            std::move(check), tr("Check %1 Online").arg(title),
+            tr("&Addresses of the title, and what is there. Nothing is judged an error by it:"),
             m_window.get());
         window->show();
     }
@@ -177,7 +177,7 @@ void SubmissionOpener::setTitle(const QString &title)
 
 void SubmissionOpener::titleIsGone()
 {
-    setTitle(u"Submitting"_s);
+    setTitle(tr("Submitting"));
     if (m_window)
         m_window->control().titleIsGone();
 }

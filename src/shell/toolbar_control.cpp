@@ -81,7 +81,7 @@ void ToolbarControl::editTBI()
 {
     if (m_overview.selectedRow() < 0) {
         m_alerts.show(SheetWindow::Main,
-                      {u"Please select an item from the software list to edit it's PAD file"_s});
+                      {tr("Please select an item from the software list to edit it's PAD file")});
         return;
     }
     m_overview.fileMenu().disableAll();
@@ -100,7 +100,7 @@ void ToolbarControl::submitTBI()
 {
     if (m_overview.selectedRow() < 0) {
         m_alerts.show(SheetWindow::Main,
-                      {u"Please select an item from the software list to begin making submissions"_s});
+                      {tr("Please select an item from the software list to begin making submissions")});
         return;
     }
     m_overview.fileMenu().disableAll();
@@ -113,11 +113,11 @@ void ToolbarControl::submitTBI()
         return;
     }
     const Alert alert{
-        u"There are still errors in the softwares PAD file.\nWould you like to correct these errors "
-        "before submitting?"_s,
+        tr("There are still errors in the softwares PAD file.\nWould you like to correct these errors "
+           "before submitting?"),
         {},
-        u"Submit"_s,
-        u"Edit PAD"_s};
+        tr("Submit"),
+        tr("Edit PAD")};
     m_alerts.show(SheetWindow::Main, alert,
                   [this](AlertAnswer answer) { alertDidEndSubmitWithErrors(answer); });
 }

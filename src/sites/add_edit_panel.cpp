@@ -18,13 +18,13 @@ AddEditPanel::AddEditPanel(AlertSheets &alerts, DelayedCalls &delayedCalls)
 
 void AddEditPanel::addNewSiteAction()
 {
-    open(u"add"_s, u"Add A New Submission Site"_s, {});
+    open(u"add"_s, tr("Add A New Submission Site"), {});
 }
 
 void AddEditPanel::editSite(const Site &site)
 {
     m_editedSite = site;
-    open(u"edit"_s, u"Editing Submission Site"_s, site);
+    open(u"edit"_s, tr("Editing Submission Site"), site);
 }
 
 void AddEditPanel::open(const QString &mode, const QString &title, const Site &site)

@@ -34,8 +34,8 @@ AddEditPanelView::AddEditPanelView(AddEditPanel &panel, QWidget *parent)
     : QDialog(parent)
     , m_panel(panel)
     , m_title(new QLabel)
-    , m_siteName(newField(u"siteNameField"_s, u"Name"_s))
-    , m_siteUrl(newField(u"siteURLField"_s, u"URL"_s))
+    , m_siteName(newField(u"siteNameField"_s, tr("Name")))
+    , m_siteUrl(newField(u"siteURLField"_s, tr("URL")))
 {
     setObjectName(u"addEditPanel"_s);
     setWindowModality(Qt::WindowModal);
@@ -44,7 +44,7 @@ AddEditPanelView::AddEditPanelView(AddEditPanel &panel, QWidget *parent)
     QFont font = m_title->font();
     font.setBold(true);
     m_title->setFont(font);
-    m_siteUrl->setPlaceholderText(u"The page on which the site takes submissions"_s);
+    m_siteUrl->setPlaceholderText(tr("The page on which the site takes submissions"));
     m_siteUrl->setInputMethodHints(Qt::ImhUrlCharactersOnly);
 
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
@@ -53,8 +53,8 @@ AddEditPanelView::AddEditPanelView(AddEditPanel &panel, QWidget *parent)
 
     auto *layout = new QFormLayout(this);
     layout->addRow(m_title);
-    layout->addRow(u"&Name:"_s, m_siteName);
-    layout->addRow(u"&URL:"_s, m_siteUrl);
+    layout->addRow(tr("&Name:"), m_siteName);
+    layout->addRow(tr("&URL:"), m_siteUrl);
     layout->addRow(new FailedWritesLabel(u"panelFailedWrites"_s, failedWritesLine, this));
     layout->addRow(buttons);
     m_addSaveButton->setDefault(true);
@@ -82,7 +82,7 @@ void AddEditPanelView::showPanel()
     setWindowTitle(panel.addEditPanelTitle);
     m_siteName->setText(panel.siteNameField);
     m_siteUrl->setText(panel.siteURLField);
-    m_addSaveButton->setText(panel.addEditSentFrom == u"add" ? u"&Add"_s : u"&Save"_s);
+    m_addSaveButton->setText(panel.addEditSentFrom == u"add" ? tr("&Add") : tr("&Save"));
     QLineEdit *field = panel.focus == AddEditPanelContent::Field::Url ? m_siteUrl : m_siteName;
     field->setFocus();
     open();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/translated_text.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -34,9 +36,12 @@ enum class Existing
     Replace ///< Only something whose name has the backup's extension.
 };
 
-inline const QString backupSucceeded = QStringLiteral("The backup was successful");
-inline const QString backupFailed = QStringLiteral("The backup failed  with an unknown error");
-inline const QString nothingToBackup = QStringLiteral("There is nothing to backup");
+inline const QString backupSucceeded =
+    QStringLiteral(QUILLON_TR_NOOP("Backups", "The backup was successful"));
+inline const QString backupFailed =
+    QStringLiteral(QUILLON_TR_NOOP("Backups", "The backup failed  with an unknown error"));
+inline const QString nothingToBackup =
+    QStringLiteral(QUILLON_TR_NOOP("Backups", "There is nothing to backup"));
 
 } // namespace backups
 

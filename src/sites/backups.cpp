@@ -3,11 +3,13 @@
 #include "platform/abandoned.h"
 #include "platform/property_list.h"
 #include "platform/staged_folder.h"
+#include "platform/translated_text.h"
 #include "sites/whole_backup.h"
 #include "store/process_state.h"
 #include "store/site_list.h"
 #include "store/storage_status.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QLoggingCategory>
@@ -19,6 +21,11 @@ using namespace Qt::StringLiterals;
 namespace quillon::backups {
 
 namespace {
+
+class BackupsText
+{
+    Q_DECLARE_TR_FUNCTIONS(Backups)
+};
 
 Q_LOGGING_CATEGORY(log, "quillon.backups")
 
@@ -62,7 +69,7 @@ Result<> copySiteLists(const FolderHandle &folder)
         const QByteArray name = list.toUtf8();
         const auto bytes = data ? data->read(name) : data.error();
         if (!bytes)
-            return Error{.reason = u"%1 cannot be read: %2"_s.arg(list, bytes.error().reason)};
+            return Error{.reason = BackupsText::tr("%1 cannot be read: %2").arg(list, bytes.error().reason)};
         if (const Result<> written = folder.write(name, *bytes); !written)
             return Error{written.error().kind, list.toString(), written.error().reason};
     }
@@ -88,7 +95,7 @@ StringDictionary listIn(const FolderHandle &backup, QStringView list, BackupResu
         return {};
     const auto entries = bytes ? property_list::read(*bytes) : bytes.error();
     if (!entries)
-        note({.reason = u"%1 was passed over: %2"_s.arg(list, entries.error().reason)}, result);
+        note({.reason = BackupsText::tr("%1 was passed over: %2").arg(list, entries.error().reason)}, result);
     return entries.valueOr({});
 }
 
@@ -100,7 +107,8 @@ StringDictionary merged(StringDictionary present, const FolderHandle &backup, QS
         if (site_list::canHold(name) && site_list::canHold(url))
             present.emplace(name, url);
         else
-            note({.reason = u"%1 in %2 was passed over: it holds a control character"_s.arg(name, list)},
+            note({.reason = BackupsText::tr("%1 in %2 was passed over: it holds a control character")
+                                .arg(name, list)},
                  result);
     }
     return present;
@@ -133,17 +141,18 @@ Result<> mayBeMade(const QString &to, QStringView extension, Existing existing)
     const QFileInfo place(QDir::cleanPath(QFileInfo(to).absoluteFilePath()));
     const QString parent = QFileInfo(place.path()).canonicalFilePath();
     if (to.isEmpty() || place.fileName().isEmpty() || parent.isEmpty())
-        return refused(u"there is no folder %1 to make it in"_s.arg(place.path()));
+        return refused(BackupsText::tr("there is no folder %1 to make it in").arg(place.path()));
     const QString path = QDir::cleanPath(parent + u'/' + place.fileName());
     const QString dataFolder = QFileInfo(mwqnAppSuppLoc).canonicalFilePath();
     if (isInside(path, dataFolder) || isInside(dataFolder, path))
-        return refused(u"a backup cannot lie in the data folder nor hold it"_s);
+        return refused(BackupsText::tr("a backup cannot lie in the data folder nor hold it"));
     if (!place.exists() && !place.isSymLink())
         return {};
     if (existing == Existing::Refuse)
-        return refused(u"something is at %1 already"_s.arg(path));
+        return refused(BackupsText::tr("something is at %1 already").arg(path));
     if (!place.fileName().endsWith(u'.' + extension))
-        return refused(u"%1 is not the name of such a backup, so it is not replaced"_s.arg(path));
+        return refused(
+            BackupsText::tr("%1 is not the name of such a backup, so it is not replaced").arg(path));
     return {};
 }
 
@@ -177,9 +186,9 @@ BackupResult backupSites(const QString &to, Existing existing)
         isKnown = isKnown && sites;
     }
     if (entries == 0 && isKnown)
-        return {.outcome = BackupResult::Nothing, .sentence = nothingToBackup};
+        return {.outcome = BackupResult::Nothing, .sentence = translated("Backups", nothingToBackup)};
 
-    BackupResult result{.outcome = BackupResult::Done, .sentence = backupSucceeded};
+    BackupResult result{.outcome = BackupResult::Done, .sentence = translated("Backups", backupSucceeded)};
     const Result<> may = mayBeMade(to, sitesExtension, existing);
     const Result<> made = may ? makeSitesBackup(to, existing) : may;
     if (made.isDone())
@@ -189,7 +198,7 @@ BackupResult backupSites(const QString &to, Existing existing)
     if (!made) {
         note(made.error(), result);
         result.outcome = may ? BackupResult::Failed : BackupResult::Refused;
-        result.sentence = made.isDone() ? failureLine(made.error()) : backupFailed;
+        result.sentence = made.isDone() ? failureLine(made.error()) : translated("Backups", backupFailed);
     }
     return result;
 }
@@ -207,7 +216,7 @@ BackupResult restoreSites(const QString &from)
             restoreList(*backup, list, result);
     }
     if (result.fileFailed)
-        result.sentence = u"Not all changes to the site list were restored"_s;
+        result.sentence = BackupsText::tr("Not all changes to the site list were restored");
     return result;
 }
 

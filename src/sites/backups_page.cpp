@@ -17,34 +17,36 @@ BackupsPage::BackupsPage(PreferencesBackups &backups, QWidget *parent) : QWidget
 {
     setObjectName(u"backupsView"_s);
     const QList<Command> ofTitles = {
-        {u"backupSoftwareButton"_s, u"&Back Up Software List…"_s, u":/icons/backup.svg"_s,
-         u"Copies every software title, with its PAD file and its submissions, into one backup."_s,
+        {u"backupSoftwareButton"_s, tr("&Back Up Software List…"), u":/icons/backup.svg"_s,
+         tr("Copies every software title, with its PAD file and its submissions, into one backup."),
          &PreferencesBackups::backupSoftwareAction, true},
-        {u"importSoftwareListButton"_s, u"&Restore Software List…"_s, u":/icons/import.svg"_s,
-         u"Adds the titles of a backup to the software list; titles that are in the list stay as they are."_s,
+        {u"importSoftwareListButton"_s, tr("&Restore Software List…"), u":/icons/import.svg"_s,
+         tr("Adds the titles of a backup to the software list; titles that are in the list stay as they "
+            "are."),
          &PreferencesBackups::importSoftwareListAction, true},
     };
     const QList<Command> ofSites = {
-        {u"backupSitesListButton"_s, u"Back Up &Site List…"_s, u":/icons/backup.svg"_s,
-         u"Copies the sites that you added or changed, and which default sites you removed."_s,
+        {u"backupSitesListButton"_s, tr("Back Up &Site List…"), u":/icons/backup.svg"_s,
+         tr("Copies the sites that you added or changed, and which default sites you removed."),
          &PreferencesBackups::backupSitesListAction, false},
-        {u"importSitesButton"_s, u"Restore S&ite List…"_s, u":/icons/import.svg"_s,
-         u"Adds the changes of a backup to the site list; where both have a site, yours stays as it is."_s,
+        {u"importSitesButton"_s, tr("Restore S&ite List…"), u":/icons/import.svg"_s,
+         tr("Adds the changes of a backup to the site list; where both have a site, yours stays as it is."),
          &PreferencesBackups::importSitesAction, false},
     };
     const QList<Command> ofAll = {
-        {u"backupAllButton"_s, u"Back Up &Everything…"_s, u":/icons/backup.svg"_s,
-         u"Copies titles and sites, and what is kept besides: earlier texts, originals and what was deleted."_s,
+        {u"backupAllButton"_s, tr("Back Up &Everything…"), u":/icons/backup.svg"_s,
+         tr("Copies titles and sites, and what is kept besides: earlier texts, originals and what was "
+            "deleted."),
          &PreferencesBackups::backupAllAction, true},
-        {u"importAllButton"_s, u"Restore Everyt&hing…"_s, u":/icons/import.svg"_s,
-         u"Adds whatever of a backup is missing; nothing that is there is replaced."_s,
+        {u"importAllButton"_s, tr("Restore Everyt&hing…"), u":/icons/import.svg"_s,
+         tr("Adds whatever of a backup is missing; nothing that is there is replaced."),
          &PreferencesBackups::importAllAction, true},
     };
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(newGroup(u"Software list"_s, ofTitles));
-    layout->addWidget(newGroup(u"Site list"_s, ofSites));
-    layout->addWidget(newGroup(u"Everything"_s, ofAll));
+    layout->addWidget(newGroup(tr("Software list"), ofTitles));
+    layout->addWidget(newGroup(tr("Site list"), ofSites));
+    layout->addWidget(newGroup(tr("Everything"), ofAll));
     alignSentences();
     layout->addWidget(newProgressRow());
     layout->addStretch(1);
@@ -87,13 +89,13 @@ QWidget *BackupsPage::newProgressRow()
 {
     m_progress = new QProgressBar;
     m_progress->setObjectName(u"transferProgress"_s);
-    m_progress->setAccessibleName(u"Copying titles"_s);
-    m_progress->setFormat(u"%v of %m"_s);
-    auto *caption = new QLabel(u"Copying titles:"_s);
+    m_progress->setAccessibleName(tr("Copying titles"));
+    m_progress->setFormat(tr("%v of %m"));
+    auto *caption = new QLabel(tr("Copying titles:"));
     caption->setBuddy(m_progress);
-    auto *cancel = new QPushButton(u"Ca&ncel"_s);
+    auto *cancel = new QPushButton(tr("Ca&ncel"));
     cancel->setObjectName(u"cancelTransferButton"_s);
-    cancel->setAccessibleDescription(u"Stops the copying and removes what it made"_s);
+    cancel->setAccessibleDescription(tr("Stops the copying and removes what it made"));
     cancel->setAutoDefault(false);
     connect(cancel, &QPushButton::clicked, &m_backups, &PreferencesBackups::cancelTransfer);
 

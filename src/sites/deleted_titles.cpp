@@ -26,7 +26,8 @@ QDate dateOf(const Item &item)
 
 QString what(const Item &item)
 {
-    return item.kind == Kind::Title ? u"Title"_s : u"Site, %1"_s.arg(item.address);
+    return item.kind == Kind::Title ? DeletedTitles::tr("Title")
+                                    : DeletedTitles::tr("Site, %1").arg(item.address);
 }
 
 QString cell(const Item &item, int column)
@@ -51,8 +52,8 @@ QString explanation(const Item &item, const Error &error)
     if (error.kind != Error::Kind::Refused)
         return error.reason;
     return item.kind == Kind::Title
-               ? u"There is another title of this name. Give that one another name first."_s
-               : u"There is another site of this name or address."_s;
+               ? DeletedTitles::tr("There is another title of this name. Give that one another name first.")
+               : DeletedTitles::tr("There is another site of this name or address.");
 }
 
 Result<> bringSiteBack(const Item &site, const QString &name)
@@ -108,7 +109,7 @@ void DeletedTitles::restore(int row)
         tellOthers(item.kind);
     else
         m_alerts.show(SheetWindow::DeletedTitles,
-                      {u"%1 could not be restored"_s.arg(item.name), explanation(item, restored.error())});
+                      {tr("%1 could not be restored").arg(item.name), explanation(item, restored.error())});
     reload();
 }
 
@@ -116,8 +117,8 @@ void DeletedTitles::forgetNow(int row)
 {
     if (!isRow(row))
         return;
-    const Alert alert{u"Do you want to forget %1 for good?"_s.arg(m_items[row].name),
-                      u"It cannot be brought back then."_s, u"Forget Now"_s, u"Cancel"_s};
+    const Alert alert{tr("Do you want to forget %1 for good?").arg(m_items[row].name),
+                      tr("It cannot be brought back then."), tr("Forget Now"), tr("Cancel")};
     m_alerts.show(SheetWindow::DeletedTitles, alert, [this, item = m_items[row]](AlertAnswer answer) {
         if (answer != AlertAnswer::Default)
             return;
@@ -144,7 +145,7 @@ QVariant DeletedTitles::data(const QModelIndex &index, int role) const
 
 QVariant DeletedTitles::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    static const QStringList titles = {u"Name"_s, u"What"_s, u"Deleted"_s, u"Kept Until"_s};
+    static const QStringList titles = {tr("Name"), tr("What"), tr("Deleted"), tr("Kept Until")};
     return orientation == Qt::Horizontal && role == Qt::DisplayRole ? QVariant(titles.value(section))
                                                                     : QVariant();
 }

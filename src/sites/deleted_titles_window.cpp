@@ -27,17 +27,17 @@ constexpr int whatWidth = 220;
 DeletedTitlesWindow::DeletedTitlesWindow(DeletedTitles &deleted, QWidget *parent)
     : QDialog(parent)
     , m_deleted(deleted)
-    , m_table(newRowTable(u"deletedTitles"_s, u"Deleted titles and sites"_s, this))
+    , m_table(newRowTable(u"deletedTitles"_s, tr("Deleted titles and sites"), this))
 {
     setObjectName(u"deletedTitlesWindow"_s);
-    setWindowTitle(u"Deleted Titles"_s);
+    setWindowTitle(tr("Deleted Titles"));
     setWindowModality(Qt::WindowModal);
     m_table->setModel(&deleted);
     m_table->setColumnWidth(DeletedTitles::Name, nameWidth);
     m_table->setColumnWidth(DeletedTitles::What, whatWidth);
     m_table->horizontalHeader()->setStretchLastSection(true);
     auto *caption = new QLabel(
-        u"&Titles and own sites that you deleted in the last %L1 days:"_s.arg(deleted_items::keptDays));
+        tr("&Titles and own sites that you deleted in the last %L1 days:").arg(deleted_items::keptDays));
     caption->setBuddy(m_table);
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(caption);
@@ -70,10 +70,11 @@ QLayout *DeletedTitlesWindow::newBottomRow()
         row->addWidget(button);
         return button;
     };
-    m_restore = add(u"restoreDeletedButton"_s, u"&Restore"_s, u"Bring the selected title or site back"_s);
-    m_forget = add(u"forgetNowButton"_s, u"&Forget Now…"_s, u"Remove the selected title or site for good"_s);
+    m_restore = add(u"restoreDeletedButton"_s, tr("&Restore"), tr("Bring the selected title or site back"));
+    m_forget =
+        add(u"forgetNowButton"_s, tr("&Forget Now…"), tr("Remove the selected title or site for good"));
     row->addStretch(1);
-    QPushButton *close = add(u"closeButton"_s, u"&Close"_s, {});
+    QPushButton *close = add(u"closeButton"_s, tr("&Close"), {});
     connect(m_restore, &QPushButton::clicked, this, [this] { m_deleted.restore(selectedRow()); });
     connect(m_forget, &QPushButton::clicked, this, [this] { m_deleted.forgetNow(selectedRow()); });
     connect(close, &QPushButton::clicked, this, &QDialog::close);

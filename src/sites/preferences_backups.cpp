@@ -4,6 +4,7 @@
 #include "platform/delayed_calls.h"
 #include "platform/notification_center.h"
 #include "platform/notifications.h"
+#include "platform/translated_text.h"
 #include "sites/whole_backup.h"
 
 #include <QElapsedTimer>
@@ -24,7 +25,7 @@ FileRequest request(const QString &prompt, QStringView extension, const QString 
 
 Alert alertOf(const BackupResult &result)
 {
-    return {result.sentence, result.informativeText, u"OK"_s, {}, result.details};
+    return {result.sentence, result.informativeText, PreferencesBackups::tr("OK"), {}, result.details};
 }
 
 } // namespace
@@ -38,18 +39,18 @@ PreferencesBackups::~PreferencesBackups() = default;
 
 void PreferencesBackups::backupSoftwareAction()
 {
-    m_alerts.chooseSaveFile(
-        SheetWindow::Preferences,
-        request(u"Save Backup"_s, backups::titlesExtension, u"Quillon Software List Backup.swback"_s),
-        [this](const QString &path) {
-            beginTransfer(TitleTransfer::backup(path, backups::Existing::Replace),
-                          &PreferencesBackups::backupEnded);
-        });
+    m_alerts.chooseSaveFile(SheetWindow::Preferences,
+                            request(tr("Save Backup"), backups::titlesExtension,
+                                    fixedEnglish(u"Quillon Software List Backup.swback")),
+                            [this](const QString &path) {
+                                beginTransfer(TitleTransfer::backup(path, backups::Existing::Replace),
+                                              &PreferencesBackups::backupEnded);
+                            });
 }
 
 void PreferencesBackups::importSoftwareListAction()
 {
-    m_alerts.chooseFiles(SheetWindow::Preferences, request(u"Choose Backup"_s, backups::titlesExtension),
+    m_alerts.chooseFiles(SheetWindow::Preferences, request(tr("Choose Backup"), backups::titlesExtension),
                          [this](const QStringList &paths) {
                              if (!paths.isEmpty())
                                  beginTransfer(TitleTransfer::restore(paths.first()),
@@ -61,7 +62,7 @@ void PreferencesBackups::backupSitesListAction()
 {
     m_alerts.chooseSaveFile(
         SheetWindow::Preferences,
-        request(u"Save Backup"_s, backups::sitesExtension, u"Quillon Site List Backup.qnback"_s),
+        request(tr("Save Backup"), backups::sitesExtension, fixedEnglish(u"Quillon Site List Backup.qnback")),
         [this](const QString &path) {
             tellLater(alertOf(backups::backupSites(path, backups::Existing::Replace)));
         });
@@ -69,7 +70,7 @@ void PreferencesBackups::backupSitesListAction()
 
 void PreferencesBackups::importSitesAction()
 {
-    m_alerts.chooseFiles(SheetWindow::Preferences, request(u"Choose Backup"_s, backups::sitesExtension),
+    m_alerts.chooseFiles(SheetWindow::Preferences, request(tr("Choose Backup"), backups::sitesExtension),
                          [this](const QStringList &paths) {
                              if (paths.isEmpty())
                                  return;
@@ -82,17 +83,18 @@ void PreferencesBackups::importSitesAction()
 
 void PreferencesBackups::backupAllAction()
 {
-    m_alerts.chooseSaveFile(SheetWindow::Preferences,
-                            request(u"Save Backup"_s, whole_backup::extension, u"Quillon Backup.qnall"_s),
-                            [this](const QString &path) {
-                                beginTransfer(whole_backup::backup(path, backups::Existing::Replace),
-                                              &PreferencesBackups::backupEnded);
-                            });
+    m_alerts.chooseSaveFile(
+        SheetWindow::Preferences,
+        request(tr("Save Backup"), whole_backup::extension, fixedEnglish(u"Quillon Backup.qnall")),
+        [this](const QString &path) {
+            beginTransfer(whole_backup::backup(path, backups::Existing::Replace),
+                          &PreferencesBackups::backupEnded);
+        });
 }
 
 void PreferencesBackups::importAllAction()
 {
-    m_alerts.chooseFiles(SheetWindow::Preferences, request(u"Choose Backup"_s, whole_backup::extension),
+    m_alerts.chooseFiles(SheetWindow::Preferences, request(tr("Choose Backup"), whole_backup::extension),
                          [this](const QStringList &paths) {
                              if (!paths.isEmpty())
                                  beginTransfer(whole_backup::restore(paths.first()),

@@ -112,8 +112,8 @@ void PreferencesController::removeSiteAction()
 {
     if (!canRemove())
         return;
-    const Alert alert{u"Are you sure you want to remove the selected sites?"_s,
-                      u"Only removed default sites can be restored"_s, u"Delete"_s, u"Cancel"_s};
+    const Alert alert{tr("Are you sure you want to remove the selected sites?"),
+                      tr("Only removed default sites can be restored"), tr("Delete"), tr("Cancel")};
     // The sites are those that are selected now, whatever happens to the table while the sheet is open.
     m_alerts.show(SheetWindow::Preferences, alert, [this, names = m_selectedSites](AlertAnswer answer) {
         if (answer == AlertAnswer::Default)

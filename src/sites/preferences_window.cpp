@@ -58,7 +58,7 @@ QToolBar *PreferencesWindow::newToolbar()
 {
     auto *toolbar = new QToolBar;
     toolbar->setObjectName(u"prefsToolbar"_s);
-    toolbar->setAccessibleName(u"Pages"_s);
+    toolbar->setAccessibleName(tr("Pages"));
     toolbar->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
     toolbar->setIconSize({iconSize, iconSize});
     auto *group = new QActionGroup(this);
@@ -75,16 +75,16 @@ QToolBar *PreferencesWindow::newToolbar()
         button->setFocusPolicy(Qt::TabFocus);
         return action;
     };
-    m_sitesListAction = add(u"Sites List"_s, u":/icons/OverviewTBI.svg"_s, u"Ctrl+1"_s,
+    m_sitesListAction = add(tr("Sites List"), u":/icons/OverviewTBI.svg"_s, u"Ctrl+1"_s,
                             &PreferencesController::sitesListViewAction);
     m_backupsAction =
-        add(u"Backups"_s, u":/icons/EditTBI.svg"_s, u"Ctrl+2"_s, &PreferencesController::backupViewAction);
+        add(tr("Backups"), u":/icons/EditTBI.svg"_s, u"Ctrl+2"_s, &PreferencesController::backupViewAction);
     return toolbar;
 }
 
 QLayout *PreferencesWindow::newBottomRow()
 {
-    auto *close = new QPushButton(u"&Close"_s);
+    auto *close = new QPushButton(tr("&Close"));
     close->setObjectName(u"closeButton"_s);
     close->setAutoDefault(false);
     connect(close, &QPushButton::clicked, &m_preferences, &PreferencesController::closePrefs);
@@ -99,7 +99,7 @@ void PreferencesWindow::showPage()
     const bool isSites = m_preferences.currentPage() == PreferencesPage::SitesList;
     (isSites ? m_sitesListAction : m_backupsAction)->setChecked(true);
     m_pages->setCurrentIndex(isSites ? 0 : 1);
-    setWindowTitle(u"Preferences – %1"_s.arg(isSites ? m_sitesListAction->text() : m_backupsAction->text()));
+    setWindowTitle(tr("Preferences – %1").arg(isSites ? m_sitesListAction->text() : m_backupsAction->text()));
 }
 
 void PreferencesWindow::reject()

@@ -10,6 +10,8 @@
 #include "submission/default_sites.h"
 #include "submission/submission_marks.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -17,6 +19,11 @@ using namespace Qt::StringLiterals;
 namespace quillon::site_editing {
 
 namespace {
+
+class SiteEditingText
+{
+    Q_DECLARE_TR_FUNCTIONS(SiteEditing)
+};
 
 /// The author's changes to the catalogue.
 struct SiteLists
@@ -146,7 +153,8 @@ SiteEdit judged(const Site &site, const QString &emptySentence)
         return {SiteEdit::Empty, emptySentence};
     if (!site_list::canHold(site.name) || !site_list::canHold(site.url))
         return {SiteEdit::NotXml,
-                u"The site name or URL contains a control character\nPlease enter it without"_s};
+                SiteEditingText::tr(
+                    "The site name or URL contains a control character\nPlease enter it without")};
     return {};
 }
 
@@ -201,7 +209,8 @@ QString normalisedUrl(const QString &typed)
 SiteEdit addSite(const QString &name, const QString &url)
 {
     const Site site = typedSite(name, url);
-    SiteEdit refusal = judged(site, u"You must enter a name and URL to add an entry to the sites list"_s);
+    SiteEdit refusal =
+        judged(site, SiteEditingText::tr("You must enter a name and URL to add an entry to the sites list"));
     if (refusal.outcome != SiteEdit::Done)
         return refusal;
     auto lists = listsToChange();
@@ -212,25 +221,28 @@ SiteEdit addSite(const QString &name, const QString &url)
     const qsizetype sameUrl = catalogue.urls.indexOf(site.url);
     if (nameExists && sameUrl >= 0)
         return {SiteEdit::BothExist,
-                u"The site name and URL you entered both exist\nPlease enter a unique name and URL"_s};
+                SiteEditingText::tr(
+                    "The site name and URL you entered both exist\nPlease enter a unique name and URL")};
     if (nameExists)
-        return {SiteEdit::NameExists,
-                u"The site name already exists\nPlease enter a unique name for this site"_s};
+        return {
+            SiteEdit::NameExists,
+            SiteEditingText::tr("The site name already exists\nPlease enter a unique name for this site")};
     if (sameUrl >= 0)
         return {SiteEdit::UrlExists,
-                u"The entered URL is already associated with the site '%1'\n"
-                "Please enter a unique URL for this site"_s.arg(catalogue.sites[sameUrl])};
+                SiteEditingText::tr("The entered URL is already associated with the site '%1'\n"
+                                    "Please enter a unique URL for this site")
+                    .arg(catalogue.sites[sameUrl])};
     SiteLists after = lists->sites();
     after.user[site.name] = site.url;
     if (const Result<> stored = store(*lists, after, site_list::userSites); !stored.isDone())
         return notStored(stored.error());
-    return {SiteEdit::Done, u"Site Added Successfully"_s};
+    return {SiteEdit::Done, SiteEditingText::tr("Site Added Successfully")};
 }
 
 SiteEdit editSite(const Site &old, const QString &name, const QString &url)
 {
     const Site edited = typedSite(name, url);
-    SiteEdit refusal = judged(edited, u"The name and URL fields cannot be empty"_s);
+    SiteEdit refusal = judged(edited, SiteEditingText::tr("The name and URL fields cannot be empty"));
     if (refusal.outcome != SiteEdit::Done)
         return refusal;
     const bool isBearable = old.name == edited.name || submission_marks::canBeKept(edited.name);
@@ -238,9 +250,10 @@ SiteEdit editSite(const Site &old, const QString &name, const QString &url)
     if (!isMarked)
         return notStored(isMarked.error());
     if (*isMarked)
-        return {SiteEdit::NotMarkable,
-                u"Titles are marked for this site, and their marks cannot bear the new name\n"
-                "Please enter a name without a comma or markup"_s};
+        return {
+            SiteEdit::NotMarkable,
+            SiteEditingText::tr("Titles are marked for this site, and their marks cannot bear the new name\n"
+                                "Please enter a name without a comma or markup")};
     auto lists = listsToChange();
     if (!lists)
         return notStored(lists.error());
@@ -256,7 +269,7 @@ SiteEdit editSite(const Site &old, const QString &name, const QString &url)
         stored = store(*lists, after, site_list::userSites);
     if (!stored.isDone())
         return notStored(stored.error());
-    return {SiteEdit::Done, u"Site edited successfully"_s};
+    return {SiteEdit::Done, SiteEditingText::tr("Site edited successfully")};
 }
 
 Result<> removeSites(const QStringList &names)

@@ -41,7 +41,7 @@ QVariant SiteListTable::data(const QModelIndex &index, int role) const
 QVariant SiteListTable::headerData(int section, Qt::Orientation orientation, int role) const
 {
     if (orientation == Qt::Horizontal && role == Qt::DisplayRole && section >= 0 && section < ColumnCount)
-        return section == SiteName ? u"Site"_s : u"Address"_s;
+        return section == SiteName ? tr("Site") : tr("Address");
     return QAbstractTableModel::headerData(section, orientation, role);
 }
 

@@ -14,6 +14,7 @@
 #include "store/summary_file.h"
 #include "store/title_folder.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 
@@ -25,6 +26,11 @@ using namespace Qt::StringLiterals;
 namespace quillon {
 
 namespace {
+
+class SiteRenamingText
+{
+    Q_DECLARE_TR_FUNCTIONS(SiteRenaming)
+};
 
 QStringList marks(const QByteArray &summary)
 {
@@ -144,7 +150,8 @@ Result<> renameSiteImage(const QString &from, const QString &to, const QString &
         return {};
     const QString folder = QDir::cleanPath(site_images::folder());
     if (!QDir().mkpath(folder))
-        return reported(folder, Error{.path = folder, .reason = u"the folder could not be made"_s});
+        return reported(
+            folder, Error{.path = folder, .reason = SiteRenamingText::tr("the folder could not be made")});
     forgetFailure(folder);
     const auto oldPath = site_images::authorImage(from);
     const auto newPath = site_images::authorImage(to);

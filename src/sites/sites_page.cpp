@@ -22,9 +22,9 @@ static const QString splitterKey = u"preferences/splitter"_s;
 SitesPage::SitesPage(PreferencesController &preferences, QWidget *parent)
     : QWidget(parent)
     , m_preferences(preferences)
-    , m_sites(new SitesTableView(u"sitesTableView"_s, u"&Sites"_s, preferences.sitesTable(),
+    , m_sites(new SitesTableView(u"sitesTableView"_s, tr("&Sites"), preferences.sitesTable(),
                                  u"preferences/sitesTable"_s))
-    , m_ignored(new SitesTableView(u"ignoreTableView"_s, u"Removed &default sites"_s,
+    , m_ignored(new SitesTableView(u"ignoreTableView"_s, tr("Removed &default sites"),
                                    preferences.ignoredTable(), u"preferences/ignoreTable"_s))
     , m_splitter(new QSplitter(Qt::Horizontal))
 {
@@ -59,9 +59,9 @@ QLayout *SitesPage::newFilterRow()
 {
     auto *field = new QLineEdit;
     field->setObjectName(u"siteFilterField"_s);
-    field->setAccessibleName(u"Filter by name"_s);
+    field->setAccessibleName(tr("Filter by name"));
     field->setClearButtonEnabled(true);
-    auto *label = new QLabel(u"&Filter by name:"_s);
+    auto *label = new QLabel(tr("&Filter by name:"));
     label->setBuddy(field);
     connect(field, &QLineEdit::textChanged, m_sites, &SitesTableView::setFilter);
     connect(field, &QLineEdit::textChanged, m_ignored, &SitesTableView::setFilter);
@@ -79,11 +79,11 @@ QLayout *SitesPage::newFilterRow()
 
 void SitesPage::buildSites()
 {
-    QPushButton *add = m_sites->addButton(u"addSiteButton"_s, u"&Add…"_s, u"Add a site of your own"_s);
+    QPushButton *add = m_sites->addButton(u"addSiteButton"_s, tr("&Add…"), tr("Add a site of your own"));
     m_editSiteButton =
-        m_sites->addButton(u"editSiteButton"_s, u"&Edit…"_s, u"Change the selected site's name or URL"_s);
+        m_sites->addButton(u"editSiteButton"_s, tr("&Edit…"), tr("Change the selected site's name or URL"));
     m_removeSiteButton =
-        m_sites->addButton(u"removeSiteButton"_s, u"&Remove…"_s, u"Remove the selected sites"_s);
+        m_sites->addButton(u"removeSiteButton"_s, tr("&Remove…"), tr("Remove the selected sites"));
     m_sites->table().setContextMenuPolicy(Qt::ActionsContextMenu);
     m_editAction = newKey(m_editSiteButton->text(), Qt::Key_Return);
     m_removeAction = newKey(m_removeSiteButton->text(), QKeySequence::Delete);
@@ -102,8 +102,8 @@ void SitesPage::buildSites()
 void SitesPage::buildIgnoredSites()
 {
     m_restoreSiteButton =
-        m_ignored->addButton(u"restoreSiteButton"_s, u"Res&tore"_s,
-                             u"Put the selected default sites back into the list of sites"_s);
+        m_ignored->addButton(u"restoreSiteButton"_s, tr("Res&tore"),
+                             tr("Put the selected default sites back into the list of sites"));
     connect(m_ignored, &SitesTableView::selectedRowsChanged, &m_preferences,
             &PreferencesController::setSelectedIgnoredSites);
     connect(m_restoreSiteButton, &QPushButton::clicked, &m_preferences,

@@ -103,7 +103,7 @@ void SitesTableView::showCount()
     const int all = m_rows->sourceModel()->rowCount();
     const int shown = m_rows->rowCount();
     m_label->setText(shown == all ? u"%1 (%2)"_s.arg(m_caption).arg(all)
-                                  : u"%1 (%2 of %3)"_s.arg(m_caption).arg(shown).arg(all));
+                                  : tr("%1 (%2 of %3)").arg(m_caption).arg(shown).arg(all));
 }
 
 } // namespace quillon

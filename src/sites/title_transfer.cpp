@@ -5,11 +5,13 @@
 #include "platform/abandoned.h"
 #include "platform/staged_folder.h"
 #include "platform/text_decoding.h"
+#include "platform/translated_text.h"
 #include "sites/backups.h"
 #include "store/process_state.h"
 #include "store/storage_status.h"
 #include "store/title_folder.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -22,6 +24,11 @@ using namespace Qt::StringLiterals;
 namespace quillon {
 
 namespace {
+
+class TitleTransferText
+{
+    Q_DECLARE_TR_FUNCTIONS(TitleTransfer)
+};
 
 Q_LOGGING_CATEGORY(log, "quillon.backups")
 
@@ -78,7 +85,7 @@ protected:
             if (isTitle && entry.kind == FolderHandle::Kind::Folder)
                 found.append(entry.name);
             else if (isTitle)
-                note(entry.name, u"it is no folder"_s);
+                note(entry.name, TitleTransferText::tr("it is no folder"));
             else if (entry.kind == FolderHandle::Kind::Folder)
                 noteTitlesInside(entry.name);
         }
@@ -89,7 +96,7 @@ protected:
 
     void note(const QByteArray &entry, const QString &reason)
     {
-        const QString line = u"%1 was passed over: %2"_s.arg(exactText(entry), reason);
+        const QString line = TitleTransferText::tr("%1 was passed over: %2").arg(exactText(entry), reason);
         qCWarning(log).noquote() << line;
         m_notes.append(line);
     }
@@ -130,7 +137,7 @@ private:
             const QByteArray file = name + '/' + titleFile.toUtf8();
             const auto bytes = from->read(titleFile.toUtf8());
             if (bytes.isError(Error::Kind::Missing))
-                note(file, u"it is missing"_s);
+                note(file, TitleTransferText::tr("it is missing"));
             else if (!bytes)
                 noteFailure(file, bytes.error().reason);
             else if (const Result<> written = to->write(titleFile.toUtf8(), *bytes); !written)
@@ -148,7 +155,7 @@ private:
             return noteFailure(folder, entries.error().reason);
         for (const FolderHandle::Entry &entry : *entries) {
             if (isTitleFolder(entry.name))
-                note(folder + '/' + entry.name, u"it lies in another folder"_s);
+                note(folder + '/' + entry.name, TitleTransferText::tr("it lies in another folder"));
         }
     }
 
@@ -176,8 +183,9 @@ public:
     BackupResult finish() override
     {
         if (m_state && m_titles.isEmpty() && !m_fileFailed)
-            return {
-                .outcome = BackupResult::Nothing, .sentence = backups::nothingToBackup, .details = details()};
+            return {.outcome = BackupResult::Nothing,
+                    .sentence = translated("Backups", backups::nothingToBackup),
+                    .details = details()};
         if (m_state)
             m_state = put();
         if (!m_state)
@@ -194,11 +202,12 @@ private:
     {
         const QString name = QFileInfo(m_place).fileName();
         if (m_copied.isEmpty())
-            return Error{.path = m_place, .reason = u"no title could be read"_s};
+            return Error{.path = m_place, .reason = TitleTransferText::tr("no title could be read")};
         // The older backup may hold what could not be read now.
         if (m_fileFailed && m_staged->parent().exists(QFile::encodeName(name)))
-            return Error{.path = m_place,
-                         .reason = u"it was not replaced, since not everything could be read"_s};
+            return Error{
+                .path = m_place,
+                .reason = TitleTransferText::tr("it was not replaced, since not everything could be read")};
         return m_staged->putInPlace(name, StagedFolder::Content::Folders,
                                     m_existing == backups::Existing::Replace);
     }
@@ -206,16 +215,18 @@ private:
     [[nodiscard]] BackupResult result() const
     {
         const bool isWhole = m_state && !m_fileFailed;
-        BackupResult result{.outcome = isWhole       ? BackupResult::Done
-                                       : m_isRefused ? BackupResult::Refused
-                                                     : BackupResult::Failed,
-                            .sentence = isWhole ? backups::backupSucceeded : backups::backupFailed,
-                            .details = details(),
-                            .fileFailed = !isWhole && !m_isRefused};
+        BackupResult result{
+            .outcome = isWhole       ? BackupResult::Done
+                       : m_isRefused ? BackupResult::Refused
+                                     : BackupResult::Failed,
+            .sentence = translated("Backups", isWhole ? backups::backupSucceeded : backups::backupFailed),
+            .details = details(),
+            .fileFailed = !isWhole && !m_isRefused};
         if (m_state.isDone())
             result.copied = int(m_copied.size());
         if (m_state.isDone() && m_fileFailed)
-            result.informativeText = u"%1 holds what could be read, but not all"_s.arg(m_place);
+            result.informativeText =
+                TitleTransferText::tr("%1 holds what could be read, but not all").arg(m_place);
         else if (m_state.isDone() && !m_state)
             result.sentence = failureLine(m_state.error());
         return result;
@@ -291,19 +302,22 @@ private:
     [[nodiscard]] QString sentence() const
     {
         if (m_imported == 0)
-            return u"No software titles were imported."_s;
-        const QString imported = u"%1 software titles were imported."_s.arg(m_imported);
-        return m_ignored.isEmpty()
-                   ? imported
-                   : u"%1\n%2 software titles were ignored."_s.arg(imported).arg(m_ignored.size());
+            return TitleTransferText::tr("No software titles were imported.");
+        const QString imported =
+            TitleTransferText::tr("%n software titles were imported.", nullptr, int(m_imported));
+        return m_ignored.isEmpty() ? imported
+                                   : imported + u'\n' +
+                                         TitleTransferText::tr("%n software titles were ignored.", nullptr,
+                                                               int(m_ignored.size()));
     }
 
     [[nodiscard]] QString explanation() const
     {
         return m_imported > 0 && m_ignored.isEmpty()
                    ? QString()
-                   : u"Software titles are not imported if an item exists in the software list with the same "
-                     "name."_s;
+                   : TitleTransferText::tr("Software titles are not imported if an item exists in the "
+                                           "software list with the same "
+                                           "name.");
     }
 
     /// Keeps the files of the restored titles as what they came from, where nothing is known of them.

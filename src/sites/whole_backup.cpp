@@ -3,10 +3,12 @@
 #include "journal/journal_copies.h"
 #include "platform/abandoned.h"
 #include "platform/staged_folder.h"
+#include "platform/translated_text.h"
 #include "sites/backups.h"
 #include "store/storage_status.h"
 #include "store/title_folder.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 
@@ -15,6 +17,11 @@ using namespace Qt::StringLiterals;
 namespace quillon::whole_backup {
 
 namespace {
+
+class WholeBackupText
+{
+    Q_DECLARE_TR_FUNCTIONS(WholeBackup)
+};
 
 const QString titlesName = u"/titles.swback"_s;
 const QString sitesName = u"/sites.qnback"_s;
@@ -52,7 +59,7 @@ bool isThere(const QString &path, BackupResult &whole)
     const bool isFolder = part.isDir() && !part.isSymLink();
     if (!isFolder)
         add({.outcome = BackupResult::Failed,
-             .details = {u"%1 was passed over: it is no folder"_s.arg(part.fileName())},
+             .details = {WholeBackupText::tr("%1 was passed over: it is no folder").arg(part.fileName())},
              .fileFailed = true},
             whole);
     return isFolder;
@@ -89,7 +96,8 @@ public:
 
     BackupResult finish() override
     {
-        BackupResult result{.outcome = BackupResult::Nothing, .sentence = backups::nothingToBackup};
+        BackupResult result{.outcome = BackupResult::Nothing,
+                            .sentence = translated("Backups", backups::nothingToBackup)};
         if (m_state) {
             add(m_titles->finish(), result);
             add(backups::backupSites(inside(sitesName), backups::Existing::Refuse), result);
@@ -105,10 +113,11 @@ public:
         if (!m_state.isDone())
             result.copied = 0;
         const bool isWhole = m_state && result.outcome == BackupResult::Done;
-        result.sentence = isWhole ? backups::backupSucceeded : backups::backupFailed;
+        result.sentence = translated("Backups", isWhole ? backups::backupSucceeded : backups::backupFailed);
         if (m_state.isDone() && !isWhole)
-            result.informativeText = m_state ? u"%1 holds what could be read, but not all"_s.arg(m_place)
-                                             : failureLine(m_state.error());
+            result.informativeText =
+                m_state ? WholeBackupText::tr("%1 holds what could be read, but not all").arg(m_place)
+                        : failureLine(m_state.error());
         if (!isWhole)
             result.outcome = m_isRefused ? BackupResult::Refused : BackupResult::Failed;
         else
@@ -125,7 +134,8 @@ private:
         // The older backup may hold what could not be read now.
         if (isIncomplete && m_staged->parent().exists(QFile::encodeName(name)))
             return Error{.path = m_place,
-                         .reason = u"it was not replaced, since not everything could be read"_s};
+                         .reason =
+                             WholeBackupText::tr("it was not replaced, since not everything could be read")};
         return m_staged->putInPlace(name, StagedFolder::Content::Folders,
                                     m_existing == backups::Existing::Replace);
     }
@@ -159,13 +169,14 @@ public:
             add(backups::restoreSites(m_from + sitesName), m_result);
         if (m_result.outcome == BackupResult::Nothing)
             return {.outcome = BackupResult::Failed,
-                    .sentence = u"%1 holds no backup"_s.arg(m_from),
+                    .sentence = WholeBackupText::tr("%1 holds no backup").arg(m_from),
                     .fileFailed = true};
-        m_result.sentence =
-            titles.sentence.isEmpty() ? u"No software titles were imported."_s : titles.sentence;
+        m_result.sentence = titles.sentence.isEmpty()
+                                ? WholeBackupText::tr("No software titles were imported.")
+                                : titles.sentence;
         m_result.informativeText = titles.informativeText;
         if (m_result.outcome == BackupResult::Failed || m_result.fileFailed)
-            m_result.informativeText = u"Not all of the backup was restored"_s;
+            m_result.informativeText = WholeBackupText::tr("Not all of the backup was restored");
         return m_result;
     }
 

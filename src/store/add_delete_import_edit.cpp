@@ -13,6 +13,7 @@
 #include "store/summary_file.h"
 #include "store/title_folder.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QLoggingCategory>
@@ -24,6 +25,11 @@ using namespace Qt::StringLiterals;
 namespace quillon {
 
 namespace {
+
+class AddDeleteImportEditText
+{
+    Q_DECLARE_TR_FUNCTIONS(AddDeleteImportEdit)
+};
 
 Q_LOGGING_CATEGORY(log, "quillon.store")
 
@@ -68,7 +74,8 @@ Result<QString> listedFolder(const QString &name)
 {
     if (std::optional<QString> folder = title_folder::path(name))
         return *std::move(folder);
-    const Error error = refused(mwqnAppSuppLoc + name, u"titles inside other folders cannot be changed"_s);
+    const Error error = refused(mwqnAppSuppLoc + name,
+                                AddDeleteImportEditText::tr("titles inside other folders cannot be changed"));
     reportFailure(error);
     return error;
 }
@@ -77,7 +84,7 @@ Result<QString> listedFolder(const QString &name)
 Result<QString> selectedFile(QStringView key)
 {
     if (!mwqnSelSW)
-        return refused({}, u"no title is selected"_s);
+        return refused({}, AddDeleteImportEditText::tr("no title is selected"));
     Result<QString> folder = listedFolder(*mwqnSelSW);
     if (!folder)
         return folder;
@@ -85,7 +92,7 @@ Result<QString> selectedFile(QStringView key)
         if (file.readKey == key || file.capitalKey == key)
             return inFolder(*folder, file.fileName);
     }
-    return refused(*folder, u"a title has no file %1"_s.arg(key));
+    return refused(*folder, AddDeleteImportEditText::tr("a title has no file %1").arg(key));
 }
 
 /// The files of a title, by their names.
@@ -162,7 +169,8 @@ Result<> AddDeleteImportEdit::checkAppSuppExists()
         return there ? Result<>() : reported(dataFolder(), there.error());
     if (!QDir().mkpath(mwqnAppSuppLoc))
         return reported(dataFolder(),
-                        Error{.path = dataFolder(), .reason = u"the data folder could not be made"_s});
+                        Error{.path = dataFolder(),
+                              .reason = AddDeleteImportEditText::tr("the data folder could not be made")});
     forgetFailure(dataFolder());
     Result<> made;
     for (const QStringView siteList : {site_list::userSites, site_list::ignoredSites}) {
@@ -210,7 +218,7 @@ Result<> AddDeleteImportEdit::storeTitle(const QString &name, const QByteArray &
 {
     const std::optional<QString> folder = title_folder::path(name);
     if (!folder)
-        return refused(mwqnAppSuppLoc + name, u"no folder can have this name"_s);
+        return refused(mwqnAppSuppLoc + name, AddDeleteImportEditText::tr("no folder can have this name"));
     const Files files = {{{title_folder::summaryFile, summary},
                           {title_folder::padFile, pad},
                           {title_folder::errorLog, property_list::emptyText()}}};
@@ -228,7 +236,8 @@ Result<> AddDeleteImportEdit::storeTitle(const QString &name, const QByteArray &
 Result<QByteArray> AddDeleteImportEdit::returnDataObjectFor(QStringView key)
 {
     if (!mwqnCurrentSWBundle)
-        return Error{.kind = Error::Kind::Missing, .reason = u"no title is selected"_s};
+        return Error{.kind = Error::Kind::Missing,
+                     .reason = AddDeleteImportEditText::tr("no title is selected")};
     QStringView fileName = title_folder::errorLog;
     for (const TitleFile &file : titleFiles) {
         if (file.readKey == key)
@@ -262,7 +271,8 @@ Result<> AddDeleteImportEdit::renameExistingQnDataFile(const QString &oldName, c
     if (!from)
         return from.error();
     if (!to || !title_folder::exists(oldName))
-        return refused(*from, u"there is no such title, or no folder can have the new name"_s);
+        return refused(
+            *from, AddDeleteImportEditText::tr("there is no such title, or no folder can have the new name"));
     Result<> renamed = moved(*from, QFile::encodeName(QFileInfo(*to).fileName()));
     if (!renamed.isDone())
         return reported(*from, Error{renamed.error().kind, *from, renamed.error().reason});
@@ -276,7 +286,7 @@ Result<> AddDeleteImportEdit::deleteQnDataFile(const QString &name)
     if (!folder)
         return folder.error();
     if (!title_folder::exists(name))
-        return refused(*folder, u"there is no such title"_s);
+        return refused(*folder, AddDeleteImportEditText::tr("there is no such title"));
     // Renamed first, so that no crash leaves half of a title; removed when no crash can bring it back.
     const QByteArray gone = unfinished_name::make(unfinished_name::deleted);
     const Result<> hidden = moved(*folder, gone);

@@ -1,5 +1,6 @@
 #include "store/data_folder_lock.h"
 
+#include "platform/translated_text.h"
 #include "store/process_state.h"
 
 #include <QFile>
@@ -56,25 +57,27 @@ DataFolderLock::State DataFolderLock::tryOnce()
         Descriptor(::open(path.constData(), O_RDWR | O_CREAT | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC, 0600));
     if (!m_file.isOpen()) {
         const bool isReadOnly = errno == EROFS;
-        const State state = obstructed(u"it cannot be opened"_s);
+        const State state = obstructed(QUILLON_TR_NOOP("Files", "it cannot be opened"));
         const bool isThere = ::lstat(path.constData(), &status) == 0;
         return isThere && !isReadOnly ? state : State::Unavailable;
     }
     if (::fstat(m_file.get(), &status) != 0)
-        return obstructed(u"it cannot be looked at"_s);
+        return obstructed(QUILLON_TR_NOOP("Files", "it cannot be looked at"));
     if (!S_ISREG(status.st_mode)) {
-        m_obstruction = {Error::Kind::Unreadable, lockPath(), u"it is no regular file"_s};
+        m_obstruction = {Error::Kind::Unreadable, lockPath(),
+                         QCoreApplication::translate("Files", "it is no regular file")};
         return State::Obstructed;
     }
     if ((status.st_mode & 077) != 0 && ::fchmod(m_file.get(), 0600) != 0)
-        return obstructed(u"others may lock it"_s);
+        return obstructed(QUILLON_TR_NOOP("Files", "others may lock it"));
     if (::flock(m_file.get(), LOCK_EX | LOCK_NB) != 0)
-        return errno == EWOULDBLOCK ? State::HeldByAnother : obstructed(u"it cannot be locked"_s);
+        return errno == EWOULDBLOCK ? State::HeldByAnother
+                                    : obstructed(QUILLON_TR_NOOP("Files", "it cannot be locked"));
     // Somebody may have removed the file meanwhile; the next one would lock another.
     return isInPlace(m_file) ? State::Held : State::HeldByAnother;
 }
 
-DataFolderLock::State DataFolderLock::obstructed(const QString &step)
+DataFolderLock::State DataFolderLock::obstructed(QStringView step)
 {
     m_obstruction = systemError(Error::Kind::NotDone, lockPath(), step);
     return State::Obstructed;

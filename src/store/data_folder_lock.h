@@ -32,7 +32,7 @@ public:
 
 private:
     State tryOnce();
-    State obstructed(const QString &step);
+    State obstructed(QStringView step);
 
     Descriptor m_file;
     State m_state = State::Unavailable;

@@ -5,6 +5,8 @@
 #include "store/process_state.h"
 #include "store/storage_status.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -12,6 +14,11 @@ using namespace Qt::StringLiterals;
 namespace quillon::site_list {
 
 namespace {
+
+class SiteListText
+{
+    Q_DECLARE_TR_FUNCTIONS(SiteList)
+};
 
 QString path(QStringView fileName)
 {
@@ -74,8 +81,8 @@ Result<> write(QStringView fileName, const StringDictionary &sites, const Result
     const QString file = path(fileName);
     const QByteArray bytes = property_list::write(sites);
     if (!property_list::read(bytes))
-        return reported(file,
-                        Error{Error::Kind::Refused, file, u"the list would be too large to be read again"_s});
+        return reported(file, Error{Error::Kind::Refused, file,
+                                    SiteListText::tr("the list would be too large to be read again")});
     if (old && !old->isEmpty() && !property_list::read(*old)) {
         if (Result<> kept = keepUnreadable(file, *old); !kept)
             return kept;

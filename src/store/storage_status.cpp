@@ -5,6 +5,7 @@
 #include "platform/notifications.h"
 #include "store/process_state.h"
 
+#include <QCoreApplication>
 #include <QLoggingCategory>
 
 using namespace Qt::StringLiterals;
@@ -12,6 +13,11 @@ using namespace Qt::StringLiterals;
 namespace quillon {
 
 namespace {
+
+class StorageStatusText
+{
+    Q_DECLARE_TR_FUNCTIONS(StorageStatus)
+};
 
 Q_LOGGING_CATEGORY(statusLog, "quillon.store")
 
@@ -27,7 +33,7 @@ QString lineOf(const QMap<QString, Error> &failures)
         return {};
     const QString line = failureLine(failures.first());
     const qsizetype others = failures.size() - 1;
-    return others == 0 ? line : u"%1, and %2 more"_s.arg(line, QString::number(others));
+    return others == 0 ? line : StorageStatusText::tr("%1, and %n more", nullptr, int(others)).arg(line);
 }
 
 } // namespace
@@ -94,21 +100,21 @@ void forgetFailures(const QString &path)
 
 QString failureLine(const Error &error)
 {
-    const auto line = [&error](QStringView what) {
+    const auto line = [&error](const QString &what) {
         return u"%1: %2 (%3)"_s.arg(what, error.path, error.reason);
     };
     switch (error.kind) {
     case Error::Kind::NotYetSafe:
-        return line(u"Done, but not yet safe on the disk");
+        return line(StorageStatusText::tr("Done, but not yet safe on the disk"));
     case Error::Kind::Missing:
     case Error::Kind::Unreadable:
     case Error::Kind::Unintelligible:
-        return line(u"Not read");
+        return line(StorageStatusText::tr("Not read"));
     case Error::Kind::Refused:
     case Error::Kind::NotDone:
         break;
     }
-    return line(u"Not stored");
+    return line(StorageStatusText::tr("Not stored"));
 }
 
 QString failedWritesLine()

@@ -1,6 +1,7 @@
 #include "store/title_folder.h"
 
 #include "platform/descriptor.h"
+#include "platform/translated_text.h"
 #include "store/process_state.h"
 
 #include <QFile>
@@ -31,7 +32,8 @@ Result<bool> isThere(QStringView name)
     struct stat status = {};
     if (!folder || ::lstat(QFile::encodeName(*folder).constData(), &status) == 0)
         return folder.has_value();
-    Error error = systemError(Error::Kind::Unreadable, *folder, u"it cannot be looked at"_s);
+    Error error =
+        systemError(Error::Kind::Unreadable, *folder, QUILLON_TR_NOOP("Files", "it cannot be looked at"));
     return error.kind == Error::Kind::Missing ? Result<bool>(false) : Result<bool>(std::move(error));
 }
 

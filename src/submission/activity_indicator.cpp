@@ -20,7 +20,7 @@ ActivityIndicator::ActivityIndicator(QWidget *parent) : QWidget(parent)
     QSizePolicy policy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     policy.setRetainSizeWhenHidden(true);
     setSizePolicy(policy);
-    setAccessibleName(u"Loading"_s);
+    setAccessibleName(tr("Loading"));
 }
 
 void ActivityIndicator::setValue(double value)

@@ -26,10 +26,10 @@ BrowserBar::BrowserBar(PageLoad &load, WindowBrowser &browser, BrowserEvents &ev
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     m_urlField->setObjectName(u"urlField"_s);
-    m_urlField->setAccessibleName(u"Address"_s);
-    m_urlField->setToolTip(u"Address of the page (Ctrl+L)"_s);
-    m_urlField->setPlaceholderText(u"Select a site, or type an address"_s);
-    auto *caption = new QLabel(u"&Address:"_s);
+    m_urlField->setAccessibleName(tr("Address"));
+    m_urlField->setToolTip(tr("Address of the page (Ctrl+L)"));
+    m_urlField->setPlaceholderText(tr("Select a site, or type an address"));
+    auto *caption = new QLabel(tr("&Address:"));
     caption->setBuddy(m_urlField);
 
     for (const QString &id : {u"drawer"_s, u"back"_s, u"forward"_s, u"reload"_s, u"stop"_s})

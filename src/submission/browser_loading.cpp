@@ -21,6 +21,11 @@ namespace quillon {
 
 namespace {
 
+class BrowserLoadingText
+{
+    Q_DECLARE_TR_FUNCTIONS(BrowserLoading)
+};
+
 const QString enginePackage = u"libqt6webenginewidgets6"_s;
 
 /// Where the engine's package puts its library.
@@ -54,13 +59,16 @@ Error cannotLoad(const QString &path, const QString &reason)
 {
     if (!QFileInfo::exists(path))
         return {Error::Kind::Missing, path,
-                u"Pages cannot be shown, because a part of Quillon is missing: install the package "
-                "quillon-browser, or all of Quillon again, and press Submit again."_s};
+                BrowserLoadingText::tr(
+                    "Pages cannot be shown, because a part of Quillon is missing: install the package "
+                    "quillon-browser, or all of Quillon again, and press Submit again.")};
     if (reason.contains(u"libQt6WebEngine"))
         return {Error::Kind::Missing, path,
-                u"Pages cannot be shown without the web engine: install the package %1 and press Submit "
-                "again."_s.arg(enginePackage)};
-    return {Error::Kind::Unreadable, path, u"Pages cannot be shown. "_s + reason};
+                BrowserLoadingText::tr(
+                    "Pages cannot be shown without the web engine: install the package %1 and press Submit "
+                    "again.")
+                    .arg(enginePackage)};
+    return {Error::Kind::Unreadable, path, BrowserLoadingText::tr("Pages cannot be shown. %1").arg(reason)};
 }
 
 } // namespace
@@ -94,8 +102,9 @@ Result<BrowserModule *> loadBrowserModule(const QString &path)
     if (sandboxWarning().isEmpty() && !canMakeSandbox())
         return Error{
             Error::Kind::Refused, path,
-            u"Pages cannot be shown, because this system lets no program make a sandbox for them: user "
-            "namespaces are switched off."_s};
+            BrowserLoadingText::tr(
+                "Pages cannot be shown, because this system lets no program make a sandbox for them: user "
+                "namespaces are switched off.")};
     return module;
 }
 

@@ -4,6 +4,7 @@
 #include "platform/desktop.h"
 #include "platform/text_decoding.h"
 #include "platform/tolerant_xml.h"
+#include "platform/translated_text.h"
 #include "store/add_delete_import_edit.h"
 #include "store/storage_status.h"
 #include "submission/browser.h"
@@ -15,65 +16,73 @@ using namespace Qt::StringLiterals;
 namespace quillon {
 
 const std::array<FieldCopyButton, fieldCopyButtonCount> fieldCopyButtons = {{
-    {u"companyName", u"Company Name", FieldId::companyName},
-    {u"companyAddress", u"Address", FieldId::companyAddress},
-    {u"companyAddress2", u"Address 2", FieldId::companyAddress2},
-    {u"companyCityTown", u"City/Town", FieldId::companyCityTown},
-    {u"companyStateCounty", u"State/County", FieldId::companyStateCounty},
-    {u"companyZipPostcode", u"ZIP/Postcode", FieldId::companyZIPPostcode},
-    {u"companyCountry", u"Company Country", FieldId::companyCountry},
-    {u"companyWebsite", u"Company Website", FieldId::companyWebsite},
-    {u"authorFirstName", u"Author First Name", FieldId::authorFirstName},
-    {u"authorLastName", u"Author Last Name", FieldId::authorLastName},
-    {u"authorEmail", u"Author E-mail", FieldId::authorEmail},
-    {u"contactFirstName", u"Contact First Name", FieldId::contactFirstName},
-    {u"contactLastName", u"Contact Last Name", FieldId::contactLastName},
-    {u"contactEmail", u"Contact E-mail", FieldId::contactEmail},
-    {u"generalPhone", u"General Phone", FieldId::generalPhone},
-    {u"generalFax", u"General Fax", FieldId::generalFax},
-    {u"generalEmail", u"General E-mail", FieldId::generalEmail},
-    {u"supportPhone", u"Support Phone", FieldId::supportPhone},
-    {u"supportEmail", u"Support E-mail", FieldId::supportEmail},
-    {u"salesPhone", u"Sales Phone", FieldId::salesPhone},
-    {u"salesEmail", u"Sales E-mail", FieldId::salesEmail},
-    {u"programName", u"Program Name", FieldId::programName},
-    {u"programVersion", u"Program Version", FieldId::programVersion},
-    {u"programReleaseDate", u"Release Date", FieldId::releaseDateYear},
-    {u"programPriceInUSD", u"Price in USD", FieldId::priceInUSD},
-    {u"programOtherPrice", u"Other Price", FieldId::otherPrice},
-    {u"programOtherPriceCurrency", u"Other Price Currency", FieldId::otherPricePopUp},
-    {u"programInstallSupport", u"Install Support", FieldId::installSupportPopUp},
-    {u"programType", u"Program Type", FieldId::programTypePopUp},
-    {u"sizeInBytes", u"Size in Bytes", FieldId::sizeInBytes},
-    {u"sizeInKB", u"Size in KB", FieldId::programSizeKB},
-    {u"sizeInMB", u"Size in MB", FieldId::programSizeMB},
-    {u"hasExpireInfo", u"Has Expire Info", FieldId::expireCheckBox},
-    {u"expireCount", u"Expire Count", FieldId::expireCount},
-    {u"expireBasedOn", u"Expire Based On", FieldId::expireBasePopUp},
-    {u"expireDate", u"Expire Date", FieldId::expireDateYear},
-    {u"expireInformation", u"Expire Information", FieldId::expireInfo},
-    {u"programCategory", u"Program Category", FieldId::categoryPopUp},
-    {u"supportedOS", u"Supported OS", FieldId::osTable},
-    {u"supportedLanguages", u"Supported Languages", FieldId::languageTable},
-    {u"changeInformation", u"Change Information", FieldId::changeInformationView},
-    {u"sustemRequirements", u"System Requirements", FieldId::requirementsView},
-    {u"keywords", u"Keywords", FieldId::keywordsView},
-    {u"pb45CharDescription", u"45 Char Description", FieldId::pd45CharDescript},
-    {u"pb80CharDescription", u"80 Char Description", FieldId::pd80CharDescript},
-    {u"pb250CharDescription", u"250 Char Description", FieldId::pd250CharDescript},
-    {u"pb450CharDescription", u"450 Char Description", FieldId::pd450CharDescript},
-    {u"pb2000CharDescription", u"2000 Char Description", FieldId::pd2000CharDescript},
-    {u"distributionPermissions", u"Distribution Permissions", FieldId::distributionPermissions},
-    {u"eula", u"EULA", FieldId::eula},
-    {u"applicationInfoURL", u"Application Info URL", FieldId::appInfoURL},
-    {u"orderingURL", u"Ordering URL", FieldId::orderingURL},
-    {u"screenshotURL", u"Screenshot URL", FieldId::screenshotURL},
-    {u"iconURL", u"Icon URL", FieldId::iconURL},
-    {u"padFileURL", u"PAD File URL", FieldId::padFileURL},
-    {u"primaryDownloadURL", u"Primary Download URL", FieldId::primaryDownloadURL},
-    {u"secondaryDownloadURL", u"Secondary Download URL", FieldId::secondaryDownloadURL},
-    {u"otherDownloadURL1", u"Other Download URL 1", FieldId::otherDownloadURL1},
-    {u"otherDownloadURL2", u"Other Download URL 2", FieldId::otherDownloadURL2},
+    {u"companyName", QUILLON_TR_NOOP("FieldCopy", "Company Name"), FieldId::companyName},
+    {u"companyAddress", QUILLON_TR_NOOP("FieldCopy", "Address"), FieldId::companyAddress},
+    {u"companyAddress2", QUILLON_TR_NOOP("FieldCopy", "Address 2"), FieldId::companyAddress2},
+    {u"companyCityTown", QUILLON_TR_NOOP("FieldCopy", "City/Town"), FieldId::companyCityTown},
+    {u"companyStateCounty", QUILLON_TR_NOOP("FieldCopy", "State/County"), FieldId::companyStateCounty},
+    {u"companyZipPostcode", QUILLON_TR_NOOP("FieldCopy", "ZIP/Postcode"), FieldId::companyZIPPostcode},
+    {u"companyCountry", QUILLON_TR_NOOP("FieldCopy", "Company Country"), FieldId::companyCountry},
+    {u"companyWebsite", QUILLON_TR_NOOP("FieldCopy", "Company Website"), FieldId::companyWebsite},
+    {u"authorFirstName", QUILLON_TR_NOOP("FieldCopy", "Author First Name"), FieldId::authorFirstName},
+    {u"authorLastName", QUILLON_TR_NOOP("FieldCopy", "Author Last Name"), FieldId::authorLastName},
+    {u"authorEmail", QUILLON_TR_NOOP("FieldCopy", "Author E-mail"), FieldId::authorEmail},
+    {u"contactFirstName", QUILLON_TR_NOOP("FieldCopy", "Contact First Name"), FieldId::contactFirstName},
+    {u"contactLastName", QUILLON_TR_NOOP("FieldCopy", "Contact Last Name"), FieldId::contactLastName},
+    {u"contactEmail", QUILLON_TR_NOOP("FieldCopy", "Contact E-mail"), FieldId::contactEmail},
+    {u"generalPhone", QUILLON_TR_NOOP("FieldCopy", "General Phone"), FieldId::generalPhone},
+    {u"generalFax", QUILLON_TR_NOOP("FieldCopy", "General Fax"), FieldId::generalFax},
+    {u"generalEmail", QUILLON_TR_NOOP("FieldCopy", "General E-mail"), FieldId::generalEmail},
+    {u"supportPhone", QUILLON_TR_NOOP("FieldCopy", "Support Phone"), FieldId::supportPhone},
+    {u"supportEmail", QUILLON_TR_NOOP("FieldCopy", "Support E-mail"), FieldId::supportEmail},
+    {u"salesPhone", QUILLON_TR_NOOP("FieldCopy", "Sales Phone"), FieldId::salesPhone},
+    {u"salesEmail", QUILLON_TR_NOOP("FieldCopy", "Sales E-mail"), FieldId::salesEmail},
+    {u"programName", QUILLON_TR_NOOP("FieldCopy", "Program Name"), FieldId::programName},
+    {u"programVersion", QUILLON_TR_NOOP("FieldCopy", "Program Version"), FieldId::programVersion},
+    {u"programReleaseDate", QUILLON_TR_NOOP("FieldCopy", "Release Date"), FieldId::releaseDateYear},
+    {u"programPriceInUSD", QUILLON_TR_NOOP("FieldCopy", "Price in USD"), FieldId::priceInUSD},
+    {u"programOtherPrice", QUILLON_TR_NOOP("FieldCopy", "Other Price"), FieldId::otherPrice},
+    {u"programOtherPriceCurrency", QUILLON_TR_NOOP("FieldCopy", "Other Price Currency"),
+     FieldId::otherPricePopUp},
+    {u"programInstallSupport", QUILLON_TR_NOOP("FieldCopy", "Install Support"), FieldId::installSupportPopUp},
+    {u"programType", QUILLON_TR_NOOP("FieldCopy", "Program Type"), FieldId::programTypePopUp},
+    {u"sizeInBytes", QUILLON_TR_NOOP("FieldCopy", "Size in Bytes"), FieldId::sizeInBytes},
+    {u"sizeInKB", QUILLON_TR_NOOP("FieldCopy", "Size in KB"), FieldId::programSizeKB},
+    {u"sizeInMB", QUILLON_TR_NOOP("FieldCopy", "Size in MB"), FieldId::programSizeMB},
+    {u"hasExpireInfo", QUILLON_TR_NOOP("FieldCopy", "Has Expire Info"), FieldId::expireCheckBox},
+    {u"expireCount", QUILLON_TR_NOOP("FieldCopy", "Expire Count"), FieldId::expireCount},
+    {u"expireBasedOn", QUILLON_TR_NOOP("FieldCopy", "Expire Based On"), FieldId::expireBasePopUp},
+    {u"expireDate", QUILLON_TR_NOOP("FieldCopy", "Expire Date"), FieldId::expireDateYear},
+    {u"expireInformation", QUILLON_TR_NOOP("FieldCopy", "Expire Information"), FieldId::expireInfo},
+    {u"programCategory", QUILLON_TR_NOOP("FieldCopy", "Program Category"), FieldId::categoryPopUp},
+    {u"supportedOS", QUILLON_TR_NOOP("FieldCopy", "Supported OS"), FieldId::osTable},
+    {u"supportedLanguages", QUILLON_TR_NOOP("FieldCopy", "Supported Languages"), FieldId::languageTable},
+    {u"changeInformation", QUILLON_TR_NOOP("FieldCopy", "Change Information"),
+     FieldId::changeInformationView},
+    {u"sustemRequirements", QUILLON_TR_NOOP("FieldCopy", "System Requirements"), FieldId::requirementsView},
+    {u"keywords", QUILLON_TR_NOOP("FieldCopy", "Keywords"), FieldId::keywordsView},
+    {u"pb45CharDescription", QUILLON_TR_NOOP("FieldCopy", "45 Char Description"), FieldId::pd45CharDescript},
+    {u"pb80CharDescription", QUILLON_TR_NOOP("FieldCopy", "80 Char Description"), FieldId::pd80CharDescript},
+    {u"pb250CharDescription", QUILLON_TR_NOOP("FieldCopy", "250 Char Description"),
+     FieldId::pd250CharDescript},
+    {u"pb450CharDescription", QUILLON_TR_NOOP("FieldCopy", "450 Char Description"),
+     FieldId::pd450CharDescript},
+    {u"pb2000CharDescription", QUILLON_TR_NOOP("FieldCopy", "2000 Char Description"),
+     FieldId::pd2000CharDescript},
+    {u"distributionPermissions", QUILLON_TR_NOOP("FieldCopy", "Distribution Permissions"),
+     FieldId::distributionPermissions},
+    {u"eula", QUILLON_TR_NOOP("FieldCopy", "EULA"), FieldId::eula},
+    {u"applicationInfoURL", QUILLON_TR_NOOP("FieldCopy", "Application Info URL"), FieldId::appInfoURL},
+    {u"orderingURL", QUILLON_TR_NOOP("FieldCopy", "Ordering URL"), FieldId::orderingURL},
+    {u"screenshotURL", QUILLON_TR_NOOP("FieldCopy", "Screenshot URL"), FieldId::screenshotURL},
+    {u"iconURL", QUILLON_TR_NOOP("FieldCopy", "Icon URL"), FieldId::iconURL},
+    {u"padFileURL", QUILLON_TR_NOOP("FieldCopy", "PAD File URL"), FieldId::padFileURL},
+    {u"primaryDownloadURL", QUILLON_TR_NOOP("FieldCopy", "Primary Download URL"),
+     FieldId::primaryDownloadURL},
+    {u"secondaryDownloadURL", QUILLON_TR_NOOP("FieldCopy", "Secondary Download URL"),
+     FieldId::secondaryDownloadURL},
+    {u"otherDownloadURL1", QUILLON_TR_NOOP("FieldCopy", "Other Download URL 1"), FieldId::otherDownloadURL1},
+    {u"otherDownloadURL2", QUILLON_TR_NOOP("FieldCopy", "Other Download URL 2"), FieldId::otherDownloadURL2},
 }};
 
 namespace {
@@ -105,11 +114,11 @@ struct Page
 };
 
 constexpr std::array<Page, 5> pages = {{
-    {u"Company_Info", u"Company Information"},
-    {u"Program_Info", u"Program Information"},
-    {u"Program_Descriptions", u"Program Descriptions"},
-    {u"Web_Info", u"Web Information"},
-    {u"Permissions", u"Permissions"},
+    {u"Company_Info", QUILLON_TR_NOOP("EditorPages", "Company Information")},
+    {u"Program_Info", QUILLON_TR_NOOP("EditorPages", "Program Information")},
+    {u"Program_Descriptions", QUILLON_TR_NOOP("EditorPages", "Program Descriptions")},
+    {u"Web_Info", QUILLON_TR_NOOP("EditorPages", "Web Information")},
+    {QUILLON_TR_NOOP("EditorPages", "Permissions"), QUILLON_TR_NOOP("EditorPages", "Permissions")},
 }};
 
 std::optional<QString> dateText(const DateFields &date, const QString &pad, const QLocale &locale)
@@ -142,6 +151,11 @@ QStringView FieldCopyButton::page() const
     const qsizetype slash = group.indexOf(u'/');
     const auto page = std::ranges::find(pages, slash < 0 ? group : group.first(slash), &Page::group);
     return page == pages.end() ? QStringView() : page->label;
+}
+
+QString captionOf(const FieldCopyButton &button)
+{
+    return translated("FieldCopy", button.caption);
 }
 
 const FieldCopyButton *fieldCopyButtonNamed(QStringView action)
@@ -185,7 +199,7 @@ void FieldCopyPanel::press(int place)
     }
     const auto text = pasteText(fieldCopyButtons[size_t(place)], *bytes);
     if (!text) {
-        Q_EMIT nothingPasted(u"Nothing was pasted: this field of the PAD file is empty."_s);
+        Q_EMIT nothingPasted(tr("Nothing was pasted: this field of the PAD file is empty."));
         return;
     }
     m_browser.paste(*text);

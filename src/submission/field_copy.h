@@ -34,6 +34,9 @@ inline constexpr int fieldCopyButtonCount = 59;
 /// All buttons in the panel's order.
 extern const std::array<FieldCopyButton, fieldCopyButtonCount> fieldCopyButtons;
 
+/// What @p button says, in the author's language.
+QString captionOf(const FieldCopyButton &button);
+
 /// The button whose action is named @p action, exactly; null without one.
 const FieldCopyButton *fieldCopyButtonNamed(QStringView action);
 

@@ -1,6 +1,7 @@
 #include "submission/field_copy_view.h"
 
 #include "platform/plain_text.h"
+#include "platform/translated_text.h"
 #include "store/add_delete_import_edit.h"
 #include "submission/hover_button.h"
 
@@ -26,7 +27,7 @@ constexpr qsizetype longestPreview = 300; ///< UTF-16 units.
 QString preview(const std::optional<QString> &value)
 {
     if (!value)
-        return u"This field of the PAD file is empty"_s;
+        return FieldCopyView::tr("This field of the PAD file is empty");
     return value->size() > longestPreview ? QString(value->left(longestPreview) + u'…') : *value;
 }
 
@@ -62,12 +63,12 @@ QWidget *FieldCopyView::newFilterRow()
     auto *row = new QWidget;
     auto *layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
-    auto *caption = new QLabel(u"&Paste:"_s);
+    auto *caption = new QLabel(tr("&Paste:"));
     caption->setBuddy(m_filter);
     m_filter->setObjectName(u"fieldFilter"_s);
-    m_filter->setAccessibleName(u"Paste"_s);
-    m_filter->setPlaceholderText(u"Find a field"_s);
-    m_filter->setToolTip(u"Shows the fields of that name; Return pastes the first of them (Ctrl+J)"_s);
+    m_filter->setAccessibleName(tr("Paste"));
+    m_filter->setPlaceholderText(tr("Find a field"));
+    m_filter->setToolTip(tr("Shows the fields of that name; Return pastes the first of them (Ctrl+J)"));
     m_filter->setClearButtonEnabled(true);
     layout->addWidget(caption);
     layout->addWidget(m_filter, 1);
@@ -91,7 +92,7 @@ QWidget *FieldCopyView::newButtons()
             auto *grid = new QGridLayout(box);
             grid->setContentsMargins(0, 0, 0, margin);
             grid->setSpacing(spacing);
-            auto *heading = new QLabel(page.toString());
+            auto *heading = new QLabel(translated("EditorPages", page));
             QFont bold = heading->font();
             bold.setBold(true);
             heading->setFont(bold);
@@ -109,7 +110,7 @@ QWidget *FieldCopyView::newButtons()
 void FieldCopyView::addButton(int place, QWidget *parent)
 {
     const FieldCopyButton &field = fieldCopyButtons[size_t(place)];
-    auto *button = new HoverButtonControl(field.caption.toString(), parent);
+    auto *button = new HoverButtonControl(captionOf(field), parent);
     button->setObjectName(field.action + u"Button"_s);
     button->installEventFilter(this);
     connect(button, &HoverButtonControl::clicked, this, [this, place] { m_panel.press(place); });
@@ -160,7 +161,8 @@ int FieldCopyView::columns() const
 
 bool FieldCopyView::isFound(int place) const
 {
-    return fieldCopyButtons[size_t(place)].caption.contains(m_filter->text().trimmed(), Qt::CaseInsensitive);
+    return captionOf(fieldCopyButtons[size_t(place)])
+        .contains(m_filter->text().trimmed(), Qt::CaseInsensitive);
 }
 
 void FieldCopyView::arrange()

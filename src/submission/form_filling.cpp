@@ -1,6 +1,7 @@
 #include "submission/form_filling.h"
 
 #include "platform/plain_text.h"
+#include "platform/translated_text.h"
 #include "store/add_delete_import_edit.h"
 #include "store/storage_status.h"
 #include "submission/browser.h"
@@ -31,32 +32,34 @@ struct Outcome
     QStringView text;
 };
 constexpr std::array<Outcome, 7> outcomes = {{
-    {u"left", u"Left out: the page has gone elsewhere."},
-    {u"gone", u"Left out: the field is no longer there."},
-    {u"changed", u"Left out: the field is another one now."},
-    {u"locked", u"Left out: the field takes nothing now."},
-    {u"full", u"Left out: the field holds something now."},
-    {u"hidden", u"Left out: the field is hidden now."},
-    {u"covered", u"Left out: something lies over the field."},
+    {u"left", QUILLON_TR_NOOP("FormFilling", "Left out: the page has gone elsewhere.")},
+    {u"gone", QUILLON_TR_NOOP("FormFilling", "Left out: the field is no longer there.")},
+    {u"changed", QUILLON_TR_NOOP("FormFilling", "Left out: the field is another one now.")},
+    {u"locked", QUILLON_TR_NOOP("FormFilling", "Left out: the field takes nothing now.")},
+    {u"full", QUILLON_TR_NOOP("FormFilling", "Left out: the field holds something now.")},
+    {u"hidden", QUILLON_TR_NOOP("FormFilling", "Left out: the field is hidden now.")},
+    {u"covered", QUILLON_TR_NOOP("FormFilling", "Left out: something lies over the field.")},
 }};
 
 QString outcomeOf(const QString &state)
 {
     const auto outcome = std::ranges::find(outcomes, QStringView(state), &Outcome::state);
-    return outcome == outcomes.end() ? u"Not known: the page did not answer."_s : outcome->text.toString();
+    return outcome == outcomes.end() ? FormFilling::tr("Not known: the page did not answer.")
+                                     : translated("FormFilling", outcome->text);
 }
 
 QString summaryOf(const PageForm &form, qsizetype sure, qsizetype proposed)
 {
     if (form.fields.isEmpty())
-        return u"The page has no empty field that can be filled here."_s;
-    QString text =
-        u"Empty fields of the page: %L1; with a proposal: %L2; sure, and ticked: %L3. Only what is ticked is "
-        "typed; nothing is sent."_s.arg(form.fields.size())
-            .arg(proposed)
-            .arg(sure);
+        return FormFilling::tr("The page has no empty field that can be filled here.");
+    QString text = FormFilling::tr("Empty fields of the page: %L1; with a proposal: %L2; sure, and ticked: "
+                                   "%L3. Only what is ticked is "
+                                   "typed; nothing is sent.")
+                       .arg(form.fields.size())
+                       .arg(proposed)
+                       .arg(sure);
     if (form.isCut)
-        text += u" The page has more than is looked at here."_s;
+        text += u' ' + FormFilling::tr("The page has more than is looked at here.");
     return text;
 }
 
@@ -103,7 +106,7 @@ void FormFilling::takeForm(const QVariant &answer)
 {
     const auto form = pageForm(answer);
     if (!form) {
-        m_summary = u"The fields of the page cannot be read."_s;
+        m_summary = tr("The fields of the page cannot be read.");
         Q_EMIT looked();
         return;
     }
@@ -133,7 +136,7 @@ void FormFilling::choose(int row, const QString &id)
         value == m_values.end() ? std::nullopt : form_matching::fittingText(m_rows[row].field, *value);
     if (m_step != Step::Shown || id == m_rows[row].proposal.value || (!id.isEmpty() && !text))
         return;
-    m_rows[row].proposal = {.value = id, .text = text.value_or(QString()), .why = u"your choice"_s};
+    m_rows[row].proposal = {.value = id, .text = text.value_or(QString()), .why = tr("your choice")};
     m_rows[row].isTicked = text.has_value();
     Q_EMIT dataChanged(index(row, 0), index(row, ColumnCount - 1));
 }
@@ -172,7 +175,7 @@ void FormFilling::typeNext(int row)
     run(u"fill"_s, {m_form, m_rows[row].field.number, m_rows[row].proposal.text},
         [this, row](const QVariant &answer) {
             m_rows[row].isTyped = answer.toString() == u"typed";
-            tell(row, m_rows[row].isTyped ? u"Typed."_s : outcomeOf(answer.toString()));
+            tell(row, m_rows[row].isTyped ? tr("Typed.") : outcomeOf(answer.toString()));
             typeNext(answer.isValid() ? row + 1 : int(m_rows.size())); // A page that hangs may still take it.
         });
 }
@@ -188,8 +191,8 @@ void FormFilling::readNext(int row)
     run(u"read"_s, {m_form, m_rows[row].field.number}, [this, row](const QVariant &answer) {
         const auto reading = fieldReading(answer);
         const QString notice = reading ? readBackNotice(*reading, m_rows[row].proposal.text) : QString();
-        tell(row, !reading           ? u"Typed; the field can no longer be read."_s
-                  : notice.isEmpty() ? u"Filled."_s
+        tell(row, !reading           ? tr("Typed; the field can no longer be read.")
+                  : notice.isEmpty() ? tr("Filled.")
                                      : notice);
         readNext(row + 1);
     });
@@ -199,7 +202,7 @@ void FormFilling::finish()
 {
     m_step = Step::Done;
     remember();
-    m_summary = u"%L1 of %L2 fields were filled. Look at the page before you send it."_s
+    m_summary = tr("%L1 of %L2 fields were filled. Look at the page before you send it.")
                     .arg(std::ranges::count(m_rows, true, &Row::isTyped))
                     .arg(tickedRows());
     Q_EMIT filled();
@@ -245,7 +248,7 @@ QVariant FormFilling::text(const Row &row, int column) const
     case Why:
         return row.proposal.value.isEmpty()
                    ? QString()
-                   : (row.proposal.isSure ? u"sure: "_s : QString()) + row.proposal.why;
+                   : (row.proposal.isSure ? tr("sure: %1").arg(row.proposal.why) : row.proposal.why);
     default:
         return row.outcome;
     }
@@ -273,11 +276,13 @@ bool FormFilling::setData(const QModelIndex &index, const QVariant &value, int r
 
 QVariant FormFilling::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    static constexpr std::array<QStringView, ColumnCount> names = {u"Field of the page", u"Value", u"Text",
-                                                                   u"Why", u"Result"};
+    static constexpr std::array<QStringView, ColumnCount> names = {
+        QUILLON_TR_NOOP("FormFilling", "Field of the page"), QUILLON_TR_NOOP("FormFilling", "Value"),
+        QUILLON_TR_NOOP("FormFilling", "Text"), QUILLON_TR_NOOP("FormFilling", "Why"),
+        QUILLON_TR_NOOP("FormFilling", "Result")};
     if (role != Qt::DisplayRole || orientation != Qt::Horizontal)
         return {};
-    return names[size_t(section)].toString();
+    return translated("FormFilling", names[size_t(section)]);
 }
 
 Qt::ItemFlags FormFilling::flags(const QModelIndex &index) const

@@ -25,15 +25,15 @@ constexpr std::array<int, FormFilling::ColumnCount> firstWidths = {150, 140, 160
 FormFillingWindow::FormFillingWindow(Browser &browser, const QString &site, QWidget *parent)
     : QDialog(parent)
     , m_filling(new FormFilling(browser, site, this))
-    , m_summary(new QLabel(u"Looking at the page…"_s))
-    , m_table(newRowTable(u"formFields"_s, u"Fields of the page"_s, this))
+    , m_summary(new QLabel(tr("Looking at the page…")))
+    , m_table(newRowTable(u"formFields"_s, tr("Fields of the page"), this))
     , m_value(new QComboBox)
-    , m_fill(new QPushButton(u"&Fill"_s))
-    , m_close(new QPushButton(u"&Close"_s))
+    , m_fill(new QPushButton(tr("&Fill")))
+    , m_close(new QPushButton(tr("&Close")))
 {
     setObjectName(u"formFillingWindow"_s);
     setAttribute(Qt::WA_DeleteOnClose);
-    setWindowTitle(site.isEmpty() ? u"Fill a Form"_s : u"Fill a Form – %1"_s.arg(plainWindowTitle(site)));
+    setWindowTitle(site.isEmpty() ? tr("Fill a Form") : tr("Fill a Form – %1").arg(plainWindowTitle(site)));
     resize(firstSize);
     move(parent->mapToGlobal(parent->rect().bottomRight()) -
          rect().bottomRight()); // The page stays in sight.
@@ -65,10 +65,10 @@ QWidget *FormFillingWindow::newChoice()
     auto *row = new QWidget;
     auto *layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
-    auto *caption = new QLabel(u"&Value for the selected field:"_s);
+    auto *caption = new QLabel(tr("&Value for the selected field:"));
     caption->setBuddy(m_value);
     m_value->setObjectName(u"formValue"_s);
-    m_value->setAccessibleName(u"Value for the selected field"_s);
+    m_value->setAccessibleName(tr("Value for the selected field"));
     layout->addWidget(caption);
     layout->addWidget(m_value, 1);
     connect(m_value, &QComboBox::activated, this,
@@ -82,7 +82,7 @@ QWidget *FormFillingWindow::newButtons()
     auto *layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
     m_fill->setObjectName(u"fillButton"_s);
-    m_fill->setToolTip(u"Types what is ticked into the page; nothing is sent"_s);
+    m_fill->setToolTip(tr("Types what is ticked into the page; nothing is sent"));
     m_fill->setDefault(true);
     m_close->setObjectName(u"closeFilling"_s);
     m_close->setAutoDefault(false);
@@ -130,7 +130,7 @@ void FormFillingWindow::showRow()
     const int row = currentRow();
     if (row < 0)
         return;
-    m_value->addItem(u"Nothing"_s, QString());
+    m_value->addItem(tr("Nothing"), QString());
     const QList<TitleValue> values = m_filling->valuesFor(row);
     for (const TitleValue &value : values)
         m_value->addItem(u"%1: %2"_s.arg(value.caption, plainLine(value.shown(), 80)), value.id);

@@ -1,6 +1,7 @@
 #include "submission/form_matching.h"
 
 #include "platform/plain_text.h"
+#include "platform/translated_text.h"
 #include "submission/form_memory_match.h"
 #include "submission/form_signs.h"
 
@@ -105,14 +106,20 @@ QList<Voice> voicesOf(const PageField &field)
 {
     const FieldSigns &signs = field.signs;
     const bool hasLabel = !signs.label.isEmpty();
-    QList<Voice> voices{{.kind = hasLabel ? u"label" : u"text before it",
-                         .text = hasLabel ? signs.label : signs.around,
-                         .weight = 3},
-                        {.kind = u"hint", .text = signs.placeholder, .weight = 2},
-                        {.kind = u"name", .text = signs.name, .weight = 2},
-                        {.kind = u"id", .text = signs.id == signs.name ? QString() : signs.id, .weight = 1}};
+    QList<Voice> voices{
+        {.kind = hasLabel ? QUILLON_TR_NOOP("FormMatching", "label")
+                          : QUILLON_TR_NOOP("FormMatching", "text before it"),
+         .text = hasLabel ? signs.label : signs.around,
+         .weight = 3},
+        {.kind = QUILLON_TR_NOOP("FormMatching", "hint"), .text = signs.placeholder, .weight = 2},
+        {.kind = QUILLON_TR_NOOP("FormMatching", "name"), .text = signs.name, .weight = 2},
+        {.kind = QUILLON_TR_NOOP("FormMatching", "id"),
+         .text = signs.id == signs.name ? QString() : signs.id,
+         .weight = 1}};
     const bool isTypeTelling = field.type == u"email" || field.type == u"tel";
-    voices.append({.kind = u"type", .text = isTypeTelling ? field.type : QString(), .weight = 1});
+    voices.append({.kind = QUILLON_TR_NOOP("FormMatching", "type"),
+                   .text = isTypeTelling ? field.type : QString(),
+                   .weight = 1});
     for (Voice &voice : voices) {
         const QStringList heading = voice.kind == u"type" ? QStringList() : headingWords(signs.group);
         if (const auto *phrase = subjectOf(heading + form_signs::words(voice.text), heading.size())) {
@@ -122,7 +129,11 @@ QList<Voice> voicesOf(const PageField &field)
     }
     const QString token = signs.autocomplete.section(u' ', -1).toLower();
     if (const QStringView value = form_signs::valueOfToken(token); !value.isEmpty())
-        voices.append({.kind = u"autocomplete", .text = token, .weight = 3, .value = value, .phrase = 2});
+        voices.append({.kind = QUILLON_TR_NOOP("FormMatching", "autocomplete"),
+                       .text = token,
+                       .weight = 3,
+                       .value = value,
+                       .phrase = 2});
     voices.removeIf([](const Voice &voice) { return voice.phrase == 0; });
     return voices;
 }
@@ -215,7 +226,8 @@ QList<Votes> counted(const QList<Voice> &voices)
         if (own == all.end())
             own = all.insert(all.end(), Votes{.value = voice.value});
         own->score += voice.weight * voice.phrase;
-        own->why.append(u"%1 “%2”"_s.arg(voice.kind, plainLine(voice.text, longestQuote)));
+        own->why.append(
+            u"%1 “%2”"_s.arg(translated("FormMatching", voice.kind), plainLine(voice.text, longestQuote)));
     }
     for (Votes &votes : all)
         votes.isContradicted = std::ranges::any_of(voices, [&](const Voice &voice) {
@@ -255,7 +267,9 @@ std::optional<Proposal> proposedBySigns(const PageField &field, const QList<Titl
     if (!text)
         return std::nullopt;
     const bool isWhole = field.maxLength < 0 || text->size() <= field.maxLength;
-    const QString cut = isWhole ? QString() : u"; only %1 characters fit"_s.arg(field.maxLength);
+    const QString cut = isWhole ? QString()
+                                : QCoreApplication::translate("FormMatching", "; only %n characters fit",
+                                                              nullptr, field.maxLength);
     const bool isRepeated =
         form_signs::isRepeated(form_signs::words(field.signs.label + u' ' + field.signs.around));
     return Proposal{.value = value->id,

@@ -1,5 +1,9 @@
 #include "submission/form_memory_match.h"
 
+#include "platform/translated_text.h"
+
+#include <QCoreApplication>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -7,6 +11,11 @@ using namespace Qt::StringLiterals;
 namespace quillon::form_matching {
 
 namespace {
+
+class FormMemoryMatchText
+{
+    Q_DECLARE_TR_FUNCTIONS(FormMemoryMatch)
+};
 
 constexpr int memoryScore = 1000;
 constexpr int leastAgreement = 2;
@@ -37,7 +46,7 @@ Likeness likeness(const FieldSigns &one, const FieldSigns &other)
         } else if (!own.isEmpty()) {
             result.same += signWeights[kind];
             result.hasOwnSign = result.hasOwnSign || signWeights[kind] > 1;
-            result.why.append(signKinds[kind].name.toString());
+            result.why.append(translated("FormMatching", signKinds[kind].name));
         }
     }
     return result;
@@ -71,10 +80,11 @@ QList<MemoryMatch> matchedWith(const QList<PageField> &fields, const QList<Remem
         if (!isHighest(ofFields[field], memory) || !isHighest(ofMemories[memory], field))
             continue;
         const Likeness like = likeness(fields[field].signs, remembered[memory].signs);
-        matches[field] = {.memory = memory,
-                          .score = memoryScore + *best,
-                          .why = u"confirmed here before; the same: %1"_s.arg(like.why.join(u", "_s)),
-                          .isSure = like.same * 2 >= like.other};
+        matches[field] = {
+            .memory = memory,
+            .score = memoryScore + *best,
+            .why = FormMemoryMatchText::tr("confirmed here before; the same: %1").arg(like.why.join(u", "_s)),
+            .isSure = like.same * 2 >= like.other};
     }
     return matches;
 }

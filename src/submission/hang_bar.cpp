@@ -12,13 +12,13 @@ namespace quillon {
 
 HangBar::HangBar(QWidget *parent)
     : QFrame(parent)
-    , m_text(new QLabel(u"This page does not answer, and other pages of its site may not either."_s))
+    , m_text(new QLabel(tr("This page does not answer, and other pages of its site may not either.")))
 {
     setFrameShape(QFrame::StyledPanel);
     m_text->setWordWrap(true);
-    auto *end = new QPushButton(u"&End Page"_s);
+    auto *end = new QPushButton(tr("&End Page"));
     end->setObjectName(u"endPageButton"_s);
-    end->setToolTip(u"End this page; what was filled in there is lost"_s);
+    end->setToolTip(tr("End this page; what was filled in there is lost"));
     connect(end, &QPushButton::clicked, this, &HangBar::endRequested);
     auto *layout = new QHBoxLayout(this);
     layout->addWidget(m_text, 1);

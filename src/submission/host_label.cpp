@@ -27,7 +27,7 @@ void HostLabel::setHost(const QString &host)
     // The end of a server's name says whose it is.
     const int width = longestHost * fontMetrics().horizontalAdvance(u'x');
     setText(fontMetrics().elidedText(host, Qt::ElideLeft, width));
-    setAccessibleName(u"Server of the page: %1"_s.arg(host));
+    setAccessibleName(tr("Server of the page: %1").arg(host));
     setToolTip(plainToolTip(host));
     setVisible(!host.isEmpty());
 }

@@ -1,5 +1,6 @@
 #include "submission/late_browser.h"
 
+#include <QCoreApplication>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -10,6 +11,11 @@ using namespace Qt::StringLiterals;
 namespace quillon {
 
 namespace {
+
+class LateBrowserText
+{
+    Q_DECLARE_TR_FUNCTIONS(LateBrowser)
+};
 
 constexpr double smallestZoom = 0.25;
 constexpr double greatestZoom = 5.0;
@@ -116,7 +122,7 @@ void LateBrowser::paste(const QString &text)
     if (m_inner)
         m_inner->paste(text);
     else
-        m_observer.browserNotice(u"Nothing was pasted: the page is not there yet."_s);
+        m_observer.browserNotice(LateBrowserText::tr("Nothing was pasted: the page is not there yet."));
 }
 
 void LateBrowser::runFormTask(const QString &task, const QVariantList &values, FormAnswer answer)

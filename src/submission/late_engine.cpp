@@ -2,11 +2,22 @@
 
 #include "submission/late_browser.h"
 
+#include <QCoreApplication>
+
 #include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace quillon {
+
+namespace {
+
+class LateEngineText
+{
+    Q_DECLARE_TR_FUNCTIONS(LateEngine)
+};
+
+} // namespace
 
 void LateEngine::begin(std::unique_ptr<BrowserEngine> engine)
 {
@@ -33,7 +44,7 @@ Result<> LateEngine::clearStorage()
     if (m_engine)
         return m_engine->clearStorage();
     return Error{.kind = Error::Kind::Refused,
-                 .reason = u"Pages are not there yet; try again in a moment."_s};
+                 .reason = LateEngineText::tr("Pages are not there yet; try again in a moment.")};
 }
 
 } // namespace quillon

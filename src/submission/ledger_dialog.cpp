@@ -2,6 +2,7 @@
 
 #include "ledger/ledger_editing.h"
 #include "platform/plain_text.h"
+#include "platform/translated_text.h"
 #include "store/storage_status.h"
 #include "widgets/announcement.h"
 #include "widgets/row_table.h"
@@ -29,8 +30,10 @@ namespace {
 constexpr QSize dialogSize(640, 420);
 
 /// In the order of ledger::State.
-constexpr std::array<QStringView, 5> stateTexts = {u"Sent", u"Listed", u"Refused", u"The site is gone",
-                                                   u"Mark removed"};
+constexpr std::array<QStringView, 5> stateTexts = {
+    QUILLON_TR_NOOP("LedgerDialog", "Sent"), QUILLON_TR_NOOP("LedgerDialog", "Listed"),
+    QUILLON_TR_NOOP("LedgerDialog", "Refused"), QUILLON_TR_NOOP("LedgerDialog", "The site is gone"),
+    QUILLON_TR_NOOP("LedgerDialog", "Mark removed")};
 constexpr qsizetype choosableStates = 4;
 
 QString outcomeOf(const Error &error)
@@ -43,7 +46,7 @@ void appendRow(QStandardItemModel &rows, const ledger::Entry &entry)
     QList<QStandardItem *> items;
     for (const QString &text :
          {QLocale().toString(QDateTime::fromMSecsSinceEpoch(entry.time), QLocale::ShortFormat), entry.version,
-          stateTexts[size_t(entry.state)].toString(), entry.address, entry.note}) {
+          translated("LedgerDialog", stateTexts[size_t(entry.state)]), entry.address, entry.note}) {
         auto *item = new QStandardItem(text);
         item->setToolTip(plainToolTip(text));
         items.append(item);
@@ -66,16 +69,16 @@ LedgerDialog::LedgerDialog(const QString &title, const QString &site, QWidget *p
     , m_ofTitle(title)
     , m_site(site)
     , m_state(new QComboBox)
-    , m_address(newField(u"ledgerAddress"_s, u"Address of the listing"_s))
-    , m_note(newField(u"ledgerNote"_s, u"Note"_s))
+    , m_address(newField(u"ledgerAddress"_s, tr("Address of the listing")))
+    , m_note(newField(u"ledgerNote"_s, tr("Note")))
     , m_outcome(new QLabel)
 {
     setObjectName(u"ledgerDialog"_s);
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowModality(Qt::WindowModal);
-    setWindowTitle(plainWindowTitle(u"%1 on %2"_s.arg(title, site)));
+    setWindowTitle(plainWindowTitle(tr("%1 on %2").arg(title, site)));
     m_state->setObjectName(u"ledgerState"_s);
-    m_state->setAccessibleName(u"State"_s);
+    m_state->setAccessibleName(tr("State"));
     for (qsizetype state = 0; state < choosableStates; ++state)
         m_state->addItem(stateTexts[size_t(state)].toString());
     m_outcome->setObjectName(u"ledgerOutcome"_s);
@@ -86,9 +89,9 @@ LedgerDialog::LedgerDialog(const QString &title, const QString &site, QWidget *p
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::close);
 
     auto *layout = new QFormLayout(this);
-    layout->addRow(u"S&tate:"_s, m_state);
-    layout->addRow(u"&Address:"_s, m_address);
-    layout->addRow(u"&Note:"_s, m_note);
+    layout->addRow(tr("S&tate:"), m_state);
+    layout->addRow(tr("&Address:"), m_address);
+    layout->addRow(tr("&Note:"), m_note);
     layout->addRow(newEntries());
     layout->addRow(m_outcome);
     layout->addRow(buttons);
@@ -98,9 +101,9 @@ LedgerDialog::LedgerDialog(const QString &title, const QString &site, QWidget *p
 
 QWidget *LedgerDialog::newEntries()
 {
-    QTableView *table = newRowTable(u"ledgerEntries"_s, u"What was noted before"_s, this);
+    QTableView *table = newRowTable(u"ledgerEntries"_s, tr("What was noted before"), this);
     auto *rows = new QStandardItemModel(table);
-    rows->setHorizontalHeaderLabels({u"When"_s, u"Version"_s, u"State"_s, u"Address"_s, u"Note"_s});
+    rows->setHorizontalHeaderLabels({tr("When"), tr("Version"), tr("State"), tr("Address"), tr("Note")});
     QList<ledger::Entry> entries;
     const auto all = ledger_editing::standingsOf(m_ofTitle, &entries);
     for (const ledger::Entry &entry : std::as_const(entries)) {
@@ -117,7 +120,7 @@ QWidget *LedgerDialog::newEntries()
     table->setModel(rows);
     table->resizeColumnsToContents();
     table->horizontalHeader()->setStretchLastSection(true);
-    return captioned(new QLabel(u"Noted &before:"_s), table);
+    return captioned(new QLabel(tr("Noted &before:")), table);
 }
 
 void LedgerDialog::store()

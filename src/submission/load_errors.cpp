@@ -16,6 +16,7 @@ struct LoadError
     QStringView sentence;
 };
 
+// Fixed English: what is found on a visit is kept in the journal, and scripts read it there.
 constexpr std::array<LoadError, 15> loadErrors = {{
     {u"net::ERR_NAME_NOT_RESOLVED", u"There is no server of this name."},
     {u"net::ERR_NAME_RESOLUTION_FAILED", u"The server's name could not be looked up."},

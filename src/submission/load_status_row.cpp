@@ -32,7 +32,7 @@ LoadStatusRow::LoadStatusRow(PageLoad &load, QWidget *parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_notice, 3);
     layout->addWidget(m_warning);
-    layout->addWidget(new QLabel(u"Load progress:"_s));
+    layout->addWidget(new QLabel(tr("Load progress:")));
     layout->addWidget(bar, 1);
     layout->addWidget(m_webViewLoadProgress);
 

@@ -30,7 +30,8 @@ MarkRow::MarkRow(SubmitControl &control, const CommandSet &commands, QWidget *pa
 
     QPushButton *mark = newActionButton(*commands.action(u"mark"_s), u"markSubmittedButton"_s, this);
     // Wide enough for the longer of the titles that it takes in turn.
-    mark->setMinimumWidth(mark->sizeHint().width() + fontMetrics().horizontalAdvance(u"Mark Re-Submitted"_s) -
+    mark->setMinimumWidth(mark->sizeHint().width() +
+                          fontMetrics().horizontalAdvance(tr("Mark Re-Submitted")) -
                           fontMetrics().horizontalAdvance(mark->text()));
     auto *row = new QHBoxLayout;
     row->addWidget(m_submittingToField, 1);

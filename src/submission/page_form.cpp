@@ -47,7 +47,7 @@ QString PageField::caption() const
         if (!(signs.*sign).isEmpty())
             return plainLine(signs.*sign, longestCaption);
     }
-    return u"(a field without a name)"_s;
+    return QCoreApplication::translate("FormMatching", "(a field without a name)");
 }
 
 std::optional<PageForm> pageForm(const QVariant &answer)

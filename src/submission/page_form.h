@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/translated_text.h"
+
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -32,13 +34,13 @@ struct SignKind
 };
 
 inline constexpr std::array<SignKind, 7> signKinds = {{
-    {u"label", &FieldSigns::label},
-    {u"name", &FieldSigns::name},
-    {u"id", &FieldSigns::id},
-    {u"autocomplete", &FieldSigns::autocomplete},
-    {u"placeholder", &FieldSigns::placeholder},
-    {u"around", &FieldSigns::around},
-    {u"group", &FieldSigns::group},
+    {QUILLON_TR_NOOP("FormMatching", "label"), &FieldSigns::label},
+    {QUILLON_TR_NOOP("FormMatching", "name"), &FieldSigns::name},
+    {QUILLON_TR_NOOP("FormMatching", "id"), &FieldSigns::id},
+    {QUILLON_TR_NOOP("FormMatching", "autocomplete"), &FieldSigns::autocomplete},
+    {QUILLON_TR_NOOP("FormMatching", "placeholder"), &FieldSigns::placeholder},
+    {QUILLON_TR_NOOP("FormMatching", "around"), &FieldSigns::around},
+    {QUILLON_TR_NOOP("FormMatching", "group"), &FieldSigns::group},
 }};
 
 /// A field of a page that is visible, empty and takes text or a choice.

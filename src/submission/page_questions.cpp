@@ -2,9 +2,20 @@
 
 #include "platform/alert_sheets.h"
 
+#include <QCoreApplication>
+
 using namespace Qt::StringLiterals;
 
 namespace quillon {
+
+namespace {
+
+class PageQuestionsText
+{
+    Q_DECLARE_TR_FUNCTIONS(PageQuestions)
+};
+
+} // namespace
 
 void PageQuestions::runJavaScriptConfirmPanel(const QString &message, BrowserDelegate::Confirmed confirmed)
 {
@@ -12,10 +23,10 @@ void PageQuestions::runJavaScriptConfirmPanel(const QString &message, BrowserDel
         confirmed(false);
         return;
     }
-    const Alert question{.message = u"JavaScript Confirm"_s,
+    const Alert question{.message = PageQuestionsText::tr("JavaScript Confirm"),
                          .informativeText = message.left(ScriptAlerts::longestMessage),
-                         .defaultButton = u"OK"_s,
-                         .alternateButton = u"Cancel"_s};
+                         .defaultButton = PageQuestionsText::tr("OK"),
+                         .alternateButton = PageQuestionsText::tr("Cancel")};
     m_alerts.show(SheetWindow::Submission, question, [confirmed = std::move(confirmed)](AlertAnswer answer) {
         confirmed(answer == AlertAnswer::Default);
     });
@@ -23,7 +34,8 @@ void PageQuestions::runJavaScriptConfirmPanel(const QString &message, BrowserDel
 
 void PageQuestions::runOpenPanelForFileButton(BrowserDelegate::FileChosen chosen)
 {
-    m_alerts.chooseFiles(SheetWindow::Submission, {.prompt = u"Choose"_s, .extension = {}},
+    m_alerts.chooseFiles(SheetWindow::Submission,
+                         {.prompt = PageQuestionsText::tr("Choose"), .extension = {}},
                          [chosen = std::move(chosen)](const QStringList &paths) {
                              if (!paths.isEmpty())
                                  chosen(paths.first());

@@ -39,15 +39,15 @@ PopUpWindow::PopUpWindow(BrowserEngine &engine)
 {
     m_events->setParent(&m_browser.widget()); // It may be told of something until then.
     setObjectName(u"popUpBrowserWindow"_s);
-    setWindowTitle(u"Window of the page"_s);
+    setWindowTitle(tr("Window of the page"));
     m_address->setObjectName(u"popUpAddress"_s);
     m_address->setTextFormat(Qt::PlainText);
     m_address->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_address->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
 
-    auto *close = new QPushButton(u"&Close"_s);
+    auto *close = new QPushButton(tr("&Close"));
     close->setObjectName(u"closePopUpWindowButton"_s);
-    close->setToolTip(u"Close this window (Ctrl+W)"_s);
+    close->setToolTip(tr("Close this window (Ctrl+W)"));
     auto *closeKey = new QAction(this);
     closeKey->setShortcut(QKeySequence::Close);
     addAction(closeKey);
@@ -129,7 +129,7 @@ void PopUpWindow::showTitle()
 {
     const QString host = m_browser.host();
     const QString title = plainLine(m_title, longestTitle);
-    setWindowTitle(host.isEmpty()    ? u"Window of the page"_s
+    setWindowTitle(host.isEmpty()    ? tr("Window of the page")
                    : title.isEmpty() ? host
                                      : plainWindowTitle(u"%1 – “%2”"_s.arg(host, title)));
 }

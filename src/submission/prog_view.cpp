@@ -26,7 +26,7 @@ QRectF line(const QRectF &outer)
 
 ProgView::ProgView(QWidget *parent) : QProgressBar(parent)
 {
-    setAccessibleName(u"Load progress"_s);
+    setAccessibleName(tr("Load progress"));
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setFixedHeight(load_progress::frameHeight);
     NotificationCenter &center = NotificationCenter::defaultCenter();

@@ -3,6 +3,8 @@
 #include "platform/dates.h"
 #include "platform/plain_text.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <array>
 
@@ -11,6 +13,11 @@ using namespace Qt::StringLiterals;
 namespace quillon {
 
 namespace {
+
+class ReadBackText
+{
+    Q_DECLARE_TR_FUNCTIONS(ReadBack)
+};
 
 constexpr qsizetype longestValueShown = 120; ///< UTF-16 units.
 
@@ -93,16 +100,17 @@ std::optional<FieldReading> fieldReading(const QVariant &answer)
 QString readBackNotice(const FieldReading &reading, const QString &text)
 {
     if (reading.isUnintelligible)
-        return u"The field does not understand what it was given."_s;
+        return ReadBackText::tr("The field does not understand what it was given.");
     if (isAsExpected(reading, text))
         return {};
     if (reading.after.isEmpty())
-        return u"The field has not taken the value: it is empty."_s;
+        return ReadBackText::tr("The field has not taken the value: it is empty.");
     if (const auto size = taken(reading, text))
-        return u"The field has taken %L1 of %L2 characters, and now holds “%3”."_s.arg(*size)
+        return ReadBackText::tr("The field has taken %L1 of %L2 characters, and now holds “%3”.")
+            .arg(*size)
             .arg(text.size())
             .arg(shown(reading.after));
-    return u"The field now holds “%1”."_s.arg(shown(reading.after));
+    return ReadBackText::tr("The field now holds “%1”.").arg(shown(reading.after));
 }
 
 } // namespace quillon

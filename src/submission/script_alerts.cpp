@@ -33,7 +33,7 @@ void ScriptAlerts::showNext()
     if (!m_showing)
         return;
     // The sheet may outlive the window's control.
-    m_alerts.show(SheetWindow::Submission, {u"JavaScript Alert"_s, m_waiting.takeFirst()},
+    m_alerts.show(SheetWindow::Submission, {tr("JavaScript Alert"), m_waiting.takeFirst()},
                   [self = QPointer(this)](AlertAnswer) {
                       if (self)
                           self->showNext();

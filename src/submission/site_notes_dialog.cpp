@@ -43,7 +43,7 @@ QCheckBox *newBox(const QString &name, const QString &text)
 QString foundLine(const KnownSite &known)
 {
     if (!known.found)
-        return u"Not visited by “Check Sites…” yet."_s;
+        return SiteNotesDialog::tr("Not visited by “Check Sites…” yet.");
     const QString time =
         QLocale().toString(QDateTime::fromMSecsSinceEpoch(known.found->time), QLocale::ShortFormat);
     return u"%1: %2. %3"_s.arg(time, QString(known.found->verdict).replace(u'-', u' '), known.found->detail);
@@ -70,24 +70,24 @@ SiteNotesDialog::SiteNotesDialog(const QString &site, QWidget *parent)
     , m_site(site)
     , m_found(newTextLabel(u"siteFound"_s))
     , m_note(new QLineEdit)
-    , m_needsAccount(newBox(u"siteNeedsAccount"_s, u"It wants an &account"_s))
-    , m_readsPad(newBox(u"siteReadsPad"_s, u"It &reads the PAD file by itself"_s))
-    , m_isGone(newBox(u"siteIsGone"_s, u"It is &gone, and left out of the tour"_s))
+    , m_needsAccount(newBox(u"siteNeedsAccount"_s, tr("It wants an &account")))
+    , m_readsPad(newBox(u"siteReadsPad"_s, tr("It &reads the PAD file by itself")))
+    , m_isGone(newBox(u"siteIsGone"_s, tr("It is &gone, and left out of the tour")))
     , m_outcome(newTextLabel(u"siteNotesOutcome"_s))
 {
     setObjectName(u"siteNotesDialog"_s);
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowModality(Qt::WindowModal);
-    setWindowTitle(plainWindowTitle(u"Notes on %1"_s.arg(site)));
+    setWindowTitle(plainWindowTitle(tr("Notes on %1").arg(site)));
     m_note->setObjectName(u"siteNote"_s);
-    m_note->setAccessibleName(u"Note"_s);
+    m_note->setAccessibleName(tr("Note"));
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Save | QDialogButtonBox::Cancel);
     m_save = buttons->button(QDialogButtonBox::Save);
     connect(buttons, &QDialogButtonBox::accepted, this, &SiteNotesDialog::store);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::close);
     auto *layout = new QFormLayout(this);
-    layout->addRow(u"Last visit:"_s, m_found);
-    layout->addRow(u"&Note:"_s, m_note);
+    layout->addRow(tr("Last visit:"), m_found);
+    layout->addRow(tr("&Note:"), m_note);
     for (QWidget *each : {static_cast<QWidget *>(m_needsAccount), static_cast<QWidget *>(m_readsPad),
                           static_cast<QWidget *>(m_isGone)})
         layout->addRow(QString(), each);

@@ -30,16 +30,16 @@ SitesDrawer::SitesDrawer(SubmitControl &control, QWidget *parent)
     , m_control(control)
     , m_sorted(new QSortFilterProxyModel(this))
     , m_filter(new QLineEdit)
-    , m_sitesTableView(newRowTable(u"sitesTableView"_s, u"Sites"_s, this))
+    , m_sitesTableView(newRowTable(u"sitesTableView"_s, tr("Sites"), this))
     , m_count(new QLabel)
 {
     setObjectName(u"sitesDrawer"_s);
     m_filter->setObjectName(u"sitesFilter"_s);
-    m_filter->setAccessibleName(u"Find a site"_s);
-    m_filter->setToolTip(u"Shows the sites of that name (Ctrl+F)"_s);
+    m_filter->setAccessibleName(tr("Find a site"));
+    m_filter->setToolTip(tr("Shows the sites of that name (Ctrl+F)"));
     m_filter->setClearButtonEnabled(true);
     m_filter->installEventFilter(this);
-    auto *caption = new QLabel(u"F&ind a site:"_s);
+    auto *caption = new QLabel(tr("F&ind a site:"));
     caption->setBuddy(m_filter);
     buildTable();
     m_count->setObjectName(u"sitesCount"_s);
@@ -131,8 +131,8 @@ void SitesDrawer::showCount()
     const auto submitted = sites.submittedToArraySTR().count(u"1"_s);
     m_count->setText(
         sites.submittedToArray().isEmpty()
-            ? u"%L1 sites"_s.arg(sites.allSitesArray().size())
-            : u"%L1 of %L2 sites submitted to"_s.arg(submitted).arg(sites.allSitesArray().size()));
+            ? tr("%Ln sites", nullptr, int(sites.allSitesArray().size()))
+            : tr("%L1 of %L2 sites submitted to").arg(submitted).arg(sites.allSitesArray().size()));
 }
 
 void SitesDrawer::focusTable()

@@ -8,6 +8,7 @@
 #include "store/storage_status.h"
 #include "store/summary_file.h"
 
+#include <QCoreApplication>
 #include <QStringList>
 
 #include <numeric>
@@ -17,6 +18,11 @@ using namespace Qt::StringLiterals;
 namespace quillon::submission_marks {
 
 namespace {
+
+class SubmissionMarksText
+{
+    Q_DECLARE_TR_FUNCTIONS(SubmissionMarks)
+};
 
 constexpr QStringView sitesTag = u"QN_SITES";
 constexpr QStringView versionsTag = u"QN_VERSION";
@@ -188,8 +194,9 @@ Result<> markSubmitted(const QString &site)
 {
     if (!canBeKept(site))
         return Error{.kind = Error::Kind::Refused,
-                     .reason =
-                         u"A mark for %1 cannot be kept: the name holds a comma or markup."_s.arg(site)};
+                     .reason = SubmissionMarksText::tr(
+                                   "A mark for %1 cannot be kept: the name holds a comma or markup.")
+                                   .arg(site)};
     return editSummary(withMark, site, true);
 }
 

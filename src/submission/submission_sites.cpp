@@ -65,13 +65,13 @@ bool SubmissionSites::isMarked() const
 void SubmissionSites::showSelected()
 {
     setMarkSubmittedButtonTitle(isMarked());
-    m_submittingToField = u"Submitting To "_s + m_selectedSite;
+    m_submittingToField = tr("Submitting To %1").arg(m_selectedSite);
     Q_EMIT textsChanged();
 }
 
 void SubmissionSites::setMarkSubmittedButtonTitle(bool isMarked)
 {
-    m_markSubmittedButtonTitle = isMarked ? u"Mark Re-Submitted"_s : u"Mark As Submitted"_s;
+    m_markSubmittedButtonTitle = isMarked ? tr("Mark Re-Submitted") : tr("Mark As Submitted");
     Q_EMIT textsChanged();
 }
 

@@ -2,6 +2,7 @@
 
 #include "controls/icon_cell.h"
 #include "platform/plain_text.h"
+#include "platform/translated_text.h"
 
 #include <array>
 #include <optional>
@@ -15,9 +16,12 @@ namespace {
 /// What a state's picture says in words.
 QString description(std::optional<SiteState> state)
 {
-    static constexpr std::array<QStringView, 3> words = {u"Not submitted", u"Submitted at an older version",
-                                                         u"Submitted at the current version"};
-    return state ? words[size_t(*state)].toString() : u"Not known"_s;
+    static constexpr std::array<QStringView, 3> words = {
+        QUILLON_TR_NOOP("SubmissionSitesTable", "Not submitted"),
+        QUILLON_TR_NOOP("SubmissionSitesTable", "Submitted at an older version"),
+        QUILLON_TR_NOOP("SubmissionSitesTable", "Submitted at the current version")};
+    return state ? translated("SubmissionSitesTable", words[size_t(*state)])
+                 : SubmissionSitesTable::tr("Not known");
 }
 
 } // namespace
@@ -74,7 +78,7 @@ QVariant SubmissionSitesTable::data(const QModelIndex &index, int role) const
 QVariant SubmissionSitesTable::headerData(int section, Qt::Orientation orientation, int role) const
 {
     if (orientation == Qt::Horizontal && role == Qt::DisplayRole && section >= 0 && section < ColumnCount)
-        return section == Sites ? u"Site"_s : u"Status"_s;
+        return section == Sites ? tr("Site") : tr("Status");
     return QAbstractTableModel::headerData(section, orientation, role);
 }
 

@@ -141,13 +141,14 @@ void SubmitControl::titleIsGone()
 QString SubmitControl::hindrance() const
 {
     if (!m_title)
-        return u"The title is no longer selected. To go on, close this window, select a title in the main "
-               "window and submit it."_s;
+        return tr("The title is no longer selected. To go on, close this window, select a title in the main "
+                  "window and submit it.");
     if (m_marksError)
-        return u"Nothing can be marked, because the marks that are there could not be read. "_s +
-               failureLine(*m_marksError);
+        return tr("Nothing can be marked, because the marks that are there could not be read. %1")
+            .arg(failureLine(*m_marksError));
     if (const auto error = m_fieldCopyPanel.readError())
-        return u"Nothing can be pasted, because the PAD file could not be read. "_s + failureLine(*error);
+        return tr("Nothing can be pasted, because the PAD file could not be read. %1")
+            .arg(failureLine(*error));
     return m_refusal;
 }
 
@@ -156,9 +157,9 @@ QString SubmitControl::whyNoPages() const
     if (!mwqnWOSi78tgsda || !m_title) // Of a title that is gone hindrance() tells.
         return {};
     if (ErrorTracking::returnErrorDictionary().valueOr({}).empty())
-        return u"Pages of sites are loaded once the title is submitted: press Submit in the main window."_s;
-    return u"Pages of sites are not loaded while errors are left in the title's PAD file.\n\n"
-           "Correct them in the editor, close this window and submit the title again."_s;
+        return tr("Pages of sites are loaded once the title is submitted: press Submit in the main window.");
+    return tr("Pages of sites are not loaded while errors are left in the title's PAD file.\n\n"
+              "Correct them in the editor, close this window and submit the title again.");
 }
 
 void SubmitControl::tableViewSelectionDidChange(int row)

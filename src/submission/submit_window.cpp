@@ -62,7 +62,7 @@ SubmitWindow::SubmitWindow(BrowserEngine &engine, AlertSheets &alerts, Desktop &
     m_events->setParent(&m_qnWebView.widget()); // It may be told of something until then.
     installAccessibleRoles();
     setObjectName(u"submitWindow"_s);
-    setWindowTitle(u"Submitting"_s);
+    setWindowTitle(tr("Submitting"));
     buildCommands();
     setCentralWidget(newContent());
     m_popUpBrowserWindow->bindTo(*m_control, m_qnWebView.widget(), *m_fieldCopyView);
@@ -86,7 +86,7 @@ QWidget *SubmitWindow::newContent()
     m_fieldCopyView = new FieldCopyView(m_control->fieldCopyPanel());
     m_statusRow = new LoadStatusRow(m_control->pageLoad());
     if (!sandboxWarning().isEmpty())
-        m_statusRow->showWarning(u"Pages run without a sandbox."_s);
+        m_statusRow->showWarning(tr("Pages run without a sandbox."));
     m_splitter = new QSplitter;
     m_splitter->setObjectName(u"submitSplitter"_s);
     m_splitter->setChildrenCollapsible(false);
@@ -205,23 +205,23 @@ void SubmitWindow::openDrawer(bool isOpen)
 void SubmitWindow::zoom(double factor)
 {
     m_qnWebView.setZoomFactor(factor);
-    m_statusRow->showNotice(u"Zoom: %L1 %"_s.arg(qRound(m_qnWebView.zoomFactor() * 100)));
+    m_statusRow->showNotice(tr("Zoom: %L1 %").arg(qRound(m_qnWebView.zoomFactor() * 100)));
     settings().setValue(zoomKey, m_qnWebView.zoomFactor());
 }
 
 void SubmitWindow::clearPagesData()
 {
-    const Alert question{.message = u"Do you want to clear what pages have stored?"_s,
+    const Alert question{.message = tr("Do you want to clear what pages have stored?"),
                          .informativeText =
-                             u"Sites forget who you are, and pages on show are loaded anew; what "
-                             "was filled in there is lost. Titles and marks stay."_s,
-                         .defaultButton = u"Clear"_s,
-                         .alternateButton = u"Cancel"_s};
+                             tr("Sites forget who you are, and pages on show are loaded anew; what "
+                                "was filled in there is lost. Titles and marks stay."),
+                         .defaultButton = tr("Clear"),
+                         .alternateButton = tr("Cancel")};
     m_alerts.show(SheetWindow::Submission, question, [self = QPointer(this)](AlertAnswer answer) {
         if (!self || answer != AlertAnswer::Default)
             return;
         const Result<> cleared = self->m_engine.clearStorage();
-        self->m_statusRow->showNotice(cleared ? u"What pages had stored is cleared."_s
+        self->m_statusRow->showNotice(cleared ? tr("What pages had stored is cleared.")
                                       : cleared.isError(Error::Kind::Refused) ? cleared.error().reason
                                                                               : failureLine(cleared.error()));
     });

@@ -4,6 +4,7 @@
 #include "platform/dates.h"
 #include "platform/text_decoding.h"
 #include "platform/tolerant_xml.h"
+#include "platform/translated_text.h"
 #include "submission/field_copy.h"
 
 #include <algorithm>
@@ -45,8 +46,10 @@ struct WholeName
 };
 
 constexpr std::array<WholeName, 2> wholeNames = {{
-    {u"authorName", u"Author Name", FieldId::authorFirstName, FieldId::authorLastName},
-    {u"contactName", u"Contact Name", FieldId::contactFirstName, FieldId::contactLastName},
+    {u"authorName", QUILLON_TR_NOOP("FieldCopy", "Author Name"), FieldId::authorFirstName,
+     FieldId::authorLastName},
+    {u"contactName", QUILLON_TR_NOOP("FieldCopy", "Contact Name"), FieldId::contactFirstName,
+     FieldId::contactLastName},
 }};
 
 Kind kindOf(FieldId field)
@@ -82,13 +85,13 @@ QList<TitleValue> titleValues(const QByteArray &pad)
     for (const FieldCopyButton &button : fieldCopyButtons) {
         const Kind kind = kindOf(button.field);
         values.append({.id = padField(button.field).control.toString(),
-                       .caption = button.caption.toString(),
+                       .caption = captionOf(button),
                        .kind = kind,
                        .text = kind == Kind::Date ? dateText(button.field, valueOf) : valueOf(button.field)});
     }
     for (const WholeName &name : wholeNames)
         values.append({.id = name.id.toString(),
-                       .caption = name.caption.toString(),
+                       .caption = translated("FieldCopy", name.caption),
                        .text = QString(valueOf(name.first) + u' ' + valueOf(name.last)).simplified()});
     return values;
 }

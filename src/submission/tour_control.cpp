@@ -41,7 +41,7 @@ void TourControl::refresh()
         if (tour)
             m_tour = *std::move(tour);
         else if (!tour.isError(Error::Kind::Missing))
-            m_line = u"What is to be brought up to date is not known. "_s + failureLine(tour.error());
+            m_line = tr("What is to be brought up to date is not known. %1").arg(failureLine(tour.error()));
     }
     if (isOffered())
         m_line = newLine();

@@ -62,7 +62,7 @@ void WebEngineBrowser::connectParts()
         m_watch.endProcess();
     });
     connect(&m_windows, &WebEngineWindows::refused, this,
-            [this] { Q_EMIT notice(u"The page wanted to open a window by itself; it was not opened."_s); });
+            [this] { Q_EMIT notice(tr("The page wanted to open a window by itself; it was not opened.")); });
 }
 
 void WebEngineBrowser::connectPage()
@@ -75,10 +75,10 @@ void WebEngineBrowser::connectPage()
     connect(m_page, &QWebEnginePage::windowCloseRequested, this, &WebEngineBrowser::closeRequested);
     connect(m_page, &QWebEnginePage::linkHovered, this, &WebEngineBrowser::showLink);
     connect(m_page, &WebEnginePage::fileRefused, this, [this](const QString &name) {
-        Q_EMIT notice(u"The page offers the file “%1”; files are not stored here."_s.arg(name));
+        Q_EMIT notice(tr("The page offers the file “%1”; files are not stored here.").arg(name));
     });
     connect(m_page, &WebEnginePage::navigationRefused, this, [this](const QUrl &url) {
-        Q_EMIT notice(u"Addresses of the kind “%1:” are not opened here."_s.arg(url.scheme()));
+        Q_EMIT notice(tr("Addresses of the kind “%1:” are not opened here.").arg(url.scheme()));
     });
 }
 

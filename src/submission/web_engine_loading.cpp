@@ -24,8 +24,8 @@ QString refusal(const QString &address)
 {
     const QString scheme = QUrl(address.trimmed()).scheme();
     if (scheme.isEmpty() || scheme.startsWith(u"http"))
-        return u"The address is not one of the web."_s;
-    return u"Addresses of the kind “%1:” are not opened here."_s.arg(scheme);
+        return WebEngineLoading::tr("The address is not one of the web.");
+    return WebEngineLoading::tr("Addresses of the kind “%1:” are not opened here.").arg(scheme);
 }
 
 /// @p text as the literal of a script.
@@ -204,7 +204,7 @@ void WebEngineLoading::failUnlessPageHasContent(int httpStatus)
         if (hasContent.toBool())
             end();
         else
-            fail(u"The server answered with status %1 and an empty page."_s.arg(httpStatus));
+            fail(tr("The server answered with status %1 and an empty page.").arg(httpStatus));
     });
 }
 
@@ -215,8 +215,8 @@ void WebEngineLoading::processEnded(QWebEnginePage::RenderProcessTerminationStat
     Q_EMIT documentGoes();
     failLater(
         std::exchange(m_isEnding, false)
-            ? u"The page was ended, because it did not answer. Reload the page to try again."_s
-            : u"The process that shows the page has ended unexpectedly. Reload the page to try again."_s);
+            ? tr("The page was ended, because it did not answer. Reload the page to try again.")
+            : tr("The process that shows the page has ended unexpectedly. Reload the page to try again."));
 }
 
 void WebEngineLoading::addressChanged(const QUrl &url)

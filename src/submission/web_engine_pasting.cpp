@@ -1,5 +1,6 @@
 #include "submission/web_engine_pasting.h"
 
+#include "platform/translated_text.h"
 #include "platform/web_address.h"
 #include "submission/read_back.h"
 #include "submission/web_engine_page.h"
@@ -38,13 +39,24 @@ const QString readBack = u"globalThis.quillonPasted?.() ?? null"_s;
 /// When a field is read: many pages change what was put into one a moment later.
 constexpr std::array<std::chrono::milliseconds, 2> looks{50ms, 400ms};
 
-const QString noField = u"Nothing was pasted: click a field of the page first."_s;
-const QString lockedField = u"Nothing was pasted: the field cannot be changed, it is read-only."_s;
-const QString otherClipboard = u"Nothing was pasted: the clipboard holds something else by now."_s;
-const QString foreignFrame = u"Nothing was pasted: a part of the page that comes from “%1” has taken the "
-                             "focus. Click the field that you mean."_s;
-const QString noAnswer = u"Nothing was pasted: the page did not answer."_s;
-const QString pageLeft = u"Nothing was pasted: the page was left before it took the value."_s;
+constexpr QStringView noField =
+    QUILLON_TR_NOOP("WebEnginePasting", "Nothing was pasted: click a field of the page first.");
+constexpr QStringView lockedField =
+    QUILLON_TR_NOOP("WebEnginePasting", "Nothing was pasted: the field cannot be changed, it is read-only.");
+constexpr QStringView otherClipboard =
+    QUILLON_TR_NOOP("WebEnginePasting", "Nothing was pasted: the clipboard holds something else by now.");
+constexpr QStringView foreignFrame = QUILLON_TR_NOOP(
+    "WebEnginePasting", "Nothing was pasted: a part of the page that comes from “%1” has taken the "
+                        "focus. Click the field that you mean.");
+constexpr QStringView noAnswer =
+    QUILLON_TR_NOOP("WebEnginePasting", "Nothing was pasted: the page did not answer.");
+constexpr QStringView pageLeft =
+    QUILLON_TR_NOOP("WebEnginePasting", "Nothing was pasted: the page was left before it took the value.");
+
+QString told(QStringView notice)
+{
+    return translated("WebEnginePasting", notice);
+}
 
 bool isSameOrigin(const QUrl &one, const QUrl &other)
 {
@@ -92,7 +104,7 @@ void WebEnginePasting::documentGoes()
     expire();
     ++m_reading;
     if (wasPasting)
-        Q_EMIT notice(pageLeft);
+        Q_EMIT notice(told(pageLeft));
 }
 
 void WebEnginePasting::documentCame()
@@ -149,7 +161,7 @@ void WebEnginePasting::awaitAnswer()
 void WebEnginePasting::pageAnswered()
 {
     if (m_state == State::Told) {
-        m_outcome = noField;
+        m_outcome = told(noField);
         finish();
     } else if (m_state == State::Expired) {
         becomeIdle();
@@ -169,7 +181,7 @@ void WebEnginePasting::becomeIdle()
 void WebEnginePasting::giveUp()
 {
     expire();
-    Q_EMIT notice(noAnswer);
+    Q_EMIT notice(told(noAnswer));
 }
 
 void WebEnginePasting::expire()
@@ -197,7 +209,7 @@ bool WebEnginePasting::mayPaste(const PastePlace &place)
         m_outcome = obstacle(place);
         m_isAllowed = m_outcome.isEmpty();
         if (m_isAllowed && place.kind != PastePlace::Kind::Text)
-            m_outcome = place.kind == PastePlace::Kind::Locked ? lockedField : noField;
+            m_outcome = place.kind == PastePlace::Kind::Locked ? told(lockedField) : told(noField);
         return m_isAllowed;
     case State::Asked:
         return m_isAllowed;
@@ -214,7 +226,7 @@ bool WebEnginePasting::mayInsert()
         return true;
     if (m_isAllowed && !clipboardHoldsText()) {
         m_isAllowed = false;
-        m_outcome = otherClipboard;
+        m_outcome = told(otherClipboard);
     }
     return m_isAllowed;
 }
@@ -270,10 +282,10 @@ bool WebEnginePasting::isForeign(const PastePlace &place) const
 QString WebEnginePasting::obstacle(const PastePlace &place) const
 {
     if (!clipboardHoldsText())
-        return otherClipboard;
+        return told(otherClipboard);
     const bool wasPressed = place.lastPress > 0 && place.lastPress >= m_lastPress;
     if (isForeign(place) && !wasPressed)
-        return foreignFrame.arg(unmistakableHost(place.origin));
+        return told(foreignFrame).arg(unmistakableHost(place.origin));
     return {};
 }
 

@@ -68,7 +68,7 @@ Result<> WebEngineStorage::removeOthers() const
             continue;
         const bool isFolder = entry.isDir() && !entry.isSymLink();
         if (!(isFolder ? QDir(name).removeRecursively() : QFile::remove(name)))
-            removed = Error{.path = name, .reason = u"Not all that pages have stored could be removed."_s};
+            removed = Error{.path = name, .reason = tr("Not all that pages have stored could be removed.")};
     }
     return removed;
 }
@@ -88,8 +88,9 @@ void WebEngineStorage::look()
 {
     if (sizeOf(path()) > limit)
         (void)clear(
-            u"Pages had stored more than %1 MB on this computer. All that they had stored was cleared, "
-            "logins included."_s.arg(limit / 1'000'000));
+            tr("Pages had stored more than %1 MB on this computer. All that they had stored was cleared, "
+               "logins included.")
+                .arg(limit / 1'000'000));
 }
 
 } // namespace quillon

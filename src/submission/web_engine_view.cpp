@@ -39,7 +39,7 @@ WebEngineView::WebEngineView(QWidget *parent) : QWebEngineView(parent)
     // Each renderer brings a widget of its own, which screen readers meet when the focus comes to it.
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) {
         if (now && isAncestorOf(now))
-            now->setAccessibleName(u"Page"_s);
+            now->setAccessibleName(tr("Page"));
     });
 }
 

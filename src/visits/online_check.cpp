@@ -92,8 +92,8 @@ bool OnlineCheck::isDone() const
 QString OnlineCheck::progress() const
 {
     const auto done = std::ranges::count_if(m_rows, &Row::isDone);
-    const QString sum = u"%L1 of %L2 visited"_s.arg(done).arg(m_rows.size());
-    return isRunning() ? u"%1; now %2"_s.arg(sum, m_rows[m_current].what) : sum;
+    const QString sum = tr("%L1 of %L2 visited").arg(done).arg(m_rows.size());
+    return isRunning() ? tr("%L1; now %L2").arg(sum, m_rows[m_current].what) : sum;
 }
 
 int OnlineCheck::rowCount(const QModelIndex &parent) const
@@ -129,7 +129,7 @@ QVariant OnlineCheck::data(const QModelIndex &index, int role) const
 
 QVariant OnlineCheck::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    static const QStringList titles = {u"What"_s, u"Found"_s, u"Detail"_s, u"Time"_s};
+    static const QStringList titles = {tr("What"), tr("Found"), tr("Detail"), tr("Time")};
     return orientation == Qt::Horizontal && role == Qt::DisplayRole ? QVariant(titles.value(section))
                                                                     : QVariant();
 }

@@ -30,8 +30,8 @@ OnlineCheckWindow::OnlineCheckWindow(std::unique_ptr<OnlineCheck> check, const Q
     : QDialog(parent)
     , m_check(std::move(check))
     , m_progress(new QLabel)
-    , m_start(new QPushButton(u"&Visit Now"_s))
-    , m_cancel(new QPushButton(u"&Break Off"_s))
+    , m_start(new QPushButton(tr("&Visit Now")))
+    , m_cancel(new QPushButton(tr("&Break Off")))
 {
     setObjectName(u"onlineCheckWindow"_s);
     setAttribute(Qt::WA_DeleteOnClose);
@@ -67,10 +67,10 @@ QLayout *OnlineCheckWindow::newBottomRow()
     m_progress->setObjectName(u"onlineCheckProgress"_s);
     m_progress->setTextFormat(Qt::PlainText);
     m_start->setObjectName(u"visitNowButton"_s);
-    m_start->setToolTip(u"Visit the addresses that have not been visited yet, one after the other"_s);
+    m_start->setToolTip(tr("Visit the addresses that have not been visited yet, one after the other"));
     m_cancel->setObjectName(u"breakOffButton"_s);
-    m_cancel->setToolTip(u"Visit no more addresses; what was found stays"_s);
-    auto *close = new QPushButton(u"&Close"_s);
+    m_cancel->setToolTip(tr("Visit no more addresses; what was found stays"));
+    auto *close = new QPushButton(tr("&Close"));
     close->setObjectName(u"closeButton"_s);
     auto *row = new QHBoxLayout;
     row->addWidget(m_progress, 1);

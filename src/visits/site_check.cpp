@@ -26,7 +26,7 @@ Result<QList<OnlineCheck::Row>> SiteCheck::usedSites()
         Row row{.what = site, .request = {.address = url->second}};
         if (isSearchFor(site, url->second)) {
             row.result = title(VisitVerdict::CannotSay);
-            row.detail = u"The address is a search for the site. It is not visited."_s;
+            row.detail = tr("The address is a search for the site. It is not visited.");
         }
         rows.append(row);
     }

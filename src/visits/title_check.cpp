@@ -31,50 +31,56 @@ constexpr CheckedField checkedFields[] = {
 
 constexpr QSize iconSize(32, 32);
 
-const QString asStated = u"as stated"_s;
+const QString asStated = TitleCheck::tr("as stated");
 const QString differs = u"differs"_s;
 
 QString pixels(const QSize &size)
 {
-    return u"%1 × %2 pixels"_s.arg(size.width()).arg(size.height());
+    return TitleCheck::tr("%1 × %2 pixels").arg(size.width()).arg(size.height());
 }
 
 OnlineFinding ofDownload(const Stated &stated, const Visit &visit)
 {
     if (!visit.isFile)
-        return {differs, u"There is no file, but something that browsers show: %1."_s.arg(visit.contentType)};
+        return {
+            differs,
+            TitleCheck::tr("There is no file, but something that browsers show: %1.").arg(visit.contentType)};
     if (!visit.fileSize || stated.size < 0)
-        return {title(VisitVerdict::Reachable),
-                visit.fileSize ? u"The title states no size."_s : u"The server does not tell the size."_s};
+        return {title(VisitVerdict::Reachable), visit.fileSize
+                                                    ? TitleCheck::tr("The title states no size.")
+                                                    : TitleCheck::tr("The server does not tell the size.")};
     if (*visit.fileSize == stated.size)
-        return {asStated, u"The file has %1 bytes, as stated."_s.arg(stated.size)};
-    return {differs,
-            u"The file has %1 bytes, and the title states %2."_s.arg(*visit.fileSize).arg(stated.size)};
+        return {asStated, TitleCheck::tr("The file has %1 bytes, as stated.").arg(stated.size)};
+    return {differs, TitleCheck::tr("The file has %1 bytes, and the title states %2.")
+                         .arg(*visit.fileSize)
+                         .arg(stated.size)};
 }
 
 OnlineFinding ofPicture(Expected expected, const Visit &visit)
 {
     if (!visit.pictureSize.isValid() || visit.pictureSize.isEmpty())
-        return {differs, u"There is no picture, but %1."_s.arg(visit.contentType)};
+        return {differs, TitleCheck::tr("There is no picture, but %1.").arg(visit.contentType)};
     if (expected == Expected::Icon && visit.pictureSize != iconSize)
-        return {differs,
-                u"The picture has %1, and icons have %2."_s.arg(pixels(visit.pictureSize), pixels(iconSize))};
-    return {asStated, u"A picture of %1."_s.arg(pixels(visit.pictureSize))};
+        return {differs, TitleCheck::tr("The picture has %1, and icons have %2.")
+                             .arg(pixels(visit.pictureSize), pixels(iconSize))};
+    return {asStated, TitleCheck::tr("A picture of %1.").arg(pixels(visit.pictureSize))};
 }
 
 OnlineFinding ofPadFile(const Stated &stated, const Visit &visit)
 {
     if (!visit.text)
-        return {title(VisitVerdict::CannotSay), u"The file could not be read."_s};
+        return {title(VisitVerdict::CannotSay), TitleCheck::tr("The file could not be read.")};
     if (*visit.text == stated.pad)
-        return {asStated, u"The file is the same as yours."_s};
+        return {asStated, TitleCheck::tr("The file is the same as yours.")};
     const PadDocument hosted(*visit.text);
     if (!hosted.holds(padField(FieldId::programName)))
-        return {differs, u"What is there is no PAD file."_s};
+        return {differs, TitleCheck::tr("What is there is no PAD file.")};
     const QList<FieldId> fields = changed_fields::between(*visit.text, stated.pad);
     if (fields.isEmpty())
-        return {asStated, u"The file is written otherwise than yours; every field is the same."_s};
-    return {differs, u"Other than in yours: %1."_s.arg(changed_fields::names(fields).join(u", "_s))};
+        return {asStated,
+                TitleCheck::tr("The file is written otherwise than yours; every field is the same.")};
+    return {differs,
+            TitleCheck::tr("Other than in yours: %1.").arg(changed_fields::names(fields).join(u", "_s))};
 }
 
 OnlineFinding ofContent(Expected expected, const Stated &stated, const Visit &visit)
@@ -105,7 +111,7 @@ OnlineFinding onlineFinding(Expected expected, const Stated &stated, const QStri
     if (finding.detail.isEmpty())
         finding.detail = judgement.detail;
     else if (isMoved)
-        finding.detail += u" It lies at %1."_s.arg(judgement.detail);
+        finding.detail += u' ' + TitleCheck::tr("It lies at %1.").arg(judgement.detail);
     return finding;
 }
 

@@ -1,5 +1,6 @@
 #include "visits/visit_verdict.h"
 
+#include "platform/translated_text.h"
 #include "platform/web_address.h"
 #include "submission/load_errors.h"
 
@@ -16,6 +17,10 @@ using Verdict = VisitVerdict;
 
 constexpr std::array<QStringView, 4> names = {u"reachable", u"moved", u"gone", u"cannot-say"};
 
+constexpr std::array<QStringView, 4> titles = {
+    QUILLON_TR_NOOP("VisitVerdict", "reachable"), QUILLON_TR_NOOP("VisitVerdict", "moved"),
+    QUILLON_TR_NOOP("VisitVerdict", "gone"), QUILLON_TR_NOOP("VisitVerdict", "cannot say")};
+
 constexpr QStringView nameUnknown = u"net::ERR_NAME_NOT_RESOLVED";
 
 /// What the statuses of a range, both ends included, mean. The first row that fits counts.
@@ -27,6 +32,7 @@ struct StatusRule
     QStringView detail;
 };
 
+// Fixed English: the details are kept in the journal, and scripts read them there.
 constexpr StatusRule statusRules[] = {
     {200, 299, Verdict::Reachable, u"The page is there."},
     {404, 404, Verdict::Gone, u"The server knows no such page."},
@@ -69,7 +75,7 @@ QString name(VisitVerdict verdict)
 
 QString title(VisitVerdict verdict)
 {
-    return name(verdict).replace(u'-', u' ');
+    return translated("VisitVerdict", titles[size_t(verdict)]);
 }
 
 VisitJudgement judged(const QString &asked, const Visit &visit)
@@ -82,7 +88,7 @@ VisitJudgement judged(const QString &asked, const Visit &visit)
     if (judgement.verdict == Verdict::Reachable && place(reached) != place(QUrl::fromUserInput(asked)))
         return {Verdict::Moved, unmistakableAddress(reached)};
     if (judgement.verdict == Verdict::Reachable)
-        judgement.detail = visit.isFile ? u"A file is there."_s : u"The page is there."_s;
+        judgement.detail = fixedEnglish(visit.isFile ? u"A file is there." : u"The page is there.");
     return judgement;
 }
 
