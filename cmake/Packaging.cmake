@@ -55,6 +55,10 @@ if(QUILLON_BUILD_GUI)
         COMMAND ${CMAKE_COMMAND} -E touch ${made}/icons.stamp
         DEPENDS quillon-icon-maker ${icon}
         VERBATIM)
+    # script/pictures builds it, and nothing else needs it.
+    add_executable(quillon-picture-maker EXCLUDE_FROM_ALL ${packaging}/pictures/picture_maker.cpp)
+    target_link_libraries(quillon-picture-maker PRIVATE quillon_gui quillon_icons Qt6::Network)
+    add_dependencies(quillon-picture-maker quillon_browser)
     set(metainfo example.quillon.Quillon.metainfo.xml)
     set(metainfo_sources ${packaging}/make_metainfo ${packaging}/quillon.metainfo.xml ${PROJECT_SOURCE_DIR}/CHANGELOG.md)
     add_custom_command(

@@ -66,12 +66,26 @@ QString plain(QString text)
     return text.remove(u'&').toHtmlEscaped();
 }
 
+QString keys(const QAction &action)
+{
+    QStringList all;
+    for (const QKeySequence &each : action.shortcuts())
+        all.append(plain(each.toString()));
+    return all.join(u", "_s);
+}
+
+/// What the tool tip says beside the command's name and its first key.
+QString more(const QAction &action)
+{
+    const QString key = u" (%1)"_s.arg(action.shortcut().toString(QKeySequence::NativeText));
+    const QString tip = plain(action.toolTip().remove(key));
+    return tip == plain(action.text()) || tip == plain(action.iconText()) ? QString() : tip;
+}
+
 QString row(const QAction &action)
 {
-    const QString name = plain(action.text());
-    const QString more = plain(action.toolTip());
-    return u"<tr><td>%1</td><td>%2</td><td>%3</td></tr>\n"_s.arg(
-        name, plain(action.shortcut().toString()), more == plain(action.iconText()) ? QString() : more);
+    return u"<tr><td>%1</td><td>%2</td><td>%3</td></tr>\n"_s.arg(plain(action.text()), keys(action),
+                                                                 more(action));
 }
 
 } // namespace
@@ -81,13 +95,13 @@ Result<QString> ofProgram(const QString &program)
     return withCommands(program, {});
 }
 
-QString ofMenus(const QMenuBar &bar)
+QString ofMenus(const QString &window, const QMenuBar &bar)
 {
     QString text;
     for (const QAction *menu : bar.actions()) {
         if (!menu->menu())
             continue;
-        text += u"<h3 id=\"menu-%1\">%1</h3>\n<table>\n"_s.arg(plain(menu->text()));
+        text += u"<h3 id=\"%1-%2\">%2</h3>\n<table>\n"_s.arg(window, plain(menu->text()));
         for (const QAction *action : menu->menu()->actions()) {
             if (!action->isSeparator())
                 text += row(*action);

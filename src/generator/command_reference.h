@@ -12,7 +12,7 @@ namespace quillon::command_reference {
 /// What @p program tells with --help, and each of its commands, and theirs; an error when it fails.
 Result<QString> ofProgram(const QString &program);
 
-/// The commands of a window by its menus, with their keys.
-QString ofMenus(const QMenuBar &bar);
+/// The commands of a window by its menus, with their keys. The headings' ids begin with @p window.
+QString ofMenus(const QString &window, const QMenuBar &bar);
 
 } // namespace quillon::command_reference

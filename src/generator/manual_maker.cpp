@@ -3,6 +3,8 @@
 #include "platform/settings.h"
 #include "shell/workbench.h"
 #include "store/process_state.h"
+#include "submission/late_engine.h"
+#include "submission/submit_window.h"
 
 #include <QApplication>
 #include <QDir>
@@ -31,13 +33,33 @@ struct Part
     std::function<Result<QString>()> make;
 };
 
+/// The program with no titles, for as long as this lives.
+struct EmptyHome
+{
+    EmptyHome()
+    {
+        setSettingsHome(folder.path());
+        setDataFolder(folder.path());
+    }
+    const QTemporaryDir folder;
+};
+
 QString mainMenus()
 {
-    const QTemporaryDir home;
-    setSettingsHome(home.path());
-    setDataFolder(home.path());
+    const EmptyHome home;
     Workbench workbench;
-    return command_reference::ofMenus(*workbench.window().menuBar());
+    return command_reference::ofMenus(u"main"_s, *workbench.window().menuBar());
+}
+
+QString submissionMenus()
+{
+    const EmptyHome home;
+    MessageBoxSheets alerts;
+    QtDesktop desktop;
+    TimedCalls delayedCalls;
+    LateEngine engine; // None comes: menus need no page.
+    SubmitWindow window(engine, alerts, desktop, delayedCalls);
+    return command_reference::ofMenus(u"submission"_s, *window.menuBar());
 }
 
 Result<QString> filledIn(QString page, const QList<Part> &parts)
@@ -93,7 +115,8 @@ int main(int argc, char *argv[])
         {u"fields"_s, [] { return fieldReference(); }},
         {u"findings"_s, [] { return findingReference(); }},
         {u"packs"_s, [] { return packReference(); }},
-        {u"menus"_s, [] { return mainMenus(); }},
+        {u"main-menus"_s, [] { return mainMenus(); }},
+        {u"submission-menus"_s, [] { return submissionMenus(); }},
         {u"quillon-cli"_s, [&] { return command_reference::ofProgram(arguments[3]); }},
         {u"quillon"_s, [&] { return command_reference::ofProgram(arguments[4]); }},
     };

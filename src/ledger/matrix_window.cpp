@@ -164,6 +164,7 @@ QWidget *MatrixWindow::newTable()
     sites->setDefaultSectionSize(cellWidth * digit);
     sites->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     sites->setSectionsClickable(true);
+    sites->setTextElideMode(Qt::ElideRight);
     connect(sites, &QHeaderView::sectionClicked, this, &MatrixWindow::showSort);
     connect(m_table, &QTableView::activated, this, &MatrixWindow::choose);
     connect(m_table, &QTableView::clicked, this, [this](const QModelIndex &index) {

@@ -157,6 +157,13 @@ Result<> ManualPages::readPage(const QString &folder, ManualPage &page)
     return {};
 }
 
+QString ManualPages::placeOf(const ManualSection &section) const
+{
+    const auto page = std::ranges::find(m_pages, section.file, &ManualPage::file);
+    const bool isTitle = page == m_pages.end() || page->title == section.heading;
+    return isTitle ? section.heading : section.heading + u" – " + page->title;
+}
+
 QList<ManualHit> ManualPages::find(const QString &words) const
 {
     const QStringList all = words.split(u' ', Qt::SkipEmptyParts);
@@ -188,11 +195,24 @@ QUrl address(const QString &page)
     return url;
 }
 
+namespace {
+
+bool isFileIn(const QString &folder, QStringView ending, const QUrl &address)
+{
+    return address.isLocalFile() && address.path().endsWith(ending) &&
+           QDir::cleanPath(address.adjusted(QUrl::RemoveFilename).toLocalFile()) == folder;
+}
+
+} // namespace
+
 bool isPage(const QUrl &address)
 {
-    if (!address.isLocalFile() || !address.path().endsWith(u".html"))
-        return false;
-    return QDir::cleanPath(address.adjusted(QUrl::RemoveFilename).toLocalFile()) == folder();
+    return isFileIn(folder(), u".html", address);
+}
+
+bool isPicture(const QUrl &address)
+{
+    return isFileIn(folder() + u"/images", u".png", address);
 }
 
 } // namespace manual

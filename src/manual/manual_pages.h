@@ -44,6 +44,9 @@ public:
     [[nodiscard]] const QList<ManualPage> &pages() const { return m_pages; }
     [[nodiscard]] const QList<ManualSection> &sections() const { return m_sections; }
 
+    /// The heading of @p section, and the page's title where that is another.
+    [[nodiscard]] QString placeOf(const ManualSection &section) const;
+
     /// The sections that hold each of @p words, whatever its case; those first that hold all in the heading.
     [[nodiscard]] QList<ManualHit> find(const QString &words) const;
 
@@ -66,6 +69,9 @@ QUrl address(const QString &page);
 
 /// Whether @p address is that of a page of the manual.
 bool isPage(const QUrl &address);
+
+/// Whether @p address is that of a picture on such a page.
+bool isPicture(const QUrl &address);
 
 } // namespace manual
 

@@ -6,6 +6,8 @@
 #include "store/process_state.h"
 
 #include <QEvent>
+#include <QResizeEvent>
+#include <QtMath>
 
 using namespace Qt::StringLiterals;
 
@@ -45,8 +47,13 @@ FindingsPane::FindingsPane(const Editor &editor, QWidget *parent) : QTextEdit(pa
     static constexpr int fewestLines = 2; // More would make the window too high for a small screen.
     static constexpr int mostLines = 6;
     setMinimumHeight(fewestLines * fontMetrics().lineSpacing());
-    setMaximumHeight(mostLines * fontMetrics().lineSpacing());
+    setMaximumHeight(mostLines * fontMetrics().lineSpacing() + 2 * int(document()->documentMargin()));
     hide();
+}
+
+QSize FindingsPane::sizeHint() const
+{
+    return {QTextEdit::sizeHint().width(), qCeil(document()->size().height())};
 }
 
 void FindingsPane::explain(const QString &key, const StringDictionary &errors)
@@ -73,7 +80,15 @@ void FindingsPane::showFindings()
             html += paragraph(failure, muted);
     }
     setHtml(html);
+    updateGeometry();
     setVisible(!html.isEmpty());
+}
+
+void FindingsPane::resizeEvent(QResizeEvent *event)
+{
+    QTextEdit::resizeEvent(event);
+    if (event->size().width() != event->oldSize().width())
+        updateGeometry(); // Its lines break elsewhere.
 }
 
 void FindingsPane::changeEvent(QEvent *event)

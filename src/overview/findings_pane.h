@@ -20,8 +20,12 @@ public:
     /// Explains the message of @p errors that is recorded under the field @p key.
     void explain(const QString &key, const StringDictionary &errors);
 
+    /// As high as its text.
+    [[nodiscard]] QSize sizeHint() const override;
+
 protected:
     void changeEvent(QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
     void showFindings();

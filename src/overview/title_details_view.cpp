@@ -38,6 +38,7 @@ TitleDetailsView::TitleDetailsView(OverviewController &overview, const Editor &e
     , m_editor(editor)
     , m_submittedToTableView(newIconRowTable(u"submittedToTableView"_s, tr("Submitted to"), this))
     , m_validationErrorsView(new QListWidget(this))
+    , m_marksCaption(new QLabel(tr("&Submitted to"), this))
     , m_errorsCaption(new QLabel(this))
 {
     setObjectName(u"detailsSplitter"_s);
@@ -67,7 +68,7 @@ void TitleDetailsView::buildMarks()
         m_submittedToTableView->clearSelection();
         explain();
     });
-    addWidget(captioned(new QLabel(tr("&Submitted to")), m_submittedToTableView));
+    addWidget(captioned(m_marksCaption, m_submittedToTableView));
 }
 
 void TitleDetailsView::buildErrors(const CommandSet &commands)
@@ -83,8 +84,11 @@ void TitleDetailsView::buildErrors(const CommandSet &commands)
     auto *column = static_cast<QVBoxLayout *>(errors->layout());
     auto *head = new QHBoxLayout;
     head->addWidget(m_errorsCaption, 1);
-    head->addWidget(newActionButton(*commands.action(u"fix"_s), u"fixButton"_s, errors));
+    QWidget *fix = newActionButton(*commands.action(u"fix"_s), u"fixButton"_s, errors);
+    head->addWidget(fix);
     column->insertLayout(0, head);
+    column->setStretchFactor(m_validationErrorsView, 1);
+    m_marksCaption->setMinimumHeight(fix->sizeHint().height()); // Both lists begin at one height.
     addWidget(errors);
 }
 

@@ -47,6 +47,7 @@ private:
     const Editor &m_editor;
     QTableView *m_submittedToTableView;
     QListWidget *m_validationErrorsView;
+    QLabel *m_marksCaption;
     QLabel *m_errorsCaption;
     FindingsPane *m_findings = nullptr; ///< Made with the first title.
 };

@@ -4,10 +4,28 @@
 #include "platform/desktop.h"
 
 #include <QFile>
+#include <QImage>
 
 using namespace Qt::StringLiterals;
 
 namespace quillon {
+
+namespace {
+
+constexpr double pictureWidth = 640; ///< Of what is wider: so that it fits beside the list.
+
+/// @p picture no wider than that on a screen of @p ratio pixels to a point.
+QImage fitted(const QImage &picture, double ratio)
+{
+    if (picture.width() <= pictureWidth)
+        return picture;
+    const int width = qMin(picture.width(), qRound(pictureWidth * ratio));
+    QImage smaller = picture.scaledToWidth(width, Qt::SmoothTransformation);
+    smaller.setDevicePixelRatio(width / pictureWidth);
+    return smaller;
+}
+
+} // namespace
 
 ManualBrowser::ManualBrowser(Desktop &desktop, QWidget *parent) : WithFocusFrame(parent), m_desktop(desktop)
 {
@@ -29,6 +47,8 @@ void ManualBrowser::follow(const QUrl &link)
 QVariant ManualBrowser::loadResource(int type, const QUrl &name)
 {
     QFile file(name.toLocalFile());
+    if (type == QTextDocument::ImageResource && manual::isPicture(name))
+        return fitted(QImage(file.fileName()), devicePixelRatioF());
     if (type != QTextDocument::HtmlResource || !manual::isPage(name) || !file.open(QIODevice::ReadOnly))
         return {};
     return QString::fromUtf8(file.readAll());

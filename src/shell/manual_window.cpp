@@ -181,6 +181,9 @@ void ManualWindow::showList()
     const QString words = m_search->text().simplified();
     const QSignalBlocker quiet(m_list); // Nothing has been chosen yet.
     m_list->clear();
+    m_list->setRootIsDecorated(words.isEmpty());
+    m_list->setWordWrap(words.isEmpty()); // A hit is two lines: where it is, and some of what stands there.
+    m_list->setAlternatingRowColors(!words.isEmpty());
     if (words.isEmpty())
         showContents();
     else
@@ -209,7 +212,7 @@ void ManualWindow::showHits(const QString &words)
     for (const ManualHit &hit : hits) {
         const ManualSection &section = hit.section;
         m_list->addTopLevelItem(
-            newItem(section.heading + u'\n' + hit.excerpt,
+            newItem(m_manual.placeOf(section) + u'\n' + hit.excerpt,
                     section.anchor.isEmpty() ? section.file : section.file + u'#' + section.anchor));
     }
     if (hits.isEmpty())

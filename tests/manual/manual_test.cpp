@@ -32,7 +32,9 @@ bool leadsSomewhere(const QString &link, const QString &from)
 TEST(ManualTest, EveryPageIsInTheContentsAndEveryLinkLeadsSomewhere)
 {
     static const QRegularExpression href(u"href=\"([^\"]*)\""_s);
-    QStringList listed = {u"index.html"_s, u"manual.css"_s};
+    static const QRegularExpression source(u"<img src=\"([^\"]*)\" alt=\"[^\"]"_s);
+    QStringList pictures;
+    QStringList listed = {u"images"_s, u"index.html"_s, u"manual.css"_s};
     const ManualPages pages = installed();
     for (const ManualPage &page : pages.pages()) {
         EXPECT_FALSE(page.title.isEmpty() || page.group.isEmpty()) << page.file;
@@ -47,7 +49,12 @@ TEST(ManualTest, EveryPageIsInTheContentsAndEveryLinkLeadsSomewhere)
             const QString target = link.next().captured(1);
             EXPECT_TRUE(leadsSomewhere(target, page) || target == u"manual.css") << page << ": " << target;
         }
+        EXPECT_EQ(text.count(u"<img"), text.count(source)) << page << ": a picture that says nothing";
+        for (auto picture = source.globalMatch(text); picture.hasNext();)
+            pictures.append(picture.next().captured(1).section(u'/', 1));
     }
+    pictures.sort();
+    EXPECT_EQ(names(manual::folder() + u"/images"_s), pictures) << "each is shown once, and each is there";
     for (const QString &page : manual_topics::pages())
         EXPECT_TRUE(leadsSomewhere(page, page)) << page;
     EXPECT_EQ(manual_topics::pageOf({u""_s, u"eula"_s, u"editView"_s}), u"fields.html#eula");
@@ -74,6 +81,20 @@ TEST(ManualTest, SearchingFindsWhatStandsOnAnyPage)
             << words << ": " << found.join(u' ');
     }
     EXPECT_EQ(pages.find(u"exit statuses"_s).value(0).section.file, u"status.html") << "headings come first";
+    EXPECT_EQ(pages.placeOf(pages.find(u"exit statuses"_s).value(0).section), u"Exit statuses");
+    EXPECT_EQ(pages.placeOf(pages.find(u"skip tour"_s).value(0).section),
+              u"From site to site – Keep submissions up to date");
+}
+
+TEST(ManualTest, TheCommandsOfBothWindowsAreListedWithTheirKeys)
+{
+    const QByteArray menus = contents(manual::folder() + u"/menus.html"_s);
+    for (const char *row :
+         {"<td>Undo</td><td>Ctrl+Z</td><td></td>", "<td>Reload</td><td>F5, Ctrl+R</td><td></td>",
+          "<td>Mark As Submitted</td><td>Ctrl+M</td><td>Note the selected site with the title's "
+          "current version</td>",
+          "id=\"main-View\"", "id=\"submission-View\""})
+        EXPECT_TRUE(menus.contains(row)) << row;
 }
 
 TEST(ManualTest, EveryMessageOfTheRulesIsExplained)
@@ -91,6 +112,9 @@ TEST(ManualTest, OnlyItsOwnPagesAreItsPages)
     for (const QString &page : {u"../../etc/passwd"_s, u"../x.html"_s, u"manual.css"_s})
         EXPECT_FALSE(manual::isPage(manual::address(page))) << page;
     EXPECT_FALSE(manual::isPage(QUrl(u"http://host.example/index.html"_s)));
+    EXPECT_TRUE(manual::isPicture(manual::address(u"images/editor.png"_s)));
+    for (const QString &page : {u"editor.png"_s, u"images/../../x.png"_s, u"images/index.html"_s})
+        EXPECT_FALSE(manual::isPicture(manual::address(page))) << page;
 }
 
 int main(int argc, char *argv[])

@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPlainTextEdit>
+#include <QScrollBar>
 #include <QTabWidget>
 #include <QTextEdit>
 
@@ -219,6 +220,8 @@ TEST_F(OverviewViewTest, MessagesAreExplainedAndAdviceStandsBelow)
               u"The address of the application information is empty. Give an address, such as "
               "http://www.example.com/.\nHint: Some keywords stand there more than once: “a”. Take out "
               "what is repeated, and use the room for others."_s);
+    const auto *scrollBar = visible<QTextEdit>(u"findingsPane"_s)->verticalScrollBar();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return scrollBar->maximum() == 0; })) << "a part of it is out of sight";
     messages->setFocus();
     QTest::keyClick(messages, Qt::Key_End);
     EXPECT_TRUE(told().startsWith(u"The support e-mail address is empty.")) << told();

@@ -1,3 +1,4 @@
+#include "manual/manual_pages.h"
 #include "shell/main_window_fixture.h"
 #include "shell/manual_topics.h"
 #include "support/accessibility.h"
@@ -134,6 +135,13 @@ TEST_F(KeyboardWalkTest, F1OpensTheManualAtWhatHasTheKeyboard)
     };
     press(u"newSoftwareButton"_s);
     EXPECT_EQ(shown(visible<QLineEdit>(u"swNamePanelInput"_s)), u"titles.html") << "in a sheet, too";
+    const auto picture = [](const QString &file) {
+        return visible<QTextBrowser>(u"manualPage"_s)
+            ->loadResource(QTextDocument::ImageResource, manual::address(file))
+            .value<QImage>();
+    };
+    EXPECT_EQ(picture(u"images/overview.png"_s).width(), 640) << "it fits beside the list";
+    EXPECT_TRUE(picture(u"../../../../../docs/images/overview.png"_s).isNull()) << "no other file is read";
     auto *search = visible<QLineEdit>(u"manualSearch"_s);
     ASSERT_TRUE(activated(*search->window()));
     QTest::keyClicks(search, u"one program at a time"_s);
