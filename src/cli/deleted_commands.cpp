@@ -1,9 +1,9 @@
 #include "cli/deleted_commands.h"
 
+#include "cli/output.h"
 #include "cli/title_session.h"
 #include "sites/deleted_titles.h"
 
-#include <QDateTime>
 #include <QJsonArray>
 #include <QJsonObject>
 
@@ -23,7 +23,7 @@ QString name(Kind kind)
 
 QString timeOf(const Item &item)
 {
-    return QDateTime::fromMSecsSinceEpoch(item.time, Qt::UTC).toString(Qt::ISODate);
+    return isoTime(item.time);
 }
 
 void printItem(const Item &item)

@@ -1,8 +1,8 @@
 #include "cli/formmap_command.h"
 
+#include "cli/output.h"
 #include "journal/form_fields.h"
 
-#include <QDateTime>
 #include <QJsonArray>
 #include <QJsonObject>
 
@@ -50,7 +50,7 @@ private:
             return FileFailed; // The journal has told it.
         QJsonArray array;
         for (const form_fields::Row &row : *rows) {
-            const QString time = QDateTime::fromMSecsSinceEpoch(row.time, Qt::UTC).toString(Qt::ISODate);
+            const QString time = isoTime(row.time);
             const QJsonObject signs = QJsonDocument::fromJson(row.signs.toUtf8()).object();
             if (m_json)
                 array.append(QJsonObject{{u"value"_s, row.value}, {u"time"_s, time}, {u"signs"_s, signs}});

@@ -1,5 +1,6 @@
 #include "cli/ledger_commands.h"
 
+#include "cli/output.h"
 #include "ledger/changed_fields.h"
 #include "ledger/ledger_editing.h"
 #include "ledger/matrix.h"
@@ -9,7 +10,6 @@
 #include "submission/default_sites.h"
 #include "submission/site_catalogue.h"
 
-#include <QDateTime>
 #include <QJsonArray>
 #include <QJsonObject>
 
@@ -46,7 +46,7 @@ ExitStatus complaintOf(const Error &error)
 
 QString timeOf(const ledger::Entry &entry)
 {
-    return QDateTime::fromMSecsSinceEpoch(entry.time, Qt::UTC).toString(Qt::ISODate);
+    return isoTime(entry.time);
 }
 
 QJsonObject json(const ledger::Entry &entry)

@@ -83,7 +83,7 @@ void print(const QByteArray &bytes)
 
 QString isoTime(qint64 time)
 {
-    return QDateTime::fromMSecsSinceEpoch(time, Qt::UTC).toString(Qt::ISODate);
+    return QDateTime::fromMSecsSinceEpoch(time).toUTC().toString(Qt::ISODate);
 }
 
 QJsonArray errorsAsJson(const StringDictionary &errors)

@@ -1,10 +1,10 @@
 #include "cli/site_notes.h"
 
+#include "cli/output.h"
 #include "cli/title_session.h"
 #include "journal/journal.h"
 #include "sites/site_editing.h"
 
-#include <QDateTime>
 #include <QJsonArray>
 #include <QJsonObject>
 
@@ -19,8 +19,7 @@ using site_knowledge::Notes;
 
 QString timeOf(const KnownSite &site)
 {
-    return site.found ? QDateTime::fromMSecsSinceEpoch(site.found->time, Qt::UTC).toString(Qt::ISODate)
-                      : QString();
+    return site.found ? isoTime(site.found->time) : QString();
 }
 
 /// Name, verdict, time, where it leads or why, what the author noted.

@@ -8,7 +8,12 @@
 #include <QEventLoop>
 #include <QPointer>
 #include <QWebEngineFileSystemAccessRequest>
+#if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
+#include <QWebEnginePermission>
+#endif
+#if QT_VERSION < QT_VERSION_CHECK(6, 5, 0)
 #include <QWebEngineQuotaRequest>
+#endif
 #include <QWebEngineRegisterProtocolHandlerRequest>
 #include <QWebEngineScriptCollection>
 
@@ -111,12 +116,19 @@ void WebEnginePage::watchForPastes()
 
 void WebEnginePage::refusePermissions()
 {
+#if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
+    connect(this, &QWebEnginePage::permissionRequested, this,
+            [](const QWebEnginePermission &permission) { permission.deny(); });
+#else
     connect(this, &QWebEnginePage::featurePermissionRequested, this,
             [this](const QUrl &origin, Feature feature) {
                 setFeaturePermission(origin, feature, PermissionDeniedByUser);
             });
+#endif
+#if QT_VERSION < QT_VERSION_CHECK(6, 5, 0) // Later engines ask no more.
     connect(this, &QWebEnginePage::quotaRequested, this,
             [](QWebEngineQuotaRequest request) { request.reject(); });
+#endif
     connect(this, &QWebEnginePage::registerProtocolHandlerRequested, this,
             [](QWebEngineRegisterProtocolHandlerRequest request) { request.reject(); });
     connect(this, &QWebEnginePage::fileSystemAccessRequested, this,
