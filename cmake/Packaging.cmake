@@ -93,7 +93,7 @@ set(CPACK_DEBIAN_PACKAGE_SECTION devel)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # What the library loads while it runs, no dependency of its own names.
 set(CPACK_DEBIAN_GUI_PACKAGE_DEPENDS "libqt6svg6")
-set(CPACK_DEBIAN_GUI_PACKAGE_RECOMMENDS "quillon-browser, qt6-wayland")
+set(CPACK_DEBIAN_GUI_PACKAGE_RECOMMENDS "quillon-browser, qt6-wayland, xdg-utils")
 set(CPACK_DEBIAN_GUI_PACKAGE_SUGGESTS quillon-cli)
 set(CPACK_DEBIAN_BROWSER_PACKAGE_DEPENDS "quillon (= ${PROJECT_VERSION})")
 include(CPack)

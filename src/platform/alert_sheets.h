@@ -20,11 +20,12 @@ enum class SheetWindow
 /// What an alert sheet says. Every text is plain text, never markup.
 struct Alert
 {
-    QString message;
+    QString message = {};
     QString informativeText = {};
     QString defaultButton = QCoreApplication::translate("AlertSheets", "OK");
     QString alternateButton = {}; ///< Empty: there is only the default button.
     QStringList details = {};     ///< Lines that the reader may unfold.
+    QString name = {};            ///< The sheet's object name, by which the manual knows its page.
 };
 
 enum class AlertAnswer

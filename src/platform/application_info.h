@@ -9,6 +9,8 @@ namespace quillon::application_info {
 inline const QString version = QStringLiteral(QUILLON_VERSION);
 /// The product's page, which every PAD file names.
 inline const QString webPage = QStringLiteral("https://quillon.example/");
+/// By which software centres know the program: the id of its metainfo file.
+inline const QString softwareCentreAddress = QStringLiteral("appstream:example.quillon.Quillon");
 /// Where the publisher of the PAD standard explains it.
 inline const QString padStandardPage = QStringLiteral("http://www.asp-shareware.org/pad");
 

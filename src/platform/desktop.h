@@ -16,6 +16,10 @@ public:
 
     /// Opens @p address in the user's own web browser; only addresses of the web and pages of the manual.
     virtual void openWebAddress(const QUrl &address) = 0;
+
+    /// Shows this program in the desktop's software centre. False when nothing could be started for it; true
+    /// does not tell that there is a software centre.
+    virtual bool openSoftwareCentre() = 0;
 };
 
 } // namespace quillon

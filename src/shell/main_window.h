@@ -65,6 +65,8 @@ Q_SIGNALS:
     void closed();
     /// The manual is asked for, at the page of what is shown.
     void manualRequested();
+    /// The author wants to know of updates.
+    void updatesRequested();
     /// The author wants to submit @p title to @p site.
     void submissionRequested(const QString &title, const QString &site);
 

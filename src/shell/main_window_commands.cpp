@@ -108,6 +108,9 @@ QList<Command> mainWindowCommands(const MainWindowParts &parts)
          .run = [parts] { parts.titles.removeExample(); }},
         {.id = u"bugReport"_s, .text = MainWindow::tr("Report a &Bug"), .menu = help, .opensGroup = true, .icon = u"bug-report"_s,
          .run = [parts] { parts.titles.bugReportAction(); }},
+        {.id = u"updates"_s, .text = MainWindow::tr("Check for &Updates…"), .menu = help,
+         .toolTip = MainWindow::tr("Go to the desktop's software centre, or see how Quillon is updated"),
+         .run = [parts] { Q_EMIT parts.window.updatesRequested(); }},
         {.id = u"about"_s, .text = MainWindow::tr("&About Quillon"), .menu = help, .opensGroup = true,
          .run = [parts] { parts.window.openAboutPanelAction(); }},
     };

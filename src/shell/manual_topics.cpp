@@ -45,6 +45,7 @@ constexpr Topic topics[] = {
     {u"submitWindow", u"submitting.html"},
     {u"popUpBrowserWindow", u"browser.html"},
     {u"manualWindow", u"manual.html"},
+    {u"updatesSheet", u"program.html#updates"},
     {u"mainWindow", u"overview.html"},
 };
 

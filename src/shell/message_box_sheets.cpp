@@ -163,6 +163,7 @@ void addDetails(QMessageBox &box, const QStringList &lines)
 QMessageBox *newMessageBox(QWidget *parent, const Alert &alert)
 {
     auto *box = new SheetBox(parent);
+    box->setObjectName(alert.name);
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->setWindowModality(Qt::WindowModal);
     box->setWindowTitle(u"Quillon"_s);

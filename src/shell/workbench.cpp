@@ -19,6 +19,7 @@ Workbench::Workbench()
     QObject::connect(&m_window, &MainWindow::closed, &m_edits, &EditHistory::store);
     QObject::connect(&m_window, &MainWindow::closed, &m_manual, &ManualOpener::close);
     QObject::connect(&m_window, &MainWindow::manualRequested, &m_manual, &ManualOpener::open);
+    QObject::connect(&m_window, &MainWindow::updatesRequested, &m_updates, &UpdateCheck::begin);
     QObject::connect(&m_instance, &SingleInstance::requested, &m_requests, &PendingRequests::take);
     QObject::connect(&m_titles, &TitleCommands::openWebAddress, &m_window,
                      [this](const QString &address) { m_desktop.openWebAddress(QUrl(address)); });

@@ -13,6 +13,7 @@
 #include "shell/site_jump.h"
 #include "shell/submission_opener.h"
 #include "shell/toolbar_control.h"
+#include "shell/update_check.h"
 #include "sites/deleted_titles.h"
 #include "sites/preferences_controller.h"
 #include "widgets/qt_desktop.h"
@@ -59,6 +60,7 @@ private:
     DeletedTitles m_deleted{m_alerts};
     MainWindow m_window{m_toolbar, m_overview, m_titles, m_editor, m_preferences, m_edits, m_deleted};
     ManualOpener m_manual{m_desktop};
+    UpdateCheck m_updates{m_desktop, m_alerts, m_delayedCalls};
     PendingRequests m_requests{m_window, m_overview, m_titles};
     SingleInstance m_instance;
 };

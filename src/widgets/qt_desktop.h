@@ -12,6 +12,8 @@ public:
 
     /// Only addresses of the web are opened; others could start other programs.
     void openWebAddress(const QUrl &address) override;
+
+    bool openSoftwareCentre() override;
 };
 
 } // namespace quillon

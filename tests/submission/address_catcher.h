@@ -13,9 +13,9 @@ class AddressCatcher : public QObject
 public:
     static QStringList schemes()
     {
-        return {QStringLiteral("file"),   QStringLiteral("smb"), QStringLiteral("ftp"),
-                QStringLiteral("mailto"), QStringLiteral("tel"), QStringLiteral("http"),
-                QStringLiteral("https")};
+        return {QStringLiteral("file"),   QStringLiteral("smb"),      QStringLiteral("ftp"),
+                QStringLiteral("mailto"), QStringLiteral("tel"),      QStringLiteral("http"),
+                QStringLiteral("https"),  QStringLiteral("appstream")};
     }
     AddressCatcher()
     {

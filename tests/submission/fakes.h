@@ -41,9 +41,12 @@ class FakeDesktop final : public Desktop
 public:
     void setClipboardText(const QString &text) override { clipboard = text; }
     void openWebAddress(const QUrl &address) override { opened.append(address.toString()); }
+    bool openSoftwareCentre() override { return hasOpener && ++centresOpened > 0; }
 
     QString clipboard;
     QStringList opened;
+    bool hasOpener = true; ///< Whether anything can be started to open the software centre.
+    int centresOpened = 0;
 };
 
 } // namespace quillon
