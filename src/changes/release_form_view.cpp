@@ -10,6 +10,7 @@
 #include <QDateEdit>
 #include <QFileDialog>
 #include <QFormLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -55,7 +56,9 @@ ReleaseFormView::ReleaseFormView(QWidget *parent)
     left->addRow(tr("&Date:"), m_date);
     left->addRow(tr("&Status:"), m_status);
     auto *right = new QFormLayout;
-    right->addRow(tr("&File:"), newFileRow());
+    auto *fileLabel = new QLabel(tr("&File:"));
+    fileLabel->setBuddy(m_file); // The row that it stands in takes no keyboard.
+    right->addRow(fileLabel, newFileRow());
     right->addRow(tr("What is &new:"), m_changes);
     right->addRow(QString(), m_addresses);
     auto *columns = new QHBoxLayout(this);
@@ -78,7 +81,6 @@ QWidget *ReleaseFormView::newFileRow()
     choose->setAutoDefault(false);
     connect(choose, &QPushButton::clicked, this, &ReleaseFormView::chooseFile);
     auto *widget = new QWidget;
-    widget->setFocusProxy(m_file);
     auto *row = new QHBoxLayout(widget);
     row->setContentsMargins(0, 0, 0, 0);
     row->addWidget(m_file, 1);

@@ -2,6 +2,8 @@
 
 #include <QAccessible>
 #include <QHash>
+#include <QKeySequence>
+#include <QLabel>
 #include <QStringList>
 #include <QWidget>
 
@@ -21,13 +23,25 @@ inline QString nameForPeople(const QWidget &widget)
     return QLatin1String(widget.metaObject()->className()) + u' ' + widget.objectName();
 }
 
+/// The labels in @p window whose underlined letter leads nowhere, a line each.
+inline QStringList deadMnemonics(const QWidget &window)
+{
+    QStringList faults;
+    for (const QLabel *label : window.findChildren<QLabel *>()) {
+        const bool isDead = !label->buddy() || label->buddy()->focusPolicy() == Qt::NoFocus;
+        if (isDead && label->isVisible() && !QKeySequence::mnemonic(label->text()).isEmpty())
+            faults.append(QStringLiteral("the letter of “%1” leads nowhere").arg(label->text()));
+    }
+    return faults;
+}
+
 /// What a screen reader's user cannot make out in @p window as it is shown, a line each: a widget that takes
-/// the focus and has no name, or no role, or the name of another one.
+/// the focus and has no name, or no role, or the name of another one. And what leads nowhere by its letter.
 ///
 ///     EXPECT_EQ(accessibilityFaults(window()), QStringList());
 inline QStringList accessibilityFaults(const QWidget &window)
 {
-    QStringList faults;
+    QStringList faults = deadMnemonics(window);
     QHash<QString, QString> known;
     for (QWidget *widget : window.findChildren<QWidget *>()) {
         if (!canBeStop(*widget, window))
