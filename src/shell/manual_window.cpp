@@ -24,8 +24,8 @@ namespace quillon {
 namespace {
 
 const QString manualGeometryKey = u"manualWindow/geometry"_s;
-constexpr QSize firstSize(980, 640);
-constexpr int firstListWidth = 280;
+constexpr QSize firstSize(1040, 640);
+constexpr int firstListWidth = 340;
 constexpr int pageRole = Qt::UserRole;
 constexpr int zoomSteps = 1;
 
