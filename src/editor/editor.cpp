@@ -1,5 +1,6 @@
 #include "editor/editor.h"
 
+#include "editor/summary_of_form.h"
 #include "pad/pad_reader.h"
 #include "pad/pad_writer.h"
 #include "platform/alert_sheets.h"
@@ -26,17 +27,6 @@ bool isKept(QStringView fileName, const QByteArray &bytes)
 {
     return bytes.trimmed().isEmpty() || !mwqnCurrentSWBundle ||
            bool(keepUnreadable(*mwqnCurrentSWBundle + u'/' + fileName, bytes));
-}
-
-/// Year, month and day as entered; empty unless all three are.
-QString releaseDate(const PadForm &form)
-{
-    const QString day = form.value(FieldId::releaseDateDay);
-    const QString month = form.value(FieldId::releaseDateMonth);
-    const QString year = form.value(FieldId::releaseDateYear);
-    if (day.isEmpty() || month.isEmpty() || year.isEmpty())
-        return {};
-    return year + u'-' + month + u'-' + day;
 }
 
 } // namespace
@@ -210,10 +200,7 @@ void Editor::storeSummary(bool isValid) const
     if (!current.sites && !isKept(title_folder::summaryFile, bytes)) // The marks may be worth mending.
         return;
     const QString flag = isValid ? u"1"_s : u"0"_s;
-    Summary summary;
-    summary.version = m_form.value(FieldId::programVersion);
-    summary.releaseDate = releaseDate(m_form);
-    summary.operatingSystems = m_form.value(FieldId::osTable);
+    Summary summary = summaryOf(m_form);
     // A file that lacks the flag gets one inside the other, which readers take; the next check mends it.
     summary.validated = current.validated ? flag : u"<OTS_VALIDATED>"_s + flag + u"</OTS_VALIDATED>"_s;
     summary.sites = current.sites;

@@ -1,11 +1,13 @@
 #include "overview/example_title.h"
 
-#include "editor/editor_session.h"
-#include "pad/pad_document.h"
+#include "editor/summary_of_form.h"
 #include "pad/pad_form.h"
+#include "pad/pad_reader.h"
 #include "pad/pad_writer.h"
 #include "store/add_delete_import_edit.h"
 #include "store/title_folder.h"
+#include "validation/error_pass.h"
+#include "validation/field_rules.h"
 
 using namespace Qt::StringLiterals;
 
@@ -60,13 +62,16 @@ constexpr Value values[] = {
 };
 // clang-format on
 
-QByteArray document()
+/// Gives @p form the example's values as they are when a title with them is opened and checked.
+void fill(PadForm &form)
 {
-    PadForm form;
-    form.populatePopUpButtons();
+    PadForm written;
+    written.populatePopUpButtons();
     for (const Value &value : values)
-        form.setValue(value.field, value.text.toString());
-    return pad_writer::document(form);
+        written.setValue(value.field, value.text.toString());
+    loadPADData(pad_writer::document(written), form);
+    ErrorPass errors;
+    field_rules::checkEntries(form, errors);
 }
 
 } // namespace
@@ -75,14 +80,12 @@ Result<> make()
 {
     if (title_folder::exists(name))
         return Error{Error::Kind::Refused, name, u"a title has this name"_s};
-    Result<> stored = AddDeleteImportEdit::importExistingFile(name, PadDocument(document()));
-    if (!stored.isDone())
-        return stored;
-    EditorSession session;
-    if (const Result<> opened = session.open(name); !opened)
-        return opened.error();
-    session.editor().checkEntriesForErrors();
-    return stored;
+    PadForm form;
+    fill(form);
+    Summary summary = summaryOf(form);
+    summary.validated = u"1"_s;
+    return AddDeleteImportEdit::storeTitle(name, summary_file::text(summary).toUtf8(),
+                                           pad_writer::document(form));
 }
 
 } // namespace quillon::example_title

@@ -86,11 +86,18 @@ FolderHandle::Kind FolderHandle::kindOf(const dirent64 &record) const
     return S_ISREG(mode) ? Kind::File : Kind::Other;
 }
 
-bool FolderHandle::exists(const QByteArray &name) const
+Result<bool> FolderHandle::isThere(const QByteArray &name) const
 {
     struct stat status = {};
-    return ::fstatat(m_descriptor.get(), name.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0 ||
-           errno != ENOENT;
+    if (::fstatat(m_descriptor.get(), name.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0)
+        return true;
+    Error error = systemError(Error::Kind::Unreadable, pathOf(name), u"it cannot be looked at"_s);
+    return error.kind == Error::Kind::Missing ? Result<bool>(false) : Result<bool>(std::move(error));
+}
+
+bool FolderHandle::exists(const QByteArray &name) const
+{
+    return isThere(name).valueOr(true);
 }
 
 Result<FolderHandle> FolderHandle::openFolder(const QByteArray &name) const

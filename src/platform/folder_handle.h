@@ -43,7 +43,9 @@ public:
     /// What lies in the folder, by name, without "." and "..". All of it or an error. Not from two threads at
     /// a time.
     [[nodiscard]] Result<QList<Entry>> entries() const;
-    /// Whether anything, a broken link as well, has the name; also when that cannot be told.
+    /// Whether anything, a broken link as well, has the name.
+    [[nodiscard]] Result<bool> isThere(const QByteArray &name) const;
+    /// The same; also when that cannot be told.
     [[nodiscard]] bool exists(const QByteArray &name) const;
 
     [[nodiscard]] Result<FolderHandle> openFolder(const QByteArray &name) const;

@@ -248,8 +248,13 @@ public:
             m_state = found.error();
             return;
         }
-        for (const QByteArray &title : *found)
-            (m_staged->parent().exists(title) ? m_ignored : m_titles).append(title);
+        for (const QByteArray &title : *found) {
+            const Result<bool> isThere = m_staged->parent().isThere(title);
+            if (isThere)
+                (*isThere ? m_ignored : m_titles).append(title);
+            else
+                noteFailure(title, isThere.error().reason);
+        }
     }
 
     BackupResult finish() override

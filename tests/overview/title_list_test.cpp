@@ -1,3 +1,4 @@
+#include "overview/example_title.h"
 #include "overview/overview_fixture.h"
 #include "platform/notifications.h"
 #include "store/storage_status.h"
@@ -98,6 +99,30 @@ TEST_F(OverviewTest, AConversionThatWasKilledIsFinished)
             EXPECT_FALSE(QFile::exists(inData(u"Old/Old.qnxmld"_s)));
             ASSERT_TRUE(AddDeleteImportEdit::deleteQnDataFile(u"Old"_s));
             QDir(inData(u"Old"_s)).removeRecursively();
+        });
+}
+
+TEST_F(OverviewTest, TheExampleIsThereWholeOrNotAtAll)
+{
+    ASSERT_TRUE(example_title::make());
+    const auto whole = tree(mwqnAppSuppLoc);
+    const auto isThere = [] { return title_folder::exists(example_title::name); };
+    const auto remove = [] { ASSERT_TRUE(AddDeleteImportEdit::deleteQnDataFile(example_title::name)); };
+    EXPECT_EQ(loadSummary(example_title::name)->validated, u"1");
+    remove();
+    {
+        const FullDisk full(1000);
+        EXPECT_FALSE(example_title::make());
+        EXPECT_FALSE(isThere());
+    }
+    killedAtEachCall(
+        home(), [] {}, [] { (void)example_title::make(); },
+        [&] {
+            AddDeleteImportEdit::removeUnfinished();
+            if (!isThere())
+                return;
+            EXPECT_EQ(tree(mwqnAppSuppLoc), whole);
+            remove();
         });
 }
 

@@ -172,6 +172,13 @@ TEST_F(Backups, OfAnyOriginCannotLeadOutOfTheDataFolder)
     EXPECT_TRUE(result.startsWith("done! 1+1 5 details"_L1)) << result;
     EXPECT_EQ(tree(mwqnAppSuppLoc).keys(),
               words(u"Dangling.qndata Good.qndata Good.qndata/data.qnxml ignore.qnrc sites.qnrc"_s));
+    {
+        const FaultPlan plan(mwqnAppSuppLoc, "stat+=EIO");
+        const BackupResult unknown = restoreTitles(place());
+        EXPECT_TRUE(told(unknown).startsWith("done! 0+0"_L1)) << told(unknown);
+        EXPECT_TRUE(
+            unknown.details.join(u'\n').contains(u"Good.qndata was passed over: it cannot be looked at"));
+    }
     for (const QString &missing : QStringList{place(u"none"_s), {}, secret + u"/data.qnxml"})
         EXPECT_TRUE(told(restoreTitles(missing)).endsWith("No software titles were imported."_L1)) << missing;
 }
