@@ -31,6 +31,8 @@ Integer powerOfTen(qsizetype exponent)
 
 Decimal decimalAtStart(QStringView text)
 {
+    if (text.isEmpty()) // As in every new form, which needs no pattern for that.
+        return {};
     // More digits after the point than this cannot change what is shown.
     static const Regex number(
         uR"(^\s*([+-]?)([0-9]{0,101})(?:\.([0-9]{0,200})[0-9]*+)?(?:[eE]([+-]?[0-9]++))?)");

@@ -3,6 +3,7 @@
 #define PCRE2_CODE_UNIT_WIDTH 16
 #include <QLoggingCategory>
 
+#include <atomic>
 #include <pcre2.h>
 
 using namespace Qt::StringLiterals;
@@ -51,6 +52,47 @@ void appendExpanded(QString &result, QStringView replacement, const Regex::Match
 
 } // namespace
 
+/**
+ * A compiled pattern. It is interpreted at first, since making machine code of it takes as long as some
+ * hundred matches in short texts do. One that is used a lot, or for a long text, gets machine code, which any
+ * number of threads may use meanwhile.
+ */
+class Regex::Program
+{
+public:
+    /// Takes @p code over.
+    explicit Program(pcre2_code_16 *code) : m_interpreted(code) {}
+    ~Program()
+    {
+        pcre2_code_free_16(m_interpreted);
+        pcre2_code_free_16(m_machine);
+    }
+    Q_DISABLE_COPY_MOVE(Program)
+
+    /// What to match a subject of @p length UTF-16 units with.
+    const pcre2_code_16 *code(qsizetype length)
+    {
+        if (const pcre2_code_16 *machine = m_machine)
+            return machine;
+        const qsizetype cost = 1 + length / 16;
+        const qsizetype before = m_used.fetch_add(cost);
+        if (before >= worthMachineCode || before + cost < worthMachineCode)
+            return m_interpreted;
+        pcre2_code_16 *machine = pcre2_code_copy_16(m_interpreted);
+        // Where no just-in-time compiler is at hand, matching falls back to the interpreter by itself.
+        pcre2_jit_compile_16(machine, PCRE2_JIT_COMPLETE);
+        m_machine = machine;
+        return machine ? machine : m_interpreted;
+    }
+
+private:
+    static constexpr qsizetype worthMachineCode = 64;
+
+    pcre2_code_16 *m_interpreted;
+    std::atomic<pcre2_code_16 *> m_machine = nullptr;
+    std::atomic<qsizetype> m_used = 0;
+};
+
 QStringView Regex::Match::captured(qsizetype group) const
 {
     const Range range = m_groups.value(group);
@@ -67,21 +109,18 @@ Regex::Regex(QStringView pattern)
         qCWarning(log) << "the pattern" << pattern << "does not compile at" << offset << "error" << error;
         return;
     }
-    // Where no just-in-time compiler is at hand, matching falls back to the interpreter by itself.
-    pcre2_jit_compile_16(code, PCRE2_JIT_COMPLETE);
-    m_code.reset(code,
-                 [](const pcre2_code_16 *each) { pcre2_code_free_16(const_cast<pcre2_code_16 *>(each)); });
+    m_program = std::make_shared<Program>(code);
 }
 
 std::optional<Regex::Match> Regex::matchFrom(QStringView subject, qsizetype offset) const
 {
-    if (!m_code)
+    if (!m_program)
         return std::nullopt;
+    const pcre2_code_16 *code = m_program->code(subject.size());
     using MatchData = std::unique_ptr<pcre2_match_data_16, decltype(&pcre2_match_data_free_16)>;
-    const MatchData data(pcre2_match_data_create_from_pattern_16(m_code.get(), nullptr),
-                         pcre2_match_data_free_16);
+    const MatchData data(pcre2_match_data_create_from_pattern_16(code, nullptr), pcre2_match_data_free_16);
     const auto matched = [&](uint32_t options) {
-        return pcre2_match_16(m_code.get(), units(subject), static_cast<PCRE2_SIZE>(subject.size()),
+        return pcre2_match_16(code, units(subject), static_cast<PCRE2_SIZE>(subject.size()),
                               static_cast<PCRE2_SIZE>(offset), options, data.get(), nullptr);
     };
     int count = matched(0);

@@ -6,8 +6,6 @@
 #include <memory>
 #include <optional>
 
-struct pcre2_real_code_16;
-
 namespace quillon {
 
 /**
@@ -45,7 +43,7 @@ public:
     explicit Regex(QStringView pattern);
 
     /// False when the pattern did not compile; the reason is in the log.
-    [[nodiscard]] bool isValid() const { return m_code != nullptr; }
+    [[nodiscard]] bool isValid() const { return m_program != nullptr; }
 
     /// The leftmost match in @p subject, which must outlive it.
     [[nodiscard]] std::optional<Match> firstMatch(QStringView subject) const { return matchFrom(subject, 0); }
@@ -58,9 +56,11 @@ public:
     static QString escaped(QStringView text);
 
 private:
+    class Program;
+
     [[nodiscard]] std::optional<Match> matchFrom(QStringView subject, qsizetype offset) const;
 
-    std::shared_ptr<const pcre2_real_code_16> m_code;
+    std::shared_ptr<Program> m_program;
 };
 
 } // namespace quillon
