@@ -1,4 +1,5 @@
 #include "editor/editor.h"
+#include "editor/other_titles.h"
 #include "measuring.h"
 #include "pad/pad_writer.h"
 #include "platform/atomic_file.h"
@@ -11,6 +12,9 @@
 #include "validation/error_pass.h"
 #include "validation/field_rules.h"
 
+#include <QCoreApplication>
+#include <QDir>
+#include <QEventLoop>
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
@@ -105,6 +109,64 @@ void keystrokeThatChangesThreeFiles(benchmark::State &state)
     keystrokeAgainstFloor(state, FieldId::programVersion, {{}, u"1"_s});
 }
 BENCHMARK(keystrokeThatChangesThreeFiles)->UseManualTime()->Unit(benchmark::kMicrosecond);
+
+/// Makes @p count titles, plainly and without syncs, with what says who makes them.
+void makeOtherTitles(int count)
+{
+    PadForm form;
+    fillWithLongTexts(form, 2000);
+    for (int number = 0; number < count; ++number) {
+        form.text(FieldId::companyName).setText(u"Company %1"_s.arg(number));
+        const QString folder = *title_folder::path(u"Other %1"_s.arg(number));
+        QFile file(folder + u'/' + title_folder::padFile);
+        if (!QDir().mkdir(folder) || !file.open(QIODevice::WriteOnly) ||
+            file.write(pad_writer::document(form)) < 0)
+            std::abort();
+    }
+}
+
+/// The first keystroke in a field while 2,000 other titles are read for being offered there, in turn with one
+/// when they are there.
+void keystrokeWhileOthersAreRead(benchmark::State &state)
+{
+    int count = 0;
+    const QCoreApplication application(count, nullptr);
+    const QTemporaryDir home;
+    setDataFolder(home.path());
+    (void)AddDeleteImportEdit::checkAppSuppExists();
+    makeOtherTitles(int(state.range(0)));
+    (void)AddDeleteImportEdit::createNewListing(u"Title"_s);
+    selectTitle(u"Title"_s);
+    RecordingSheets sheets;
+    Editor editor(sheets);
+    OtherTitles others(editor);
+    const auto typed = [&editor](const QString &text) { editor.typed(FieldId::companyName, text); };
+    std::vector<double> during;
+    std::vector<double> after;
+    std::vector<double> readings;
+    for ([[maybe_unused]] const auto iteration : state) {
+        QEventLoop loop;
+        QObject::connect(&others, &OtherTitles::arrived, &loop, &QEventLoop::quit);
+        typed({});
+        Q_EMIT editor.formLoaded(); // What was read is forgotten, as when another title is opened.
+        readings.push_back(seconds([&] {
+            during.push_back(seconds([&] {
+                others.read();
+                typed(u"C"_s);
+            }));
+            loop.exec();
+        }));
+        after.push_back(seconds([&] { typed(u"Co"_s); }));
+        state.SetIterationTime(during.back());
+    }
+    state.counters["floor_us"] = median(after) * 1e6;
+    state.counters["ratio"] = median(during) / median(after);
+    state.counters["reading_ms"] = median(readings) * 1e3;
+    state.counters["offer_us"] =
+        seconds([&] { benchmark::DoNotOptimize(others.matching(FieldId::companyName, u"9"_s, 8)); }) * 1e6;
+    clearSelectedTitle();
+}
+BENCHMARK(keystrokeWhileOthersAreRead)->Arg(2000)->UseManualTime()->Unit(benchmark::kMicrosecond);
 
 /// All of a keystroke but the files: the rules, the PAD file's and the summary's text.
 void keystrokeWithoutFiles(benchmark::State &state)
