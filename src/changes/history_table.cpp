@@ -2,10 +2,9 @@
 
 #include "editor/editor_layout.h"
 #include "journal/journal.h"
+#include "platform/dates.h"
 
-#include <QDateTime>
 #include <QHash>
-#include <QLocale>
 
 using namespace Qt::StringLiterals;
 
@@ -87,7 +86,7 @@ QVariant HistoryTable::data(const QModelIndex &index, int role) const
     const history::Row &row = m_rows[index.row()];
     switch (index.column()) {
     case Time:
-        return QLocale().toString(QDateTime::fromMSecsSinceEpoch(row.time), QLocale::ShortFormat);
+        return dates::shortTime(row.time);
     case Field:
         return fieldText(row);
     default:

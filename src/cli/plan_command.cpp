@@ -1,7 +1,6 @@
 #include "cli/plan_command.h"
 
 #include "changes/fixes.h"
-#include "store/storage_status.h"
 
 #include <QJsonArray>
 #include <QJsonObject>

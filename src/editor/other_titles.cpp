@@ -58,10 +58,8 @@ void OtherTitles::read()
                              except = *mwqnSelSW](const std::stop_token &stop) {
         const Values values = valuesIn(folder, except, stop);
         QMetaObject::invokeMethod(this, [this, reading, values] {
-            if (reading != m_reading)
-                return;
-            m_values = values;
-            Q_EMIT arrived();
+            if (reading == m_reading)
+                m_values = values;
         });
     });
 }

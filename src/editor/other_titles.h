@@ -36,10 +36,6 @@ public:
     /// word does; the more titles have one, the further to the front it is. None that is @p typed itself.
     [[nodiscard]] QStringList matching(FieldId field, const QString &typed, qsizetype most) const;
 
-Q_SIGNALS:
-    /// What was read is there.
-    void arrived();
-
 private:
     /// The values of the fields of fields::company(), each the most frequent first.
     using Values = std::array<QStringList, size_t(FieldId::salesPhone) + 1>;

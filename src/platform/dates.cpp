@@ -1,5 +1,7 @@
 #include "platform/dates.h"
 
+#include <QDateTime>
+
 #include <array>
 
 namespace quillon::dates {
@@ -58,6 +60,11 @@ std::optional<QDate> parseStored(QStringView text, const QLocale &locale)
 QString shortText(QDate date, const QLocale &locale)
 {
     return locale.toString(date, QLocale::ShortFormat);
+}
+
+QString shortTime(qint64 time)
+{
+    return QLocale().toString(QDateTime::fromMSecsSinceEpoch(time), QLocale::ShortFormat);
 }
 
 } // namespace quillon::dates

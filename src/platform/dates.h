@@ -16,4 +16,7 @@ std::optional<QDate> parseStored(QStringView text, const QLocale &locale = QLoca
 /// @p date in the user's short date style, without time.
 QString shortText(QDate date, const QLocale &locale = QLocale());
 
+/// @p time, milliseconds since 1970, with its date, both in the user's short style.
+QString shortTime(qint64 time);
+
 } // namespace quillon::dates

@@ -6,7 +6,6 @@
 #include "platform/notification_center.h"
 #include "platform/notifications.h"
 #include "sites/site_editing.h"
-#include "store/storage_status.h"
 
 #include <QDateTime>
 

@@ -5,7 +5,6 @@
 
 #include <QList>
 #include <QString>
-#include <QStringList>
 
 /// Which value of a title belongs into which field of a page's form.
 namespace quillon::form_matching {

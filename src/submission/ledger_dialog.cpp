@@ -1,6 +1,7 @@
 #include "submission/ledger_dialog.h"
 
 #include "ledger/ledger_editing.h"
+#include "platform/dates.h"
 #include "platform/plain_text.h"
 #include "platform/translated_text.h"
 #include "store/storage_status.h"
@@ -8,13 +9,11 @@
 #include "widgets/row_table.h"
 
 #include <QComboBox>
-#include <QDateTime>
 #include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
-#include <QLocale>
 #include <QPushButton>
 #include <QStandardItemModel>
 #include <QTableView>
@@ -45,7 +44,7 @@ void appendRow(QStandardItemModel &rows, const ledger::Entry &entry)
 {
     QList<QStandardItem *> items;
     for (const QString &text :
-         {QLocale().toString(QDateTime::fromMSecsSinceEpoch(entry.time), QLocale::ShortFormat), entry.version,
+         {dates::shortTime(entry.time), entry.version,
           translated("LedgerDialog", stateTexts[size_t(entry.state)]), entry.address, entry.note}) {
         auto *item = new QStandardItem(text);
         item->setToolTip(plainToolTip(text));

@@ -1,17 +1,16 @@
 #include "submission/site_notes_dialog.h"
 
 #include "journal/journal.h"
+#include "platform/dates.h"
 #include "platform/plain_text.h"
 #include "store/storage_status.h"
 #include "widgets/announcement.h"
 
 #include <QCheckBox>
-#include <QDateTime>
 #include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QLocale>
 #include <QPushButton>
 
 using namespace Qt::StringLiterals;
@@ -44,9 +43,8 @@ QString foundLine(const KnownSite &known)
 {
     if (!known.found)
         return SiteNotesDialog::tr("Not visited by “Check Sites…” yet.");
-    const QString time =
-        QLocale().toString(QDateTime::fromMSecsSinceEpoch(known.found->time), QLocale::ShortFormat);
-    return u"%1: %2. %3"_s.arg(time, QString(known.found->verdict).replace(u'-', u' '), known.found->detail);
+    return u"%1: %2. %3"_s.arg(dates::shortTime(known.found->time),
+                               QString(known.found->verdict).replace(u'-', u' '), known.found->detail);
 }
 
 /// What the journal has of @p site; nothing without a journal.

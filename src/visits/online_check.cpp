@@ -1,10 +1,10 @@
 #include "visits/online_check.h"
 
+#include "platform/dates.h"
 #include "platform/delayed_calls.h"
 #include "visits/visit_verdict.h"
 
 #include <QDateTime>
-#include <QLocale>
 
 #include <algorithm>
 #include <utility>
@@ -17,8 +17,7 @@ namespace {
 
 QString timeText(qint64 time)
 {
-    return time == 0 ? QString()
-                     : QLocale().toString(QDateTime::fromMSecsSinceEpoch(time), QLocale::ShortFormat);
+    return time == 0 ? QString() : dates::shortTime(time);
 }
 
 } // namespace
