@@ -3,6 +3,7 @@
 #include "changes/plan_form.h"
 
 class QFormLayout;
+class QPushButton;
 
 namespace quillon {
 
@@ -20,12 +21,18 @@ public:
 
 private:
     FieldValueView *newRow(const QString &name, const QString &purpose, FieldId field);
+    QPushButton *newButton(const QString &name, const QString &text, void (BulkChangeFormView::*add)());
+    void addWhereRow();
     void addSetRow();
+    void addRow(int place, const QString &caption, FieldValueView *row);
+    void orderForTab();
 
     const FormValues m_values;
-    FieldValueView *m_where;
+    QList<FieldValueView *> m_where;
     QList<FieldValueView *> m_set;
     QFormLayout *m_rows;
+    QPushButton *m_moreWhere;
+    QPushButton *m_moreSet;
 };
 
 } // namespace quillon

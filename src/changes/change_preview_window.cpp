@@ -3,7 +3,9 @@
 #include "changes/marked_text_view.h"
 #include "changes/plan_form.h"
 #include "widgets/announcement.h"
+#include "widgets/focus_frame.h"
 #include "widgets/row_table.h"
+#include "widgets/scroll_area.h"
 
 #include <QBoxLayout>
 #include <QGuiApplication>
@@ -25,9 +27,6 @@ namespace {
 
 constexpr QSize firstSize(1100, 620);
 constexpr int firstTitlesWidth = 380;
-constexpr int titleWidth = 190;
-constexpr int fieldWidth = 190;
-constexpr int textWidth = 220;
 constexpr int progressWidth = 240;
 
 /// So many titles are looked at before anybody would wait.
@@ -54,9 +53,13 @@ ChangePreviewWindow::ChangePreviewWindow(const QString &title, ChangePreview *pr
     splitter->addWidget(newDetails());
     splitter->setStretchFactor(1, 1);
     splitter->setSizes({firstTitlesWidth, firstSize.width() - firstTitlesWidth});
+    auto *content = new QWidget;
+    auto *rows = new QVBoxLayout(content);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->addWidget(form);
+    rows->addWidget(splitter, 1);
     auto *layout = new QVBoxLayout(this);
-    layout->addWidget(form);
-    layout->addWidget(splitter, 1);
+    layout->addWidget(new ScrollArea(content), 1);
     layout->addLayout(newButtons());
 
     m_pause.setSingleShot(true);
@@ -82,7 +85,7 @@ QWidget *ChangePreviewWindow::newTitles()
 {
     m_titles = newRowTable(u"plannedTitles"_s, tr("Titles"), this);
     m_titles->setModel(m_preview);
-    m_titles->setColumnWidth(ChangePreview::Title, titleWidth);
+    setColumnWidths(*m_titles, {24});
     m_titles->horizontalHeader()->setStretchLastSection(true);
     connect(m_titles->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             &ChangePreviewWindow::showTitle);
@@ -93,8 +96,7 @@ QWidget *ChangePreviewWindow::newDetails()
 {
     m_changes = newRowTable(u"plannedChanges"_s, tr("What changes"), this);
     m_changes->setModel(m_changesTable);
-    m_changes->setColumnWidth(ChangesTable::Field, fieldWidth);
-    m_changes->setColumnWidth(ChangesTable::Before, textWidth);
+    setColumnWidths(*m_changes, {24, 27});
     m_changes->horizontalHeader()->setStretchLastSection(true);
     connect(m_changes->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             &ChangePreviewWindow::showChange);
@@ -105,7 +107,7 @@ QWidget *ChangePreviewWindow::newDetails()
     columns->setContentsMargins(0, 0, 0, 0);
     for (MarkedTextView *text : {m_before, m_after})
         columns->addWidget(captioned(new QLabel(text->caption()), text));
-    m_consequences = new QListWidget;
+    m_consequences = new WithFocusFrame<QListWidget>;
     m_consequences->setObjectName(u"consequences"_s);
     m_consequences->setAccessibleName(tr("Errors that go and come, and notes"));
     m_consequences->setWordWrap(true);

@@ -3,6 +3,7 @@
 #include "editor/editor_layout.h"
 #include "editor/pop_up_accessible.h"
 #include "pad/vocabularies.h"
+#include "widgets/focus_frame.h"
 #include "widgets/raw_text.h"
 
 #include <QBoxLayout>
@@ -30,7 +31,7 @@ FieldValueView::FieldValueView(const QString &name, const QString &purpose, Fiel
     : m_values(values)
     , m_field(new NamedPopUp)
     , m_line(new QLineEdit)
-    , m_text(new QPlainTextEdit)
+    , m_text(new WithFocusFrame<QPlainTextEdit>)
     , m_choice(new NamedPopUp)
 {
     m_field->setObjectName(name + u"Field"_s);
@@ -69,6 +70,11 @@ void FieldValueView::focusValue()
         if (!each->isHidden())
             each->setFocus();
     }
+}
+
+QList<QWidget *> FieldValueView::stops() const
+{
+    return {m_field, m_line, m_text, m_choice};
 }
 
 std::optional<FieldId> FieldValueView::field() const

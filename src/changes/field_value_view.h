@@ -24,6 +24,8 @@ public:
 
     /// Puts the focus to the value.
     void focusValue();
+    /// What Tab stops at, in order.
+    [[nodiscard]] QList<QWidget *> stops() const;
 
     /// None where no field is chosen.
     [[nodiscard]] std::optional<FieldAssignment> assignment() const;

@@ -34,7 +34,7 @@ QTextCharFormat insertedFormat()
 } // namespace
 
 MarkedTextView::MarkedTextView(const QString &name, Side side, QWidget *parent)
-    : QTextEdit(parent), m_side(side)
+    : WithFocusFrame(parent), m_side(side)
 {
     setObjectName(name);
     setAccessibleName(caption().remove(u'&'));

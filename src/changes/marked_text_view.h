@@ -1,11 +1,13 @@
 #pragma once
 
+#include "widgets/focus_frame.h"
+
 #include <QTextEdit>
 
 namespace quillon {
 
 /// A text to be read beside another one: what differs between the two is marked.
-class MarkedTextView : public QTextEdit
+class MarkedTextView : public WithFocusFrame<QTextEdit>
 {
     Q_OBJECT
 public:

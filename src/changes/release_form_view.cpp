@@ -3,6 +3,7 @@
 #include "changes/release_plan.h"
 #include "editor/pop_up_accessible.h"
 #include "pad/vocabularies.h"
+#include "widgets/focus_frame.h"
 #include "widgets/raw_text.h"
 
 #include <QBoxLayout>
@@ -41,7 +42,8 @@ ReleaseFormView::ReleaseFormView(QWidget *parent)
     , m_status(named<QComboBox>(new NamedPopUp, u"releaseStatus"_s, tr("Release status")))
     , m_addresses(named(new QCheckBox(tr("&Replace the old version in addresses")), u"releaseAddresses"_s,
                         tr("Replace the old version in addresses")))
-    , m_changes(named(new QPlainTextEdit, u"releaseChanges"_s, tr("What is new")))
+    , m_changes(
+          named<QPlainTextEdit>(new WithFocusFrame<QPlainTextEdit>, u"releaseChanges"_s, tr("What is new")))
 {
     m_date->setCalendarPopup(true);
     m_file->setPlaceholderText(tr("Its size becomes the size of the titles"));

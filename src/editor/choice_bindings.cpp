@@ -129,7 +129,7 @@ FieldCheckBox::FieldCheckBox(Editor &editor, FieldId field, QWidget *parent)
     setAccessibleName(text());
     const auto show = [this, &control] {
         setChecked(control.isOn());
-        setValidationColour(*this, control.caption().colour());
+        setCaptionColour(*this, control.caption().colour());
     };
     connect(this, &QCheckBox::clicked, this, [&editor, &control, field](bool on) {
         control.setOn(on);

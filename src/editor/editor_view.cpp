@@ -213,7 +213,7 @@ QLabel *EditorView::newCaption(const FieldLine &line)
     const Control &control = m_editor.form().control(line.field);
     QLabel *label = newPlainLabel(control.objectName() + u"Label"_s);
     label->setText(translated("EditorLayout", line.caption));
-    const auto show = [label, &control] { setValidationColour(*label, control.caption().colour()); };
+    const auto show = [label, &control] { setCaptionColour(*label, control.caption().colour()); };
     connect(&control.caption(), &Caption::changed, label, show);
     show();
     return label;

@@ -35,7 +35,8 @@ bool isLeftToWindow(QEvent *event)
 QTextCharFormat redFormat(const QWidget &widget)
 {
     QTextCharFormat format;
-    format.setForeground(validationColour(widget.palette(), Colour::Red));
+    format.setForeground(validationColour(widget.palette(), Colour::Red, QPalette::Base));
+    format.setFontUnderline(true); // Not everybody sees the colour.
     return format;
 }
 

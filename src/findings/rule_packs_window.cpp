@@ -3,6 +3,7 @@
 #include "findings/chosen_packs.h"
 #include "widgets/announcement.h"
 #include "widgets/button_box.h"
+#include "widgets/focus_frame.h"
 
 #include <QBoxLayout>
 #include <QDialogButtonBox>
@@ -17,7 +18,7 @@ using namespace Qt::StringLiterals;
 namespace quillon {
 
 RulePacksWindow::RulePacksWindow(QWidget *parent)
-    : QDialog(parent), m_packs(new QListWidget), m_outcome(new QLabel)
+    : QDialog(parent), m_packs(new WithFocusFrame<QListWidget>), m_outcome(new QLabel)
 {
     setObjectName(u"rulePacksWindow"_s);
     setWindowTitle(tr("Rule Packs"));

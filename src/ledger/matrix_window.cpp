@@ -1,10 +1,12 @@
 #include "ledger/matrix_window.h"
 
+#include "editor/pop_up_accessible.h"
 #include "platform/notification_center.h"
 #include "platform/notifications.h"
 #include "platform/settings.h"
 #include "store/storage_status.h"
 #include "widgets/focus_frame.h"
+#include "widgets/validation_palette.h"
 
 #include <QBoxLayout>
 #include <QCheckBox>
@@ -36,9 +38,6 @@ constexpr int cellWidth = 15;
 constexpr int fixedCellWidth = 9;
 constexpr int titleWidth = 30;
 
-/// How much of its colour is left of what is paler.
-constexpr float paleness = 0.6F;
-
 /// What can be sorted by, as the box offers it.
 enum SortChoice
 {
@@ -60,10 +59,8 @@ protected:
         QStyledItemDelegate::initStyleOption(option, index);
         if (index.column() < MatrixTable::FirstSite || index.data(MatrixTable::StaleRole).toBool())
             return;
-        QColor paler =
-            option->palette.color(QPalette::Text); // Not every theme has a colour for it that shows.
-        paler.setAlphaF(paleness);
-        option->palette.setColor(QPalette::Text, paler);
+        option->palette.setColor(QPalette::Text,
+                                 mutedColour(option->palette, QPalette::Text, QPalette::Base));
     }
 };
 
@@ -121,7 +118,7 @@ QWidget *MatrixWindow::newFilterRow()
     m_siteFilter = newFilter(u"matrixSiteFilter"_s, tr("Find a site"));
     m_onlyStale = new QCheckBox(tr("&Only what is to be brought up to date"));
     m_onlyStale->setObjectName(u"matrixOnlyStale"_s);
-    m_sort = new QComboBox;
+    m_sort = new NamedPopUp;
     m_sort->setObjectName(u"matrixSort"_s);
     m_sort->setAccessibleName(tr("Sort by"));
     m_sort->addItems({tr("Title"), tr("Version"), tr("To do"), tr("Selected site")});

@@ -4,6 +4,7 @@
 #include "findings/advice.h"
 #include "findings/chosen_packs.h"
 #include "store/process_state.h"
+#include "widgets/validation_palette.h"
 
 #include <QEvent>
 #include <QResizeEvent>
@@ -20,22 +21,9 @@ QString paragraph(const QString &text, const QString &style)
     return u"<p style=\"margin:0 0 4px 0;%1\">%2</p>"_s.arg(style, text.toHtmlEscaped());
 }
 
-/// Between the text's colour and the background's, still easy to read on both.
-QString mutedColour(const QPalette &palette)
-{
-    static constexpr float share = 0.4F;
-    const QColor text = palette.color(QPalette::WindowText);
-    const QColor back = palette.color(QPalette::Window);
-    const auto mixed = [](float one, float other) { return one + (other - one) * share; };
-    return u"color:"_s + QColor::fromRgbF(mixed(text.redF(), back.redF()),
-                                          mixed(text.greenF(), back.greenF()),
-                                          mixed(text.blueF(), back.blueF()))
-                             .name();
-}
-
 } // namespace
 
-FindingsPane::FindingsPane(const Editor &editor, QWidget *parent) : QTextEdit(parent), m_editor(editor)
+FindingsPane::FindingsPane(const Editor &editor, QWidget *parent) : WithFocusFrame(parent), m_editor(editor)
 {
     setObjectName(u"findingsPane"_s);
     setAccessibleName(tr("What it means, and advice"));
@@ -67,7 +55,8 @@ void FindingsPane::showFindings()
 {
     QString html;
     if (mwqnSelSW && m_editor.loaded()) {
-        const QString muted = mutedColour(palette());
+        const QString muted =
+            u"color:"_s + mutedColour(palette(), QPalette::WindowText, QPalette::Window).name();
         const chosen_packs::Chosen chosen = chosen_packs::now();
         for (const Finding &finding :
              findings::all(m_errors, {.form = m_editor.form(), .packs = chosen.packs})) {
@@ -93,7 +82,7 @@ void FindingsPane::resizeEvent(QResizeEvent *event)
 
 void FindingsPane::changeEvent(QEvent *event)
 {
-    QTextEdit::changeEvent(event);
+    WithFocusFrame::changeEvent(event);
     if (event->type() == QEvent::PaletteChange && isVisible())
         showFindings();
 }

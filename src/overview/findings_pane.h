@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/string_dictionary.h"
+#include "widgets/focus_frame.h"
 
 #include <QTextEdit>
 
@@ -10,7 +11,7 @@ class Editor;
 
 /// What a recorded message means and what would pass, and below it quietly what else is advised on the
 /// selected title. It is empty and hidden when there is neither.
-class FindingsPane : public QTextEdit
+class FindingsPane : public WithFocusFrame<QTextEdit>
 {
     Q_OBJECT
 public:

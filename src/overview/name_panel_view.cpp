@@ -80,6 +80,7 @@ void NamePanelView::showPanel()
     m_input->setFocus();
     m_okButton->setText(panel->swNamePanelOKButton);
     m_skipAllButton->setVisible(panel->hasMore);
+    adjustSize(); // Its texts may be longer than the last time.
     open();
 }
 

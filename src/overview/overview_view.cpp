@@ -7,6 +7,7 @@
 #include "platform/settings.h"
 #include "widgets/action_button.h"
 #include "widgets/command_set.h"
+#include "widgets/scroll_area.h"
 
 #include <QAction>
 #include <QBoxLayout>
@@ -85,7 +86,7 @@ OverviewView::OverviewView(OverviewController &overview, TitleCommands &titles, 
     m_splitter->setStretchFactor(0, 3);
     m_splitter->setStretchFactor(1, 2);
     m_splitter->restoreState(settings().value(splitterKey).toByteArray());
-    (new QVBoxLayout(this))->addWidget(m_splitter);
+    (new QVBoxLayout(this))->addWidget(new ScrollArea(m_splitter));
 }
 
 OverviewView::~OverviewView()

@@ -133,8 +133,11 @@ void SoftwareTableView::showEvent(QShowEvent *event)
 void SoftwareTableView::showListOrHint()
 {
     const bool isEmpty = m_sorted->rowCount() == 0;
-    if (isEmpty && count() == 1)
-        addWidget(newEmptyPage(m_commands));
+    if (isEmpty && count() == 1) {
+        QWidget *page = newEmptyPage(m_commands);
+        addWidget(page);
+        setTabOrder(m_table, page->findChild<QPushButton *>());
+    }
     setCurrentIndex(isEmpty ? 1 : 0);
 }
 

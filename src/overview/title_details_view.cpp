@@ -7,6 +7,7 @@
 #include "store/process_state.h"
 #include "widgets/action_button.h"
 #include "widgets/command_set.h"
+#include "widgets/focus_frame.h"
 #include "widgets/icon_cell_delegate.h"
 #include "widgets/row_table.h"
 
@@ -27,7 +28,8 @@ namespace {
 
 const QString marksHeaderKey = u"overview/submittedToTable"_s;
 const QString detailsSplitterKey = u"overview/detailsSplitter"_s;
-constexpr int siteWidth = 220;
+constexpr int siteWidth = 28; ///< In digits, as the other.
+constexpr int versionWidth = 12;
 
 } // namespace
 
@@ -37,7 +39,7 @@ TitleDetailsView::TitleDetailsView(OverviewController &overview, const Editor &e
     , m_overview(overview)
     , m_editor(editor)
     , m_submittedToTableView(newIconRowTable(u"submittedToTableView"_s, tr("Submitted to"), this))
-    , m_validationErrorsView(new QListWidget(this))
+    , m_validationErrorsView(new WithFocusFrame<QListWidget>(this))
     , m_marksCaption(new QLabel(tr("&Submitted to"), this))
     , m_errorsCaption(new QLabel(this))
 {
@@ -96,7 +98,7 @@ void TitleDetailsView::restoreLayout()
 {
     QHeaderView *header = m_submittedToTableView->horizontalHeader();
     if (!header->restoreState(settings().value(marksHeaderKey).toByteArray()))
-        m_submittedToTableView->setColumnWidth(SubmittedToTable::Site, siteWidth);
+        setColumnWidths(*m_submittedToTableView, {siteWidth, versionWidth});
     header->setStretchLastSection(true);
     restoreState(settings().value(detailsSplitterKey).toByteArray());
 }

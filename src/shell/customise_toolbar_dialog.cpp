@@ -4,6 +4,7 @@
 #include "widgets/action_button.h"
 #include "widgets/button_box.h"
 #include "widgets/command_set.h"
+#include "widgets/focus_frame.h"
 
 #include <QAction>
 #include <QBoxLayout>
@@ -21,7 +22,7 @@ namespace {
 
 QListWidget *newList(const QString &name, const QString &accessibleName)
 {
-    auto *list = new QListWidget;
+    auto *list = new WithFocusFrame<QListWidget>;
     list->setObjectName(name);
     list->setAccessibleName(accessibleName);
     list->setIconSize({24, 24});

@@ -10,6 +10,7 @@
 #include "store/data_folder_lock.h"
 #include "store/process_state.h"
 #include "store/storage_status.h"
+#include "widgets/outlined_style.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -110,6 +111,7 @@ int main(int argc, char *argv[])
     QApplication::setApplicationDisplayName(u"Quillon"_s);
     QApplication::setApplicationVersion(application_info::version);
     QApplication::setDesktopFileName(u"quillon"_s);
+    OutlinedStyle::install();
 
     const std::optional<Start> start = readCommandLine(application);
     if (!start)

@@ -42,6 +42,7 @@ public:
     void showWaiting(const QString &sentence);
 
     /// Whether the editor is on show and something in it can be taken back, or done again.
+    [[nodiscard]] bool isEditorShown() const { return m_isEditorShown; }
     [[nodiscard]] bool canUndo() const;
     [[nodiscard]] bool canRedo() const;
     /// Takes back the last step in the selected title, and shows the page and the field that it was in. What

@@ -18,6 +18,10 @@ QList<Command> mainWindowCommands(const MainWindowParts &parts)
     const auto ifFileMenuHas = [&menu = parts.overview.fileMenu()](FileMenu::Item item) {
         return [&menu, item] { return menu.isEnabled(item); };
     };
+    // What is planned for many titles reaches the one that is open in the editor, too.
+    const auto canPlan = [parts] {
+        return parts.overview.fileMenu().isEnabled(FileMenu::New) || parts.window.isEditorShown();
+    };
     const QString file = MainWindow::tr("&File");
     const QString edit = MainWindow::tr("&Edit");
     const QString view = MainWindow::tr("&View");
@@ -75,11 +79,11 @@ QList<Command> mainWindowCommands(const MainWindowParts &parts)
          .run = [parts] { plan_windows::openFixes(parts.window, parts.overview, parts.edits); }},
         {.id = u"newRelease"_s, .text = MainWindow::tr("&New Release…"), .menu = title,
          .toolTip = MainWindow::tr("Version, date, sizes and what is new, in one or many titles"),
-         .isEnabled = ifFileMenuHas(FileMenu::New),
+         .isEnabled = canPlan,
          .run = [parts] { plan_windows::openRelease(parts.window, parts.overview, parts.edits); }},
         {.id = u"changeInTitles"_s, .text = MainWindow::tr("&Change in Titles…"), .menu = title,
          .toolTip = MainWindow::tr("Set fields in all titles that have a value in common"),
-         .isEnabled = ifFileMenuHas(FileMenu::New),
+         .isEnabled = canPlan,
          .run = [parts] { plan_windows::openBulkChange(parts.window, parts.overview, parts.edits); }},
         {.id = u"exportOriginal"_s, .text = MainWindow::tr("Export &Original…"), .menu = title, .opensGroup = true,
          .toolTip = MainWindow::tr("Save the file that the selected title was imported from"),

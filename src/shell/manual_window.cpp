@@ -5,6 +5,7 @@
 #include "platform/settings.h"
 #include "shell/manual_browser.h"
 #include "widgets/action_button.h"
+#include "widgets/focus_frame.h"
 #include "widgets/row_table.h"
 
 #include <QAction>
@@ -42,7 +43,7 @@ QTreeWidgetItem *newItem(const QString &text, const QString &page)
 ManualWindow::ManualWindow(Desktop &desktop)
     : m_desktop(desktop)
     , m_search(new QLineEdit(this))
-    , m_list(new QTreeWidget(this))
+    , m_list(new WithFocusFrame<QTreeWidget>(this))
     , m_browser(new ManualBrowser(desktop, this))
 {
     m_commands = new CommandSet(commands(), this);

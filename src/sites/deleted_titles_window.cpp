@@ -19,8 +19,6 @@ namespace {
 
 const QString geometryKey = u"deletedTitles/geometry"_s;
 constexpr QSize firstSize(720, 360);
-constexpr int nameWidth = 240;
-constexpr int whatWidth = 220;
 
 } // namespace
 
@@ -33,8 +31,7 @@ DeletedTitlesWindow::DeletedTitlesWindow(DeletedTitles &deleted, QWidget *parent
     setWindowTitle(tr("Deleted Titles"));
     setWindowModality(Qt::WindowModal);
     m_table->setModel(&deleted);
-    m_table->setColumnWidth(DeletedTitles::Name, nameWidth);
-    m_table->setColumnWidth(DeletedTitles::What, whatWidth);
+    setColumnWidths(*m_table, {30, 27, 12});
     m_table->horizontalHeader()->setStretchLastSection(true);
     auto *caption = new QLabel(
         tr("&Titles and own sites that you deleted in the last %L1 days:").arg(deleted_items::keptDays));

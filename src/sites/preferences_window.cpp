@@ -7,6 +7,7 @@
 #include "sites/sites_page.h"
 #include "store/storage_status.h"
 #include "widgets/failed_writes_label.h"
+#include "widgets/scroll_area.h"
 
 #include <QActionGroup>
 #include <QBoxLayout>
@@ -32,8 +33,8 @@ PreferencesWindow::PreferencesWindow(PreferencesController &preferences, QWidget
 {
     setObjectName(u"prefsWindow"_s);
     setWindowModality(Qt::WindowModal);
-    m_pages->addWidget(new SitesPage(preferences));
-    m_pages->addWidget(new BackupsPage(preferences.backups()));
+    m_pages->addWidget(new ScrollArea(new SitesPage(preferences)));
+    m_pages->addWidget(new ScrollArea(new BackupsPage(preferences.backups())));
     new AddEditPanelView(preferences.addEditPanel(), this);
 
     auto *layout = new QVBoxLayout(this);

@@ -50,11 +50,11 @@ SitesTableView::~SitesTableView()
 
 void SitesTableView::bindTable()
 {
-    static constexpr int nameWidth = 190;
+    static constexpr int nameWidth = 24; // In digits.
     m_table->setModel(m_rows);
     m_table->setSelectionMode(QAbstractItemView::ExtendedSelection);
     if (!m_table->horizontalHeader()->restoreState(settings().value(m_settingsKey).toByteArray()))
-        m_table->setColumnWidth(SiteListTable::SiteName, nameWidth);
+        setColumnWidths(*m_table, {nameWidth});
     m_table->horizontalHeader()->setStretchLastSection(true);
     connect(m_table->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             [this] { Q_EMIT selectedRowsChanged(selectedRows()); });
@@ -102,8 +102,8 @@ void SitesTableView::showCount()
 {
     const int all = m_rows->sourceModel()->rowCount();
     const int shown = m_rows->rowCount();
-    m_label->setText(shown == all ? u"%1 (%2)"_s.arg(m_caption).arg(all)
-                                  : tr("%1 (%2 of %3)").arg(m_caption).arg(shown).arg(all));
+    m_label->setText(shown == all ? u"%1 (%L2)"_s.arg(m_caption).arg(all)
+                                  : tr("%1 (%L2 of %L3)").arg(m_caption).arg(shown).arg(all));
 }
 
 } // namespace quillon

@@ -1,5 +1,6 @@
 #include "submission/form_filling_window.h"
 
+#include "editor/pop_up_accessible.h"
 #include "platform/plain_text.h"
 #include "widgets/announcement.h"
 #include "widgets/row_table.h"
@@ -18,7 +19,6 @@ namespace quillon {
 namespace {
 
 constexpr QSize firstSize(700, 420);
-constexpr std::array<int, FormFilling::ColumnCount> firstWidths = {150, 140, 160, 180, 120};
 
 } // namespace
 
@@ -27,7 +27,7 @@ FormFillingWindow::FormFillingWindow(Browser &browser, const QString &site, QWid
     , m_filling(new FormFilling(browser, site, this))
     , m_summary(new QLabel(tr("Looking at the page…")))
     , m_table(newRowTable(u"formFields"_s, tr("Fields of the page"), this))
-    , m_value(new QComboBox)
+    , m_value(new NamedPopUp)
     , m_fill(new QPushButton(tr("&Fill")))
     , m_close(new QPushButton(tr("&Close")))
 {
@@ -42,8 +42,7 @@ FormFillingWindow::FormFillingWindow(Browser &browser, const QString &site, QWid
     m_summary->setWordWrap(true);
     m_table->setModel(m_filling);
     m_table->horizontalHeader()->setStretchLastSection(true);
-    for (int column = 0; column < FormFilling::ColumnCount; ++column)
-        m_table->setColumnWidth(column, firstWidths[size_t(column)]);
+    setColumnWidths(*m_table, {19, 17, 20, 22, 15});
 
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(m_summary);

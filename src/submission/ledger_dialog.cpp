@@ -1,5 +1,6 @@
 #include "submission/ledger_dialog.h"
 
+#include "editor/pop_up_accessible.h"
 #include "ledger/ledger_editing.h"
 #include "platform/dates.h"
 #include "platform/plain_text.h"
@@ -67,7 +68,7 @@ LedgerDialog::LedgerDialog(const QString &title, const QString &site, QWidget *p
     : QDialog(parent)
     , m_ofTitle(title)
     , m_site(site)
-    , m_state(new QComboBox)
+    , m_state(new NamedPopUp)
     , m_address(newField(u"ledgerAddress"_s, tr("Address of the listing")))
     , m_note(newField(u"ledgerNote"_s, tr("Note")))
     , m_outcome(new QLabel)

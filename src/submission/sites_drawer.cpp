@@ -89,7 +89,8 @@ void SitesDrawer::buildTable()
     header->setStretchLastSection(false);
     header->setSectionResizeMode(SubmissionSitesTable::Sites, QHeaderView::Stretch);
     header->setSectionResizeMode(SubmissionSitesTable::Status, QHeaderView::Fixed);
-    header->resizeSection(SubmissionSitesTable::Status, statusWidth);
+    header->resizeSection(SubmissionSitesTable::Status,
+                          qMax(statusWidth, header->sectionSizeHint(SubmissionSitesTable::Status)));
     connect(table.selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &SitesDrawer::selectionChanged);
 }

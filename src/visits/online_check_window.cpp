@@ -19,9 +19,6 @@ namespace quillon {
 namespace {
 
 constexpr QSize firstSize(920, 420);
-constexpr int whatWidth = 190;
-constexpr int foundWidth = 100;
-constexpr int timeWidth = 170;
 
 } // namespace
 
@@ -38,9 +35,7 @@ OnlineCheckWindow::OnlineCheckWindow(std::unique_ptr<OnlineCheck> check, const Q
     setWindowTitle(plainWindowTitle(title));
     auto *table = newRowTable(u"onlineCheck"_s, title, this);
     table->setModel(m_check.get());
-    table->setColumnWidth(OnlineCheck::What, whatWidth);
-    table->setColumnWidth(OnlineCheck::Found, foundWidth);
-    table->setColumnWidth(OnlineCheck::Time, timeWidth);
+    setColumnWidths(*table, {24, 12, 12, 21}); // That of the details takes what is left.
     table->horizontalHeader()->setStretchLastSection(false);
     table->horizontalHeader()->setSectionResizeMode(OnlineCheck::Detail, QHeaderView::Stretch);
     auto *label = new QLabel(caption);

@@ -28,7 +28,6 @@ QWidget *announcementIn(QWidget *window)
     made->setObjectName(announcementName);
     made->setAttribute(Qt::WA_TransparentForMouseEvents);
     made->setFixedSize(0, 0);
-    made->show();
     return made;
 }
 
@@ -36,14 +35,14 @@ QWidget *announcementIn(QWidget *window)
 
 void announce(const QWidget &widget, const QString &text)
 {
-    if (text.isEmpty() || !QAccessible::isActive() || !widget.isVisible())
+    if (text.isEmpty() || !widget.isVisible())
         return;
     QWidget *said = announcementIn(widget.window());
+    said->hide();
     said->setAccessibleName(text);
-    for (const auto kind : {QAccessible::ObjectShow, QAccessible::Alert}) { // Desktops hear of either.
-        QAccessibleEvent event(said, kind);
-        QAccessible::updateAccessibility(&event);
-    }
+    said->show();
+    QAccessibleEvent event(said, QAccessible::Alert); // Some desktops hear of this one alone.
+    QAccessible::updateAccessibility(&event);
 }
 
 } // namespace quillon

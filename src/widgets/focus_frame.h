@@ -39,7 +39,8 @@ private:
     void paintFrame()
     {
         const int own = this->hasFocus() ? 0 : this->frameWidth();
-        const auto colour = this->hasFocus() ? QPalette::Highlight : QPalette::Base;
+        const auto ground = this->viewport()->autoFillBackground() ? QPalette::Base : QPalette::Window;
+        const auto colour = this->hasFocus() ? QPalette::Highlight : ground;
         QPainter painter(this);
         for (int at = own; at <= this->frameWidth(); ++at) {
             painter.setPen(this->palette().color(colour));

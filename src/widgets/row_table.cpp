@@ -1,6 +1,7 @@
 #include "widgets/row_table.h"
 
 #include "controls/icon_cell.h"
+#include "widgets/focus_frame.h"
 
 #include <QBoxLayout>
 #include <QHeaderView>
@@ -13,10 +14,10 @@ namespace quillon {
 namespace {
 
 /// A table in which keys go from row to row, and sort.
-class RowTable final : public QTableView
+class RowTable final : public WithFocusFrame<QTableView>
 {
 public:
-    using QTableView::QTableView;
+    using WithFocusFrame::WithFocusFrame;
 
     /// Finds the row by its first column, whichever column was clicked.
     void keyboardSearch(const QString &text) override
@@ -94,10 +95,10 @@ void describeSorting(QTableView &table)
     const QString order = header->sortIndicatorOrder() == Qt::AscendingOrder
                               ? QTableView::tr("Sorted by %1, ascending.").arg(column)
                               : QTableView::tr("Sorted by %1, descending.").arg(column);
-    table.setAccessibleDescription(
-        order + u' ' +
-        QTableView::tr("Ctrl+Shift with the arrow keys sorts by another column, or the other "
-                       "way round."));
+    const QString keys =
+        QTableView::tr("Ctrl+Shift with the arrow keys sorts by another column, or the other way round.");
+    table.setAccessibleDescription(order + u' ' + keys);
+    table.horizontalHeader()->setToolTip(order + u'\n' + keys);
 }
 
 } // namespace

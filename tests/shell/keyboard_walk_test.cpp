@@ -15,7 +15,8 @@ namespace {
 
 constexpr int mostLinks = 100; ///< On a page, each of which is a stop of its own.
 constexpr QSize smallScreen(1280, 720);
-constexpr int frameHeight = 40; ///< What the window system takes of it for a window's title.
+constexpr QSize tinyScreen(640, 360); ///< The same one with everything twice as large.
+constexpr int frameHeight = 30;       ///< What the window system takes of it for a window's title.
 
 bool activated(QWidget &window)
 {
@@ -34,6 +35,31 @@ QStringList roomFaults(QWidget &window)
     QStringList faults = cutTexts(window);
     if (window.size() != window.size().boundedTo(room))
         faults.append(u"the window needs %1 x %2"_s.arg(window.width()).arg(window.height()));
+    const QSize least = window.minimumSizeHint().expandedTo(window.minimumSize());
+    const bool isOfToolkit = qobject_cast<QMessageBox *>(&window); // It looks how large the screen is.
+    if (!isOfToolkit && least != least.boundedTo(tinyScreen.shrunkBy({0, frameHeight, 0, 0})))
+        faults.append(u"the window is at least %1 x %2"_s.arg(least.width()).arg(least.height()));
+    return faults;
+}
+
+/// Whether it is seen that @p stop has the keyboard, which @p other has otherwise.
+bool showsFocus(QWidget &stop, QWidget &other)
+{
+    other.setFocus(Qt::TabFocusReason);
+    const QImage before = stop.grab().toImage();
+    stop.setFocus(Qt::TabFocusReason);
+    return !stop.hasFocus() || stop.grab().toImage() != before;
+}
+
+QStringList focusFaults(const QList<QWidget *> &stops)
+{
+    QStringList faults;
+    QWidget *other = stops.last();
+    for (QWidget *stop : stops) {
+        if (stop != other && !showsFocus(*stop, *other))
+            faults.append(nameForPeople(*stop) + u" does not show that it has the keyboard"_s);
+        other = stop;
+    }
     return faults;
 }
 
@@ -60,6 +86,7 @@ QStringList keyboardFaults(QWidget &window)
     if (QApplication::focusWidget() != stops.last())
         faults.append(nameForPeople(*back) + u" leads backwards to "_s +
                       nameForPeople(*QApplication::focusWidget()));
+    faults += focusFaults(tabStops(window));
     QStringList around;
     for (const QWidget *widget = back; widget; widget = widget->parentWidget())
         around.append(widget->objectName());

@@ -4,6 +4,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QListWidget>
+#include <QTabWidget>
 
 /// The windows of the menu "Title" that plan changes, driven as an author does.
 class PlanWindowsTest : public MainWindowTest
@@ -91,6 +92,17 @@ TEST_F(PlanWindowsTest, AReleaseIsFilledInAndItsMistakesAreTold)
     press(u"applyPlan"_s);
     EXPECT_TRUE(padOf(u"A"_s).contains("<File_Size_Bytes>5<") && padOf(u"B"_s).contains("Version>1.5<"));
     EXPECT_EQ(overview().softwareTable().index(0, SoftwareTable::Version).data(), u"1.5"_s);
+
+    press(u"closePlan"_s);
+    command(u"Edit"_s)->trigger();
+    command(u"newRelease"_s)->trigger();
+    QTest::keyClicks(visible<QLineEdit>(u"releaseVersion"_s), u"1.6"_s);
+    ASSERT_TRUE(isReady());
+    press(u"applyPlan"_s);
+    press(u"closePlan"_s);
+    visible<QTabWidget>(u"editorTabs"_s)->setCurrentIndex(1);
+    EXPECT_EQ(visible<QLineEdit>(u"programVersion"_s)->text(), u"1.6"_s) << "in its editor";
+    EXPECT_TRUE(padOf(u"B"_s).contains("Version>1.6<") && padOf(u"A"_s).contains("Version>1.5<"));
 }
 
 TEST_F(PlanWindowsTest, ValuesAreSetInAllTitlesThatHaveOneInCommon)
@@ -109,7 +121,20 @@ TEST_F(PlanWindowsTest, ValuesAreSetInAllTitlesThatHaveOneInCommon)
     visible<QComboBox>(u"set1Field"_s)->setCurrentText(u"City/Town"_s);
     type(u"set1Line"_s, u"Bonn"_s);
     ASSERT_TRUE(isReady());
-    EXPECT_EQ(visible<QTableView>(u"plannedTitles"_s)->model()->rowCount(), 2);
+    auto *planned = visible<QTableView>(u"plannedTitles"_s);
+    EXPECT_EQ(planned->model()->rowCount(), 2);
+    press(u"anotherCondition"_s);
+    visible<QComboBox>(u"where1Field"_s)->setCurrentText(u"Country"_s);
+    type(u"where1Line"_s, u"Norway"_s);
+    ASSERT_TRUE(eventually([&] { return planned->model()->rowCount() == 0; })) << "all of them are asked";
+    visible<QComboBox>(u"whereField"_s)->setFocus();
+    QStringList order;
+    for (const QWidget *stop : tabStops(*planned->window()))
+        order.append(stop->objectName());
+    EXPECT_EQ(order.first(8).join(u' '), u"whereField whereLine where1Field where1Line set0Field set0Line "
+                                         "set1Field set1Line"_s);
+    visible<QLineEdit>(u"where1Line"_s)->clear();
+    ASSERT_TRUE(eventually([&] { return planned->model()->rowCount() == 2; }));
     press(u"applyPlan"_s);
     EXPECT_EQ(outcome(), u"2 titles were changed."_s);
     EXPECT_TRUE(padOf(u"C"_s).contains("<Company_Name>Acme Ltd<") &&

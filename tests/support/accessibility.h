@@ -36,7 +36,8 @@ inline QStringList deadMnemonics(const QWidget &window)
 }
 
 /// What a screen reader's user cannot make out in @p window as it is shown, a line each: a widget that takes
-/// the focus and has no name, or no role, or the name of another one. And what leads nowhere by its letter.
+/// the focus and has no name, or another than it was given, or no role, or the name of another one. And what
+/// leads nowhere by its letter.
 ///
 ///     EXPECT_EQ(accessibilityFaults(window()), QStringList());
 inline QStringList accessibilityFaults(const QWidget &window)
@@ -54,6 +55,9 @@ inline QStringList accessibilityFaults(const QWidget &window)
             faults.append(which + QStringLiteral(" has no name"));
         if (role == QAccessible::NoRole || role == QAccessible::Client)
             faults.append(which + QStringLiteral(" has no role"));
+        if (!widget->accessibleName().isEmpty() && !widget->inherits("QTabBar") &&
+            widget->accessibleName() != name)
+            faults.append(QStringLiteral("%1 is called “%2” instead").arg(which, name));
         const QString other = known.value(name);
         if (!name.isEmpty() && !other.isNull())
             faults.append(QStringLiteral("%1 and %2 are both “%3”").arg(other, which, name));

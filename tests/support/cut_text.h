@@ -33,11 +33,12 @@ inline bool isInSight(const QWidget &widget)
 {
     QRect place = widget.rect();
     for (const QWidget *at = &widget; !at->isWindow(); at = at->parentWidget()) {
-        const auto *area = qobject_cast<const QAbstractScrollArea *>(at->parentWidget());
-        if (area && area->viewport() == at)
+        const QWidget *around = at->parentWidget();
+        const auto *area = qobject_cast<const QAbstractScrollArea *>(around->parentWidget());
+        if (area && area->viewport() == around)
             return true;
         place.translate(at->pos());
-        if (!at->parentWidget()->rect().contains(place))
+        if (!around->rect().contains(place))
             return false;
     }
     return true;

@@ -1,3 +1,5 @@
+#include "widgets/outlined_style.h"
+
 #include <QApplication>
 
 #include <gtest/gtest.h>
@@ -10,5 +12,6 @@ int main(int argc, char *argv[])
     testing::InitGoogleTest(&argc, argv);
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
+    quillon::OutlinedStyle::install();
     return RUN_ALL_TESTS();
 }

@@ -1,0 +1,186 @@
+#include "shell/main_window_fixture.h"
+#include "store/error_tracking.h"
+#include "support/accessibility.h"
+#include "widgets/validation_palette.h"
+
+#include <QDateEdit>
+#include <QLabel>
+#include <QListWidget>
+#include <QRegularExpression>
+#include <QTabWidget>
+
+#include <cmath>
+
+namespace {
+
+/// A style's colours: window, fields, and what is written on both.
+struct Look
+{
+    const char *name;
+    QColor window;
+    QColor base;
+    QColor text;
+};
+
+const Look looks[] = {{"light", 0xefefef, Qt::white, Qt::black},
+                      {"dark", 0x353535, 0x1e1e1e, Qt::white},
+                      {"white on black", Qt::black, Qt::black, Qt::white},
+                      {"black on white", Qt::white, Qt::white, Qt::black},
+                      {"yellow on blue", 0x000080, 0x000060, Qt::yellow},
+                      {"light fields in a dark window", 0x303030, Qt::white, Qt::black},
+                      {"faint", 0xd8d8d8, 0xf0f0f0, 0x505050}};
+
+double brightness(const QColor &colour)
+{
+    const auto part = [](int value) {
+        const double share = value / 255.0;
+        return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * part(colour.red()) + 0.7152 * part(colour.green()) + 0.0722 * part(colour.blue()) + 0.05;
+}
+
+bool isReadable(const QColor &text, const QColor &ground)
+{
+    const double ratio = brightness(text) / brightness(ground);
+    return qMax(ratio, 1 / ratio) >= 4.5;
+}
+
+} // namespace
+
+TEST(Colours, JudgementsAndWhatIsPalerCanBeReadOnEveryGround)
+{
+    for (const Look &look : looks) {
+        QPalette palette(look.window);
+        palette.setColor(QPalette::Window, look.window);
+        palette.setColor(QPalette::Base, look.base);
+        palette.setColor(QPalette::Text, look.text);
+        palette.setColor(QPalette::WindowText, brightness(look.window) > 0.2 ? Qt::black : Qt::white);
+        for (const auto ground : {QPalette::Window, QPalette::Base}) {
+            const auto text = ground == QPalette::Base ? QPalette::Text : QPalette::WindowText;
+            const QColor back = palette.color(ground);
+            const QColor red = validationColour(palette, Colour::Red, ground);
+            EXPECT_TRUE(isReadable(red, back)) << look.name << red.name() << back.name();
+            EXPECT_NE(red, palette.color(text)) << look.name;
+            EXPECT_EQ(validationColour(palette, Colour::Black, ground), palette.color(text)) << look.name;
+            const QColor paler = mutedColour(palette, text, ground);
+            EXPECT_TRUE(isReadable(paler, back)) << look.name << paler.name() << back.name();
+        }
+    }
+    QPalette grey(Qt::gray);
+    grey.setColor(QPalette::Window, 0x777777);
+    EXPECT_EQ(validationColour(grey, Colour::Red), grey.color(QPalette::WindowText)) << "no red can be read";
+}
+
+/// What screen readers are told to say, as long as it lives.
+class Listener : public QObject
+{
+public:
+    Listener() { qApp->installEventFilter(this); }
+    QStringList said;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::Show && watched->objectName() == u"announcement") {
+            auto *interface = QAccessible::queryAccessibleInterface(watched);
+            EXPECT_EQ(interface->role(), QAccessible::Notification);
+            said.append(interface->text(QAccessible::Name));
+        }
+        return false;
+    }
+};
+
+/// The program as somebody has it who does not see its colours, or hears what it says.
+class ReadabilityTest : public MainWindowTest
+{
+protected:
+    void TearDown() override
+    {
+        QLocale::setDefault(QLocale::c());
+        MainWindowTest::TearDown();
+    }
+    static QString cell(const QString &table, int row, int column)
+    {
+        return visible<QTableView>(table)->model()->index(row, column).data().toString();
+    }
+};
+
+TEST_F(ReadabilityTest, WhatChangesByItselfIsSaidAndTypingIsNotInterrupted)
+{
+    drop({padFile(u"A"_s)});
+    answerAlert(u"OK"_s);
+    clickTitle(0);
+    command(u"Edit"_s)->trigger();
+    auto *field = visible<QLineEdit>(u"companyName"_s);
+    auto *caption = visible<QLabel>(u"companyNameLabel"_s);
+    const QString errors = u"%1 errors in the PAD file."_s;
+    const Listener listener;
+    const QStringList &said = listener.said;
+    field->setFocus();
+    const auto count = [] { return ErrorTracking::returnErrorDictionary().valueOr({}).size(); };
+    const size_t before = count();
+    for (const QChar letter : u"Acme"_s) {
+        QTest::keyClick(field, letter.toLatin1());
+        QTest::qWait(20);
+    }
+    EXPECT_EQ(said, QStringList()) << "not while keys come";
+    EXPECT_FALSE(caption->font().bold());
+    ASSERT_TRUE(eventually([&] { return !said.isEmpty(); }));
+    EXPECT_EQ(said, QStringList{errors.arg(before - 1)});
+    field->selectAll();
+    QTest::keyClick(field, Qt::Key_Delete);
+    EXPECT_TRUE(caption->font().bold()) << "its colour is not the only sign";
+    ASSERT_TRUE(eventually([&] { return said.size() == 2; }));
+    EXPECT_EQ(said.last(), u"The company name is too short. "_s + errors.arg(before));
+    EXPECT_EQ(QApplication::focusWidget(), field);
+
+    command(u"history"_s)->trigger();
+    press(u"restoreTitle"_s);
+    EXPECT_EQ(said.last(), u"The title is as it was then."_s);
+}
+
+TEST_F(ReadabilityTest, DatesAndNumbersAreThoseOfTheUsersLocaleAndNeverStored)
+{
+    struct Row
+    {
+        QLocale locale;
+        QString date;
+        QString errors;
+        QString page;
+        QString apply;
+        QString sites;
+    };
+    const Row rows[] = {{QLocale(u"de_DE"_s), u"14.05.26"_s, u"(3)"_s, u"3 errors on this page"_s,
+                         u"Appl&y to 2 Titles"_s, u"&Sites (212)"_s},
+                        {QLocale(u"ar_EG"_s), u"١٤‏/٥‏/٢٠٢٦"_s, u"(٣)"_s,
+                         u"٣ errors on this page"_s, u"Appl&y to ٢ Titles"_s, u"&Sites (٢١٢)"_s}};
+    drop({padFile(u"Zebra"_s)});
+    answerAlert(u"OK"_s);
+    command(u"tryExample"_s)->trigger();
+    ASSERT_TRUE(eventually([&] { return titles().size() == 2; }));
+    command(u"Overview"_s)->trigger();
+    for (const Row &row : rows) {
+        QLocale::setDefault(row.locale);
+        start();
+        EXPECT_EQ(cell(u"softwareTableView"_s, 0, 2), row.date);
+        clickTitle(0);
+        command(u"newRelease"_s)->trigger();
+        type(u"releaseVersion"_s, u"9"_s);
+        EXPECT_EQ(visible<QDateEdit>(u"releaseDate"_s)->date(), QDate::currentDate());
+        visible<QTableView>(u"plannedTitles"_s)
+            ->model()
+            ->setData(visible<QTableView>(u"plannedTitles"_s)->model()->index(1, 0), Qt::Checked,
+                      Qt::CheckStateRole);
+        auto *apply = visible<QPushButton>(u"applyPlan"_s);
+        ASSERT_TRUE(eventually([&] { return apply->isEnabled(); }));
+        EXPECT_EQ(apply->text(), row.apply);
+        press(u"closePlan"_s);
+        command(u"preferences"_s)->trigger();
+        EXPECT_NE(visible<QWidget>(u"prefsWindow"_s)->findChildren<QLabel *>().size(), 0);
+        QStringList captions;
+        for (const QLabel *label : visible<QWidget>(u"prefsWindow"_s)->findChildren<QLabel *>())
+            captions.append(label->text());
+        EXPECT_TRUE(captions.contains(row.sites)) << captions.join(u'|');
+        press(u"closeButton"_s);
+    }
+}
