@@ -321,10 +321,11 @@ void EditorView::tellErrors()
     m_told = m_editor.errors();
     const size_t count = m_told.size();
     const auto field = focusedText();
-    announce(*this, (field ? m_editor.errorMessage(*field) + u' ' : QString()) +
-                        (count == 0   ? tr("No errors in the PAD file.")
-                         : count == 1 ? tr("1 error in the PAD file.")
-                                      : tr("%L1 errors in the PAD file.").arg(count)));
+    const QString sentence = count == 0   ? tr("No errors in the PAD file.")
+                             : count == 1 ? tr("1 error in the PAD file.")
+                                          : tr("%L1 errors in the PAD file.").arg(count);
+    const QString message = field ? m_editor.errorMessage(*field) : QString();
+    announce(*this, message.isEmpty() ? sentence : message + u' ' + sentence);
 }
 
 void EditorView::describe(FieldId field)

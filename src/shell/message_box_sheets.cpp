@@ -2,6 +2,7 @@
 
 #include "platform/settings.h"
 #include "shell/folder_item_dialog.h"
+#include "widgets/focus_frame.h"
 
 #include <QCheckBox>
 #include <QCloseEvent>
@@ -147,7 +148,7 @@ void addDetails(QMessageBox &box, const QStringList &lines)
     auto *buttons = box.findChild<QDialogButtonBox *>();
     if (!grid || !buttons)
         return;
-    auto *details = new QPlainTextEdit(lines.join(u'\n'));
+    auto *details = new WithFocusFrame<QPlainTextEdit>(lines.join(u'\n'));
     details->setObjectName(u"alertDetails"_s);
     details->setAccessibleName(MessageBoxSheetsText::tr("Details"));
     details->setReadOnly(true);

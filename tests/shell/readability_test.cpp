@@ -116,6 +116,8 @@ TEST_F(ReadabilityTest, WhatChangesByItselfIsSaidAndTypingIsNotInterrupted)
     const QString errors = u"%1 errors in the PAD file."_s;
     const Listener listener;
     const QStringList &said = listener.said;
+    window().activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
     field->setFocus();
     const auto count = [] { return ErrorTracking::returnErrorDictionary().valueOr({}).size(); };
     const size_t before = count();
