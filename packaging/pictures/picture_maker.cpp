@@ -252,7 +252,7 @@ constexpr Picture pictures[] = {
 Result<> datePast()
 {
     static constexpr qint64 first = 1'777'620'000'000; // 2026-05-01 07:20, UTC
-    static constexpr qint64 step = 47 * 60'000;
+    static constexpr qint64 step = 2'820'000;          // 47 minutes
     return Journal::ofDataFolder().changeExisting([](Database &database) -> Result<> {
         Result<Statement> update = database.prepare("UPDATE history SET time = ? + id * ?", first, step);
         if (!update)

@@ -34,7 +34,7 @@ constexpr QSize usualSize(1180, 620);
 constexpr std::chrono::milliseconds reloadDelay(200);
 
 /// In digits of the font.
-constexpr int cellWidth = 15;
+constexpr int cellWidth = 18;
 constexpr int fixedCellWidth = 9;
 constexpr int titleWidth = 30;
 
@@ -161,7 +161,6 @@ QWidget *MatrixWindow::newTable()
     sites->setDefaultSectionSize(cellWidth * digit);
     sites->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     sites->setSectionsClickable(true);
-    sites->setTextElideMode(Qt::ElideRight);
     connect(sites, &QHeaderView::sectionClicked, this, &MatrixWindow::showSort);
     connect(m_table, &QTableView::activated, this, &MatrixWindow::choose);
     connect(m_table, &QTableView::clicked, this, [this](const QModelIndex &index) {
