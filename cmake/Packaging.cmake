@@ -35,11 +35,17 @@ function(quillon_package component description)
     install(FILES ${made}/changelog.gz DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${name} COMPONENT ${component})
 endfunction()
 
-string(TIMESTAMP packaging_time "%a, %d %b %Y %H:%M:%S +0000" UTC)
-file(WRITE ${made}/changelog
-     "quillon (${PROJECT_VERSION}) unstable; urgency=medium\n\n  * See CHANGELOG.md for what is new.\n\n"
-     " -- The Quillon developers <developers@quillon.example>  ${packaging_time}\n")
-execute_process(COMMAND gzip --best --no-name --force --keep ${made}/changelog COMMAND_ERROR_IS_FATAL ANY)
+string(TIMESTAMP packaging_time "%a, %d %b %Y 00:00:00 +0000" UTC)
+set(release_notes ${packaging}/make_release_notes)
+set(change_log ${PROJECT_SOURCE_DIR}/CHANGELOG.md)
+add_custom_command(
+    OUTPUT ${made}/changelog.gz
+    COMMAND ${release_notes} debian ${change_log} ${PROJECT_VERSION} ${packaging_time} > ${made}/changelog
+    COMMAND gzip --best --no-name --force --keep ${made}/changelog
+    DEPENDS ${release_notes} ${change_log}
+    VERBATIM)
+add_custom_target(quillon_changelog ALL DEPENDS ${made}/changelog.gz)
+add_dependencies(quillon_files quillon_changelog)
 
 quillon_man_page(quillon-cli cli)
 quillon_package(cli "This package has the command line: it does from a shell and in scripts what
@@ -60,11 +66,11 @@ if(QUILLON_BUILD_GUI)
     target_link_libraries(quillon-picture-maker PRIVATE quillon_gui quillon_icons Qt6::Network)
     add_dependencies(quillon-picture-maker quillon_browser)
     set(metainfo example.quillon.Quillon.metainfo.xml)
-    set(metainfo_sources ${packaging}/make_metainfo ${packaging}/quillon.metainfo.xml ${PROJECT_SOURCE_DIR}/CHANGELOG.md)
+    set(metainfo_template ${packaging}/quillon.metainfo.xml)
     add_custom_command(
         OUTPUT ${made}/${metainfo}
-        COMMAND ${metainfo_sources} ${PROJECT_VERSION} > ${made}/${metainfo}
-        DEPENDS ${metainfo_sources}
+        COMMAND ${release_notes} metainfo ${metainfo_template} ${change_log} ${PROJECT_VERSION} > ${made}/${metainfo}
+        DEPENDS ${release_notes} ${metainfo_template} ${change_log}
         VERBATIM)
     add_custom_target(quillon_desktop_files ALL DEPENDS ${made}/icons.stamp ${made}/${metainfo})
     add_dependencies(quillon_files quillon quillon_browser quillon_manual quillon_desktop_files)
