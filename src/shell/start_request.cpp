@@ -39,16 +39,16 @@ Result<StartRequest> StartRequest::read(const QByteArray &message)
     if (message.size() > mostBytes)
         return refusal(u"The files' names are too long together."_s);
     const QJsonObject object = QJsonDocument::fromJson(message).object();
-    const QJsonValue files = object[filesKey];
+    const QJsonArray files = object[filesKey].toArray();
     const QJsonValue title = object[titleKey];
     const QJsonValue token = object[tokenKey];
-    if (object.size() != 3 || !files.isArray() || !title.isBool() || !isText(token))
+    if (object.size() != 3 || !object[filesKey].isArray() || !title.isBool() || !isText(token))
         return refusal(u"This is not what a start of Quillon asks for."_s);
-    if (files.toArray().size() > mostFiles)
+    if (files.size() > mostFiles)
         return refusal(u"At most %1 files can be handed over at once."_s.arg(mostFiles));
 
     StartRequest request{.asksForTitle = title.toBool(), .activationToken = token.toString()};
-    for (const QJsonValue &file : files.toArray()) {
+    for (const auto &file : files) {
         if (!isText(file) || !file.toString().startsWith(u'/'))
             return refusal(u"One of the files is not named by an absolute path, or its name is too long."_s);
         request.files.append(file.toString());
