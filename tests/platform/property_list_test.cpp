@@ -58,6 +58,7 @@ TEST(PropertyListTest, RefusesWhatIsNoDictionary)
         plist(QByteArray("<dict><key>a</key><string>b\0c</string></dict>", 45)),
         plist(QByteArray("<dict><key>a\0b</key><string>c</string></dict>", 45)),
         plist("<dict>" + entry.repeated(10'001) + "</dict>"),
+        plist("<dict>" + QByteArray("<key>k</key><array></array>").repeated(1000) + "</dict>"),
         plist("<dict><key>a</key><string>" + QByteArray("&amp;").repeated(800'000) + "</string></dict>")};
     for (const QByteArray &list : refused)
         EXPECT_FALSE(property_list::read(list)) << list.left(200);

@@ -2,10 +2,12 @@
 #include "support/faults.h"
 #include "support/temporary_home.h"
 
+#include <csignal>
 #include <fcntl.h>
 #include <functional>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 using namespace std::chrono_literals;
@@ -52,6 +54,24 @@ TEST_F(DataFolderLockTest, TheFileStaysSoThatTwoNeverLockTwoFiles)
     EXPECT_EQ(tried(), State::HeldByAnother);
     EXPECT_EQ(fileNumber(inData(u"quillon.lock"_s)), number);
     ::close(late);
+}
+
+TEST_F(DataFolderLockTest, AFileThatSomebodyRemovedIsNoLock)
+{
+    const pid_t late = ::fork();
+    if (late == 0) {
+        const FaultPlan plan(home(), "flock=stop");
+        ::_exit(tried() == State::Held ? 1 : 0);
+    }
+    int status = 0;
+    ASSERT_EQ(::waitpid(late, &status, WUNTRACED), late);
+    ASSERT_TRUE(WIFSTOPPED(status));
+    ASSERT_TRUE(QFile::remove(inData(u"quillon.lock"_s)));
+    const DataFolderLock lock;
+    EXPECT_EQ(lock.state(), State::Held);
+    ASSERT_EQ(::kill(late, SIGCONT), 0);
+    ASSERT_EQ(::waitpid(late, &status, 0), late);
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << "two hold a lock now";
 }
 
 TEST_F(DataFolderLockTest, WhatIsNoFileInItsPlaceHangsNobodyAndIsTold)

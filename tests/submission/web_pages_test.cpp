@@ -132,6 +132,8 @@ TEST_F(WebPagesTest, OfferedFilesAreShownAndNotStored)
         return ask(u"document.getElementById('text')?.textContent.length ?? 0"_s).toInt() == longestShownText;
     }));
     EXPECT_EQ(files(), before);
+    const QString offered = page().profile()->persistentStoragePath() + u"/offered";
+    EXPECT_TRUE(eventually([&] { return tree(offered).isEmpty(); })) << "what was shown is not kept either";
     QTest::keyClick(&window(), Qt::Key_F5);
     EXPECT_TRUE(eventually([this] { return server.count(u"/long"_s) == 2; }))
         << "reloading asks the server again";
