@@ -52,7 +52,11 @@ ChangePreviewWindow::ChangePreviewWindow(const QString &title, ChangePreview *pr
     splitter->addWidget(newTitles());
     splitter->addWidget(newDetails());
     splitter->setStretchFactor(1, 1);
-    splitter->setSizes({firstTitlesWidth, firstSize.width() - firstTitlesWidth});
+    const QHeaderView *heads = m_titles->horizontalHeader();
+    const int withHeads = heads->sectionSize(ChangePreview::Title) +
+                          heads->sectionSizeHint(ChangePreview::Outcome) + 2 * m_titles->frameWidth();
+    const int titlesWidth = qMax(firstTitlesWidth, withHeads);
+    splitter->setSizes({titlesWidth, firstSize.width() - titlesWidth});
     auto *content = new QWidget;
     auto *rows = new QVBoxLayout(content);
     rows->setContentsMargins(0, 0, 0, 0);

@@ -139,7 +139,8 @@ QWidget *EditorView::newPage(const EditorPage &page)
 
 QWidget *EditorView::newGroup(const FieldGroup &group)
 {
-    QWidget *box = group.title.isEmpty() ? new QWidget : new QGroupBox(group.title.toString());
+    QWidget *box =
+        group.title.isEmpty() ? new QWidget : new QGroupBox(translated("EditorLayout", group.title));
     auto *layout = new QVBoxLayout(box);
     layout->setSpacing(2);
     for (const FieldLine &line : group.fields)

@@ -91,7 +91,8 @@ Result<bool> FolderHandle::isThere(const QByteArray &name) const
     struct stat status = {};
     if (::fstatat(m_descriptor.get(), name.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0)
         return true;
-    Error error = systemError(Error::Kind::Unreadable, pathOf(name), u"it cannot be looked at"_s);
+    Error error = systemError(Error::Kind::Unreadable, pathOf(name),
+                              QUILLON_TR_NOOP("Files", "it cannot be looked at"));
     return error.kind == Error::Kind::Missing ? Result<bool>(false) : Result<bool>(std::move(error));
 }
 

@@ -62,7 +62,7 @@ private:
     QStringList m_submittedToArraySTR;
     QString m_selectedSite;
     QString m_submittingToField;
-    QString m_markSubmittedButtonTitle = QStringLiteral("Mark As Submitted");
+    QString m_markSubmittedButtonTitle = tr("Mark As Submitted");
 };
 
 } // namespace quillon

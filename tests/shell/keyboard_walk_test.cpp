@@ -1,45 +1,24 @@
 #include "manual/manual_pages.h"
-#include "shell/main_window_fixture.h"
 #include "shell/manual_topics.h"
+#include "shell/window_walk.h"
 #include "support/accessibility.h"
-#include "support/cut_text.h"
 
-#include <QFileDialog>
-#include <QMenu>
-#include <QMenuBar>
-#include <QTabWidget>
 #include <QTextBrowser>
 #include <QTreeWidget>
 
 namespace {
 
-constexpr int mostLinks = 100; ///< On a page, each of which is a stop of its own.
-constexpr QSize smallScreen(1280, 720);
-constexpr QSize tinyScreen(640, 360); ///< The same one with everything twice as large.
-constexpr int frameHeight = 30;       ///< What the window system takes of it for a window's title.
+constexpr int mostLinks = 100;        ///< On a page, each of which is a stop of its own.
+constexpr QSize tinyScreen(640, 360); ///< The small one with everything twice as large.
 
-bool activated(QWidget &window)
+/// Whether @p window can be made as small as such a screen.
+QStringList leastSizeFaults(const QWidget &window)
 {
-    QCoreApplication::processEvents(); // What closed before tells the window below so.
-    window.activateWindow();
-    QCoreApplication::processEvents();
-    return eventually([&window] { return QApplication::activeWindow() == &window; });
-}
-
-/// What does not fit when @p window stands on a small screen.
-QStringList roomFaults(QWidget &window)
-{
-    const QSize room = smallScreen.shrunkBy({0, frameHeight, 0, 0});
-    window.resize(window.parentWidget() ? window.size().boundedTo(room) : room);
-    QCoreApplication::processEvents();
-    QStringList faults = cutTexts(window);
-    if (window.size() != window.size().boundedTo(room))
-        faults.append(u"the window needs %1 x %2"_s.arg(window.width()).arg(window.height()));
     const QSize least = window.minimumSizeHint().expandedTo(window.minimumSize());
-    const bool isOfToolkit = qobject_cast<QMessageBox *>(&window); // It looks how large the screen is.
-    if (!isOfToolkit && least != least.boundedTo(tinyScreen.shrunkBy({0, frameHeight, 0, 0})))
-        faults.append(u"the window is at least %1 x %2"_s.arg(least.width()).arg(least.height()));
-    return faults;
+    const bool isOfToolkit = qobject_cast<const QMessageBox *>(&window); // It looks how large the screen is.
+    if (isOfToolkit || least == least.boundedTo(tinyScreen.shrunkBy({0, frameHeight, 0, 0})))
+        return {};
+    return {u"the window is at least %1 x %2"_s.arg(least.width()).arg(least.height())};
 }
 
 /// Whether it is seen that @p stop has the keyboard, which @p other has otherwise.
@@ -70,7 +49,7 @@ QStringList keyboardFaults(QWidget &window)
 {
     if (!activated(window))
         return {u"the window does not get the keyboard"_s};
-    QStringList faults = accessibilityFaults(window) + roomFaults(window);
+    QStringList faults = accessibilityFaults(window) + roomFaults(window) + leastSizeFaults(window);
     QList<QWidget *> stops = tabStops(window);
     stops += tabStops(window); // Some come to life only when another one is reached.
     for (const QWidget *widget : window.findChildren<QWidget *>()) {
@@ -95,62 +74,18 @@ QStringList keyboardFaults(QWidget &window)
     return faults;
 }
 
-/// The window that has come on top of @p main; null when none came.
-QWidget *openedOver(const QWidget &main)
-{
-    for (QWidget *window : QApplication::topLevelWidgets()) {
-        if (window != &main && window->isVisible() && window->isWindow() && !window->inherits("QMenu"))
-            return window;
-    }
-    return nullptr;
-}
-
 } // namespace
 
-using KeyboardWalkTest = MainWindowTest;
+using KeyboardWalkTest = WindowWalkTest;
 
 TEST_F(KeyboardWalkTest, TheMainWindowWithItsViews)
 {
-    EXPECT_EQ(keyboardFaults(window()), QStringList()) << "without titles";
-    drop({padFile(u"A"_s)});
-    ASSERT_TRUE(eventually([] { return openWindow<QMessageBox>() != nullptr; }));
-    EXPECT_EQ(keyboardFaults(*openWindow<QMessageBox>()), QStringList()) << "what is lost";
-    answerAlert(u"OK"_s);
-    clickTitle(0);
-    EXPECT_EQ(keyboardFaults(window()), QStringList()) << "the list";
-    command(u"Edit"_s)->trigger();
-    auto *pages = window().findChild<QTabWidget *>();
-    for (int page = 0; page < pages->count(); ++page) {
-        pages->setCurrentIndex(page);
-        EXPECT_EQ(keyboardFaults(window()), QStringList()) << pages->tabText(page);
-    }
+    walkViews(keyboardFaults);
 }
 
-// The submission window is walked where it has its engine.
 TEST_F(KeyboardWalkTest, EveryWindowThatACommandOpens)
 {
-    drop({padFile(u"A"_s)});
-    answerAlert(u"OK"_s);
-    const QSet<QString> others = {u"quit"_s, u"Submit"_s, u"help"_s, u"bugReport"_s, u"updates"_s};
-    int opened = 0;
-    for (const QMenu *menu : window().menuBar()->findChildren<QMenu *>()) {
-        for (QAction *action : menu->actions()) {
-            ASSERT_TRUE(activated(window()));
-            clickTitle(0);
-            if (others.contains(action->objectName()) || !action->isEnabled())
-                continue;
-            action->trigger();
-            QWidget *over = openedOver(window());
-            if (over && !qobject_cast<QFileDialog *>(over)) {
-                EXPECT_EQ(keyboardFaults(*over), QStringList()) << action->text();
-                ++opened;
-            }
-            if (over)
-                over->close();
-            command(u"Overview"_s)->trigger();
-        }
-    }
-    EXPECT_GE(opened, 7);
+    walkCommands(keyboardFaults);
 }
 
 TEST_F(KeyboardWalkTest, F1OpensTheManualAtWhatHasTheKeyboard)
