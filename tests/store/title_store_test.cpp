@@ -230,6 +230,8 @@ TEST_F(TitleStoreTest, WhatIsDoneButNotYetSafeIsToldUntilItIs)
         const Result<> result = withoutSync(call, change);
         EXPECT_TRUE(result.isError(Error::Kind::NotYetSafe) && result.isDone());
         EXPECT_TRUE(failedWritesLine().startsWith(u"Done, but not yet safe"_s)) << failedWritesLine();
+        (void)withoutSync(1, [] { return Store::checkAppSuppExists(); });
+        EXPECT_FALSE(failedWritesLine().isEmpty()) << "it could not be synced now either";
         EXPECT_TRUE(Store::checkAppSuppExists()); // Syncs the data folder.
         EXPECT_EQ(failedWritesLine(), QString());
     };
@@ -263,4 +265,7 @@ TEST_F(TitleStoreTest, FailuresGoWithTheirTitleOnly)
     EXPECT_EQ(posted.names.size(), 1);
     EXPECT_TRUE(Store::renameExistingQnDataFile(u"AB"_s, u"B"_s));
     EXPECT_TRUE(mwqnFailedWrites.isEmpty());
+    reportFailure({.path = inData(u"B.qndata/data.qnxml"_s), .reason = u"full"_s});
+    EXPECT_TRUE(Store::importExistingFile(u"B"_s, PadDocument(QByteArray("<a/>"))));
+    EXPECT_TRUE(mwqnFailedWrites.isEmpty()) << "all of it was stored anew";
 }
