@@ -34,14 +34,17 @@ FindingsPane::FindingsPane(const Editor &editor, QWidget *parent) : WithFocusFra
     viewport()->setAutoFillBackground(false);
     static constexpr int fewestLines = 2; // More would make the window too high for a small screen.
     static constexpr int mostLines = 6;
+    static constexpr int frameRoom = 2;
     setMinimumHeight(fewestLines * fontMetrics().lineSpacing());
-    setMaximumHeight(mostLines * fontMetrics().lineSpacing() + 2 * int(document()->documentMargin()));
+    setMaximumHeight(mostLines * fontMetrics().lineSpacing() + 2 * int(document()->documentMargin()) +
+                     frameRoom);
     hide();
 }
 
 QSize FindingsPane::sizeHint() const
 {
-    return {QTextEdit::sizeHint().width(), qCeil(document()->size().height())};
+    const QMargins frame = viewportMargins();
+    return {QTextEdit::sizeHint().width(), qCeil(document()->size().height()) + frame.top() + frame.bottom()};
 }
 
 void FindingsPane::explain(const QString &key, const StringDictionary &errors)
