@@ -248,6 +248,11 @@ TEST_F(SiteEditing, PicturesFollowTheirSite)
         EXPECT_TRUE(renameSiteImage(from, to, resources)) << from;
     EXPECT_EQ(tree(images), (QMap<QString, QByteArray>{{u"B.png"_s, "a"}, {u"N.png"_s, "theirs"}}));
 
+    {
+        const FaultPlan plan(images, "create=ENOSPC");
+        EXPECT_FALSE(renameSiteImage(u"B"_s, u"Full"_s, resources));
+        EXPECT_TRUE(QFile::exists(images + u"B.png")) << "the only copy";
+    }
     EXPECT_TRUE(renameSite(u"B"_s, u"A"_s));
     EXPECT_TRUE(QFile::exists(images + u"B.png")) << "no title can have the site marked";
     makeTitle(u"Any"_s);
