@@ -3,6 +3,7 @@
 #include "platform/settings.h"
 #include "shell/workbench.h"
 #include "store/process_state.h"
+#include "submission/default_sites.h"
 #include "submission/late_engine.h"
 #include "submission/submit_window.h"
 
@@ -115,6 +116,7 @@ int main(int argc, char *argv[])
         {u"fields"_s, [] { return fieldReference(); }},
         {u"findings"_s, [] { return findingReference(); }},
         {u"packs"_s, [] { return packReference(); }},
+        {u"site-count"_s, [] { return QString::number(defaultSites.size()); }},
         {u"main-menus"_s, [] { return mainMenus(); }},
         {u"submission-menus"_s, [] { return submissionMenus(); }},
         {u"quillon-cli"_s, [&] { return command_reference::ofProgram(arguments[3]); }},

@@ -4,10 +4,12 @@
 
 namespace quillon {
 
+namespace {
+
 // One site a line, so that a name or an address that changes is one line to correct. Where no page for
 // submissions is known to be safe, the address is a search for one.
 // clang-format off
-const std::array<DefaultSite, defaultSiteCount> defaultSites = {{
+constexpr DefaultSite defaultSiteRows[] = {
     {u"01-Download", u"https://duckduckgo.com/?q=%2201-Download%22%20submit%20software%20PAD"},
     {u"1888Software", u"https://duckduckgo.com/?q=%221888Software%22%20submit%20software%20PAD"},
     {u"2HaveIt", u"https://duckduckgo.com/?q=%222HaveIt%22%20submit%20software%20PAD"},
@@ -220,8 +222,12 @@ const std::array<DefaultSite, defaultSiteCount> defaultSites = {{
     {u"WDTech", u"https://duckduckgo.com/?q=%22WDTech%22%20submit%20software%20PAD"},
     {u"Yankee Download", u"http://yankeedownload.com/pad_submit.php"},
     {u"Z-Down", u"https://duckduckgo.com/?q=%22Z-Down%22%20submit%20software%20PAD"},
-}};
+};
 // clang-format on
+
+} // namespace
+
+const std::span<const DefaultSite> defaultSites = defaultSiteRows;
 
 void setDefaultSites()
 {

@@ -2,7 +2,7 @@
 
 #include <QStringView>
 
-#include <array>
+#include <span>
 
 namespace quillon {
 
@@ -13,10 +13,8 @@ struct DefaultSite
     QStringView url;  ///< Its submission page.
 };
 
-inline constexpr int defaultSiteCount = 212;
-
 /// All default sites; names are unique, but two of them ("NewFreeDownloads" and "NFD") share an address.
-extern const std::array<DefaultSite, defaultSiteCount> defaultSites;
+extern const std::span<const DefaultSite> defaultSites;
 
 /// Builds mwqnDefaultSitesDict from them, once; every later call does nothing.
 void setDefaultSites();

@@ -29,22 +29,18 @@ TEST(DefaultSites, AreAllThereOnceInTheirOrderAndSubmittable)
         EXPECT_FALSE(site.name.contains(u',') || site.name.contains(u'<') || site.url.contains(u' '))
             << site.name.toString() << " could not be marked or loaded";
     }
-    EXPECT_EQ(names.size(), 212);
-    EXPECT_EQ(QSet<QString>(names.begin(), names.end()).size(), 212);
-    EXPECT_EQ(urls.size(), 211) << "only two sites share an address";
+    EXPECT_EQ(QSet<QString>(names.begin(), names.end()).size(), names.size());
+    EXPECT_EQ(urls.size(), names.size() - 1) << "only two sites share an address";
     EXPECT_EQ(defaults().at(u"NewFreeDownloads"_s), defaults().at(u"NFD"_s));
-    EXPECT_EQ(names.first(), u"01-Download");
-    EXPECT_EQ(names.last(), u"Z-Down");
-    const QStringList stretch = names.mid(names.indexOf(u"aFreeGo"_s) - 1, 3);
-    EXPECT_EQ(stretch, QStringList({u"Actual Download"_s, u"aFreeGo"_s, u"AllSoftShare"_s}));
-    EXPECT_TRUE(names.contains(u"Dalonwod"_s) && names.contains(u"Mac OX X Apps"_s));
+    EXPECT_TRUE(std::ranges::is_sorted(names, CaseInsensitiveOrder()));
+    EXPECT_TRUE(names.contains(u"Dalonwod"_s) && names.contains(u"Mac OX X Apps"_s)) << "a key of marks";
 }
 
 TEST(SiteCatalogue, WithoutChangesHasTheDefaultSitesAlphabetically)
 {
     const SiteCatalogue catalogue = mergedCatalogue(defaults(), {}, {});
-    EXPECT_EQ(catalogue.sites.size(), 212);
-    EXPECT_EQ(catalogue.urlByName.size(), 212U);
+    EXPECT_EQ(size_t(catalogue.sites.size()), defaultSites.size());
+    EXPECT_EQ(catalogue.urlByName.size(), defaultSites.size());
     EXPECT_TRUE(catalogue.ignored.isEmpty());
     for (qsizetype row = 1; row < catalogue.sites.size(); ++row)
         EXPECT_LT(catalogue.sites[row - 1].compare(catalogue.sites[row], Qt::CaseInsensitive), 0);
@@ -78,7 +74,7 @@ TEST(SiteCatalogue, OwnSitesComeFirstAndYieldToADefaultSiteOfTheirName)
     EXPECT_EQ(catalogue.sites.count(u"Softs"_s), 2);
     EXPECT_EQ(catalogue.urlByName.at(u"Softs"_s), defaults().at(u"Softs"_s));
     EXPECT_EQ(catalogue.urlByName.at(u"Zeta"_s), u"u:z");
-    EXPECT_EQ(catalogue.urlByName.size(), 214U);
+    EXPECT_EQ(catalogue.urlByName.size(), defaultSites.size() + 2);
 }
 
 TEST(SiteStates, CompareTheVersionOfTheFirstMarkWithTheCurrentOne)
