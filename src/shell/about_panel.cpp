@@ -1,6 +1,7 @@
 #include "shell/about_panel.h"
 
 #include "platform/application_info.h"
+#include "widgets/bring_to_front.h"
 
 #include <QCoreApplication>
 #include <QIcon>
@@ -34,9 +35,7 @@ void openAboutPanel(QWidget *parent)
             .arg(application_info::version));
     panel->setTextFormat(Qt::PlainText);
     panel->setModal(false);
-    panel->show();
-    panel->raise();
-    panel->activateWindow();
+    bringToFront(*panel);
 }
 
 } // namespace quillon

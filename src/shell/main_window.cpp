@@ -20,6 +20,7 @@
 #include "store/process_state.h"
 #include "store/storage_status.h"
 #include "widgets/announcement.h"
+#include "widgets/bring_to_front.h"
 #include "widgets/failed_writes_label.h"
 
 #include <QAction>
@@ -232,9 +233,7 @@ void MainWindow::openMatrix()
         matrix = new MatrixWindow(this);
         connect(matrix, &MatrixWindow::siteChosen, this, &MainWindow::submissionRequested);
     }
-    matrix->show();
-    matrix->raise();
-    matrix->activateWindow();
+    quillon::bringToFront(*matrix);
 }
 
 void MainWindow::showChanged(const Result<QList<FieldId>> &fields)
@@ -253,10 +252,7 @@ void MainWindow::showChanged(const Result<QList<FieldId>> &fields)
 
 void MainWindow::bringToFront()
 {
-    setWindowState(windowState() & ~Qt::WindowMinimized);
-    show();
-    raise();
-    activateWindow();
+    quillon::bringToFront(*this);
 }
 
 bool MainWindow::event(QEvent *event)

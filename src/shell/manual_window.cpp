@@ -5,6 +5,7 @@
 #include "platform/settings.h"
 #include "shell/manual_browser.h"
 #include "widgets/action_button.h"
+#include "widgets/bring_to_front.h"
 #include "widgets/focus_frame.h"
 #include "widgets/row_table.h"
 
@@ -170,10 +171,7 @@ void ManualWindow::open(const QString &page)
 {
     if (!m_manual.pages().isEmpty())
         m_browser->setSource(manual::address(page));
-    setWindowState(windowState() & ~Qt::WindowMinimized);
-    show();
-    raise();
-    activateWindow();
+    bringToFront(*this);
     m_browser->setFocus();
 }
 

@@ -20,6 +20,7 @@
 #include "submission/submit_commands.h"
 #include "submission/tour_control.h"
 #include "submission/tour_strip.h"
+#include "widgets/bring_to_front.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -230,10 +231,7 @@ void SubmitWindow::clearPagesData()
 void SubmitWindow::bringToFront()
 {
     showPageOrHint();
-    setWindowState(windowState() & ~Qt::WindowMinimized);
-    show();
-    raise();
-    activateWindow();
+    quillon::bringToFront(*this);
 }
 
 void SubmitWindow::paintEvent(QPaintEvent *event)

@@ -1,4 +1,5 @@
 #include "editor/editor_view.h"
+#include "ledger/matrix_window.h"
 #include "overview/title_list.h"
 #include "shell/customise_toolbar_dialog.h"
 #include "shell/main_window_fixture.h"
@@ -104,6 +105,17 @@ TEST_F(MainWindowTest, BackupsAndPreferencesAreAskedForInTheFileMenu)
     overview().fileMenu().disableAll();
     EXPECT_FALSE(opens(u"backup"_s)) << "not while the editor is showing";
     EXPECT_TRUE(opens(u"preferences"_s));
+}
+
+TEST_F(MainWindowTest, AWindowThatIsCalledAgainComesBack)
+{
+    command(u"matrix"_s)->trigger();
+    auto *matrix = openWindow<MatrixWindow>();
+    ASSERT_NE(matrix, nullptr);
+    matrix->showMinimized();
+    command(u"matrix"_s)->trigger();
+    EXPECT_FALSE(matrix->isMinimized());
+    EXPECT_EQ(openWindow<MatrixWindow>(), matrix) << "the same one";
 }
 
 TEST_F(MainWindowTest, FailedWritesStayInSightUntilMended)
