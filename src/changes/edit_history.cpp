@@ -141,13 +141,9 @@ const UndoStacks &EditHistory::stacks()
     m_stacks.emplace();
     if (!mwqnSelSW)
         return *m_stacks;
-    (void)Journal::ofDataFolder().read([this](Database &database) -> Result<> {
-        const auto steps = history::steps(database, *mwqnSelSW);
-        if (!steps)
-            return steps.error();
-        m_stacks = UndoStacks::of(*steps);
-        return {};
-    });
+    const auto steps =
+        Journal::ofDataFolder().find([](Database &database) { return history::steps(database, *mwqnSelSW); });
+    m_stacks = UndoStacks::of(steps.valueOr({}));
     return *m_stacks;
 }
 

@@ -46,15 +46,9 @@ HistoryTable::HistoryTable(const QString &title, const std::optional<FieldId> &f
 
 QList<history::Row> HistoryTable::read(qint64 before) const
 {
-    QList<history::Row> rows;
-    (void)Journal::ofDataFolder().read([&](Database &database) -> Result<> { // The status bar tells.
-        auto found = history::rows(database, m_title, m_field, rowsAtATime, before);
-        if (!found)
-            return found.error();
-        rows = *std::move(found);
-        return {};
-    });
-    return rows;
+    const auto rows = Journal::ofDataFolder().find(
+        [&](Database &database) { return history::rows(database, m_title, m_field, rowsAtATime, before); });
+    return rows.valueOr({}); // The status bar tells of an error.
 }
 
 void HistoryTable::refresh()

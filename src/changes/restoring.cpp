@@ -26,17 +26,7 @@ class RestoringText
 
 Result<QList<history::Row>> rowsOf(const QString &title)
 {
-    QList<history::Row> rows;
-    const Result<> read = Journal::ofDataFolder().read([&](Database &database) -> Result<> {
-        auto found = history::rows(database, title);
-        if (!found)
-            return found.error();
-        rows = *std::move(found);
-        return {};
-    });
-    if (!read && !read.isError(Error::Kind::Missing))
-        return read.error();
-    return rows;
+    return Journal::ofDataFolder().find([&](Database &database) { return history::rows(database, title); });
 }
 
 /// What an import of the title's original makes of it.

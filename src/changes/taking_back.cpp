@@ -25,23 +25,6 @@ struct SetTitle
     UndoStacks stacks;
 };
 
-/// What @p ask gives of the journal; nothing where there is none.
-template<typename Value>
-Result<Value> asked(const std::function<Result<Value>(Database &)> &ask)
-{
-    Value value;
-    const Result<> read = Journal::ofDataFolder().read([&](Database &database) -> Result<> {
-        Result<Value> answer = ask(database);
-        if (!answer)
-            return answer.error();
-        value = *std::move(answer);
-        return {};
-    });
-    if (!read && !read.isError(Error::Kind::Missing))
-        return read.error();
-    return value;
-}
-
 Result<QList<SetTitle>> titlesOf(Database &database, qint64 set)
 {
     const auto rows = set_log::rowsOf(database, set);
@@ -86,7 +69,7 @@ Result<ChangePlan> reverse(const set_log::SetHead &set)
     const qint64 made = set.of.value_or(set.id);
     const bool isAgain = isUndo(set);
     const auto titles =
-        asked<QList<SetTitle>>([&](Database &database) { return titlesOf(database, set.id); });
+        Journal::ofDataFolder().find([&](Database &database) { return titlesOf(database, set.id); });
     if (!titles)
         return titles.error();
     ChangePlan plan{.origin = isAgain ? history::origin::redo : history::origin::undo,
@@ -110,7 +93,7 @@ Result<ChangePlan> reverse(const set_log::SetHead &set)
 
 Result<QList<set_log::SetHead>> sets()
 {
-    return asked<QList<set_log::SetHead>>(set_log::all);
+    return Journal::ofDataFolder().find(set_log::all);
 }
 
 Result<ChangePlan> plan(const std::optional<qint64> &id)

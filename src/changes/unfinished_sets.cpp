@@ -141,14 +141,7 @@ Error told(const UnfinishedSet &set, const Outcome &outcome)
 
 QList<Error> settle()
 {
-    QList<UnfinishedSet> sets;
-    (void)Journal::ofDataFolder().read([&sets](Database &database) -> Result<> { // The status bar tells.
-        auto read = found(database);
-        if (!read)
-            return read.error();
-        sets = *std::move(read);
-        return {};
-    });
+    const auto sets = Journal::ofDataFolder().find(found).valueOr({}); // The status bar tells of an error.
     QList<Error> errors;
     for (const UnfinishedSet &set : sets) {
         const Outcome outcome = lookedAt(set);

@@ -62,17 +62,11 @@ public:
         }
         if (!titleExists(text(m_title)))
             return Refused;
-        QList<history::Row> rows;
-        const Result<> read = Journal::ofDataFolder().read([&](Database &database) -> Result<> {
-            auto found = history::rows(database, text(m_title), field);
-            if (!found)
-                return found.error();
-            rows = *std::move(found);
-            return {};
-        });
-        if (!read && !read.isError(Error::Kind::Missing))
+        const auto rows = Journal::ofDataFolder().find(
+            [&](Database &database) { return history::rows(database, text(m_title), field); });
+        if (!rows)
             return FileFailed; // The journal has told it.
-        show(rows);
+        show(*rows);
         return Done;
     }
 

@@ -51,26 +51,11 @@ QJsonObject json(const KnownSite &site)
     return object;
 }
 
-/// Reads by @p query; without a database @p none.
-template<typename Value, typename Query>
-Result<Value> known(const Query &query, Value none)
-{
-    Result<Value> value = std::move(none);
-    const Result<> read = Journal::ofDataFolder().read([&](Database &database) -> Result<> {
-        Result<Value> found = query(database);
-        if (!found)
-            return found.error();
-        value = std::move(found);
-        return {};
-    });
-    return read || read.isError(Error::Kind::Missing) ? value : Result<Value>(read.error());
-}
-
 } // namespace
 
 ExitStatus showSiteHealth(bool asJson)
 {
-    const auto sites = known<QList<KnownSite>>(site_knowledge::all, {});
+    const auto sites = Journal::ofDataFolder().find(site_knowledge::all);
     if (!sites)
         return outcome(sites.error());
     QJsonArray array;
@@ -124,8 +109,8 @@ ExitStatus SiteNotes::run() const
         complain(u"There is no site named %1."_s.arg(name));
         return Refused;
     }
-    auto site = known<KnownSite>([&name](Database &database) { return site_knowledge::of(database, name); },
-                                 KnownSite{.name = name});
+    auto site = Journal::ofDataFolder().find(
+        [&name](Database &database) { return site_knowledge::of(database, name); }, {.name = name});
     if (!site)
         return outcome(site.error());
     site->notes = changed(site->notes);

@@ -28,6 +28,10 @@ public:
     /// The columns of the row, from 0.
     [[nodiscard]] bool isNull(int column) const;
     [[nodiscard]] qint64 number(int column) const;
+    [[nodiscard]] std::optional<qint64> numberOrNone(int column) const
+    {
+        return isNull(column) ? std::nullopt : std::optional(number(column));
+    }
     [[nodiscard]] QString text(int column) const;
     [[nodiscard]] QByteArray bytes(int column) const;
 

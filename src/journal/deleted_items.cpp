@@ -94,17 +94,15 @@ Result<> keepSites(const StringDictionary &sites)
 
 Result<QList<Item>> all()
 {
-    Result<QList<Item>> items = QList<Item>();
-    const Result<> read = Journal::ofDataFolder().read([&](Database &database) -> Result<> {
-        items = statementRows<Item>(
+    auto items = Journal::ofDataFolder().find([](Database &database) {
+        return statementRows<Item>(
             database.prepare("SELECT 0, id, name, '', time AS t FROM deleted_titles UNION ALL"
                              " SELECT 1, id, name, address, time FROM deleted_sites"
                              " ORDER BY t DESC, id DESC"),
             itemOf);
-        return items ? Result<>() : items.error();
     });
-    if (!read)
-        return read.isError(Error::Kind::Missing) ? items : Result<QList<Item>>(read.error());
+    if (!items)
+        return items;
     const auto isOld = [oldest = oldestTime()](const Item &item) { return item.time < oldest; };
     if (items->removeIf(isOld) > 0) {
         (void)Journal::ofDataFolder().changeExisting(prune);

@@ -42,12 +42,7 @@ Result<> remember(const QString &site, const QList<Row> &rows)
 
 Result<QList<Row>> of(const QString &site)
 {
-    Result<QList<Row>> rows = QList<Row>();
-    const Result<> read = Journal::ofDataFolder().read([&](Database &database) -> Result<> {
-        rows = rowsOf(database, site);
-        return rows ? Result<>() : rows.error();
-    });
-    return read || read.isError(Error::Kind::Missing) ? rows : read.error();
+    return Journal::ofDataFolder().find([&](Database &database) { return rowsOf(database, site); });
 }
 
 Result<qint64> forget(const QString &site)

@@ -1,5 +1,6 @@
 #include "journal/history.h"
 
+#include "journal/statement_rows.h"
 #include "journal/titles.h"
 
 #include <QDateTime>
@@ -84,51 +85,47 @@ Result<> appendImport(Database &database, const QString &title)
 Result<QList<Row>> rows(Database &database, const QString &title, const QString &field, qint64 most,
                         qint64 before)
 {
-    auto found = database.prepare(
-        "SELECT row, h.time, field, before, after, h.origin, set_id, label FROM history h "
-        "JOIN titles t ON t.id = title_id LEFT JOIN change_sets s ON s.id = set_id "
-        "WHERE name = ?1 AND row < ?4 AND (?2 = '' OR field = ?2) ORDER BY row DESC LIMIT ?3",
-        title, field, most, before);
-    if (!found)
-        return found.error();
-    QList<Row> rows;
-    Result<bool> has = found->next();
-    for (; has && *has; has = found->next()) {
-        Row row{found->number(0), found->number(1), found->text(2),
-                found->text(3),   found->text(4),   found->text(5)};
-        if (!found->isNull(6)) {
-            row.set = found->number(6);
-            row.label = found->text(7);
-        }
-        rows.append(std::move(row));
-    }
-    if (!has)
-        return has.error();
-    return rows;
+    return statementRows<Row>(
+        database.prepare("SELECT row, h.time, field, before, after, h.origin, set_id, label FROM history h "
+                         "JOIN titles t ON t.id = title_id LEFT JOIN change_sets s ON s.id = set_id "
+                         "WHERE name = ?1 AND row < ?4 AND (?2 = '' OR field = ?2) "
+                         "ORDER BY row DESC LIMIT ?3",
+                         title, field, most, before),
+        [](const Statement &found) {
+            return Row{.number = found.number(0),
+                       .time = found.number(1),
+                       .field = found.text(2),
+                       .before = found.text(3),
+                       .after = found.text(4),
+                       .origin = found.text(5),
+                       .set = found.numberOrNone(6),
+                       .label = found.isNull(6) ? QString() : found.text(7)};
+        });
 }
 
 Result<QList<StepHead>> steps(Database &database, const QString &title)
 {
-    auto found = database.prepare(
-        "SELECT row, set_id, h.origin, of_set FROM history h JOIN titles t ON t.id = title_id "
-        "LEFT JOIN change_sets s ON s.id = set_id WHERE name = ? ORDER BY row",
-        title);
-    if (!found)
-        return found.error();
+    const auto rows = statementRows<StepHead>(
+        database.prepare(
+            "SELECT row, set_id, h.origin, of_set FROM history h JOIN titles t ON t.id = title_id "
+            "LEFT JOIN change_sets s ON s.id = set_id WHERE name = ? ORDER BY row",
+            title),
+        [](const Statement &found) {
+            return StepHead{.first = found.number(0),
+                            .last = found.number(0),
+                            .origin = found.text(2),
+                            .set = found.numberOrNone(1),
+                            .of = found.numberOrNone(3)};
+        });
+    if (!rows)
+        return rows.error();
     QList<StepHead> steps;
-    std::optional<qint64> lastSet;
-    Result<bool> has = found->next();
-    for (; has && *has; has = found->next()) {
-        const auto set = found->isNull(1) ? std::nullopt : std::optional(found->number(1));
-        if (set && set == lastSet)
-            steps.last().last = found->number(0);
+    for (const StepHead &row : *rows) {
+        if (row.set && !steps.isEmpty() && steps.last().set == row.set)
+            steps.last().last = row.last;
         else
-            steps.append({found->number(0), found->number(0), found->text(2), set,
-                          found->isNull(3) ? std::nullopt : std::optional(found->number(3))});
-        lastSet = set;
+            steps.append(row);
     }
-    if (!has)
-        return has.error();
     return steps;
 }
 

@@ -3,6 +3,7 @@
 #include "journal/database.h"
 
 #include <sys/types.h>
+#include <type_traits>
 
 namespace quillon {
 
@@ -24,6 +25,12 @@ class Journal
 public:
     using Work = std::function<Result<>(Database &)>;
 
+    /// What a query gives, and the value in it.
+    template<typename Query>
+    using Found = std::invoke_result_t<const Query &, Database &>;
+    template<typename Query>
+    using ValueOf = std::remove_cvref_t<decltype(*std::declval<Found<Query> &>())>;
+
     /// The one of the present data folder.
     static Journal &ofDataFolder();
 
@@ -37,6 +44,19 @@ public:
 
     /// Lets @p work read. Missing, and nothing is told, where there is no database.
     Result<> read(const Work &work);
+
+    /// What @p query finds, a function of the database that gives a Result; @p none where there is no
+    /// database.
+    template<typename Query>
+    Found<Query> find(const Query &query, ValueOf<Query> none = {})
+    {
+        Found<Query> found = std::move(none);
+        const Result<> done = read([&](Database &database) -> Result<> {
+            found = query(database);
+            return found ? Result<>() : found.error();
+        });
+        return done || done.isError(Error::Kind::Missing) ? found : Found<Query>(done.error());
+    }
 
     /// Closes the file; the next call opens it again.
     void close() { m_database.reset(); }

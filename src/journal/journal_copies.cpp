@@ -20,14 +20,54 @@ class JournalCopiesText
     Q_DECLARE_TR_FUNCTIONS(JournalCopies)
 };
 
-/// The highest number that each table has given here; those of the copy come after it.
-struct Highest
-{
-    qint64 title = 0;
-    qint64 set = 0;
-    qint64 deleted = 0;
-    qint64 values = 0;
-};
+/// Copies what belongs to the titles in "wanted", deleted sites that are not here, and what is known of sites
+/// that nothing is known of here. Numbers that rows have in the copy come after all that are given here.
+constexpr auto copyRows = R"(
+    CREATE TEMP TABLE highest AS SELECT
+        (SELECT coalesce(max(id), 0) FROM main.titles) AS title,
+        (SELECT coalesce(max(id), 0) FROM main.change_sets) AS change_set,
+        (SELECT coalesce(max(id), 0) FROM main.deleted_titles) AS deleted,
+        (SELECT coalesce(max(id), 0) FROM main.sent_values) AS sent;
+
+    INSERT INTO main.titles
+        SELECT id + title, name FROM old.titles, highest WHERE id IN wanted;
+    INSERT INTO main.change_sets (id, time, label, origin, of_set, is_unfinished)
+        SELECT id + change_set, time, label, origin, of_set + change_set, is_unfinished
+        FROM old.change_sets, highest
+        WHERE id IN (SELECT set_id FROM old.history WHERE title_id IN wanted);
+    INSERT INTO main.history (title_id, row, field, time, before, after, origin, set_id)
+        SELECT title_id + title, row, field, time, before, after, origin, set_id + change_set
+        FROM old.history, highest WHERE title_id IN wanted;
+    INSERT INTO main.originals (title_id, time, name, is_compressed, bytes)
+        SELECT title_id + title, time, name, is_compressed, bytes
+        FROM old.originals, highest WHERE title_id IN wanted;
+    INSERT INTO main.deleted_titles (id, title_id, name, time)
+        SELECT id + deleted, title_id + title, name, time
+        FROM old.deleted_titles, highest WHERE title_id IN wanted;
+    INSERT INTO main.deleted_files (deleted_id, name, bytes)
+        SELECT deleted_id + deleted, name, bytes FROM old.deleted_files, highest
+        WHERE deleted_id IN (SELECT id FROM old.deleted_titles WHERE title_id IN wanted);
+
+    INSERT INTO main.sent_values
+        SELECT id + sent, title_id + title, pad FROM old.sent_values, highest WHERE title_id IN wanted;
+    INSERT INTO main.ledger (title_id, site, version, time, state, address, note, before, values_id)
+        SELECT title_id + title, site, version, time, state, address, note, before, values_id + sent
+        FROM old.ledger, highest WHERE title_id IN wanted ORDER BY id;
+    INSERT INTO main.tours
+        SELECT title_id + title, version, site FROM old.tours, highest WHERE title_id IN wanted;
+    INSERT INTO main.tour_answers (title_id, site, version, answer)
+        SELECT title_id + title, site, version, answer
+        FROM old.tour_answers, highest WHERE title_id IN wanted ORDER BY id;
+
+    INSERT OR IGNORE INTO main.sites SELECT * FROM old.sites;
+    INSERT OR IGNORE INTO main.form_fields (site, signs, value, time)
+        SELECT site, signs, value, time FROM old.form_fields ORDER BY id;
+    INSERT INTO main.deleted_sites (name, address, time, picture_name, picture)
+        SELECT name, address, time, picture_name, picture FROM old.deleted_sites AS theirs
+        WHERE NOT EXISTS (SELECT * FROM main.deleted_sites AS ours WHERE ours.name = theirs.name
+                          AND ours.address = theirs.address AND ours.time = theirs.time);
+    DROP TABLE highest;
+)";
 
 Error isNoCopy(const QString &path, const QString &reason)
 {
@@ -80,103 +120,13 @@ Result<> noteWanted(Database &database, const std::function<bool(const QString &
     return titles.error();
 }
 
-Result<Highest> highest(Database &database)
-{
-    const auto title = database.number("SELECT max(id) FROM main.titles");
-    const auto set = database.number("SELECT max(id) FROM main.change_sets");
-    const auto deleted = database.number("SELECT max(id) FROM main.deleted_titles");
-    const auto values = database.number("SELECT max(id) FROM main.sent_values");
-    for (const Result<qint64> &number : {title, set, deleted, values}) {
-        if (!number)
-            return number.error();
-    }
-    return Highest{.title = *title, .set = *set, .deleted = *deleted, .values = *values};
-}
-
-/// Copies the ledger and the tours of the titles in "wanted".
-Result<> copyLedger(Database &database, const Highest &ours)
-{
-    Result<> done = database.run("INSERT INTO main.sent_values SELECT id + ?, title_id + ?, pad"
-                                 " FROM old.sent_values WHERE title_id IN wanted",
-                                 ours.values, ours.title);
-    if (done)
-        done = database.run("INSERT INTO main.ledger"
-                            " (title_id, site, version, time, state, address, note, before, values_id)"
-                            " SELECT title_id + ?, site, version, time, state, address, note, before,"
-                            " values_id + ? FROM old.ledger WHERE title_id IN wanted ORDER BY id",
-                            ours.title, ours.values);
-    if (done)
-        done = database.run("INSERT INTO main.tours SELECT title_id + ?, version, site FROM old.tours"
-                            " WHERE title_id IN wanted",
-                            ours.title);
-    if (done)
-        done = database.run("INSERT INTO main.tour_answers (title_id, site, version, answer)"
-                            " SELECT title_id + ?, site, version, answer FROM old.tour_answers"
-                            " WHERE title_id IN wanted ORDER BY id",
-                            ours.title);
-    return done;
-}
-
-/// Copies what belongs to the titles in "wanted", deleted sites that are not here, and what is known of
-/// sites that nothing is known of here.
-Result<> copyRows(Database &database, const Highest &ours)
-{
-    Result<> done = database.run("INSERT INTO main.titles SELECT id + ?, name FROM old.titles"
-                                 " WHERE id IN wanted",
-                                 ours.title);
-    if (done)
-        done = database.run("INSERT INTO main.change_sets (id, time, label, origin, of_set, is_unfinished)"
-                            " SELECT id + ?1, time, label, origin, of_set + ?1, is_unfinished"
-                            " FROM old.change_sets WHERE id IN"
-                            " (SELECT set_id FROM old.history WHERE title_id IN wanted)",
-                            ours.set);
-    if (done)
-        done = database.run(
-            "INSERT INTO main.history (title_id, row, field, time, before, after, origin, set_id)"
-            " SELECT title_id + ?, row, field, time, before, after, origin, set_id + ? FROM old.history"
-            " WHERE title_id IN wanted",
-            ours.title, ours.set);
-    if (done)
-        done = database.run("INSERT INTO main.originals (title_id, time, name, is_compressed, bytes)"
-                            " SELECT title_id + ?, time, name, is_compressed, bytes FROM old.originals"
-                            " WHERE title_id IN wanted",
-                            ours.title);
-    if (done)
-        done = database.run("INSERT INTO main.deleted_titles (id, title_id, name, time)"
-                            " SELECT id + ?, title_id + ?, name, time FROM old.deleted_titles"
-                            " WHERE title_id IN wanted",
-                            ours.deleted, ours.title);
-    if (done)
-        done = database.run("INSERT INTO main.deleted_files (deleted_id, name, bytes)"
-                            " SELECT deleted_id + ?, name, bytes FROM old.deleted_files WHERE deleted_id IN"
-                            " (SELECT id FROM old.deleted_titles WHERE title_id IN wanted)",
-                            ours.deleted);
-    if (done)
-        done = copyLedger(database, ours);
-    if (done)
-        done = database.execute("INSERT OR IGNORE INTO main.sites SELECT * FROM old.sites");
-    if (done)
-        done = database.execute("INSERT OR IGNORE INTO main.form_fields (site, signs, value, time)"
-                                " SELECT site, signs, value, time FROM old.form_fields ORDER BY id");
-    if (done)
-        done = database.execute(R"(
-            INSERT INTO main.deleted_sites (name, address, time, picture_name, picture)
-                SELECT name, address, time, picture_name, picture FROM old.deleted_sites AS theirs
-                WHERE NOT EXISTS (SELECT * FROM main.deleted_sites AS ours WHERE ours.name = theirs.name
-                                  AND ours.address = theirs.address AND ours.time = theirs.time))");
-    return done;
-}
-
 Result<qint64> merge(Database &database, const std::function<bool(const QString &)> &isWanted)
 {
     qint64 count = 0;
     const Result<> merged = database.transaction([&](Database &inside) -> Result<> {
         if (Result<> noted = noteWanted(inside, isWanted); !noted)
             return noted;
-        const auto ours = highest(inside);
-        if (!ours)
-            return ours.error();
-        if (Result<> copied = copyRows(inside, *ours); !copied)
+        if (Result<> copied = inside.execute(copyRows); !copied)
             return copied;
         const auto wanted = inside.number("SELECT count(*) FROM wanted");
         if (!wanted)

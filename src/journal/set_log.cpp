@@ -51,15 +51,15 @@ Result<QList<SetHead>> all(Database &database)
             "GROUP BY s.id ORDER BY s.id DESC",
             history::origin::typed),
         [](const Statement &row) {
-            return SetHead{row.number(0),
-                           row.number(1),
-                           row.text(2),
-                           row.text(3),
-                           row.isNull(4) ? std::nullopt : std::optional(row.number(4)),
-                           row.number(5) != 0,
-                           row.number(6),
-                           row.number(7),
-                           row.number(8)};
+            return SetHead{.id = row.number(0),
+                           .time = row.number(1),
+                           .label = row.text(2),
+                           .origin = row.text(3),
+                           .of = row.numberOrNone(4),
+                           .isUnfinished = row.number(5) != 0,
+                           .titles = row.number(6),
+                           .rows = row.number(7),
+                           .takenBack = row.number(8)};
         });
 }
 

@@ -78,24 +78,18 @@ QStringList names(const QList<FieldId> &fields)
 
 Result<std::optional<QList<FieldId>>> sinceSent(const QString &title, const QString &site)
 {
-    std::optional<QByteArray> sent;
-    const Result<> read = Journal::ofDataFolder().read([&](Database &database) -> Result<> {
-        auto found = ledger::lastSent(database, title, site);
-        if (!found)
-            return found.error();
-        sent = *std::move(found);
-        return {};
-    });
-    if (!read && !read.isError(Error::Kind::Missing))
-        return read.error();
+    const auto sent = Journal::ofDataFolder().find(
+        [&](Database &database) { return ledger::lastSent(database, title, site); });
     if (!sent)
+        return sent.error();
+    if (!*sent)
         return std::optional<QList<FieldId>>();
     const auto folder = title_folder::path(title);
     const auto now = folder ? atomic_file::read(*folder + u'/' + title_folder::padFile)
                             : Error{.kind = Error::Kind::Missing};
     if (!now)
         return now.error();
-    return std::optional(between(*sent, *now));
+    return std::optional(between(**sent, *now));
 }
 
 } // namespace quillon::changed_fields

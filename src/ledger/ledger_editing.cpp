@@ -21,17 +21,7 @@ class LedgerEditingText
 
 Result<QList<ledger::Entry>> entriesOf(const QString &title)
 {
-    QList<ledger::Entry> entries;
-    const Result<> read = Journal::ofDataFolder().read([&](Database &database) -> Result<> {
-        auto found = ledger::entries(database, title);
-        if (!found)
-            return found.error();
-        entries = *std::move(found);
-        return {};
-    });
-    if (!read && !read.isError(Error::Kind::Missing))
-        return read.error();
-    return entries;
+    return Journal::ofDataFolder().find([&](Database &database) { return ledger::entries(database, title); });
 }
 
 Error refusal(const QString &sentence)

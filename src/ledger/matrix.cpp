@@ -84,6 +84,24 @@ QHash<QString, int> ranks(QStringList versions)
     return places;
 }
 
+/// What the journal knows of all titles, and of sites.
+struct KnownOfAll
+{
+    QList<ledger::TitleEntry> entries;
+    QSet<QString> goneSites;
+};
+
+Result<KnownOfAll> knownOfAll(Database &database)
+{
+    auto entries = ledger::newestOfAll(database);
+    if (!entries)
+        return entries.error();
+    auto goneSites = site_knowledge::goneSites(database);
+    if (!goneSites)
+        return goneSites.error();
+    return KnownOfAll{.entries = *std::move(entries), .goneSites = *std::move(goneSites)};
+}
+
 } // namespace
 
 Matrix::Matrix(const QList<Title> &titles, const QList<ledger::TitleEntry> &entries,
@@ -170,22 +188,12 @@ Result<ReadMatrix> readMatrix()
     auto titles = loadTitles(OldLayout::Leave);
     if (!titles)
         return titles.error();
-    QList<ledger::TitleEntry> entries;
-    QSet<QString> gone;
-    const Result<> read = Journal::ofDataFolder().read([&](Database &database) -> Result<> {
-        auto found = ledger::newestOfAll(database);
-        if (!found)
-            return found.error();
-        auto goneSites = site_knowledge::goneSites(database);
-        if (!goneSites)
-            return goneSites.error();
-        entries = *std::move(found);
-        gone = *std::move(goneSites);
-        return {};
-    });
-    ReadMatrix result{.matrix = Matrix(titles->titles, entries, gone), .failures = titles->failures};
-    if (!read && !read.isError(Error::Kind::Missing))
-        result.failures.append(read.error());
+    const auto known = Journal::ofDataFolder().find(knownOfAll);
+    const KnownOfAll present = known.valueOr({});
+    ReadMatrix result{.matrix = Matrix(titles->titles, present.entries, present.goneSites),
+                      .failures = titles->failures};
+    if (!known)
+        result.failures.append(known.error());
     return result;
 }
 

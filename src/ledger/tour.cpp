@@ -34,8 +34,7 @@ struct Known
 
 Result<Known> knownOf(const QString &title, const QString &version)
 {
-    Known known;
-    const Result<> read = Journal::ofDataFolder().read([&](Database &database) -> Result<> {
+    return Journal::ofDataFolder().find([&](Database &database) -> Result<Known> {
         auto entries = ledger::entries(database, title);
         if (!entries)
             return entries.error();
@@ -45,10 +44,9 @@ Result<Known> knownOf(const QString &title, const QString &version)
         auto gone = site_knowledge::goneSites(database);
         if (!gone)
             return gone.error();
-        known = {.entries = *std::move(entries), .record = *std::move(record), .goneSites = *std::move(gone)};
-        return {};
+        return Known{
+            .entries = *std::move(entries), .record = *std::move(record), .goneSites = *std::move(gone)};
     });
-    return read || read.isError(Error::Kind::Missing) ? known : Result<Known>(read.error());
 }
 
 /// The sites that had another version until @p version was sent to them.

@@ -50,15 +50,8 @@ QString foundLine(const KnownSite &known)
 /// What the journal has of @p site; nothing without a journal.
 Result<KnownSite> knownOf(const QString &site)
 {
-    KnownSite known{.name = site};
-    const Result<> read = Journal::ofDataFolder().read([&known, &site](Database &database) -> Result<> {
-        auto found = site_knowledge::of(database, site);
-        if (!found)
-            return found.error();
-        known = *std::move(found);
-        return {};
-    });
-    return read || read.isError(Error::Kind::Missing) ? known : Result<KnownSite>(read.error());
+    return Journal::ofDataFolder().find(
+        [&site](Database &database) { return site_knowledge::of(database, site); }, {.name = site});
 }
 
 } // namespace

@@ -197,3 +197,52 @@ TEST_F(JournalTest, ACopyBringsBackWhatIsNotKnownAndChangesNothingThatIs)
     EXPECT_EQ(known, (QStringList{u"anew"_s, u"bold"_s}));
     EXPECT_EQ(kept(), QStringList{u"Title"_s});
 }
+
+TEST_F(JournalTest, ACopyBringsBackTheRowsOfEveryTable)
+{
+    const auto counts = [] {
+        QMap<QString, qint64> all;
+        (void)Journal::ofDataFolder().read([&all](Database &database) -> Result<> {
+            auto tables = database.prepare("SELECT name FROM sqlite_schema WHERE type = 'table'"
+                                           " AND name NOT IN ('state', 'titles')");
+            while (tables && tables->next().valueOr(false)) {
+                const QString name = tables->text(0);
+                all[name] = database.number(QString(u"SELECT count(*) FROM " + name).toUtf8()).valueOr(-1);
+            }
+            return {};
+        });
+        return all;
+    };
+    ASSERT_TRUE(Journal::ofDataFolder().change([](Database &database) {
+        return database.execute(R"(
+            INSERT INTO titles VALUES (1, 'T'), (2, NULL);
+            INSERT INTO change_sets (id, time, label, origin, of_set) VALUES (1, 1, 'L', 'fix', 1);
+            INSERT INTO history VALUES (1, 1, 1, 'eula', 1, 'a', 'b', 'fix', 1);
+            INSERT INTO originals VALUES (1, 1, 1, 'a.xml', 0, x'00');
+            INSERT INTO deleted_titles VALUES (1, 2, 'D', 1);
+            INSERT INTO deleted_files VALUES (1, x'61', x'62');
+            INSERT INTO deleted_sites VALUES (1, 'S', 'http://s', 1, NULL, NULL);
+            INSERT INTO sent_values VALUES (1, 1, x'00');
+            INSERT INTO ledger VALUES (1, 1, 'S', '1', 1, 'sent', '', '', NULL, 1);
+            INSERT INTO tours VALUES (1, '1', 'S');
+            INSERT INTO tour_answers VALUES (1, 1, 'S', '1', 'skip');
+            INSERT INTO sites (name) VALUES ('S');
+            INSERT INTO form_fields VALUES (1, 'S', '{}', 'eula', 1);)");
+    }));
+    const auto before = counts();
+    for (const auto [name, count] : before.asKeyValueRange())
+        EXPECT_EQ(count, 1) << name << " has no row above";
+    const QString copy = inData(u"copy.sqlite"_s);
+    ASSERT_TRUE(journal_copies::copyTo(copy));
+    Journal::ofDataFolder().close();
+    for (const QString &name : QDir(mwqnAppSuppLoc).entryList({u"quillon.sqlite*"_s}))
+        ASSERT_TRUE(QFile::remove(inData(name)));
+    ASSERT_TRUE(keep(u"Another"_s)) << "so that the numbers are others";
+    EXPECT_EQ(journal_copies::bringIn(copy, [](const QString &) { return true; }).valueOr(-1), 2);
+    EXPECT_EQ(counts(), before);
+    EXPECT_EQ(kept(), QStringList({u"Another"_s, u"T"_s, QString()}));
+    (void)Journal::ofDataFolder().read([](Database &database) -> Result<> {
+        EXPECT_EQ(database.number("SELECT count(*) FROM pragma_foreign_key_check"), 0);
+        return {};
+    });
+}
