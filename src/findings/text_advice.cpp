@@ -4,10 +4,10 @@
 #include "pad/pad_document.h"
 #include "pad/pad_form.h"
 #include "platform/plain_text.h"
+#include "platform/xml_escaping.h"
 #include "validation/field_rule_table.h"
 
 #include <QHash>
-#include <QXmlStreamReader>
 
 #include <algorithm>
 #include <optional>
@@ -94,14 +94,6 @@ bool isOfAnotherLanguage(const Subject &subject, const PadField &field)
         return false;
     const QByteArrayView parent(subject.document->xml().firstNode(field.element).parent().name());
     return !parent.isEmpty() && parent != "English";
-}
-
-bool isXml(const QString &content)
-{
-    QXmlStreamReader reader(u"<x>"_s + content + u"</x>");
-    while (!reader.atEnd())
-        reader.readNext();
-    return !reader.hasError();
 }
 
 } // namespace
@@ -202,7 +194,7 @@ void adviseOnXml(const Subject &subject, Adviser &adviser)
         QString content = isFile ? subject.document->sourceOf(field) : subject.form.value(field.id);
         if (!isFile)
             content.replace(u" & "_s, u" &amp; "_s); // As an export does it.
-        if (isXml(content))
+        if (isWellFormedContent(content))
             continue;
         adviser.add(
             field.id,

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <climits>
 #include <cstdio>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -28,6 +29,12 @@ Result<> result(int status, const QString &path, QStringView step)
 }
 
 } // namespace
+
+bool isEntryName(QStringView name)
+{
+    return !name.isEmpty() && !name.contains(u'/') && !name.contains(QChar(u'\0')) &&
+           name.toUtf8().size() <= NAME_MAX;
+}
 
 Result<FolderHandle> FolderHandle::adopted(int descriptor, const QString &path)
 {

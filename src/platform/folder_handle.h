@@ -10,6 +10,10 @@
 
 namespace quillon {
 
+/// Whether @p name can be that of an entry in a folder: not empty, no "/" and no NUL in it, and no longer in
+/// UTF-8 than the system takes, 255 bytes. Blanks are as good as letters.
+bool isEntryName(QStringView name);
+
 /**
  * An open folder, through which what lies in it is reached by single names.
  *

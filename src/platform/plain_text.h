@@ -20,15 +20,22 @@ inline QString plainWindowTitle(QString text)
     return text.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
 }
 
+/// Whether @p unit is one that nobody sees: a control character, a break, or one that turns the direction of
+/// writing.
+inline bool isUnseen(QChar unit)
+{
+    const auto category = unit.category();
+    return category == QChar::Other_Control || category == QChar::Other_Format ||
+           category == QChar::Separator_Line || category == QChar::Separator_Paragraph;
+}
+
 /// @p text as one line of at most @p longest UTF-16 units, for texts of strangers: what breaks a line or
 /// turns the direction of writing is a blank.
 inline QString plainLine(const QString &text, qsizetype longest)
 {
     QString line = text.left(longest);
     for (QChar &unit : line) {
-        const auto category = unit.category();
-        if (category == QChar::Other_Control || category == QChar::Other_Format ||
-            category == QChar::Separator_Line || category == QChar::Separator_Paragraph)
+        if (isUnseen(unit))
             unit = u' ';
     }
     return line.simplified();
@@ -51,9 +58,7 @@ inline QString visibleLine(const QString &text, qsizetype longest)
     if (!line.isEmpty() && line.back().isHighSurrogate())
         line.chop(1);
     for (QChar &unit : line) {
-        const auto category = unit.category();
-        if (category == QChar::Other_Control || category == QChar::Other_Format ||
-            category == QChar::Separator_Line || category == QChar::Separator_Paragraph)
+        if (isUnseen(unit))
             unit = controlPicture(unit);
     }
     return line;

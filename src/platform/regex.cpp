@@ -1,9 +1,10 @@
 #include "platform/regex.h"
 
-#define PCRE2_CODE_UNIT_WIDTH 16
 #include <QLoggingCategory>
 
 #include <atomic>
+
+#define PCRE2_CODE_UNIT_WIDTH 16
 #include <pcre2.h>
 
 using namespace Qt::StringLiterals;

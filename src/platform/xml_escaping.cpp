@@ -2,17 +2,13 @@
 
 #include "platform/regex.h"
 
+#include <QXmlStreamReader>
+
 using namespace Qt::StringLiterals;
 
 namespace quillon {
 
 namespace {
-
-bool isXmlCharacter(char32_t each)
-{
-    return each >= 0x20 ? each != 0xFFFE && each != 0xFFFF && !QChar::isSurrogate(each)
-                        : each == '\t' || each == '\n' || each == '\r';
-}
 
 /// The end of the reference that "&" at the start of @p text begins; 0 where it begins none that every reader
 /// knows.
@@ -75,6 +71,14 @@ QString escaped(QStringView text, bool keepsReferences)
 }
 
 } // namespace
+
+bool isWellFormedContent(const QString &content)
+{
+    QXmlStreamReader reader(u"<x>"_s + content + u"</x>");
+    while (!reader.atEnd())
+        reader.readNext();
+    return !reader.hasError();
+}
 
 QString escapedXml(QStringView text)
 {

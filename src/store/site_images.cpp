@@ -1,5 +1,6 @@
 #include "store/site_images.h"
 
+#include "platform/folder_handle.h"
 #include "store/process_state.h"
 
 using namespace Qt::StringLiterals;
@@ -19,10 +20,7 @@ QString programImage(const QString &site, const QString &images)
 std::optional<QString> authorImage(const QString &site)
 {
     const QString file = site + u".png"_s;
-    static constexpr qsizetype maxFileNameBytes = 255;
-    if (site.contains(u'/') || site.contains(QChar(u'\0')) || file.toUtf8().size() > maxFileNameBytes)
-        return std::nullopt;
-    return folder() + file;
+    return isEntryName(file) ? std::optional(folder() + file) : std::nullopt;
 }
 
 } // namespace quillon::site_images

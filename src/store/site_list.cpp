@@ -2,6 +2,7 @@
 
 #include "platform/atomic_file.h"
 #include "platform/property_list.h"
+#include "platform/xml_escaping.h"
 #include "store/process_state.h"
 #include "store/storage_status.h"
 
@@ -64,11 +65,7 @@ Result<ReadList> readToChange(QStringView fileName)
 
 bool canHold(QStringView text)
 {
-    const auto isAllowed = [](char32_t each) {
-        return each >= U' ' ? !QChar::isSurrogate(each) && each != 0xfffe && each != 0xffff
-                            : each == U'\t' || each == U'\n' || each == U'\r';
-    };
-    return std::ranges::all_of(text.toUcs4(), isAllowed);
+    return std::ranges::all_of(text.toUcs4(), isXmlCharacter);
 }
 
 Result<> write(QStringView fileName, const StringDictionary &sites)

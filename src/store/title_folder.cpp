@@ -1,6 +1,7 @@
 #include "store/title_folder.h"
 
 #include "platform/descriptor.h"
+#include "platform/folder_handle.h"
 #include "platform/translated_text.h"
 #include "store/process_state.h"
 
@@ -14,9 +15,7 @@ namespace quillon::title_folder {
 
 bool isUsableName(QStringView name)
 {
-    static constexpr qsizetype maxFileNameBytes = 255;
-    return !name.isEmpty() && !name.contains(u'/') && !name.contains(QChar(u'\0')) &&
-           name.toUtf8().size() + extension.size() <= maxFileNameBytes;
+    return !name.isEmpty() && isEntryName(QString(name + extension));
 }
 
 std::optional<QString> path(QStringView name)

@@ -14,8 +14,7 @@ inline constexpr QStringView summaryFile = u"general.qnxmld";
 inline constexpr QStringView padFile = u"data.qnxml";
 inline constexpr QStringView errorLog = u"error.log";
 
-/// Whether @p name can be a folder's name: not empty, no "/" and no NUL in it, and with the extension at most
-/// 255 bytes long, as the usual file systems take it. Blanks are as good as letters.
+/// Whether @p name, with the extension, can be a folder's (isEntryName()).
 bool isUsableName(QStringView name);
 
 /// The folder of the title @p name, without a separator at its end; none for a name that is not usable, which
