@@ -20,8 +20,7 @@ inline constexpr std::array<EditorPage, 5> editorPages = {{
     {QUILLON_TR_NOOP("EditorPages", "Program Information"), u"Program_Info", FieldId::programName},
     {QUILLON_TR_NOOP("EditorPages", "Program Descriptions"), u"Program_Descriptions", FieldId::keywordsView},
     {QUILLON_TR_NOOP("EditorPages", "Web Information"), u"Web_Info", FieldId::appInfoURL},
-    {QUILLON_TR_NOOP("EditorPages", "Permissions"), QUILLON_TR_NOOP("EditorPages", "Permissions"),
-     FieldId::distributionPermissions},
+    {QUILLON_TR_NOOP("EditorPages", "Permissions"), u"Permissions", FieldId::distributionPermissions},
 }};
 
 /// The page that @p field is on.

@@ -1,5 +1,6 @@
 #include "generator/command_reference.h"
 #include "generator/field_reference.h"
+#include "pad/field_catalogue.h"
 #include "platform/settings.h"
 #include "shell/workbench.h"
 #include "store/process_state.h"
@@ -116,6 +117,7 @@ int main(int argc, char *argv[])
         {u"fields"_s, [] { return fieldReference(); }},
         {u"findings"_s, [] { return findingReference(); }},
         {u"packs"_s, [] { return packReference(); }},
+        {u"field-count"_s, [] { return QString::number(fieldCount); }},
         {u"site-count"_s, [] { return QString::number(defaultSites.size()); }},
         {u"main-menus"_s, [] { return mainMenus(); }},
         {u"submission-menus"_s, [] { return submissionMenus(); }},

@@ -5,7 +5,7 @@
 namespace quillon {
 
 // clang-format off
-const std::array<PadField, fieldCount> padFields = {{
+constexpr std::array<PadField, fieldCount> padFields = {{
     {FieldId::authorFirstName, u"authorFirstName", u"Author_First_Name", u"Company_Info/Contact_Info", FieldKind::Text, u"authorFirstName"},
     {FieldId::authorLastName, u"authorLastName", u"Author_Last_Name", u"Company_Info/Contact_Info", FieldKind::Text, u"authorLastName"},
     {FieldId::authorEmail, u"authorEmail", u"Author_Email", u"Company_Info/Contact_Info", FieldKind::Text, u"authorEmail"},
@@ -72,6 +72,8 @@ const std::array<PadField, fieldCount> padFields = {{
     {FieldId::eula, u"eula", u"EULA", u"Permissions", FieldKind::MultiLine, u""},
 }};
 // clang-format on
+
+static_assert(isInOrder(padFields, &PadField::id));
 
 namespace {
 

@@ -99,10 +99,21 @@ struct PadField
     QStringView messageKey; ///< Key in the three message dictionaries; empty where there is no entry.
 };
 
-inline constexpr int fieldCount = 64;
+inline constexpr int fieldCount = int(FieldId::eula) + 1;
 
 /// All fields; a field's place is the value of its id.
 extern const std::array<PadField, fieldCount> padFields;
+
+/// Whether each row of @p table stands at the place of its @p field, where it is looked for.
+template<typename Row>
+constexpr bool isInOrder(const std::array<Row, fieldCount> &table, FieldId Row::*field)
+{
+    for (size_t place = 0; place < table.size(); ++place) {
+        if (size_t(table[place].*field) != place)
+            return false;
+    }
+    return true;
+}
 
 /// The entry of @p id.
 inline const PadField &padField(FieldId id)

@@ -8,10 +8,12 @@ using namespace Qt::StringLiterals;
 
 namespace quillon {
 
+namespace {
+
 // The order inside the groups is not the editor's: month before day, e-mail before telephone, systems before
 // languages.
 // clang-format off
-const std::array<LayoutLine, layoutLineCount> padLayout = {{
+constexpr LayoutLine layoutRows[] = {
     {1, LayoutLine::Open, u"MASTER_PAD_VERSION_INFO"},
     {2, LayoutLine::Element, u"MASTER_PAD_VERSION"},
     {2, LayoutLine::Element, u"MASTER_PAD_EDITOR"},
@@ -105,8 +107,12 @@ const std::array<LayoutLine, layoutLineCount> padLayout = {{
     {2, LayoutLine::Element, u"Distribution_Permissions"},
     {2, LayoutLine::Element, u"EULA"},
     {1, LayoutLine::Close, u"Permissions"},
-}};
+};
 // clang-format on
+
+} // namespace
+
+const std::span<const LayoutLine> padLayout = layoutRows;
 
 QStringView padTag(QStringView name)
 {

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-#include <array>
+#include <span>
 
 /// The fixed shape of a PAD 3.10 document, walked by everything that writes one.
 namespace quillon {
@@ -21,10 +21,8 @@ struct LayoutLine
     QStringView tag;
 };
 
-inline constexpr int layoutLineCount = 93;
-
-/// Lines 3 to 95 of the document, between the root's tags.
-extern const std::array<LayoutLine, layoutLineCount> padLayout;
+/// The lines of the document between the root's tags.
+extern const std::span<const LayoutLine> padLayout;
 
 /// The tag of the layout, or the root's, that @p name is in some case; null without one.
 QStringView padTag(QStringView name);

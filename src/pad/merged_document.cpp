@@ -8,7 +8,6 @@
 
 #include <QCoreApplication>
 #include <QStringConverter>
-#include <QXmlStreamReader>
 
 #include <algorithm>
 
@@ -22,6 +21,8 @@ class MergedDocumentText
 {
     Q_DECLARE_TR_FUNCTIONS(MergedDocument)
 };
+
+using LayoutPlace = std::span<const LayoutLine>::iterator;
 
 constexpr QStringView descriptions = u"Program_Descriptions";
 
@@ -91,15 +92,6 @@ private:
     QByteArray m_encoding;
 };
 
-/// Whether @p content, put between two tags, leaves a document well-formed.
-bool isWellFormed(const QString &content)
-{
-    QXmlStreamReader reader(u"<x>"_s + content + u"</x>");
-    while (!reader.atEnd())
-        reader.readNext();
-    return !reader.hasError();
-}
-
 /// Puts values into a document one after the other.
 class Merger
 {
@@ -110,7 +102,7 @@ public:
     }
 
     /// The content that @p value became in its element; none where the document has no place for it.
-    std::optional<QString> lay(const LayoutLine *line, const PadField &field, const QString &value)
+    std::optional<QString> lay(LayoutPlace line, const PadField &field, const QString &value)
     {
         const QString text = QString(value).replace(u"\r\n"_s, u"\n"_s).replace(u'\n', m_lineEnd);
         const auto stretch = contentOf(field);
@@ -162,7 +154,7 @@ private:
         if (field.kind != FieldKind::MultiLine)
             return escapedXml(text);
         const bool hasMarkup = m_document.body.sliced(old.begin, old.end - old.begin).contains('<');
-        return hasMarkup && isWellFormed(text) ? text : escapedXmlBesidesReferences(text);
+        return hasMarkup && isWellFormedContent(text) ? text : escapedXmlBesidesReferences(text);
     }
 
     void replace(const Stretch &stretch, const QString &text)
@@ -184,9 +176,9 @@ private:
 
     /// Adds @p element, which the layout has at @p line: after the nearest element before it that is there,
     /// else before the nearest one after it, else into its group, which is made if need be.
-    bool add(const LayoutLine *line, const QString &element)
+    bool add(LayoutPlace line, const QString &element)
     {
-        const LayoutLine *group = line;
+        LayoutPlace group = line;
         while (group != padLayout.begin() && (--group)->depth >= line->depth) {
         }
         const bool isTop = line->depth == 1;
@@ -204,22 +196,20 @@ private:
     }
 
     /// The nearest element that the layout has before @p line, in the same group, and that is there.
-    static std::optional<XmlSource::Place> siblingBefore(const XmlSource &source, const LayoutLine *line,
+    static std::optional<XmlSource::Place> siblingBefore(const XmlSource &source, LayoutPlace line,
                                                          QStringView groupTag)
     {
         std::optional<XmlSource::Place> place;
-        for (const LayoutLine *each = line;
-             !place && each != padLayout.begin() && (--each)->depth >= line->depth;)
+        for (LayoutPlace each = line; !place && each != padLayout.begin() && (--each)->depth >= line->depth;)
             place = each->depth == line->depth ? placeInside(source, each->tag, groupTag) : std::nullopt;
         return place;
     }
 
-    static std::optional<XmlSource::Place> siblingAfter(const XmlSource &source, const LayoutLine *line,
+    static std::optional<XmlSource::Place> siblingAfter(const XmlSource &source, LayoutPlace line,
                                                         QStringView groupTag)
     {
         std::optional<XmlSource::Place> place;
-        for (const LayoutLine *each = line;
-             !place && ++each != padLayout.end() && each->depth >= line->depth;)
+        for (LayoutPlace each = line; !place && ++each != padLayout.end() && each->depth >= line->depth;)
             place = each->depth == line->depth ? placeInside(source, each->tag, groupTag) : std::nullopt;
         return place;
     }
@@ -290,14 +280,14 @@ Result<QByteArray> mergedDocument(const QByteArray &original, const FieldValues 
                      .reason =
                          MergedDocumentText::tr("the original holds bytes that are no text in its encoding")};
     Contents laid;
-    for (const LayoutLine &line : padLayout) {
-        const auto field = line.kind == LayoutLine::Element ? fieldOfElement(line.tag) : std::nullopt;
+    for (LayoutPlace line = padLayout.begin(); line != padLayout.end(); ++line) {
+        const auto field = line->kind == LayoutLine::Element ? fieldOfElement(line->tag) : std::nullopt;
         const auto &value = field ? values[size_t(*field)] : std::nullopt;
         if (!value)
             continue;
-        laid[size_t(*field)] = merger.lay(&line, padField(*field), *value);
+        laid[size_t(*field)] = merger.lay(line, padField(*field), *value);
         if (!laid[size_t(*field)])
-            return cannotBeLaid(line.tag);
+            return cannotBeLaid(line->tag);
     }
     QByteArray merged = merger.bytes();
     if (const Result<> sound = verified(original, merged, laid); !sound)

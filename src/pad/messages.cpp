@@ -1,7 +1,5 @@
 #include "pad/messages.h"
 
-#include <array>
-
 namespace quillon {
 
 namespace {
@@ -16,7 +14,7 @@ struct FieldMessages
 
 // For the choice fields "too long" and "too short" report that nothing was chosen.
 // clang-format off
-constexpr std::array<FieldMessages, 39> fieldMessages = {{
+constexpr FieldMessages fieldMessages[] = {
     {u"companyName", u"The company name should not be empty.",
      u"The company name is too long.",
      u"The company name is too short."},
@@ -134,7 +132,7 @@ constexpr std::array<FieldMessages, 39> fieldMessages = {{
     {u"salesPhone", u"",
      u"The sales phone number is too long.",
      u"The sales phone number is too short."},
-}};
+};
 // clang-format on
 
 MessageDictionary dictionaryOf(QStringView FieldMessages::*message)

@@ -8,7 +8,7 @@ namespace quillon {
 
 using MessageDictionary = QHash<QString, QString>;
 
-/// The 39 messages of each case. An empty message means that the case does not apply to the field; a key that
+/// The messages of each case. An empty message means that the case does not apply to the field; a key that
 /// is not in there gives nothing. The texts are fixed, their typing errors included: authors and scripts know
 /// them.
 const MessageDictionary &mwqnErrorMessagesEmpty();

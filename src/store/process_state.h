@@ -26,7 +26,7 @@ inline std::optional<QString> mwqnCurrentSWBundle;
 /// when it closes.
 inline bool mwqnWOSi78tgsda = true;
 
-/// URL by name of the 212 default sites. Built once by setDefaultSites(), never changed after.
+/// URL by name of the default sites. Built once by setDefaultSites(), never changed after.
 inline StringDictionary mwqnDefaultSitesDict;
 
 /// URL by name of every site of the catalogue. Set by the site list editor at each merge; empty before the

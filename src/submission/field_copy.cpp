@@ -1,5 +1,6 @@
 #include "submission/field_copy.h"
 
+#include "editor/editor_pages.h"
 #include "platform/dates.h"
 #include "platform/desktop.h"
 #include "platform/text_decoding.h"
@@ -15,7 +16,9 @@ using namespace Qt::StringLiterals;
 
 namespace quillon {
 
-const std::array<FieldCopyButton, fieldCopyButtonCount> fieldCopyButtons = {{
+namespace {
+
+constexpr FieldCopyButton buttonRows[] = {
     {u"companyName", QUILLON_TR_NOOP("FieldCopy", "Company Name"), FieldId::companyName},
     {u"companyAddress", QUILLON_TR_NOOP("FieldCopy", "Address"), FieldId::companyAddress},
     {u"companyAddress2", QUILLON_TR_NOOP("FieldCopy", "Address 2"), FieldId::companyAddress2},
@@ -83,9 +86,7 @@ const std::array<FieldCopyButton, fieldCopyButtonCount> fieldCopyButtons = {{
      FieldId::secondaryDownloadURL},
     {u"otherDownloadURL1", QUILLON_TR_NOOP("FieldCopy", "Other Download URL 1"), FieldId::otherDownloadURL1},
     {u"otherDownloadURL2", QUILLON_TR_NOOP("FieldCopy", "Other Download URL 2"), FieldId::otherDownloadURL2},
-}};
-
-namespace {
+};
 
 /// The fields that make up a date; the panel has one button for all three.
 struct DateFields
@@ -105,21 +106,6 @@ const DateFields *dateOf(FieldId year)
     const auto date = std::ranges::find(dateButtons, year, &DateFields::year);
     return date == dateButtons.end() ? nullptr : &*date;
 }
-
-/// A top group of the PAD document and the editor's page for it.
-struct Page
-{
-    QStringView group;
-    QStringView label;
-};
-
-constexpr std::array<Page, 5> pages = {{
-    {u"Company_Info", QUILLON_TR_NOOP("EditorPages", "Company Information")},
-    {u"Program_Info", QUILLON_TR_NOOP("EditorPages", "Program Information")},
-    {u"Program_Descriptions", QUILLON_TR_NOOP("EditorPages", "Program Descriptions")},
-    {u"Web_Info", QUILLON_TR_NOOP("EditorPages", "Web Information")},
-    {QUILLON_TR_NOOP("EditorPages", "Permissions"), QUILLON_TR_NOOP("EditorPages", "Permissions")},
-}};
 
 std::optional<QString> dateText(const DateFields &date, const QString &pad, const QLocale &locale)
 {
@@ -145,12 +131,11 @@ std::optional<QString> findClipboardContent(QStringView tag, const QString &pad)
 
 } // namespace
 
+const std::span<const FieldCopyButton> fieldCopyButtons = buttonRows;
+
 QStringView FieldCopyButton::page() const
 {
-    const QStringView group = padField(field).group;
-    const qsizetype slash = group.indexOf(u'/');
-    const auto page = std::ranges::find(pages, slash < 0 ? group : group.first(slash), &Page::group);
-    return page == pages.end() ? QStringView() : page->label;
+    return pageOf(field).label;
 }
 
 QString captionOf(const FieldCopyButton &button)
@@ -171,16 +156,23 @@ std::optional<QString> pasteText(const FieldCopyButton &button, const QByteArray
     return date ? dateText(*date, text, locale) : findClipboardContent(button.tag(), text);
 }
 
-FieldCopyPanel::FieldCopyPanel(Browser &browser, QObject *parent) : QObject(parent), m_browser(browser) {}
+FieldCopyPanel::FieldCopyPanel(Browser &browser, QObject *parent)
+    : QObject(parent)
+    , m_browser(browser)
+    , m_enabled(qsizetype(fieldCopyButtons.size()))
+    , m_on(m_enabled.size())
+{
+}
 
 void FieldCopyPanel::setPasteData()
 {
     const Result<QByteArray> bytes = AddDeleteImportEdit::returnDataObjectFor(u"data");
     m_readError = bytes || bytes.isError(Error::Kind::Missing) ? std::nullopt : std::optional(bytes.error());
     const TolerantXml xml(decodedXmlText(bytes.valueOr({})));
-    Flags enabled;
-    for (size_t place = 0; place < fieldCopyButtons.size(); ++place)
-        enabled.set(place, !xml.first(fieldCopyButtons[place].tag()).value_or(QString()).isEmpty());
+    QBitArray enabled(m_enabled.size());
+    for (qsizetype place = 0; place < enabled.size(); ++place)
+        enabled.setBit(place,
+                       !xml.first(fieldCopyButtons[size_t(place)].tag()).value_or(QString()).isEmpty());
     if (std::exchange(m_enabled, enabled) != enabled)
         Q_EMIT changed();
     Q_EMIT valuesRead();
@@ -188,8 +180,8 @@ void FieldCopyPanel::setPasteData()
 
 void FieldCopyPanel::press(int place)
 {
-    if (!m_on.test(size_t(place))) {
-        m_on.set(size_t(place));
+    if (!m_on.testBit(place)) {
+        m_on.setBit(place);
         Q_EMIT changed();
     }
     const Result<QByteArray> bytes = AddDeleteImportEdit::returnDataObjectFor(u"data");

@@ -3,14 +3,14 @@
 #include "pad/field_catalogue.h"
 #include "platform/result.h"
 
+#include <QBitArray>
 #include <QByteArray>
 #include <QLocale>
 #include <QObject>
 #include <QString>
 
-#include <array>
-#include <bitset>
 #include <optional>
+#include <span>
 
 namespace quillon {
 
@@ -29,10 +29,8 @@ struct FieldCopyButton
     [[nodiscard]] QStringView page() const;
 };
 
-inline constexpr int fieldCopyButtonCount = 59;
-
 /// All buttons in the panel's order.
-extern const std::array<FieldCopyButton, fieldCopyButtonCount> fieldCopyButtons;
+extern const std::span<const FieldCopyButton> fieldCopyButtons;
 
 /// What @p button says, in the author's language.
 QString captionOf(const FieldCopyButton &button);
@@ -69,8 +67,8 @@ public:
 
     /// Why setPasteData() could not read the file, if it is there.
     [[nodiscard]] const std::optional<Error> &readError() const { return m_readError; }
-    [[nodiscard]] bool isEnabled(int place) const { return m_enabled.test(size_t(place)); }
-    [[nodiscard]] bool isOn(int place) const { return m_on.test(size_t(place)); }
+    [[nodiscard]] bool isEnabled(int place) const { return m_enabled.testBit(place); }
+    [[nodiscard]] bool isOn(int place) const { return m_on.testBit(place); }
 
 Q_SIGNALS:
     /// A button can be used, cannot be used, or is on, other than before.
@@ -81,12 +79,10 @@ Q_SIGNALS:
     void nothingPasted(const QString &reason);
 
 private:
-    using Flags = std::bitset<fieldCopyButtonCount>;
-
     Browser &m_browser;
     std::optional<Error> m_readError;
-    Flags m_enabled;
-    Flags m_on;
+    QBitArray m_enabled;
+    QBitArray m_on;
 };
 
 } // namespace quillon

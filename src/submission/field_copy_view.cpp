@@ -84,7 +84,7 @@ QWidget *FieldCopyView::newButtons()
     layout->setContentsMargins(0, 0, margin, 0);
     layout->setSpacing(spacing);
     QStringView page;
-    for (int place = 0; place < fieldCopyButtonCount; ++place) {
+    for (int place = 0; place < int(fieldCopyButtons.size()); ++place) {
         if (const QStringView own = fieldCopyButtons[size_t(place)].page();
             own != page || m_groups.isEmpty()) {
             page = own;
@@ -114,29 +114,29 @@ void FieldCopyView::addButton(int place, QWidget *parent)
     button->setObjectName(field.action + u"Button"_s);
     button->installEventFilter(this);
     connect(button, &HoverButtonControl::clicked, this, [this, place] { m_panel.press(place); });
-    m_buttons[size_t(place)] = button;
+    m_buttons.append(button);
 }
 
 void FieldCopyView::showStates()
 {
-    for (int place = 0; place < fieldCopyButtonCount; ++place) {
-        m_buttons[size_t(place)]->setEnabled(m_panel.isEnabled(place));
-        m_buttons[size_t(place)]->setChecked(m_panel.isOn(place));
+    for (int place = 0; place < m_buttons.size(); ++place) {
+        m_buttons[place]->setEnabled(m_panel.isEnabled(place));
+        m_buttons[place]->setChecked(m_panel.isOn(place));
     }
 }
 
 void FieldCopyView::showValues()
 {
     const QByteArray pad = AddDeleteImportEdit::returnDataObjectFor(u"data").valueOr({});
-    for (int place = 0; place < fieldCopyButtonCount; ++place)
+    for (int place = 0; place < m_buttons.size(); ++place)
         showValue(place, pad);
 }
 
 void FieldCopyView::showValue(int place, const QByteArray &pad)
 {
     const QString text = preview(pasteText(fieldCopyButtons[size_t(place)], pad));
-    m_buttons[size_t(place)]->setToolTip(plainToolTip(text));
-    m_buttons[size_t(place)]->setAccessibleDescription(text);
+    m_buttons[place]->setToolTip(plainToolTip(text));
+    m_buttons[place]->setAccessibleDescription(text);
 }
 
 bool FieldCopyView::eventFilter(QObject *watched, QEvent *event)
@@ -144,10 +144,8 @@ bool FieldCopyView::eventFilter(QObject *watched, QEvent *event)
     if (watched == m_scrollArea->viewport() && event->type() == QEvent::Resize && columns() != m_columns)
         arrange();
     if (event->type() == QEvent::ToolTip) { // The file may have another value by now.
-        const auto *const button = std::ranges::find(m_buttons, watched);
-        if (button != m_buttons.end())
-            showValue(int(button - m_buttons.begin()),
-                      AddDeleteImportEdit::returnDataObjectFor(u"data").valueOr({}));
+        if (const auto place = m_buttons.indexOf(watched); place >= 0)
+            showValue(int(place), AddDeleteImportEdit::returnDataObjectFor(u"data").valueOr({}));
     }
     return QWidget::eventFilter(watched, event);
 }
@@ -171,7 +169,7 @@ void FieldCopyView::arrange()
     for (const Group &group : std::as_const(m_groups)) {
         int shown = 0;
         for (const int place : group.places) {
-            HoverButtonControl *button = m_buttons[size_t(place)];
+            HoverButtonControl *button = m_buttons[place];
             group.grid->removeWidget(button);
             button->setVisible(isFound(place));
             if (!isFound(place))
@@ -193,7 +191,7 @@ void FieldCopyView::pressFirst()
 {
     if (m_filter->text().trimmed().isEmpty())
         return;
-    for (int place = 0; place < fieldCopyButtonCount; ++place) {
+    for (int place = 0; place < m_buttons.size(); ++place) {
         if (!isFound(place) || !m_panel.isEnabled(place))
             continue;
         m_panel.press(place);

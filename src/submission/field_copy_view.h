@@ -4,8 +4,6 @@
 
 #include <QWidget>
 
-#include <array>
-
 class QGridLayout;
 class QLabel;
 class QLineEdit;
@@ -54,7 +52,7 @@ private:
     void pressFirst();
 
     FieldCopyPanel &m_panel;
-    std::array<HoverButtonControl *, fieldCopyButtonCount> m_buttons{};
+    QList<HoverButtonControl *> m_buttons; ///< At the places of fieldCopyButtons.
     QList<Group> m_groups;
     QLineEdit *m_filter;
     QScrollArea *m_scrollArea;

@@ -3,7 +3,6 @@
 #include <QRegularExpression>
 
 #include <algorithm>
-#include <array>
 
 using namespace Qt::StringLiterals;
 
@@ -12,7 +11,7 @@ namespace quillon::form_signs {
 namespace {
 
 // clang-format off
-constexpr std::array<Phrase, 516> table = {{
+constexpr Phrase table[] = {
     {u"companyName", u"company name", 3},
     {u"companyName", u"publisher name", 3},
     {u"companyName", u"vendor name", 3},
@@ -529,11 +528,11 @@ constexpr std::array<Phrase, 516> table = {{
     {u"", u"reason", 3},
     {u"", u"bid", 3},
     {u"", u"other", 3},
-}};
+};
 // clang-format on
 
 /// Words of an autocomplete attribute. Those of cards, passwords and accounts are none.
-constexpr std::array<std::pair<QStringView, QStringView>, 14> tokens = {{
+constexpr std::pair<QStringView, QStringView> tokens[] = {
     {u"organization", u"companyName"},
     {u"street-address", u"companyAddress"},
     {u"address-line1", u"companyAddress"},
@@ -548,19 +547,18 @@ constexpr std::array<std::pair<QStringView, QStringView>, 14> tokens = {{
     {u"name", u"contactName"},
     {u"email", u"contactEmail"},
     {u"tel", u"generalPhone"},
-}};
+};
 
-constexpr std::array<QStringView, 22> forbidden = {
+constexpr QStringView forbidden[] = {
     u"captcha",    u"recaptcha",   u"hcaptcha",   u"security code",    u"verification",  u"are you human",
     u"robot",      u"spam",        u"anti spam",  u"password",         u"passwort",      u"pin",
     u"cvv",        u"cvc",         u"image code", u"code below",       u"letters shown", u"leave empty",
     u"leave this", u"do not fill", u"honeypot",   u"verification code"};
 
-constexpr std::array<QStringView, 6> repeated = {u"confirm", u"repeat",   u"retype",
-                                                 u"again",   u"re enter", u"verify"};
+constexpr QStringView repeated[] = {u"confirm", u"repeat", u"retype", u"again", u"re enter", u"verify"};
 
 /// Spellings that mean the same.
-constexpr std::array<std::pair<QStringView, QStringView>, 12> spellings = {{
+constexpr std::pair<QStringView, QStringView> spellings[] = {
     {u"e mail", u"email"},
     {u"web site", u"website"},
     {u"home page", u"homepage"},
@@ -573,7 +571,7 @@ constexpr std::array<std::pair<QStringView, QStringView>, 12> spellings = {{
     {u"web address", u"url"},
     {u"uri", u"url"},
     {u"licence", u"license"},
-}};
+};
 
 bool hasAnyOf(const auto &list, const QStringList &words)
 {
@@ -590,8 +588,8 @@ std::span<const Phrase> phrases()
 
 QStringView valueOfToken(QStringView token)
 {
-    const auto found = std::ranges::find(tokens, token, &std::pair<QStringView, QStringView>::first);
-    return found == tokens.end() ? QStringView() : found->second;
+    const auto *found = std::ranges::find(tokens, token, &std::pair<QStringView, QStringView>::first);
+    return found == std::end(tokens) ? QStringView() : found->second;
 }
 
 bool isForbidden(const QStringList &words)

@@ -1,13 +1,12 @@
 #include "submission/title_values.h"
 
-#include "pad/field_catalogue.h"
 #include "platform/dates.h"
 #include "platform/text_decoding.h"
 #include "platform/tolerant_xml.h"
 #include "platform/translated_text.h"
 #include "submission/field_copy.h"
+#include "validation/field_rule_table.h"
 
-#include <algorithm>
 #include <array>
 
 using namespace Qt::StringLiterals;
@@ -17,24 +16,6 @@ namespace quillon {
 namespace {
 
 using Kind = TitleValue::Kind;
-
-/// The fields whose values are something else than text.
-constexpr std::array<std::pair<FieldId, Kind>, 27> kinds = {{
-    {FieldId::companyWebsite, Kind::Url},       {FieldId::authorEmail, Kind::Email},
-    {FieldId::contactEmail, Kind::Email},       {FieldId::generalEmail, Kind::Email},
-    {FieldId::supportEmail, Kind::Email},       {FieldId::salesEmail, Kind::Email},
-    {FieldId::generalPhone, Kind::Phone},       {FieldId::generalFax, Kind::Phone},
-    {FieldId::supportPhone, Kind::Phone},       {FieldId::salesPhone, Kind::Phone},
-    {FieldId::releaseDateYear, Kind::Date},     {FieldId::expireDateYear, Kind::Date},
-    {FieldId::priceInUSD, Kind::Number},        {FieldId::otherPrice, Kind::Number},
-    {FieldId::sizeInBytes, Kind::Number},       {FieldId::programSizeKB, Kind::Number},
-    {FieldId::programSizeMB, Kind::Number},     {FieldId::expireCount, Kind::Number},
-    {FieldId::appInfoURL, Kind::Url},           {FieldId::orderingURL, Kind::Url},
-    {FieldId::screenshotURL, Kind::Url},        {FieldId::iconURL, Kind::Url},
-    {FieldId::padFileURL, Kind::Url},           {FieldId::primaryDownloadURL, Kind::Url},
-    {FieldId::secondaryDownloadURL, Kind::Url}, {FieldId::otherDownloadURL1, Kind::Url},
-    {FieldId::otherDownloadURL2, Kind::Url},
-}};
 
 /// Whole names, which forms ask for more often than for their parts.
 struct WholeName
@@ -52,10 +33,22 @@ constexpr std::array<WholeName, 2> wholeNames = {{
      FieldId::contactLastName},
 }};
 
+/// What the rule of typing lets into the field; of a date's year, what the button with its name gives.
 Kind kindOf(FieldId field)
 {
-    const auto kind = std::ranges::find(kinds, field, &std::pair<FieldId, Kind>::first);
-    return kind == kinds.end() ? Kind::Text : kind->second;
+    if (field == FieldId::releaseDateYear || field == FieldId::expireDateYear)
+        return Kind::Date;
+    const TypingRule &rule = field_rules::of(field).typing;
+    if (rule.check == TypingRule::Check::Email)
+        return Kind::Email;
+    if (rule.check == TypingRule::Check::Phone)
+        return Kind::Phone;
+    if (rule.check == TypingRule::Check::Website || rule.check == TypingRule::Check::WebAddress)
+        return Kind::Url;
+    const bool isNumber = rule.filter == TypingRule::Filter::Digits ||
+                          rule.filter == TypingRule::Filter::DigitsAndPoints ||
+                          padField(field).kind == FieldKind::Computed;
+    return isNumber ? Kind::Number : Kind::Text;
 }
 
 QString dateText(FieldId year, const auto &valueOf)

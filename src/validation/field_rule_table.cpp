@@ -1,5 +1,7 @@
 #include "validation/field_rule_table.h"
 
+#include <algorithm>
+
 namespace quillon::field_rules {
 
 namespace {
@@ -266,18 +268,11 @@ constexpr std::array<FieldRule, fieldCount> table = {{
 }};
 // clang-format on
 
-namespace {
+static_assert(isInOrder(table, &FieldRule::field));
 
-constexpr bool isInOrder()
-{
-    for (size_t place = 0; place < table.size(); ++place) {
-        if (size_t(table[place].field) != place)
-            return false;
-    }
-    return true;
-}
-static_assert(isInOrder(), "a rule is found by its field's id");
-
-} // namespace
+static_assert(std::ranges::none_of(table, [](const FieldRule &rule) {
+    const auto hasItsTag = [&rule](const FieldRule &each) { return each.tag == rule.tag; };
+    return rule.tag != noTag && std::ranges::count_if(table, hasItsTag) > 1;
+}));
 
 } // namespace quillon::field_rules

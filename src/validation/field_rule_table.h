@@ -90,7 +90,7 @@ struct SummaryRule
 struct FieldRule
 {
     FieldId field;
-    int tag; ///< Selects the typing and the leaving rule; noTag for what is not a single-line text.
+    int tag; ///< Selects the typing and the leaving rule, its own; noTag for what is not a single-line text.
     TypingRule typing = {};
     LeavingRule leaving = {};
     SummaryRule summary = {};
@@ -99,8 +99,8 @@ struct FieldRule
 /// The table of all rules.
 namespace field_rules {
 
-/// Above every tag that has a rule.
-inline constexpr int noTag = 44;
+/// The tag of a field that no typing and leaving rule is selected for.
+inline constexpr int noTag = -1;
 
 /// Of every e-mail address, typed or loaded.
 inline constexpr EmailBounds emailBounds = {{2, 30}, {2, 20}, {2, 20}};

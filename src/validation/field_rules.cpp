@@ -174,17 +174,10 @@ void webInfoTagsChecking(int tag, PadForm &form, ErrorPass &errors)
 
 void textChanged(int tag, PadForm &form, ErrorPass &errors)
 {
-    struct Page
-    {
-        int lastTag;
-        void (*rules)(int, PadForm &, ErrorPass &);
-    };
-    static constexpr Page pages[] = {
-        {20, compInfoTagsSorting}, {34, progInfoTagsChecking}, {43, webInfoTagsChecking}};
-    for (const Page &page : pages) {
-        if (tag <= page.lastTag)
-            return page.rules(tag, form, errors);
-    }
+    // Each knows the tags of its page only.
+    compInfoTagsSorting(tag, form, errors);
+    progInfoTagsChecking(tag, form, errors);
+    webInfoTagsChecking(tag, form, errors);
 }
 
 QStringView editingEnded(int tag, PadForm &form, ErrorPass &errors)

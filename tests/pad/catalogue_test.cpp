@@ -10,12 +10,11 @@ TEST(CatalogueTest, EveryFieldIsFoundByEitherNameAndNothingElseIs)
 {
     QSet<QStringView> names;
     for (const PadField &field : padFields) {
-        EXPECT_EQ(&padField(field.id), &field);
         EXPECT_EQ(fieldNamed(field.control), field.id);
         EXPECT_EQ(fieldNamed(field.element), field.id);
         names << field.control << field.element;
     }
-    EXPECT_EQ(names.size(), 2 * 64);
+    EXPECT_EQ(names.size(), 2 * fieldCount);
     for (const QStringView unknown : {u"", u"company_name", u"CompanyName", u"MASTER_PAD_INFO", u"Web_Info"})
         EXPECT_FALSE(fieldNamed(unknown));
 }
@@ -34,19 +33,18 @@ TEST(CatalogueTest, EveryFieldStandsInItsGroupOfTheLayout)
             elements.insert(line.tag);
         }
     }
-    EXPECT_EQ(elements.size(), 64);
+    EXPECT_EQ(elements.size(), fieldCount);
 }
 
-TEST(VocabularyTest, NothingStandsTwiceAndNothingIsEmpty)
+TEST(VocabularyTest, EveryFieldThatIsChosenHasOneOfDifferentTexts)
 {
-    qsizetype entries = 0;
     for (const PadField &field : padFields) {
         QStringList list = vocabulary::of(field.id);
         EXPECT_FALSE(list.contains(QString()));
         EXPECT_EQ(list.removeDuplicates(), 0);
-        entries += list.size();
+        const bool isChosen = field.kind == FieldKind::PopUp || field.kind == FieldKind::CheckList;
+        EXPECT_NE(list.isEmpty(), isChosen) << field.control.toString();
     }
-    EXPECT_EQ(entries, 508);
 }
 
 TEST(MessagesTest, EveryKeyOfTheCatalogueHasItsThreeMessages)

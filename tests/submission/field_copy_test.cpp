@@ -12,30 +12,27 @@ std::optional<QString> pasted(QStringView action, const QString &pad, const QLoc
 
 } // namespace
 
-TEST(FieldCopyButtons, CoverEveryFieldButTheStatusAndPartsOfDatesOnce)
+TEST(FieldCopyButtons, CoverEveryFieldButTheStatusAndPartsOfDatesOnceAndPageByPage)
 {
-    QSet<QString> elements;
+    QHash<QStringView, int> times;
     QSet<QStringView> actions;
-    QHash<QStringView, int> perPage;
+    QStringList pages;
     for (const FieldCopyButton &button : fieldCopyButtons) {
-        elements.insert(button.tag().toString());
+        ++times[button.tag()];
         actions.insert(button.action);
-        ++perPage[button.page()];
+        if (pages.isEmpty() || pages.last() != button.page())
+            pages.append(button.page().toString());
         EXPECT_FALSE(button.caption.isEmpty());
         EXPECT_EQ(fieldCopyButtonNamed(button.action), &button);
     }
-    EXPECT_EQ(actions.size(), 59);
-    EXPECT_EQ(elements.size(), 59);
+    EXPECT_EQ(actions.size(), times.size());
+    EXPECT_EQ(pages.join(u", "), u"Company Information, Program Information, Program Descriptions, "
+                                 "Web Information, Permissions");
     for (const PadField &field : padFields) {
         const bool hasNone = field.element == u"Program_Release_Status" ||
                              field.element.endsWith(u"_Month") || field.element.endsWith(u"_Day");
-        EXPECT_NE(elements.contains(field.element.toString()), hasNone) << field.element.toString();
+        EXPECT_EQ(times.value(field.element), hasNone ? 0 : 1) << field.element.toString();
     }
-    EXPECT_EQ(perPage, (QHash<QStringView, int>{{u"Company Information", 21},
-                                                {u"Program Information", 21},
-                                                {u"Program Descriptions", 6},
-                                                {u"Web Information", 9},
-                                                {u"Permissions", 2}}));
     EXPECT_EQ(fieldCopyButtonNamed(u"sustemRequirements")->tag(), u"Program_System_Requirements");
     EXPECT_EQ(fieldCopyButtonNamed(u"generalFax")->tag(), u"Fax_Phone");
     EXPECT_EQ(fieldCopyButtonNamed(u"COMPANYNAME"), nullptr);
