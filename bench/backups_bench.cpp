@@ -51,12 +51,49 @@ void run(const QString &program, const QStringList &arguments)
         qFatal("the command failed");
 }
 
-/// The median of @p ours beside that of @p floor (seconds), so far.
+/// What has been measured so far, in seconds.
+struct Times
+{
+    std::vector<double> backups;
+    std::vector<double> restores;
+    std::vector<double> copies;
+};
+
+/// The median of @p ours beside that of @p floor.
 void report(const char *what, const std::vector<double> &ours, const std::vector<double> &floor)
 {
     std::printf("%zu  %-8s %7.3f s   cp -r and sync %7.3f s   ratio %.2f\n", ours.size(), what, median(ours),
                 median(floor), median(ours) / median(floor));
     std::fflush(stdout);
+}
+
+/// Copies the data folder, backs it up, restores that into an empty one, and copies it again.
+void measureRound(const QTemporaryDir &home, int round, Times &times)
+{
+    const auto place = [&](const char *name) {
+        return home.filePath(QLatin1String(name) + QString::number(round));
+    };
+    const auto copyPlainly = [&times](const QString &copy) {
+        times.copies.push_back(seconds([&copy] {
+            run(u"cp"_s, {u"-r"_s, mwqnAppSuppLoc, copy});
+            run(u"sync"_s, {u"-f"_s, copy});
+        }));
+    };
+    copyPlainly(place("before"));
+    const QString backup = place("list") + u".swback"_s;
+    times.backups.push_back(seconds([&backup] {
+        if (backups::backupTitles(backup, backups::Existing::Refuse).copied != titleCount)
+            qFatal("the backup is not whole");
+    }));
+    const QString fullFolder = mwqnAppSuppLoc;
+    setDataFolder(place("empty"));
+    QDir().mkpath(mwqnAppSuppLoc);
+    times.restores.push_back(seconds([&backup] {
+        if (backups::restoreTitles(backup).copied != titleCount)
+            qFatal("not all was restored");
+    }));
+    mwqnAppSuppLoc = fullFolder;
+    copyPlainly(place("after"));
 }
 
 } // namespace
@@ -69,39 +106,13 @@ int main(int argc, char *argv[])
     setDataFolder(home.path());
     makeTitles();
     run(u"sync"_s, {u"-f"_s, home.path()});
-
-    const QString fullFolder = mwqnAppSuppLoc;
-    std::vector<double> backupTimes;
-    std::vector<double> restoreTimes;
-    std::vector<double> copyTimes;
     // Nothing is removed between the rounds: some file systems look long for a number for a new file when
     // many were freed a moment ago, and that would be all that is measured.
+    Times times;
     for (int round = 0; round < rounds; ++round) {
-        const auto place = [&](const char *name) {
-            return home.filePath(QLatin1String(name) + QString::number(round));
-        };
-        const auto copyPlainly = [&](const QString &copy) {
-            copyTimes.push_back(seconds([&] {
-                run(u"cp"_s, {u"-r"_s, mwqnAppSuppLoc, copy});
-                run(u"sync"_s, {u"-f"_s, copy});
-            }));
-        };
-        copyPlainly(place("before"));
-        const QString backup = place("list") + u".swback"_s;
-        backupTimes.push_back(seconds([&] {
-            if (backups::backupTitles(backup, backups::Existing::Refuse).copied != titleCount)
-                qFatal("the backup is not whole");
-        }));
-        setDataFolder(place("empty"));
-        QDir().mkpath(mwqnAppSuppLoc);
-        restoreTimes.push_back(seconds([&] {
-            if (backups::restoreTitles(backup).copied != titleCount)
-                qFatal("not all was restored");
-        }));
-        mwqnAppSuppLoc = fullFolder;
-        copyPlainly(place("after"));
-        report("backup", backupTimes, copyTimes);
-        report("restore", restoreTimes, copyTimes);
+        measureRound(home, round, times);
+        report("backup", times.backups, times.copies);
+        report("restore", times.restores, times.copies);
     }
     return 0;
 }

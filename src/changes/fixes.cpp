@@ -166,7 +166,7 @@ void dropRepeatedKeywords(Draft &draft)
     draft.set(keywordsView, text_cutting::keywords(keywords, int(keywords.size())));
 }
 
-void reckonSizes(Draft &draft)
+void calculateSizes(Draft &draft)
 {
     const QString &bytes = draft.of(sizeInBytes);
     const bool isNumber =
@@ -198,7 +198,7 @@ constexpr Row table[] = {
     {{u"keyword-twice", u"A keyword that stands there already goes."}, dropRepeatedKeywords},
     {{u"text-too-long", u"A text that is too long ends after the last sentence that fits or, where much would be "
                         u"lost, the last word; of keywords those stay that fit."}, cutTexts},
-    {{u"size-mismatch", u"Kilobytes and megabytes are reckoned from the bytes."}, reckonSizes},
+    {{u"size-mismatch", u"Kilobytes and megabytes are reckoned from the bytes."}, calculateSizes},
 };
 // clang-format on
 

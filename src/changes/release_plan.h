@@ -24,8 +24,8 @@ struct Release
     QDate date = QDate::currentDate();
     std::optional<ReleaseFile> file = {}; ///< Gives the sizes; without it they stay.
     std::optional<QString> changes = {};  ///< What is new; without it the old text stays.
-    std::optional<QString> status =
-        {}; ///< One of vocabulary::releaseStatuses(); without it the old one stays.
+    /// One of vocabulary::releaseStatuses(); without it the old one stays.
+    std::optional<QString> status = {};
     bool replacesVersionInAddresses = true; ///< The old version by the new one (withNewVersion()).
 };
 

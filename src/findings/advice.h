@@ -20,8 +20,8 @@ namespace quillon::findings {
 struct Subject
 {
     const PadForm &form;
-    /// The file as it stands, where it is another than the form would write; what the form has reckoned anew
-    /// is looked up in it.
+    /// The file as it stands, where it is another than the form would write; what the form has calculated
+    /// anew is looked up in it.
     const PadDocument *document = nullptr;
     /// Whose rules are asked, too; they must outlive what is found, for its ids are theirs.
     std::span<const RulePack> packs = {};

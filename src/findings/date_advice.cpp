@@ -48,8 +48,8 @@ int newestCopyright(const QString &text, const QStringList &names)
         const auto begin = copyright.firstMatch(line);
         if (!begin || std::ranges::none_of(names, isIn))
             continue;
-        static constexpr qsizetype farthest =
-            80; // A licence may be one line, and tell of other things later.
+        // A licence may be one line, and tell of other things later.
+        static constexpr qsizetype farthest = 80;
         QStringView rest = line.sliced(begin->captured().begin() - line.begin()).left(farthest);
         while (const auto match = year.firstMatch(rest)) {
             newest = std::max(newest, match->captured().toInt());

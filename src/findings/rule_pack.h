@@ -19,8 +19,8 @@ struct PackRule
     QString summary;
     QString explanation; ///< "{field}" stands for what the field is called.
     QList<FieldId> fields;
-    QStringList beginsWith =
-        {}; ///< The text has to begin with one of them, case aside; none asks for nothing.
+    // Case aside; an empty list asks for nothing.
+    QStringList beginsWith = {};       ///< The text has to begin with one of them.
     QStringList beginsNotWith = {};    ///< It may begin with none of them.
     QStringList endsWith = {};         ///< It has to end with one of them.
     std::optional<int> maxLength = {}; ///< UTF-16 units.

@@ -14,9 +14,9 @@ QString kilobytes(QStringView bytes);
 
 /// @p bytes as megabytes with one decimal and " MB": 1500000 gives "1.4 MB".
 ///
-/// Both take the decimal number at the start of the text, its sign and exponent included, reckon exactly and
-/// round a half to the even neighbour. They take 0 where there is no number, and where its digits before the
-/// point and its exponent, whatever its sign, are more than 100 together.
+/// Both take the decimal number at the start of the text, its sign and exponent included, calculate exactly
+/// and round a half to the even neighbour. They take 0 where there is no number, and where its digits before
+/// the point and its exponent, whatever its sign, are more than 100 together.
 QString megabytes(QStringView bytes);
 
 /// What the PAD file holds of such a label: every blank and the unit's letters removed.

@@ -123,7 +123,7 @@ void findInText(const Reading &reading, Findings &findings)
         });
 }
 
-/// The kilobytes and megabytes are reckoned anew from the bytes; a rounding is no loss.
+/// The kilobytes and megabytes are calculated anew from the bytes; a rounding is no loss.
 void findInComputed(const Reading &reading, Findings &findings)
 {
     static constexpr double rounding = 1.0;

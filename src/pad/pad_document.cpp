@@ -89,8 +89,8 @@ std::optional<FieldContents> writtenContents(QStringView text)
 /// no such tag stands there.
 QStringView tagBefore(QStringView text, qsizetype end)
 {
-    static constexpr qsizetype longestTag =
-        64; // So that a text full of "/>" is not searched again and again.
+    // A text full of "/>" is not searched from its beginning each time.
+    static constexpr qsizetype longestTag = 64;
     QStringView before = text.first(end).last(qMin(end, longestTag));
     if (before.endsWith(u' '))
         before.chop(1);

@@ -7,7 +7,7 @@ namespace quillon {
 
 class PadForm;
 
-/// Makes PAD 3.10 documents: always all 96 lines, whatever the values.
+/// Makes PAD 3.10 documents: always all lines, whatever the values.
 ///
 /// Values are written as they stand, without any escaping: an "&" or "<" in a value makes the document
 /// ill-formed, which every reader of ours takes, and which download sites have come to expect.

@@ -46,7 +46,7 @@ bool isReferenceToNoCharacter(QByteArrayView reference)
            (value >= firstSurrogate && value <= lastSurrogate);
 }
 
-/// @p utf8 in which a reference to no character is text: the parser would end a text at number 0, reckons
+/// @p utf8 in which a reference to no character is text: the parser would end a text at number 0, calculates
 /// modulo 2^32 and makes bytes that are no UTF-8.
 QByteArray withReferencesToCharactersOnly(const QByteArray &utf8)
 {
