@@ -42,20 +42,20 @@ public:
     {
         auto [text, encoding] = decodedXml(bytes);
         m_encoding = std::move(encoding);
-        isWide = m_encoding.startsWith("UTF-16") || m_encoding.startsWith("UTF-32");
-        body = isWide ? text.toUtf8() : bytes.sliced(m_mark.size());
+        m_isWide = m_encoding.startsWith("UTF-16") || m_encoding.startsWith("UTF-32");
+        body = m_isWide ? text.toUtf8() : bytes.sliced(m_mark.size());
     }
 
     /// The whole, in its own encoding.
     [[nodiscard]] QByteArray bytes() const
     {
-        return m_mark + (isWide ? QStringEncoder(m_encoding.constData())(QString::fromUtf8(body)) : body);
+        return m_mark + (m_isWide ? QStringEncoder(m_encoding.constData())(QString::fromUtf8(body)) : body);
     }
 
     /// @p text in the document's encoding; what that does not know as a reference.
     [[nodiscard]] QByteArray encoded(const QString &text) const
     {
-        if (isWide || m_encoding == "UTF-8")
+        if (m_isWide || m_encoding == "UTF-8")
             return text.toUtf8();
         // Documents that say Latin-1 are read as its Windows extension, of which other readers know nothing.
         const char *const name = m_encoding == "windows-1252" ? "ISO-8859-1" : m_encoding.constData();
@@ -74,7 +74,6 @@ public:
     }
 
     QByteArray body; ///< Without the byte-order mark.
-    bool isWide = false;
 
 private:
     static QByteArray byteOrderMark(const QByteArray &bytes)
@@ -90,6 +89,7 @@ private:
 
     QByteArray m_mark;
     QByteArray m_encoding;
+    bool m_isWide = false;
 };
 
 /// Puts values into a document one after the other.

@@ -207,7 +207,8 @@ TEST_F(JournalTest, ACopyBringsBackTheRowsOfEveryTable)
                                            " AND name NOT IN ('state', 'titles')");
             while (tables && tables->next().valueOr(false)) {
                 const QString name = tables->text(0);
-                all[name] = database.number(QString(u"SELECT count(*) FROM " + name).toUtf8()).valueOr(-1);
+                const QByteArray query = "SELECT count(*) FROM " + name.toUtf8();
+                all[name] = database.number(query.constData()).valueOr(-1);
             }
             return {};
         });
