@@ -33,7 +33,7 @@ constexpr std::array<WholeName, 2> wholeNames = {{
      FieldId::contactLastName},
 }};
 
-/// What the rule of typing lets into the field; of a date's year, what the button with its name gives.
+/// Follows from the rule of typing; the year stands for the whole date.
 Kind kindOf(FieldId field)
 {
     if (field == FieldId::releaseDateYear || field == FieldId::expireDateYear)
