@@ -27,7 +27,7 @@ TEST(FieldCopyButtons, CoverEveryFieldButTheStatusAndPartsOfDatesOnceAndPageByPa
     }
     EXPECT_EQ(actions.size(), times.size());
     EXPECT_EQ(pages.join(u", "), u"Company Information, Program Information, Program Descriptions, "
-                                 "Web Information, Permissions");
+                                 "Permissions, Web Information");
     for (const PadField &field : padFields) {
         const bool hasNone = field.element == u"Program_Release_Status" ||
                              field.element.endsWith(u"_Month") || field.element.endsWith(u"_Day");
