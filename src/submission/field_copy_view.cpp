@@ -134,9 +134,11 @@ void FieldCopyView::showValues()
 
 void FieldCopyView::showValue(int place, const QByteArray &pad)
 {
+    HoverButtonControl &button = *m_buttons[place];
     const QString text = preview(pasteText(fieldCopyButtons[size_t(place)], pad));
-    m_buttons[place]->setToolTip(plainToolTip(text));
-    m_buttons[place]->setAccessibleDescription(text);
+    const bool isCut = button.width() < button.sizeHint().width();
+    button.setToolTip(plainToolTip(isCut ? QString(button.accessibleName() + u'\n' + text) : text));
+    button.setAccessibleDescription(text);
 }
 
 bool FieldCopyView::eventFilter(QObject *watched, QEvent *event)
@@ -150,11 +152,22 @@ bool FieldCopyView::eventFilter(QObject *watched, QEvent *event)
     return QWidget::eventFilter(watched, event);
 }
 
-int FieldCopyView::columns() const
+QSize FieldCopyView::sizeHint() const
+{
+    const int width = widestButton() + margin + m_scrollArea->verticalScrollBar()->sizeHint().width();
+    return QWidget::sizeHint().expandedTo({width, 0});
+}
+
+int FieldCopyView::widestButton() const
 {
     const auto widest =
         std::ranges::max(m_buttons, {}, [](const auto *each) { return each->sizeHint().width(); });
-    return qMax(1, m_scrollArea->viewport()->width() / (widest->sizeHint().width() + spacing));
+    return widest->sizeHint().width();
+}
+
+int FieldCopyView::columns() const
+{
+    return qMax(1, m_scrollArea->viewport()->width() / (widestButton() + spacing));
 }
 
 bool FieldCopyView::isFound(int place) const

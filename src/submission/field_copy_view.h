@@ -21,6 +21,9 @@ class FieldCopyView : public QWidget
 public:
     explicit FieldCopyView(FieldCopyPanel &panel, QWidget *parent = nullptr);
 
+    /// Wide enough for the longest title of a button.
+    [[nodiscard]] QSize sizeHint() const override;
+
     /// Puts the keyboard focus into the field that finds buttons.
     void focusFilter();
 
@@ -47,6 +50,7 @@ private:
     void showValues();
     void showValue(int place, const QByteArray &pad);
     void arrange();
+    [[nodiscard]] int widestButton() const;
     [[nodiscard]] int columns() const;
     [[nodiscard]] bool isFound(int place) const;
     void pressFirst();

@@ -46,6 +46,7 @@ const QString drawerKey = u"submitWindow/sitesDrawerOpen"_s;
 const QString zoomKey = u"submitWindow/zoom"_s;
 
 constexpr QSize usualWindowSize(1240, 680);
+constexpr int usualPanelWidth = 240;
 
 } // namespace
 
@@ -270,8 +271,10 @@ void SubmitWindow::restoreLayout()
 {
     resize(usualWindowSize.boundedTo(screen()->availableSize()));
     restoreGeometry(settings().value(windowGeometryKey).toByteArray());
-    if (!m_splitter->restoreState(settings().value(splitterKey).toByteArray()))
-        m_splitter->setSizes({230, 780, 240});
+    if (!m_splitter->restoreState(settings().value(splitterKey).toByteArray())) {
+        const int more = qMax(0, m_fieldCopyView->sizeHint().width() - usualPanelWidth);
+        m_splitter->setSizes({230, 780 - more, usualPanelWidth + more});
+    }
     openDrawer(settings().value(drawerKey, true).toBool());
     m_qnWebView.setZoomFactor(settings().value(zoomKey, 1.0).toDouble());
 }
