@@ -12,8 +12,6 @@
 #include <QScrollArea>
 #include <QScrollBar>
 
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 
 namespace quillon {
@@ -136,7 +134,7 @@ void FieldCopyView::showValue(int place, const QByteArray &pad)
 {
     HoverButtonControl &button = *m_buttons[place];
     const QString text = preview(pasteText(fieldCopyButtons[size_t(place)], pad));
-    const bool isCut = button.width() < button.sizeHint().width();
+    const bool isCut = button.width() < widestButton() && button.width() < button.sizeHint().width();
     button.setToolTip(plainToolTip(isCut ? QString(button.accessibleName() + u'\n' + text) : text));
     button.setAccessibleDescription(text);
 }
@@ -160,9 +158,18 @@ QSize FieldCopyView::sizeHint() const
 
 int FieldCopyView::widestButton() const
 {
-    const auto widest =
-        std::ranges::max(m_buttons, {}, [](const auto *each) { return each->sizeHint().width(); });
-    return widest->sizeHint().width();
+    if (m_widestButton == 0) { // Layouts ask again and again, and there are many buttons.
+        for (const HoverButtonControl *button : m_buttons)
+            m_widestButton = qMax(m_widestButton, button->sizeHint().width());
+    }
+    return m_widestButton;
+}
+
+void FieldCopyView::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        m_widestButton = 0;
+    QWidget::changeEvent(event);
 }
 
 int FieldCopyView::columns() const

@@ -33,6 +33,7 @@ Q_SIGNALS:
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
+    void changeEvent(QEvent *event) override;
 
 private:
     /// The buttons of one page of the editor.
@@ -61,6 +62,8 @@ private:
     QLineEdit *m_filter;
     QScrollArea *m_scrollArea;
     int m_columns = 0;
+    /// As wide as its title needs; 0 before it is measured, at first and when font or style have changed.
+    mutable int m_widestButton = 0;
 };
 
 } // namespace quillon
