@@ -2,6 +2,7 @@
 
 #include "platform/dates.h"
 #include "platform/delayed_calls.h"
+#include "platform/plain_text.h"
 #include "visits/visit_verdict.h"
 
 #include <QDateTime>
@@ -111,7 +112,7 @@ QVariant OnlineCheck::data(const QModelIndex &index, int role) const
         return {};
     const Row &row = m_rows[index.row()];
     if (role == Qt::ToolTipRole)
-        return row.request.address.toHtmlEscaped();
+        return plainToolTip(row.request.address);
     switch (index.column()) {
     case What:
         return row.what;

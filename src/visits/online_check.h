@@ -40,7 +40,7 @@ public:
         [[nodiscard]] bool isDone() const { return !result.isEmpty(); }
     };
 
-    /// @p rows that have a result already are not visited. All must outlive the check.
+    /// @p rows that have a result already are not visited. @p delayedCalls must outlive the check.
     OnlineCheck(QList<Row> rows, std::unique_ptr<Visitor> visitor, DelayedCalls &delayedCalls,
                 QObject *parent = nullptr);
 
@@ -49,7 +49,7 @@ public:
     /// Gives up; what has been found stays.
     void cancel();
     [[nodiscard]] bool isRunning() const { return m_current >= 0; }
-    /// "3 of 11 addresses visited", and what is done now.
+    /// "3 of 11 visited", and while it goes on, what is visited now.
     [[nodiscard]] QString progress() const;
 
     /// Whether every address has been visited.

@@ -31,8 +31,15 @@ constexpr CheckedField checkedFields[] = {
 
 constexpr QSize iconSize(32, 32);
 
-const QString asStated = TitleCheck::tr("as stated");
-const QString differs = u"differs"_s;
+QString asStated()
+{
+    return TitleCheck::tr("as stated");
+}
+
+QString differs()
+{
+    return TitleCheck::tr("differs");
+}
 
 QString pixels(const QSize &size)
 {
@@ -43,27 +50,27 @@ OnlineFinding ofDownload(const Stated &stated, const Visit &visit)
 {
     if (!visit.isFile)
         return {
-            differs,
+            differs(),
             TitleCheck::tr("There is no file, but something that browsers show: %1.").arg(visit.contentType)};
     if (!visit.fileSize || stated.size < 0)
         return {title(VisitVerdict::Reachable), visit.fileSize
                                                     ? TitleCheck::tr("The title states no size.")
                                                     : TitleCheck::tr("The server does not tell the size.")};
     if (*visit.fileSize == stated.size)
-        return {asStated, TitleCheck::tr("The file has %1 bytes, as stated.").arg(stated.size)};
-    return {differs, TitleCheck::tr("The file has %1 bytes, and the title states %2.")
-                         .arg(*visit.fileSize)
-                         .arg(stated.size)};
+        return {asStated(), TitleCheck::tr("The file has %1 bytes, as stated.").arg(stated.size)};
+    return {differs(), TitleCheck::tr("The file has %1 bytes, and the title states %2.")
+                           .arg(*visit.fileSize)
+                           .arg(stated.size)};
 }
 
 OnlineFinding ofPicture(Expected expected, const Visit &visit)
 {
     if (!visit.pictureSize.isValid() || visit.pictureSize.isEmpty())
-        return {differs, TitleCheck::tr("There is no picture, but %1.").arg(visit.contentType)};
+        return {differs(), TitleCheck::tr("There is no picture, but %1.").arg(visit.contentType)};
     if (expected == Expected::Icon && visit.pictureSize != iconSize)
-        return {differs, TitleCheck::tr("The picture has %1, and icons have %2.")
-                             .arg(pixels(visit.pictureSize), pixels(iconSize))};
-    return {asStated, TitleCheck::tr("A picture of %1.").arg(pixels(visit.pictureSize))};
+        return {differs(), TitleCheck::tr("The picture has %1, and icons have %2.")
+                               .arg(pixels(visit.pictureSize), pixels(iconSize))};
+    return {asStated(), TitleCheck::tr("A picture of %1.").arg(pixels(visit.pictureSize))};
 }
 
 OnlineFinding ofPadFile(const Stated &stated, const Visit &visit)
@@ -71,15 +78,15 @@ OnlineFinding ofPadFile(const Stated &stated, const Visit &visit)
     if (!visit.text)
         return {title(VisitVerdict::CannotSay), TitleCheck::tr("The file could not be read.")};
     if (*visit.text == stated.pad)
-        return {asStated, TitleCheck::tr("The file is the same as yours.")};
+        return {asStated(), TitleCheck::tr("The file is the same as yours.")};
     const PadDocument hosted(*visit.text);
     if (!hosted.holds(padField(FieldId::programName)))
-        return {differs, TitleCheck::tr("What is there is no PAD file.")};
+        return {differs(), TitleCheck::tr("What is there is no PAD file.")};
     const QList<FieldId> fields = changed_fields::between(*visit.text, stated.pad);
     if (fields.isEmpty())
-        return {asStated,
+        return {asStated(),
                 TitleCheck::tr("The file is written otherwise than yours; every field is the same.")};
-    return {differs,
+    return {differs(),
             TitleCheck::tr("Other than in yours: %1.").arg(changed_fields::names(fields).join(u", "_s))};
 }
 

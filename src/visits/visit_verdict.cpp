@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <climits>
 
 using namespace Qt::StringLiterals;
 
@@ -23,7 +24,8 @@ constexpr std::array<QStringView, 4> titles = {
 
 constexpr QStringView nameUnknown = u"net::ERR_NAME_NOT_RESOLVED";
 
-/// What the statuses of a range, both ends included, mean. The first row that fits counts.
+/// What the statuses of a range, both ends included, mean. The first row that fits counts; the last one fits
+/// whatever a server sends.
 struct StatusRule
 {
     int first;
@@ -42,7 +44,7 @@ constexpr StatusRule statusRules[] = {
     {429, 429, Verdict::CannotSay, u"The server takes the visit for one of a robot."},
     {503, 503, Verdict::CannotSay, u"The server is busy, or takes the visit for one of a robot."},
     {500, 599, Verdict::CannotSay, u"The server has a fault."},
-    {0, 999, Verdict::CannotSay, u"The server refuses."},
+    {INT_MIN, INT_MAX, Verdict::CannotSay, u"The server refuses."},
 };
 
 /// @p address without what makes no other place of it: the scheme, "www.", a slash at the end, the fragment.

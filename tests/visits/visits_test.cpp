@@ -7,6 +7,8 @@
 #include "visits/site_check.h"
 #include "visits/title_check.h"
 
+#include <QTranslator>
+
 namespace quillon {
 
 namespace {
@@ -65,6 +67,31 @@ TEST(TitleCheckTest, WhatIsThereIsComparedWithWhatTheTitleStates)
                           found(row[1], row[2].toInt(), row[3]));
         EXPECT_EQ(finding.result, row[4]) << row.join(u'|');
         EXPECT_TRUE(finding.detail.contains(row[5])) << row.join(u'|') << finding.detail;
+    }
+}
+
+/// Says what it is asked for in brackets.
+class Brackets final : public QTranslator
+{
+public:
+    [[nodiscard]] bool isEmpty() const override { return false; }
+    [[nodiscard]] QString translate(const char *, const char *text, const char *, int) const override
+    {
+        return u'[' + QString::fromUtf8(text) + u']';
+    }
+};
+
+TEST(TitleCheckTest, WhatWasFoundIsToldInTheLanguageThatCameLater)
+{
+    int count = 0;
+    const QCoreApplication application(count, nullptr);
+    Brackets language;
+    ASSERT_TRUE(QCoreApplication::installTranslator(&language));
+    for (const QString &kind : {u"file 1"_s, u"file 2"_s, u"file"_s}) {
+        const QString result = onlineFinding(Expected::Download, {.pad = {}, .size = 1},
+                                             u"http://a.example/"_s, found(u"http://a.example/"_s, 200, kind))
+                                   .result;
+        EXPECT_TRUE(result.startsWith(u'[')) << kind << result;
     }
 }
 
