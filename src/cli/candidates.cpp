@@ -77,12 +77,12 @@ QStringList releaseStatuses(const QString &)
 
 QStringList siteNames(const QString &)
 {
-    return site_editing::currentCatalogue().sites;
+    return site_editing::storedCatalogue().valueOr({}).sites;
 }
 
 QStringList removedSites(const QString &)
 {
-    return site_editing::currentCatalogue().ignored;
+    return site_editing::storedCatalogue().valueOr({}).ignored;
 }
 
 QStringList deletedNames(const QString &)

@@ -40,14 +40,13 @@ Checked refused(const QString &target, ExitStatus status, const QString &failure
     return {.target = target, .status = status, .failure = failure};
 }
 
-/// The answer to a file that is none to check; which of two it is says whether it can be read at all.
+/// The answer to a file that is none to check.
 Checked refusedFile(const QString &target, const Error &error)
 {
-    const bool isReadable =
-        target == u"-" ? error.kind == Error::Kind::Unintelligible : isReadableFile(target);
-    return isReadable ? refused(target, Refused, target + u": this does not appear to be a PAD file."_s)
-                      : refused(target, FileFailed,
-                                u"There is no title and no readable file named %1."_s.arg(target));
+    return error.kind == Error::Kind::Unintelligible
+               ? refused(target, Refused, target + u": this does not appear to be a PAD file."_s)
+               : refused(target, FileFailed,
+                         u"There is no title and no readable file named %1."_s.arg(target));
 }
 
 class Check final : public Command

@@ -3,8 +3,6 @@
 #include "store/storage_status.h"
 #include "store/title_folder.h"
 
-#include <QFileInfo>
-
 using namespace Qt::StringLiterals;
 
 namespace quillon::cli {
@@ -15,12 +13,6 @@ bool titleExists(const QString &name)
         return true;
     complain(u"There is no title named %1."_s.arg(name));
     return false;
-}
-
-bool isReadableFile(const QString &path)
-{
-    const QFileInfo file(path);
-    return file.isFile() && file.isReadable();
 }
 
 ExitStatus outcome(const Result<> &result)

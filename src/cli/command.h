@@ -47,9 +47,6 @@ inline QString text(const std::string &argument)
 /// Whether there is a title @p name; complains when there is none.
 bool titleExists(const QString &name);
 
-/// Whether there is a file at @p path that can be read; a folder is none.
-bool isReadableFile(const QString &path);
-
 /// Done, or the complaint about the file or folder that could not be read or written.
 ExitStatus outcome(const Result<> &result);
 

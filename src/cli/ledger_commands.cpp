@@ -5,15 +5,11 @@
 #include "ledger/ledger_editing.h"
 #include "ledger/matrix.h"
 #include "ledger/tour.h"
+#include "sites/site_editing.h"
 #include "store/process_state.h"
-#include "store/site_list.h"
-#include "submission/default_sites.h"
-#include "submission/site_catalogue.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
-
-#include <functional>
 
 using namespace Qt::StringLiterals;
 
@@ -21,18 +17,13 @@ namespace quillon::cli {
 
 namespace {
 
-/// Builds the process's catalogue of sites for a command that only looks: missing lists stay missing.
+/// Builds the process's catalogue of sites for a command that only looks.
 Result<> lookUpCatalogue()
 {
-    const auto ignored = site_list::stored(site_list::ignoredSites);
-    const auto own = site_list::stored(site_list::userSites);
-    for (const auto &list : {std::cref(ignored), std::cref(own)}) {
-        if (list.get().isError(Error::Kind::Unreadable))
-            return list.get().error();
-    }
-    setDefaultSites();
-    mwqnSCPreallSitesDict =
-        mergedCatalogue(mwqnDefaultSitesDict, ignored.valueOr({}), own.valueOr({})).urlByName;
+    auto catalogue = site_editing::storedCatalogue();
+    if (!catalogue)
+        return catalogue.error();
+    mwqnSCPreallSitesDict = std::move(catalogue->urlByName);
     return {};
 }
 

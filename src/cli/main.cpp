@@ -72,6 +72,12 @@ cli::ExitStatus answer(const CLI::App &program, const CLI::ParseError &error)
     return status == 0 ? cli::Done : cli::WrongUsage;
 }
 
+/// @p status, unless something that was printed could not be written.
+cli::ExitStatus whenPrinted(cli::ExitStatus status)
+{
+    return cli::isPrinted() ? status : cli::FileFailed;
+}
+
 /// Sees to what a crash has left behind.
 void removeRests()
 {
@@ -115,7 +121,7 @@ int main(int argc, char *argv[])
     try {
         program.parse(arguments(argc, argv));
     } catch (const CLI::ParseError &error) {
-        return answer(program, error);
+        return whenPrinted(answer(program, error));
     }
 
     if (home.empty()) {
@@ -124,10 +130,8 @@ int main(int argc, char *argv[])
     }
     setDataFolder(QDir(cli::text(home)).absolutePath());
     for (const auto &[parser, command] : commands) {
-        if (parser->parsed()) {
-            const cli::ExitStatus status = run(*command);
-            return cli::isPrinted() ? status : cli::FileFailed;
-        }
+        if (parser->parsed())
+            return whenPrinted(run(*command));
     }
     cli::complain(u"A command is needed."_s);
     cli::complain(cli::text(program.help()));

@@ -37,8 +37,7 @@ public:
         if (import.outcome == Import::Imported || import.outcome == Import::NotStored)
             return outcome(import.stored);
         complain(file + u": " + import.message);
-        const bool unreadable = import.outcome == Import::NotPad && !isReadableFile(file);
-        return unreadable ? FileFailed : Refused;
+        return import.outcome == Import::NotRead ? FileFailed : Refused;
     }
 
 private:

@@ -1,7 +1,6 @@
 #include "cli/site_notes.h"
 
 #include "cli/output.h"
-#include "cli/title_session.h"
 #include "journal/journal.h"
 #include "sites/site_editing.h"
 
@@ -102,10 +101,10 @@ Notes SiteNotes::changed(Notes notes) const
 ExitStatus SiteNotes::run() const
 {
     const QString name = text(m_name);
-    const SiteCatalogue catalogue = site_editing::currentCatalogue();
-    if (const ExitStatus read = TitleSession::stored(); read != Done)
-        return read;
-    if (!catalogue.sites.contains(name)) {
+    const auto catalogue = site_editing::storedCatalogue();
+    if (!catalogue)
+        return outcome(catalogue.error());
+    if (!catalogue->sites.contains(name)) {
         complain(u"There is no site named %1."_s.arg(name));
         return Refused;
     }

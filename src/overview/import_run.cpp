@@ -131,6 +131,7 @@ void ImportRun::take(const QString &path, const Import &import, ImportReport &re
         m_unnamed.append({.path = path, .reason = import.message});
         break;
     case Import::NotPad:
+    case Import::NotRead:
     case Import::NotStored:
         report.failures.append({.file = file, .text = import.message});
         break;

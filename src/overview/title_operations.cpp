@@ -36,6 +36,11 @@ class TitleOperationsText
 
 Q_LOGGING_CATEGORY(titleLog, "quillon.overview")
 
+Error noPadFile(const QString &name)
+{
+    return {Error::Kind::Unintelligible, name, TitleOperationsText::tr("it is no PAD file")};
+}
+
 QString nameConflict(const QString &name)
 {
     if (name.isEmpty())
@@ -114,21 +119,25 @@ Result<PadFile> padFile(QByteArray bytes, const QString &name)
 {
     QString text = decodedXmlText(bytes);
     if (bytes.size() > maxPadFileSize || !text.contains(padMarker, Qt::CaseInsensitive))
-        return Error{Error::Kind::Unintelligible, name, TitleOperationsText::tr("it is no PAD file")};
+        return noPadFile(name);
     return PadFile{std::move(bytes), PadDocument(std::move(text))};
 }
 
 Result<PadFile> readPadFile(const QString &path)
 {
     auto bytes = atomic_file::read(path, maxPadFileSize);
-    return bytes ? padFile(*std::move(bytes), path) : bytes.error();
+    if (bytes)
+        return padFile(*std::move(bytes), path);
+    const QFileInfo file(path);
+    const bool isTooLarge = file.isFile() && file.isReadable() && file.size() > maxPadFileSize;
+    return isTooLarge ? noPadFile(path) : bytes.error();
 }
 
 Import importPadFile(const QString &path, const std::optional<QString> &name)
 {
     const Result<PadFile> file = readPadFile(path);
     if (!file)
-        return {Import::NotPad,
+        return {file.isError(Error::Kind::Unintelligible) ? Import::NotPad : Import::NotRead,
                 {},
                 TitleOperationsText::tr(
                     "The file you selected does not appear to be a valid PAD file and cannot be imported."),

@@ -38,7 +38,8 @@ struct Import
     enum Outcome
     {
         Imported,
-        NotPad,    ///< Unreadable, too large, or without the PAD marker.
+        NotPad,    ///< Too large, or without the PAD marker.
+        NotRead,   ///< Missing or unreadable.
         NeedsName, ///< It has no name, or one that is taken or cannot be a folder's.
         NotStored, ///< The title could not be written; nothing of it was left behind.
     };
@@ -64,7 +65,7 @@ inline constexpr qint64 maxPadFileSize = 1024LL * 1024;
 /// error.
 Result<PadFile> padFile(QByteArray bytes, const QString &name);
 
-/// The PAD file at @p path; one that is too large is unreadable, one without the PAD marker unintelligible.
+/// The same of the file at @p path.
 Result<PadFile> readPadFile(const QString &path);
 
 /// Makes a title of the PAD file at @p path, under the file's own program name or under @p name, and keeps

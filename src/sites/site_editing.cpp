@@ -199,6 +199,17 @@ SiteCatalogue currentCatalogue()
         {.user = listToShow(site_list::userSites), .ignored = listToShow(site_list::ignoredSites)});
 }
 
+Result<SiteCatalogue> storedCatalogue()
+{
+    const auto user = site_list::stored(site_list::userSites);
+    const auto ignored = site_list::stored(site_list::ignoredSites);
+    for (const auto *list : {&user, &ignored}) {
+        if (list->isError(Error::Kind::Unreadable))
+            return list->error();
+    }
+    return catalogueOf({.user = user.valueOr({}), .ignored = ignored.valueOr({})});
+}
+
 QString normalisedUrl(const QString &typed)
 {
     QString url = typed;

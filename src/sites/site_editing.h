@@ -40,6 +40,10 @@ namespace site_editing {
 /// The catalogue as the two site lists have it now; a list that cannot be understood adds nothing.
 SiteCatalogue currentCatalogue();
 
+/// The same for somebody who only looks, with nothing made: a missing list stays missing. An error when one
+/// cannot be read.
+Result<SiteCatalogue> storedCatalogue();
+
 /// An address as it was typed, with each blank as "%20", and "http://" before it when it has no scheme.
 QString normalisedUrl(const QString &typed);
 

@@ -243,9 +243,22 @@ TEST_F(Cli, AListThatIsNotWholeIsAnError)
         const CliResult result = runCli(copy.path(), {u"list"_s}, {}, u"lseek@%1=ENOENT"_s.arg(turn));
         EXPECT_TRUE(result.status == 0 && result.output.contains("Old\t")) << result.messages;
     }
-    const CliResult full = runCli(home(), {u"list"_s}, u"/dev/full"_s);
-    EXPECT_EQ(full.status, 4);
-    EXPECT_TRUE(full.messages.contains("could not be written")) << full.messages;
+    for (const QString &printing : {u"list"_s, u"--help"_s, u"--version"_s}) {
+        const CliResult full = runCli(home(), {printing}, u"/dev/full"_s);
+        EXPECT_EQ(full.status, 4) << printing;
+        EXPECT_TRUE(full.messages.contains("could not be written")) << full.messages;
+    }
+}
+
+/// Whatever is there cannot be told from a file that is none of PAD's until it is read.
+TEST_F(Cli, AFileThatFailsAtReadingIsNotToldToBeNone)
+{
+    ASSERT_TRUE(put(home() + u"/a.xml", sample(u"valid.xml"_s)));
+    for (const QString &command : {u"check a.xml"_s, u"import a.xml"_s})
+        EXPECT_EQ(run(command, u"read+=EIO"_s).status, 4) << command;
+    ASSERT_TRUE(put(home() + u"/b.xml", QByteArray(1024 * 1024 + 1, ' ')));
+    for (const QString &command : {u"check b.xml"_s, u"import b.xml"_s})
+        EXPECT_EQ(statusOf(command), 3) << command << "what is too large is no PAD file";
 }
 
 TEST_F(CliWithTitle, ADamagedDatabaseConcernsOnlyTheExtras)
@@ -272,6 +285,9 @@ TEST_F(Cli, ReadingMakesNoFolderAndAFileInItsPlaceIsToldAndLeftAlone)
 {
     EXPECT_EQ(statusOf(u"list"_s), 0);
     EXPECT_EQ(run(u"sites"_s).output.count('\n'), qsizetype(defaultSites.size()));
+    EXPECT_EQ(statusOf(u"sites note FileCluster --gone yes --dry-run"_s), 0);
+    const CliResult completion = run(u"complete sites remove FileClus"_s);
+    EXPECT_EQ(completion.output + completion.messages, QByteArray("FileCluster\0", 12));
     EXPECT_EQ(names(home()), QStringList());
     const CliResult nowhere = runCli({}, {u"list"_s});
     EXPECT_EQ(nowhere.status, 2);
