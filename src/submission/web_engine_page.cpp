@@ -42,7 +42,7 @@ bool isOneOf(const std::array<QStringView, count> &schemes, const QUrl &url)
 } // namespace
 
 WebEnginePage::WebEnginePage(const std::shared_ptr<QWebEngineProfile> &profile, QObject *parent)
-    : QWebEnginePage(profile.get(), parent)
+    : QWebEnginePage(profile.get(), parent), m_asker(std::make_unique<QObject>())
 {
     // Members go before the engine's page, and that needs the profile; connections go after it.
     connect(
@@ -94,6 +94,7 @@ void WebEnginePage::giveUp()
     m_delegate = nullptr;
     m_pasteGuard = nullptr;
     m_isGivenUp = true;
+    m_asker.reset();
     if (m_openQuestions == 0)
         deleteLater();
     else
@@ -103,7 +104,7 @@ void WebEnginePage::giveUp()
 void WebEnginePage::ask(const QString &script, std::function<void(const QVariant &)> answer)
 {
     runJavaScript(script, ownWorld,
-                  [asker = QPointer(&m_asker), answer = std::move(answer)](const QVariant &value) {
+                  [asker = QPointer(m_asker.get()), answer = std::move(answer)](const QVariant &value) {
                       if (asker && answer)
                           answer(value);
                   });

@@ -34,7 +34,7 @@ public:
     static bool isOwnPage(const QUrl &url) { return url.scheme() == QStringLiteral("data"); }
 
     /// Gives the result of @p script, which runs beside the page's own scripts, unseen by them; none when the
-    /// page it ran in is gone. Not answered when this object goes first.
+    /// page it ran in is gone. Not answered when this object is given up or goes first.
     void ask(const QString &script, std::function<void(const QVariant &)> answer = {});
 
     /// Whether the page waits for an answer of the author's.
@@ -92,7 +92,8 @@ private:
     bool m_isGivenUp = false;
     int m_navigation = 0; ///< Number of the main frame's last one.
     QUrl m_navigationUrl; ///< Where it goes, after the redirections so far.
-    QObject m_asker;      ///< Gone before the engine's page, which answers what is still open when it goes.
+    /// Gone when the page is given up, or before the engine's page, which answers what is still open then.
+    std::unique_ptr<QObject> m_asker;
 };
 
 } // namespace quillon

@@ -55,6 +55,20 @@ QByteArray bytesOf(const QString &characters)
     return bytes;
 }
 
+/// What is known of @p file without its text.
+Visit seen(const QWebEngineDownloadRequest &file)
+{
+    Visit visit{.reached = file.url().toString(QUrl::FullyEncoded),
+                .status = statusDone,
+                .contentType = file.mimeType(),
+                .isFile = true};
+    if (file.state() == QWebEngineDownloadRequest::DownloadCompleted)
+        visit.fileSize = file.receivedBytes();
+    else if (file.totalBytes() > 0)
+        visit.fileSize = file.totalBytes();
+    return visit;
+}
+
 } // namespace
 
 WebEngineVisitor::WebEngineVisitor() : m_profile(newVisitProfile())
@@ -86,8 +100,10 @@ void WebEngineVisitor::stop()
     m_patience.stop();
     m_settling.stop();
     dropFile();
-    if (m_page)
-        m_page.release()->deleteLater(); // It may be what has called.
+    if (!m_page)
+        return;
+    m_page->disconnect(this);
+    m_page.release()->giveUp(); // It may be what has called.
 }
 
 void WebEngineVisitor::loadingChanged(const QWebEngineLoadingInfo &info)
@@ -115,11 +131,16 @@ void WebEngineVisitor::loadingChanged(const QWebEngineLoadingInfo &info)
 
 void WebEngineVisitor::offered(QWebEngineDownloadRequest *file)
 {
-    if (file->page() != m_page.get()) {
+    if (!m_page || file->page() != m_page.get()) {
         file->cancel();
         return;
     }
     m_settling.stop();
+    if (!m_folder.isValid()) { // It would go to the author's own downloads.
+        file->cancel();
+        tell(seen(*file));
+        return;
+    }
     m_file = file;
     file->setDownloadDirectory(m_folder.path());
     const auto take = [this, file] { this->take(*file); };
@@ -140,15 +161,10 @@ void WebEngineVisitor::take(const QWebEngineDownloadRequest &file)
     const bool isTold = file.totalBytes() > 0 && !m_request.wantsText;
     if (!isComplete && !isTold && file.receivedBytes() < Visit::longestText)
         return;
-    Visit visit{.reached = file.url().toString(QUrl::FullyEncoded),
-                .status = statusDone,
-                .contentType = file.mimeType(),
-                .isFile = true};
-    if (isComplete || file.totalBytes() > 0)
-        visit.fileSize = isComplete ? file.receivedBytes() : file.totalBytes();
+    Visit visit = seen(file);
     QFile content(m_folder.filePath(file.downloadFileName()));
     if (isComplete && m_request.wantsText && content.open(QIODevice::ReadOnly))
-        visit.text = content.readAll();
+        visit.text = content.read(Visit::longestText);
     tell(visit);
 }
 

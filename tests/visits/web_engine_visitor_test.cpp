@@ -6,7 +6,9 @@
 #include "widgets/qt_desktop.h"
 
 #include <QBuffer>
+#include <QEventLoop>
 #include <QImage>
+#include <QStandardPaths>
 
 namespace quillon {
 
@@ -38,17 +40,33 @@ QString described(const Visit &visit, const QString &server)
 
 } // namespace
 
-using WebEngineVisitorTest = TemporaryDataFolder;
+class WebEngineVisitorTest : public TemporaryDataFolder
+{
+protected:
+    void SetUp() override
+    {
+        TemporaryDataFolder::SetUp();
+        const auto module = loadBrowserModule(browserModulePath());
+        ASSERT_TRUE(module) << module.error().reason;
+        engine = (*module)->newEngine(home() + u"/web"_s, desktop);
+        visitor = engine->newVisitor();
+    }
+    QString visit(const VisitRequest &request)
+    {
+        std::optional<Visit> result;
+        visitor->visit(request, [&result](const Visit &visit) { result = visit; });
+        EXPECT_TRUE(eventually([&result] { return result.has_value(); })) << request.address;
+        return described(result.value_or(Visit()), server.url({}));
+    }
+
+    WebServer server;
+    QtDesktop desktop;
+    std::unique_ptr<BrowserEngine> engine;
+    std::unique_ptr<Visitor> visitor; ///< Goes before its engine.
+};
 
 TEST_F(WebEngineVisitorTest, ItTellsWhatIsThereAndFetchesNothingElse)
 {
-    const auto module = loadBrowserModule(browserModulePath());
-    ASSERT_TRUE(module) << module.error().reason;
-    QtDesktop desktop;
-    const auto engine = (*module)->newEngine(home() + u"/web"_s, desktop);
-    const auto visitor = engine->newVisitor();
-
-    WebServer server;
     server.serve(u"/there"_s, {.body = {}, .status = "302 Found", .header = "Location: /heavy\r\n"});
     server.serve(u"/refresh"_s, {.body = "<meta http-equiv=refresh content='0; url=/heavy'>"});
     server.serve(u"/heavy"_s,
@@ -75,12 +93,6 @@ TEST_F(WebEngineVisitorTest, ItTellsWhatIsThereAndFetchesNothingElse)
         {u"/icon.png"_s, u"200 at /icon.png, 32 x 48"_s},
         {u"/pad.xml"_s, u"200 at /pad.xml: <a>\u00e9 &amp;\r\n</a>"_s},
     };
-    const auto visit = [&](const VisitRequest &request) {
-        std::optional<Visit> result;
-        visitor->visit(request, [&result](const Visit &visit) { result = visit; });
-        EXPECT_TRUE(eventually([&result] { return result.has_value(); })) << request.address;
-        return described(result.value_or(Visit()), server.url({}));
-    };
     for (const auto &[path, told] : cases)
         EXPECT_EQ(visit({.address = server.url(path), .wantsText = path.endsWith(u".xml")}), told);
     for (const QString &path : std::as_const(server.requests))
@@ -89,6 +101,44 @@ TEST_F(WebEngineVisitorTest, ItTellsWhatIsThereAndFetchesNothingElse)
     EXPECT_EQ(server.cookies, 0);
     server.close();
     EXPECT_EQ(visit({.address = server.url(u"/heavy"_s)}), u"net::ERR_CONNECTION_REFUSED");
+}
+
+TEST_F(WebEngineVisitorTest, WhatComesOfAVisitThatWasGivenUpIsNoAnswerToTheNext)
+{
+    const VisitRequest first{.address = server.url(u"/first.xml"_s), .wantsText = true};
+    const VisitRequest second{.address = server.url(u"/second.xml"_s), .wantsText = true};
+    server.serve(u"/first.xml"_s, {.body = "<first/>", .type = "text/xml"});
+    server.serve(u"/second.xml"_s, {.body = "<second/>", .type = "text/xml"});
+    visitor->visit(first, [](const Visit &) { ADD_FAILURE() << "it was given up"; });
+    ASSERT_TRUE(eventually([&] { return server.count(u"/first.xml"_s) == 1; }));
+    server.serve(u"/first.xml"_s,
+                 {.body = "<first/>", .type = "text/xml", .extent = WebServer::Extent::Held});
+    ASSERT_TRUE(eventually([&] { return server.count(u"/first.xml"_s) == 2; })) << "its text is asked for";
+
+    QString told;
+    QEventLoop loop; // What is to be deleted stays until the loop around this one goes on.
+    QTimer::singleShot(0, &loop, [&] {
+        visitor->visit(second, [&](const Visit &visit) {
+            told = described(visit, server.url({}));
+            loop.quit();
+        });
+        server.release();
+        loop.exec();
+    });
+    EXPECT_TRUE(eventually([&] { return !told.isEmpty(); }));
+    EXPECT_EQ(told, u"200 at /second.xml: <second/>");
+}
+
+TEST_F(WebEngineVisitorTest, WithoutATemporaryFolderNothingIsStoredElsewhere)
+{
+    const QByteArray folder = qgetenv("TMPDIR");
+    qputenv("TMPDIR", "/proc");
+    visitor = engine->newVisitor();
+    folder.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", folder);
+    server.serve(u"/tool.zip"_s, {.body = "zip", .type = "application/zip"});
+    EXPECT_EQ(visit({.address = server.url(u"/tool.zip"_s), .wantsText = true}),
+              u"200 at /tool.zip, a file of -1");
+    EXPECT_TRUE(tree(QStandardPaths::writableLocation(QStandardPaths::DownloadLocation)).isEmpty());
 }
 
 } // namespace quillon
