@@ -90,7 +90,7 @@ QWidget *ChangePreviewWindow::newTitles()
     m_titles = newRowTable(u"plannedTitles"_s, tr("Titles"), this);
     m_titles->setModel(m_preview);
     setColumnWidths(*m_titles, {24});
-    m_titles->horizontalHeader()->setStretchLastSection(true);
+    stretchLastColumn(*m_titles);
     connect(m_titles->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             &ChangePreviewWindow::showTitle);
     return captioned(new QLabel(tr("&Titles")), m_titles);
@@ -101,7 +101,7 @@ QWidget *ChangePreviewWindow::newDetails()
     m_changes = newRowTable(u"plannedChanges"_s, tr("What changes"), this);
     m_changes->setModel(m_changesTable);
     setColumnWidths(*m_changes, {24, 27});
-    m_changes->horizontalHeader()->setStretchLastSection(true);
+    stretchLastColumn(*m_changes);
     connect(m_changes->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             &ChangePreviewWindow::showChange);
     m_before = new MarkedTextView(u"valueBefore"_s, MarkedTextView::Side::Before);

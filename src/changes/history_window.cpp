@@ -12,7 +12,6 @@
 #include "widgets/row_table.h"
 
 #include <QBoxLayout>
-#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QSplitter>
@@ -50,8 +49,8 @@ HistoryWindow::HistoryWindow(Editor &editor, EditHistory &edits, const std::opti
     m_moments = newRowTable(u"moments"_s, tr("Moments"), this);
     m_moments->setModel(m_table);
     m_moments->setColumnHidden(HistoryTable::Field, field.has_value());
-    m_moments->horizontalHeader()->setStretchLastSection(true);
     m_moments->resizeColumnsToContents();
+    stretchLastColumn(*m_moments);
     auto *right = new QWidget;
     auto *columns = new QHBoxLayout;
     m_before = new MarkedTextView(u"textBefore"_s, MarkedTextView::Side::Before);

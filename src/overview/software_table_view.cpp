@@ -120,7 +120,7 @@ void SoftwareTableView::restoreColumns()
         setColumnWidths(*m_table, {35, 11, 13, 27, 10, 20});
         m_table->sortByColumn(SoftwareTable::SoftwareTitle, Qt::AscendingOrder);
     }
-    header->setStretchLastSection(true);
+    stretchLastColumn(*m_table);
     header->setSectionsMovable(true);
 }
 

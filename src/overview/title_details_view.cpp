@@ -99,7 +99,7 @@ void TitleDetailsView::restoreLayout()
     QHeaderView *header = m_submittedToTableView->horizontalHeader();
     if (!header->restoreState(settings().value(marksHeaderKey).toByteArray()))
         setColumnWidths(*m_submittedToTableView, {siteWidth, versionWidth});
-    header->setStretchLastSection(true);
+    stretchLastColumn(*m_submittedToTableView);
     restoreState(settings().value(detailsSplitterKey).toByteArray());
 }
 

@@ -5,7 +5,6 @@
 #include "widgets/row_table.h"
 
 #include <QBoxLayout>
-#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
@@ -32,7 +31,7 @@ DeletedTitlesWindow::DeletedTitlesWindow(DeletedTitles &deleted, QWidget *parent
     setWindowModality(Qt::WindowModal);
     m_table->setModel(&deleted);
     setColumnWidths(*m_table, {30, 27, 12});
-    m_table->horizontalHeader()->setStretchLastSection(true);
+    stretchLastColumn(*m_table);
     auto *caption = new QLabel(
         tr("&Titles and own sites that you deleted in the last %L1 days:").arg(deleted_items::keptDays));
     caption->setBuddy(m_table);

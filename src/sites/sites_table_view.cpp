@@ -55,7 +55,7 @@ void SitesTableView::bindTable()
     m_table->setSelectionMode(QAbstractItemView::ExtendedSelection);
     if (!m_table->horizontalHeader()->restoreState(settings().value(m_settingsKey).toByteArray()))
         setColumnWidths(*m_table, {nameWidth});
-    m_table->horizontalHeader()->setStretchLastSection(true);
+    stretchLastColumn(*m_table);
     connect(m_table->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             [this] { Q_EMIT selectedRowsChanged(selectedRows()); });
     connect(m_table, &QTableView::doubleClicked, this,

@@ -7,7 +7,6 @@
 
 #include <QBoxLayout>
 #include <QComboBox>
-#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QTableView>
@@ -41,7 +40,7 @@ FormFillingWindow::FormFillingWindow(Browser &browser, const QString &site, QWid
     m_summary->setTextFormat(Qt::PlainText);
     m_summary->setWordWrap(true);
     m_table->setModel(m_filling);
-    m_table->horizontalHeader()->setStretchLastSection(true);
+    stretchLastColumn(*m_table);
     setColumnWidths(*m_table, {19, 17, 20, 22, 15});
 
     auto *layout = new QVBoxLayout(this);

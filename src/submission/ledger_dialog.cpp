@@ -12,7 +12,6 @@
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFormLayout>
-#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -119,7 +118,7 @@ QWidget *LedgerDialog::newEntries()
     }
     table->setModel(rows);
     table->resizeColumnsToContents();
-    table->horizontalHeader()->setStretchLastSection(true);
+    stretchLastColumn(*table);
     return captioned(new QLabel(tr("Noted &before:")), table);
 }
 

@@ -4,9 +4,9 @@
 
 namespace quillon {
 
-/// Outlines of fields, buttons and check boxes that can be seen on every ground, where the usual style draws
-/// them in darker shades of the window's colour and a dark one has none; and a frame in the button that has
-/// the keyboard.
+/// Outlines of fields, buttons, check boxes and sliders, and a mark on the tab on show, that can be seen on
+/// every ground, where the usual style draws them in darker shades of the window's colour and a dark one has
+/// none; and a frame in the button that has the keyboard.
 class OutlinedStyle : public QProxyStyle
 {
     Q_OBJECT
@@ -16,6 +16,8 @@ public:
 
     void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
                        const QWidget *widget) const override;
+    void drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+                     const QWidget *widget) const override;
     void drawComplexControl(ComplexControl control, const QStyleOptionComplex *option, QPainter *painter,
                             const QWidget *widget) const override;
 

@@ -84,6 +84,42 @@ protected:
     }
 };
 
+/// Fits the last column whenever its table has another width.
+class LastColumn final : public QObject
+{
+public:
+    explicit LastColumn(QTableView &table) : QObject(&table), m_table(table)
+    {
+        table.viewport()->installEventFilter(this);
+        fit();
+    }
+
+protected:
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == QEvent::Resize)
+            fit();
+        return false;
+    }
+
+private:
+    void fit()
+    {
+        QHeaderView *header = m_table.horizontalHeader();
+        int last = header->logicalIndex(header->count() - 1);
+        for (int place = header->count() - 1; place > 0 && header->isSectionHidden(last); --place)
+            last = header->logicalIndex(place - 1);
+        const int head = header->sectionSizeHint(last);
+        const int others = header->length() - header->sectionSize(last);
+        const bool hasRoom = others + head <= m_table.viewport()->width();
+        header->setStretchLastSection(hasRoom);
+        if (!hasRoom)
+            header->resizeSection(last, qMax(header->sectionSize(last), head));
+    }
+
+    QTableView &m_table;
+};
+
 /// Says what @p table is sorted by, and how that is changed without a mouse.
 void describeSorting(QTableView &table)
 {
@@ -142,6 +178,11 @@ void setColumnWidths(QTableView &table, std::initializer_list<int> digits)
         header->resizeSection(column, qMax(wanted, header->sectionSizeHint(column)));
         ++column;
     }
+}
+
+void stretchLastColumn(QTableView &table)
+{
+    new LastColumn(table);
 }
 
 QWidget *captioned(QLabel *caption, QWidget *content)

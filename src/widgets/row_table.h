@@ -22,6 +22,10 @@ QTableView *newIconRowTable(const QString &name, const QString &accessibleName, 
 /// head.
 void setColumnWidths(QTableView &table, std::initializer_list<int> digits);
 
+/// Has the last column of @p table take what the others leave, and never less than its head: where there is
+/// no room for both, the table is scrolled.
+void stretchLastColumn(QTableView &table);
+
 /// @p content under @p caption, which becomes its label; both belong to the result.
 QWidget *captioned(QLabel *caption, QWidget *content);
 

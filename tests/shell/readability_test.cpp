@@ -1,13 +1,11 @@
-#include "shell/main_window_fixture.h"
+#include "shell/window_walk.h"
 #include "store/error_tracking.h"
-#include "support/accessibility.h"
 #include "widgets/validation_palette.h"
 
 #include <QDateEdit>
 #include <QLabel>
 #include <QListWidget>
-#include <QRegularExpression>
-#include <QTabWidget>
+#include <QScrollBar>
 
 #include <cmath>
 
@@ -30,6 +28,15 @@ const Look looks[] = {{"light", 0xefefef, Qt::white, Qt::black},
                       {"light fields in a dark window", 0x303030, Qt::white, Qt::black},
                       {"faint", 0xd8d8d8, 0xf0f0f0, 0x505050}};
 
+QPalette paletteOf(const Look &look)
+{
+    QPalette palette(look.window);
+    palette.setColor(QPalette::Window, look.window);
+    palette.setColor(QPalette::Base, look.base);
+    palette.setColor(QPalette::Text, look.text);
+    return palette;
+}
+
 double brightness(const QColor &colour)
 {
     const auto part = [](int value) {
@@ -50,10 +57,7 @@ bool isReadable(const QColor &text, const QColor &ground)
 TEST(Colours, JudgementsAndWhatIsPalerCanBeReadOnEveryGround)
 {
     for (const Look &look : looks) {
-        QPalette palette(look.window);
-        palette.setColor(QPalette::Window, look.window);
-        palette.setColor(QPalette::Base, look.base);
-        palette.setColor(QPalette::Text, look.text);
+        QPalette palette = paletteOf(look);
         palette.setColor(QPalette::WindowText, brightness(look.window) > 0.2 ? Qt::black : Qt::white);
         for (const auto ground : {QPalette::Window, QPalette::Base}) {
             const auto text = ground == QPalette::Base ? QPalette::Text : QPalette::WindowText;
@@ -69,6 +73,34 @@ TEST(Colours, JudgementsAndWhatIsPalerCanBeReadOnEveryGround)
     QPalette grey(Qt::gray);
     grey.setColor(QPalette::Window, 0x777777);
     EXPECT_EQ(validationColour(grey, Colour::Red), grey.color(QPalette::WindowText)) << "no red can be read";
+}
+
+TEST(Colours, WhichTabIsOnShowAndWhereOneScrollsIsSeenOnEveryGround)
+{
+    /// The most that a pixel of @p widget stands out from what it was before @p change.
+    const auto difference = [](QWidget &widget, const auto &change) {
+        const QImage before = widget.grab().toImage();
+        change();
+        const QImage after = widget.grab().toImage();
+        double most = 1;
+        for (int at = 0; at < before.width() * before.height(); ++at) {
+            const QPoint place(at % before.width(), at / before.width());
+            const double ratio = brightness(before.pixelColor(place)) / brightness(after.pixelColor(place));
+            most = qMax(most, qMax(ratio, 1 / ratio));
+        }
+        return most;
+    };
+    for (const Look &look : looks) {
+        QTabBar tabs;
+        QScrollBar bar(Qt::Vertical);
+        bar.resize(bar.sizeHint().width(), 200);
+        for (QWidget *widget : {static_cast<QWidget *>(&tabs), static_cast<QWidget *>(&bar)})
+            widget->setPalette(paletteOf(look));
+        tabs.addTab({});
+        tabs.addTab({});
+        EXPECT_GE(difference(tabs, [&] { tabs.setCurrentIndex(1); }), 1.25) << look.name;
+        EXPECT_GE(difference(bar, [&] { bar.setValue(bar.maximum()); }), 1.25) << look.name;
+    }
 }
 
 /// What screen readers are told to say, as long as it lives.
@@ -185,4 +217,42 @@ TEST_F(ReadabilityTest, DatesAndNumbersAreThoseOfTheUsersLocaleAndNeverStored)
         EXPECT_TRUE(captions.contains(row.sites)) << captions.join(u'|');
         press(u"closeButton"_s);
     }
+}
+
+/// The same on a desktop where letters are twice as large.
+class LargeLettersTest : public WindowWalkTest
+{
+protected:
+    void prepare() override
+    {
+        QFont large = m_font;
+        large.setPointSizeF(2 * large.pointSizeF());
+        QApplication::setFont(large);
+    }
+    void TearDown() override
+    {
+        WindowWalkTest::TearDown();
+        QApplication::setFont(m_font);
+    }
+
+private:
+    const QFont m_font = QApplication::font();
+};
+
+TEST_F(LargeLettersTest, SheetsAndWindowsHaveRoomForThem)
+{
+    press(u"newSoftwareButton"_s);
+    EXPECT_EQ(cutTexts(*visible<QWidget>(u"swNamePanel"_s)), QStringList());
+    typeName(u"A title with quite a long name"_s);
+    walkCommands(roomFaults);
+}
+
+TEST_F(LargeLettersTest, ViewsHaveRoomForThem)
+{
+    walkViews(roomFaults);
+}
+
+TEST_F(LargeLettersTest, TheSubmissionWindowHasRoomForThem)
+{
+    walkSubmission(roomFaults);
 }

@@ -1,14 +1,8 @@
 #include "shell/translations.h"
 #include "shell/window_walk.h"
-#include "submission/default_sites.h"
-#include "submission/fakes.h"
-#include "submission/late_engine.h"
-#include "submission/submit_window.h"
-#include "support/recorders.h"
 #include "support/untranslated.h"
 
 #include <QHelpEvent>
-#include <QSplitter>
 
 namespace {
 
@@ -42,37 +36,18 @@ TEST_F(TranslatedWindowsTest, EveryWindowThatACommandOpens)
     walkCommands(faultsOf);
 }
 
-TEST_F(TranslatedWindowsTest, TheSubmissionWindowBeforeItsEngineHasCome)
+TEST_F(TranslatedWindowsTest, TheSubmissionWindowAndWhatItOpens)
 {
-    drop({padFile(u"A"_s)});
-    answerAlert(Alert().defaultButton);
-    clickTitle(0);
-    setDefaultSites();
-    mwqnWOSi78tgsda = false;
-    LateEngine engine;
-    RecordingSheets sheets;
-    FakeDesktop desktop;
-    ManualCalls calls;
-    SubmitWindow submission(engine, sheets, desktop, calls);
-    submission.control().awakeFromNib();
-    submission.control().loadSitesList();
-    submission.bringToFront();
-    EXPECT_EQ(faultsOf(submission), QStringList());
-    for (const QString &id : {u"ledger"_s, u"siteNotes"_s}) {
-        submission.findChild<QAction *>(id)->trigger();
-        QWidget *sheet = QApplication::activeModalWidget();
-        ASSERT_TRUE(sheet) << id;
-        EXPECT_EQ(faultsOf(*sheet), QStringList()) << id;
-        sheet->close();
-    }
-    auto *button = visible<QPushButton>(u"primaryDownloadURLButton"_s);
-    for (const bool isNarrow : {false, true}) {
-        if (isNarrow)
-            submission.findChild<QSplitter *>()->setSizes({230, 1000, 1});
-        QHelpEvent help(QEvent::ToolTip, {5, 5}, button->mapToGlobal(QPoint(5, 5)));
-        QApplication::sendEvent(button, &help);
-        EXPECT_EQ(button->toolTip().contains(button->text()), isNarrow) << "a title that is cut is told";
-    }
+    walkSubmission(faultsOf, [](SubmitWindow &submission) {
+        auto *button = visible<QPushButton>(u"primaryDownloadURLButton"_s);
+        for (const bool isNarrow : {false, true}) {
+            if (isNarrow)
+                submission.findChild<QSplitter *>()->setSizes({230, 1000, 1});
+            QHelpEvent help(QEvent::ToolTip, {5, 5}, button->mapToGlobal(QPoint(5, 5)));
+            QApplication::sendEvent(button, &help);
+            EXPECT_EQ(button->toolTip().contains(button->text()), isNarrow) << "a title that is cut is told";
+        }
+    });
 }
 
 TEST_F(TranslatedWindowsTest, EnglishNeedsNoFileAndComesBeforeOtherLanguages)

@@ -1,11 +1,20 @@
 #pragma once
 
 #include "shell/main_window_fixture.h"
+#include "store/summary_file.h"
+#include "store/title_folder.h"
+#include "submission/default_sites.h"
+#include "submission/fakes.h"
+#include "submission/late_engine.h"
+#include "submission/submit_window.h"
+#include "submission/tour_control.h"
 #include "support/cut_text.h"
+#include "support/recorders.h"
 
 #include <QFileDialog>
 #include <QMenu>
 #include <QMenuBar>
+#include <QSplitter>
 #include <QTabWidget>
 
 #include <functional>
@@ -45,7 +54,7 @@ inline QWidget *openedOver(const QWidget &main)
     return nullptr;
 }
 
-/// A walk through all windows but the submission window, which is walked where it has its engine.
+/// A walk through all windows. That for submitting is walked as it is before its engine has come.
 class WindowWalkTest : public MainWindowTest
 {
 protected:
@@ -93,6 +102,45 @@ protected:
             }
         }
         EXPECT_GE(opened, 7);
+    }
+
+    /// Walks the submission window with a tour under way, and what it opens; @p more is looked at last.
+    void walkSubmission(
+        const Look &faultsOf, const std::function<void(SubmitWindow &)> &more = [](SubmitWindow &) {})
+    {
+        drop({padFile(QStringLiteral("A"))});
+        answerAlert(Alert().defaultButton);
+        clickTitle(0);
+        setDefaultSites();
+        Summary summary;
+        summary.version = QStringLiteral("2");
+        summary.sites = mwqnDefaultSitesDict.begin()->first;
+        summary.versions = QStringLiteral("1");
+        put(*title_folder::path(QStringLiteral("A")) + u'/' + title_folder::summaryFile,
+            summary_file::text(summary).toUtf8());
+        mwqnWOSi78tgsda = false;
+        LateEngine engine;
+        RecordingSheets sheets;
+        FakeDesktop desktop;
+        ManualCalls calls;
+        SubmitWindow submission(engine, sheets, desktop, calls);
+        submission.control().awakeFromNib();
+        submission.control().loadSitesList();
+        submission.bringToFront();
+        ASSERT_TRUE(eventually([&] { return submission.tour().isOffered(); }));
+        EXPECT_EQ(faultsOf(submission), QStringList());
+        for (const char *const id : {"ledger", "siteNotes"}) {
+            submission.findChild<QAction *>(QLatin1String(id))->trigger();
+            QWidget *sheet = QApplication::activeModalWidget();
+            ASSERT_TRUE(sheet) << id;
+            EXPECT_EQ(faultsOf(*sheet), QStringList()) << id;
+            sheet->close();
+        }
+        Q_EMIT submission.control().openPopUpWindow();
+        auto *popUp = visible<QWidget>(QStringLiteral("popUpBrowserWindow"));
+        EXPECT_EQ(faultsOf(*popUp), QStringList());
+        popUp->close();
+        more(submission);
     }
 };
 
