@@ -1,13 +1,17 @@
+#include "journal/deleted_items.h"
 #include "journal/form_fields.h"
 #include "journal/history.h"
 #include "journal/journal.h"
 #include "journal/journal_copies.h"
+#include "journal/statement_rows.h"
 #include "journal/titles.h"
 #include "store/storage_status.h"
 #include "support/faults.h"
 #include "support/temporary_home.h"
 
 #include <QDateTime>
+
+#include <functional>
 
 namespace {
 
@@ -92,6 +96,97 @@ TEST_F(JournalTest, WhatCannotBeReadIsNotSetAside)
             EXPECT_EQ(kept().size(), 20) << call << lasting;
         }
     }
+}
+
+/// A bad place of the disk is one when it is read for the second time, too.
+TEST_F(JournalTest, WhatFailsToBeReadAgainIsNoDamage)
+{
+    ASSERT_TRUE(deleted_items::keepTitle(u"T"_s, {{"large", QByteArray(6 * 1'048'576, 'x')}}));
+    Journal::ofDataFolder().close();
+    const QByteArray good = contents(file());
+    for (int later = 21; later <= 27; ++later) {
+        ASSERT_TRUE(put(file(), good));
+        {
+            const FaultPlan plan(home(), "read@20=EIO read@" + QByteArray::number(later) + "+=EIO");
+            EXPECT_FALSE(keep(u"New"_s)) << later;
+        }
+        EXPECT_EQ(setAside(), QStringList()) << later;
+        Journal::ofDataFolder().close();
+    }
+}
+
+TEST_F(JournalTest, AFailureAmongTheRowsIsNotTheirEnd)
+{
+    ASSERT_TRUE(keep(u"T"_s));
+    static constexpr auto failing =
+        "SELECT abs(column1) FROM (VALUES (1), (-9223372036854775808), (2))"; // The second has no amount.
+    EXPECT_FALSE(Journal::ofDataFolder().find([](Database &database) {
+        return statementRows<qint64>(database.prepare(failing),
+                                     [](const Statement &row) { return row.number(0); });
+    }));
+    EXPECT_FALSE(
+        Journal::ofDataFolder().changeExisting([](Database &database) { return database.run(failing); }));
+    EXPECT_FALSE(Journal::ofDataFolder().find(
+        [](Database &database) { return database.number("SELECT abs(-9223372036854775808)"); }));
+}
+
+TEST_F(JournalTest, WhatIsForgottenOrTooOldIsNowhereInTheFiles)
+{
+    const auto keepItems = [] {
+        EXPECT_TRUE(deleted_items::keepSites({{u"Site"_s, u"precious"_s}}));
+        return deleted_items::keepTitle(u"T"_s, {{"notes", "precious"}});
+    };
+    const auto holdsIt = [] {
+        return contents(file()).contains("precious") || contents(file() + u"-wal"_s).contains("precious");
+    };
+    ASSERT_TRUE(keepItems() && holdsIt());
+    EXPECT_TRUE(deleted_items::forget(deleted_items::all().valueOr({})));
+    EXPECT_FALSE(holdsIt());
+
+    const std::function<void()> ways[] = {[] { (void)deleted_items::all(); },
+                                          [] { (void)deleted_items::keepTitle(u"U"_s, {}); },
+                                          [] { (void)deleted_items::keepSites({}); }};
+    for (const auto &way : ways) {
+        ASSERT_TRUE(keepItems());
+        const qint64 old = QDateTime::currentMSecsSinceEpoch() - (deleted_items::keptDays + 1) * 86'400'000LL;
+        for (const char *sql : {"UPDATE deleted_titles SET time = ?", "UPDATE deleted_sites SET time = ?"})
+            ASSERT_TRUE(
+                Journal::ofDataFolder().change([&](Database &database) { return database.run(sql, old); }));
+        way();
+        for (const char *sql : {"SELECT count(*) FROM deleted_files", "SELECT count(*) FROM deleted_sites"})
+            EXPECT_EQ(Journal::ofDataFolder().find([&](Database &database) { return database.number(sql); }),
+                      0)
+                << &way - ways << sql;
+        EXPECT_TRUE(&way != ways || !holdsIt());
+    }
+}
+
+/// A log that stays behind would be taken for that of the next database.
+TEST_F(JournalTest, TheLogGoesWithWhatIsSetAside)
+{
+    for (int number = 0; number < 100; ++number)
+        ASSERT_TRUE(keep(u"Title %1"_s.arg(number)));
+    QStringList expected;
+    for (const QString &end : {u""_s, u"-2"_s}) {
+        Journal::ofDataFolder().close();
+        auto other = Database::open(file(), Database::Opening::ExistingOnly); // Keeps the log where it is.
+        ASSERT_TRUE(other && other->run("INSERT INTO titles (name) VALUES ('Late')"));
+        ASSERT_TRUE(put(file(), contents(file()).first(8192)));
+        const QByteArray log = contents(file() + u"-wal"_s);
+        ASSERT_FALSE(log.isEmpty());
+        EXPECT_TRUE(keep(u"New"_s));
+        EXPECT_EQ(kept(), QStringList(u"New"_s));
+        const QString name = u"quillon.sqlite.unreadable"_s + end;
+        expected += {name, name + u"-shm"_s, name + u"-wal"_s};
+        EXPECT_EQ(contents(inData(name + u"-wal"_s)), log);
+        for (int number = 0; number < 100; ++number)
+            ASSERT_TRUE(keep(u"Title %1"_s.arg(number)));
+        Journal::ofDataFolder().close(); // Before the other, which removes what has its log's name then.
+    }
+    expected.sort();
+    QStringList found = setAside();
+    found.sort();
+    EXPECT_EQ(found, expected);
 }
 
 TEST_F(JournalTest, WhatIsNoJournalIsSetAsideWhole)

@@ -49,7 +49,7 @@ TEST_F(PruningTest, TakesTimeInProportionToTheMarks)
     buildCatalogue();
     addTitle(u"T"_s, summaryText(u"1"_s));
     selectTitle(u"T"_s);
-    const double growth = growthOfEightfold(10'000, [](qsizetype gone) {
+    const double growth = growthOfEightfold(3'000, [](qsizetype gone) {
         put(summaryOf(u"T"_s),
             summaryText(u"1"_s, u"Here"_s + u",x"_s.repeated(gone), u"1"_s + u",1"_s.repeated(gone)));
         EXPECT_TRUE(title_operations::pruneMarks());

@@ -81,6 +81,7 @@ TEST_F(Backups, OfTitlesHoldTheirThreeFilesAndNothingElse)
 
     makeTitle(u"A & B"_s, u"Softs"_s, u"1"_s);
     makeTitle(u".hidden ünï"_s);
+    makeTitle(u"\uFEFF"_s);
     writeTo(pathIn(u"A & B"_s, u"notes.txt"), u"mine"_s);
     QStringList reports;
     const auto report = [&reports](int done, int total) {
@@ -88,16 +89,17 @@ TEST_F(Backups, OfTitlesHoldTheirThreeFilesAndNothingElse)
         return true;
     };
     EXPECT_EQ(told(backupTitles(place(), Existing::Refuse, report)),
-              "done 2+0 0 details: The backup was successful"_L1);
-    EXPECT_EQ(reports, words(u"1/2 2/2"_s));
+              "done 3+0 0 details: The backup was successful"_L1);
+    EXPECT_EQ(reports, words(u"1/3 2/3 3/3"_s));
     const QMap<QString, QByteArray> before = tree(mwqnAppSuppLoc);
     QMap<QString, QByteArray> expected = before;
     for (const QString &name : {u"sites.qnrc"_s, u"ignore.qnrc"_s, u"A & B.qndata/notes.txt"_s})
         expected.remove(name);
     EXPECT_EQ(tree(place()), expected);
 
-    ASSERT_TRUE(AddDeleteImportEdit::deleteQnDataFile(u".hidden ünï"_s));
-    EXPECT_EQ(restoreTitles(place()).copied, 1);
+    for (const QString &deleted : {u".hidden ünï"_s, u"\uFEFF"_s})
+        ASSERT_TRUE(AddDeleteImportEdit::deleteQnDataFile(deleted));
+    EXPECT_EQ(restoreTitles(place()).copied, 2);
     EXPECT_EQ(tree(mwqnAppSuppLoc), before);
 }
 

@@ -58,7 +58,8 @@ TEST_F(SiteEditing, ANewSiteMustBeNewByNameAndByAddress)
         EXPECT_EQ(site_editing::addSite(added.name, added.url).sentence, u"Site Added Successfully")
             << added.name;
     const QStringView all = u"Mine=http://mine/,mine=http://my%20site/submit,New=Softs,Softs=http://s";
-    EXPECT_EQ(edit(u"Mine=http://mine/", u"\x1=http://mine/").outcome, SiteEdit::NotXml);
+    for (const QStringView edited : {u"\x1=http://mine/", u"Mine=http://\x1"})
+        EXPECT_EQ(edit(u"Mine=http://mine/", edited).outcome, SiteEdit::NotXml);
     expectLists(all, u"Softs", u"what is hidden may be used again"_s);
 }
 
@@ -212,12 +213,12 @@ TEST_F(SiteEditing, RenamingReachesTheMarksOfEveryTitleBesideCommasInTheWholeTex
 
     storeLists(u"Mine=http://mine", {});
     for (const auto &[title, sites] :
-         {std::pair(u"One"_s, u"Mine,B"_s), {u".Two"_s, u"B,Mine"_s}, {u"Three"_s, u"B,C"_s}})
+         {std::pair(u"\uFEFFOne"_s, u"Mine,B"_s), {u".Two"_s, u"B,Mine"_s}, {u"Three"_s, u"B,C"_s}})
         makeTitle(title, sites, u"1,2"_s);
     ASSERT_TRUE(QDir().mkdir(*title_folder::path(u"Empty")));
     const auto marks = [] {
         QStringList all;
-        for (const QString &title : {u"One"_s, u".Two"_s, u"Three"_s})
+        for (const QString &title : {u"\uFEFFOne"_s, u".Two"_s, u"Three"_s})
             all += *summary_file::parse(contents(pathIn(title, title_folder::summaryFile))).sites;
         return all.join(u'|');
     };

@@ -32,6 +32,11 @@ TEST_F(DataFolderLockTest, WhatTheFileHoldsIsNotAsked)
         EXPECT_EQ(tried(), State::Held) << rest;
         EXPECT_EQ(QFileInfo(inData(u"quillon.lock"_s)).permissions() & 0x77, 0) << "others could lock it";
     }
+    ASSERT_TRUE(QFile::remove(inData(u"quillon.lock"_s)));
+    {
+        const FaultPlan plan(home(), "fchmod=EPERM");
+        EXPECT_EQ(tried(), State::Held) << "others could have opened the new file for a moment";
+    }
     ASSERT_TRUE(QDir(mwqnAppSuppLoc).removeRecursively());
     EXPECT_EQ(tried(), State::Unavailable);
 }
@@ -83,6 +88,14 @@ TEST_F(DataFolderLockTest, WhatIsNoFileInItsPlaceHangsNobodyAndIsTold)
         [&] { return put(home() + u"/elsewhere", "") && QFile::link(home() + u"/elsewhere", path); }};
     for (const auto &obstruct : obstructions) {
         ASSERT_TRUE(obstruct());
+        const pid_t first = ::fork();
+        if (first == 0) {
+            ::alarm(20); // Ends what waits for somebody at the other end of a pipe.
+            ::_exit(tried() == State::Obstructed ? 0 : 1);
+        }
+        int status = 0;
+        ASSERT_EQ(::waitpid(first, &status, 0), first);
+        ASSERT_TRUE(WIFEXITED(status)) << "it hangs";
         const DataFolderLock lock(0ms);
         EXPECT_EQ(lock.state(), State::Obstructed);
         EXPECT_FALSE(lock.obstruction().reason.isEmpty());

@@ -2,6 +2,7 @@
 #include "pad/pad_writer.h"
 #include "platform/notification_center.h"
 #include "platform/notifications.h"
+#include "store/site_list.h"
 #include "store/storage_status.h"
 #include "store/summary_file.h"
 #include "store/title_folder.h"
@@ -78,6 +79,19 @@ TEST_F(TitleStoreTest, ADataFolderThatCannotBeIsToldUntilItIsMended)
     EXPECT_TRUE(Store::checkAppSuppExists());
     EXPECT_TRUE(Store::createNewListing(u"T"_s));
     EXPECT_EQ(failedWritesLine(), QString());
+}
+
+TEST_F(TitleStoreTest, AListOfSitesThatCannotBeMadeIsNoEmptyOne)
+{
+    const QString list = inData(u"sites.qnrc"_s);
+    ASSERT_TRUE(QFile::remove(list));
+    {
+        const FaultPlan plan(mwqnAppSuppLoc, "create+=ENOSPC");
+        EXPECT_FALSE(site_list::read(site_list::userSites));
+        EXPECT_FALSE(site_list::readToChange(site_list::userSites));
+    }
+    EXPECT_EQ(mwqnFailedWrites.keys(), QStringList{list});
+    EXPECT_EQ(site_list::read(site_list::userSites), StringDictionary());
 }
 
 TEST_F(TitleStoreTest, TakesAnyNameThatStaysInTheDataFolder)
