@@ -26,9 +26,29 @@ QString timeOf(const Item &item)
     return isoTime(item.time);
 }
 
-void printItem(const Item &item)
+/// A line for each of @p items, or one JSON array of them.
+void show(const QList<Item> &items, bool asJson)
 {
-    printColumns({item.name, name(item.kind), timeOf(item), item.address});
+    QJsonArray array;
+    for (const Item &item : items) {
+        if (asJson)
+            array.append(QJsonObject{{u"name"_s, item.name},
+                                     {u"kind"_s, name(item.kind)},
+                                     {u"deleted"_s, timeOf(item)},
+                                     {u"address"_s, item.address}});
+        else
+            printColumns({item.name, name(item.kind), timeOf(item), item.address});
+    }
+    if (asJson)
+        print(QJsonDocument(array));
+}
+
+/// What came of a change; as JSON, @p items are shown when they were @p changed.
+ExitStatus shown(const QList<Item> &items, bool asJson, const Result<> &changed)
+{
+    if (changed.isDone() && asJson)
+        show(items, asJson);
+    return outcome(changed);
 }
 
 /// What was deleted and is called @p name, the newest first; complains when nothing is.
@@ -58,18 +78,7 @@ public:
         const auto items = deleted_items::all();
         if (!items)
             return outcome(items.error());
-        QJsonArray array;
-        for (const Item &item : *items) {
-            if (m_json)
-                array.append(QJsonObject{{u"name"_s, item.name},
-                                         {u"kind"_s, name(item.kind)},
-                                         {u"deleted"_s, timeOf(item)},
-                                         {u"address"_s, item.address}});
-            else
-                printItem(item);
-        }
-        if (m_json)
-            print(QJsonDocument(array));
+        show(*items, m_json);
         return Done;
     }
 
@@ -86,6 +95,7 @@ public:
         command.add_option("NAME", m_name, "What it was called")->required();
         m_as = command.add_option("--as", m_newName, "What it is to be called");
         command.add_flag("--dry-run", m_dryRun, "Only show what would be brought back");
+        command.add_flag("--json", m_json, "As a JSON array");
     }
 
     [[nodiscard]] bool writes() const override { return !m_dryRun; }
@@ -96,13 +106,14 @@ public:
         if (!items || items->isEmpty())
             return items ? Refused : outcome(items.error());
         std::ranges::stable_sort(*items, {}, &Item::kind); // Titles first.
+        items->resize(1);
         if (m_dryRun) {
-            printItem(items->first());
+            show(*items, m_json);
             return Done;
         }
         const Result<> back = bringBack(items->first(), *m_as ? text(m_newName) : text(m_name));
         if (!back.isError(Error::Kind::Refused))
-            return outcome(back);
+            return shown(*items, m_json, back);
         complain(back.error().reason);
         return Refused;
     }
@@ -111,6 +122,7 @@ private:
     std::string m_name;
     std::string m_newName;
     bool m_dryRun = false;
+    bool m_json = false;
     CLI::Option *m_as = nullptr;
 };
 
@@ -122,6 +134,7 @@ public:
         command.description("Remove deleted titles and own sites of a name for good, without asking");
         command.add_option("NAME", m_name, "What they were called")->required();
         command.add_flag("--dry-run", m_dryRun, "Only show what would be forgotten");
+        command.add_flag("--json", m_json, "As a JSON array");
     }
 
     [[nodiscard]] bool writes() const override { return !m_dryRun; }
@@ -132,15 +145,15 @@ public:
         if (!items || items->isEmpty())
             return items ? Refused : outcome(items.error());
         if (!m_dryRun)
-            return outcome(deleted_items::forget(*items));
-        for (const Item &item : *items)
-            printItem(item);
+            return shown(*items, m_json, deleted_items::forget(*items));
+        show(*items, m_json);
         return Done;
     }
 
 private:
     std::string m_name;
     bool m_dryRun = false;
+    bool m_json = false;
 };
 
 } // namespace

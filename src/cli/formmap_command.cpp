@@ -21,25 +21,30 @@ public:
         command.description(
             "What was confirmed of the fields in a site's forms: value, time, signs of the field");
         command.add_option("SITE", m_site, "The name of the site")->required();
-        auto *json = command.add_flag("--json", m_json, "As a JSON array");
-        command.add_flag("--forget", m_forget, "Forget all of it")->excludes(json);
+        command.add_flag("--json", m_json, "As a JSON array");
+        auto *forget = command.add_flag("--forget", m_forget, "Forget all of it");
+        command.add_flag("--dry-run", m_dryRun, "Only show what would be forgotten")->needs(forget);
     }
 
-    [[nodiscard]] bool writes() const override { return m_forget; }
+    [[nodiscard]] bool writes() const override { return m_forget && !m_dryRun; }
 
-    ExitStatus run() override { return m_forget ? forget() : list(); }
+    ExitStatus run() override { return writes() ? forget() : list(); }
 
 private:
     [[nodiscard]] ExitStatus forget() const
     {
+        const auto rows = m_json ? form_fields::of(text(m_site)) : QList<form_fields::Row>();
+        if (!rows)
+            return FileFailed; // The journal has told it.
         const Result<qint64> count = form_fields::forget(text(m_site));
         if (!count && !count.isError(Error::Kind::Missing))
-            return FileFailed; // The journal has told it.
-        if (count.valueOr(0) == 0) {
-            complain(u"Nothing is remembered of the forms of %1."_s.arg(text(m_site)));
-            return Refused;
-        }
-        print(u"%1 fields were forgotten."_s.arg(*count));
+            return FileFailed; // The same.
+        if (count.valueOr(0) == 0)
+            return nothing();
+        if (m_json)
+            show(*rows);
+        else
+            print(u"%1 fields were forgotten."_s.arg(*count));
         return Done;
     }
 
@@ -48,8 +53,22 @@ private:
         const auto rows = form_fields::of(text(m_site));
         if (!rows)
             return FileFailed; // The journal has told it.
+        if (m_forget && rows->isEmpty())
+            return nothing();
+        show(*rows);
+        return Done;
+    }
+
+    [[nodiscard]] ExitStatus nothing() const
+    {
+        complain(u"Nothing is remembered of the forms of %1."_s.arg(text(m_site)));
+        return Refused;
+    }
+
+    void show(const QList<form_fields::Row> &rows) const
+    {
         QJsonArray array;
-        for (const form_fields::Row &row : *rows) {
+        for (const form_fields::Row &row : rows) {
             const QString time = isoTime(row.time);
             const QJsonObject signs = QJsonDocument::fromJson(row.signs.toUtf8()).object();
             if (m_json)
@@ -59,12 +78,12 @@ private:
         }
         if (m_json)
             print(QJsonDocument(array));
-        return Done;
     }
 
     std::string m_site;
     bool m_json = false;
     bool m_forget = false;
+    bool m_dryRun = false;
 };
 
 } // namespace

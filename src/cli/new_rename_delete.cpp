@@ -75,21 +75,26 @@ public:
     {
         command.description("Add a complete title to try Quillon with, or remove it");
         command.add_flag("--remove", m_removes, "Remove it");
+        command.add_flag("--dry-run", m_dryRun, "Only show which title would be added or removed");
     }
 
-    [[nodiscard]] bool writes() const override { return true; }
+    [[nodiscard]] bool writes() const override { return !m_dryRun; }
 
     ExitStatus run() override
     {
-        if (m_removes)
-            return titleExists(example_title::name)
-                       ? outcome(title_operations::deleteTitle(example_title::name))
-                       : Refused;
-        return isFree(example_title::name) ? outcome(example_title::make()) : Refused;
+        const QString &name = example_title::name;
+        if (m_removes ? !titleExists(name) : !isFree(name))
+            return Refused;
+        if (m_dryRun) {
+            print(name);
+            return Done;
+        }
+        return outcome(m_removes ? title_operations::deleteTitle(name) : example_title::make());
     }
 
 private:
     bool m_removes = false;
+    bool m_dryRun = false;
 };
 
 class Rename final : public Command

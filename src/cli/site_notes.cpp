@@ -82,6 +82,7 @@ void SiteNotes::addTo(CLI::App &sites)
         ->add_option("--gone", m_gone, "Whether it is gone: yes or no. What is gone leaves the tour only")
         ->check(yesOrNo);
     m_command->add_flag("--dry-run", m_dryRun, "Only show what would be known then");
+    m_command->add_flag("--json", m_json, "As a JSON object");
 }
 
 Notes SiteNotes::changed(Notes notes) const
@@ -113,13 +114,14 @@ ExitStatus SiteNotes::run() const
     if (!site)
         return outcome(site.error());
     site->notes = changed(site->notes);
-    if (m_dryRun) {
-        printLine(*site);
-        return Done;
-    }
-    return outcome(Journal::ofDataFolder().change([&site](Database &database) {
+    const Result<> kept = m_dryRun ? Result<>() : Journal::ofDataFolder().change([&site](Database &database) {
         return site_knowledge::keepNotes(database, site->name, site->notes);
-    }));
+    });
+    if (m_json && kept)
+        print(QJsonDocument(json(*site)));
+    else if (m_dryRun)
+        printLine(*site);
+    return outcome(kept);
 }
 
 } // namespace quillon::cli

@@ -28,6 +28,7 @@ private:
     std::string m_gone;
     CLI::Option *m_noteOption = nullptr;
     bool m_dryRun = false;
+    bool m_json = false;
 };
 
 } // namespace quillon::cli

@@ -74,12 +74,21 @@ Error isNoCopy(const QString &path, const QString &reason)
     return {Error::Kind::Unintelligible, path, reason};
 }
 
-/// Makes the copy at @p path, of which a copy lies at @p own, one of the present version there.
-Result<> prepare(const QString &path, const QString &own)
+/// Whether @p path is a regular file.
+Result<> isFile(const QString &path)
+{
+    if (const QFileInfo file(path); !file.isFile() || file.isSymLink())
+        return Error{file.exists() || file.isSymLink() ? Error::Kind::Unreadable : Error::Kind::Missing, path,
+                     JournalCopiesText::tr("it is no regular file")};
+    return {};
+}
+
+/// Opens the copy at @p path, when it is one that the present version can use.
+Result<Database> opened(const QString &path)
 {
     auto database = Database::open(path, Database::Opening::ExistingOnly);
     if (!database)
-        return database.error();
+        return database;
     const auto owner = database->number("PRAGMA application_id");
     const auto version = database->number("PRAGMA user_version");
     if (!owner || !version)
@@ -88,6 +97,15 @@ Result<> prepare(const QString &path, const QString &own)
         return isNoCopy(path, JournalCopiesText::tr("it is another program's"));
     if (*version > journal_schema::newestVersion())
         return isNoCopy(path, JournalCopiesText::tr("it was made by a newer version of Quillon"));
+    return database;
+}
+
+/// Makes the copy at @p path, of which a copy lies at @p own, one of the present version there.
+Result<> prepare(const QString &path, const QString &own)
+{
+    auto database = opened(path);
+    if (!database)
+        return database.error();
     if (Result<> copied = database->copyTo(own); !copied) // Reads all of it.
         return copied;
     auto copy = Database::open(own, Database::Opening::ExistingOnly);
@@ -139,6 +157,11 @@ Result<qint64> merge(Database &database, const std::function<bool(const QString 
 
 } // namespace
 
+Result<> canBeCopied()
+{
+    return Journal::ofDataFolder().read([](Database &) -> Result<> { return {}; });
+}
+
 Result<> copyTo(const QString &path)
 {
     Result<> copied;
@@ -149,11 +172,23 @@ Result<> copyTo(const QString &path)
     return read ? copied : read;
 }
 
+Result<> canBeBroughtIn(const QString &path)
+{
+    if (Result<> is = isFile(path); !is)
+        return is;
+    auto copy = opened(path);
+    const auto faults =
+        copy ? copy->number("SELECT count(*) FROM pragma_quick_check(1) WHERE quick_check <> 'ok'")
+             : Result<qint64>(copy.error());
+    if (!faults)
+        return Error{faults.error().kind, path, faults.error().reason};
+    return *faults == 0 ? Result<>() : isNoCopy(path, JournalCopiesText::tr("it is damaged"));
+}
+
 Result<qint64> bringIn(const QString &path, const std::function<bool(const QString &title)> &isWanted)
 {
-    if (const QFileInfo file(path); !file.isFile() || file.isSymLink())
-        return Error{file.exists() || file.isSymLink() ? Error::Kind::Unreadable : Error::Kind::Missing, path,
-                     JournalCopiesText::tr("it is no regular file")};
+    if (const Result<> is = isFile(path); !is)
+        return is.error();
     const auto staged = StagedFolder::in(QDir::cleanPath(mwqnAppSuppLoc));
     if (!staged)
         return staged.error();

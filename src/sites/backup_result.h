@@ -2,10 +2,27 @@
 
 #include "platform/translated_text.h"
 
+#include <QList>
 #include <QString>
 #include <QStringList>
 
 namespace quillon {
+
+/// One thing in a backup.
+struct BackupItem
+{
+    enum Kind : quint8
+    {
+        Title,
+        Site,        ///< An own site, or a default one's own address.
+        RemovedSite, ///< A default site that was removed.
+        Extras       ///< The journal.
+    };
+    Kind kind;
+    QString name;
+    QString address = {};
+    bool isKept = false; ///< It is here already and stays as it is; otherwise it is copied.
+};
 
 /// What came of a backup or a restore, ready to be told.
 struct BackupResult
@@ -23,11 +40,18 @@ struct BackupResult
     int ignored = 0; ///< Titles that were left out because one of their name is there.
     QString sentence = {};
     QString informativeText = {};
-    QStringList details = {}; ///< One line for each thing that was passed over or failed.
-    bool fileFailed = false;  ///< Something could not be read or written, or is not yet safe on the disk.
+    QList<BackupItem> items = {}; ///< What was copied, or would be, and what stays as it is.
+    QStringList details = {};     ///< One line for each thing that was passed over or failed.
+    bool fileFailed = false;      ///< Something could not be read or written, or is not yet safe on the disk.
 };
 
 namespace backups {
+
+enum class Mode
+{
+    Do,
+    TryOut ///< Everything is read and judged, and nothing is written: the result tells what would come.
+};
 
 /// Whether what stands at a backup's place is to go; it goes only when the new backup is whole.
 enum class Existing

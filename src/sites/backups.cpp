@@ -61,16 +61,38 @@ Error refused(const QString &reason)
     return {.kind = Error::Kind::Refused, .reason = reason};
 }
 
-/// Fills @p folder with the data folder's two site lists.
-Result<> copySiteLists(const FolderHandle &folder)
+/// A site list as it is. A missing one has no sites, and is made unless this is a trial.
+Result<StringDictionary> siteList(QStringView list, Mode mode)
+{
+    if (mode == Mode::Do)
+        return site_list::read(list);
+    auto sites = site_list::stored(list);
+    return sites.isError(Error::Kind::Missing) ? StringDictionary() : sites;
+}
+
+/// The same to add to: one that is unintelligible has no sites either.
+Result<site_list::ReadList> siteListToChange(QStringView list, Mode mode)
+{
+    if (mode == Mode::Do)
+        return site_list::readToChange(list);
+    auto sites = siteList(list, mode);
+    if (!sites && !sites.isError(Error::Kind::Unintelligible))
+        return sites.error();
+    return site_list::ReadList{.sites = sites.valueOr({}), .bytes = {}};
+}
+
+/// Fills @p folder with the data folder's two site lists; a trial has none, and only reads them.
+Result<> copySiteLists(const FolderHandle *folder)
 {
     const auto data = FolderHandle::open(mwqnAppSuppLoc);
     for (const QStringView list : siteLists) {
         const QByteArray name = list.toUtf8();
         const auto bytes = data ? data->read(name) : data.error();
+        if (!folder && bytes.isError(Error::Kind::Missing)) // It would have been made.
+            continue;
         if (!bytes)
             return Error{.reason = BackupsText::tr("%1 cannot be read: %2").arg(list, bytes.error().reason)};
-        if (const Result<> written = folder.write(name, *bytes); !written)
+        if (const Result<> written = folder ? folder->write(name, *bytes) : Result<>(); !written)
             return Error{written.error().kind, list.toString(), written.error().reason};
     }
     return {};
@@ -82,7 +104,7 @@ Result<> makeSitesBackup(const QString &to, Existing existing)
     auto staged = StagedFolder::in(place.path());
     if (!staged)
         return staged.error();
-    if (Result<> copied = copySiteLists(staged->folder()); !copied)
+    if (Result<> copied = copySiteLists(&staged->folder()); !copied)
         return copied;
     return staged->putInPlace(place.fileName(), StagedFolder::Content::Files, existing == Existing::Replace);
 }
@@ -99,13 +121,21 @@ StringDictionary listIn(const FolderHandle &backup, QStringView list, BackupResu
     return entries.valueOr({});
 }
 
+BackupItem item(QStringView list, const QString &name, const QString &url, bool isKept = false)
+{
+    return {.kind = list == site_list::userSites ? BackupItem::Site : BackupItem::RemovedSite,
+            .name = name,
+            .address = url,
+            .isKept = isKept};
+}
+
 /// Adds to @p present the entries of one list in a backup that it has not.
 StringDictionary merged(StringDictionary present, const FolderHandle &backup, QStringView list,
                         BackupResult &result)
 {
     for (const auto &[name, url] : listIn(backup, list, result)) {
         if (site_list::canHold(name) && site_list::canHold(url))
-            present.emplace(name, url);
+            result.items.append(item(list, name, url, !present.emplace(name, url).second));
         else
             note({.reason = BackupsText::tr("%1 in %2 was passed over: it holds a control character")
                                 .arg(name, list)},
@@ -114,13 +144,14 @@ StringDictionary merged(StringDictionary present, const FolderHandle &backup, QS
     return present;
 }
 
-void restoreList(const FolderHandle &backup, QStringView list, BackupResult &result)
+void restoreList(const FolderHandle &backup, QStringView list, Mode mode, BackupResult &result)
 {
-    const auto present = site_list::readToChange(list);
+    const auto present = siteListToChange(list, mode);
     if (!present)
         return note(present.error(), result);
     const StringDictionary all = merged(present->sites, backup, list, result);
-    const Result<> written = all == present->sites ? Result<>() : site_list::write(list, all, present->bytes);
+    const bool isToBeWritten = all != present->sites && mode == Mode::Do;
+    const Result<> written = isToBeWritten ? site_list::write(list, all, present->bytes) : Result<>();
     if (written.isDone())
         result.copied += int(all.size() - present->sites.size());
     if (!written)
@@ -144,7 +175,7 @@ Result<> mayBeMade(const QString &to, QStringView extension, Existing existing)
         return refused(BackupsText::tr("there is no folder %1 to make it in").arg(place.path()));
     const QString path = QDir::cleanPath(parent + u'/' + place.fileName());
     const QString dataFolder = QFileInfo(mwqnAppSuppLoc).canonicalFilePath();
-    if (isInside(path, dataFolder) || isInside(dataFolder, path))
+    if (!dataFolder.isEmpty() && (isInside(path, dataFolder) || isInside(dataFolder, path)))
         return refused(BackupsText::tr("a backup cannot lie in the data folder nor hold it"));
     if (!place.exists() && !place.isSymLink())
         return {};
@@ -156,44 +187,49 @@ Result<> mayBeMade(const QString &to, QStringView extension, Existing existing)
     return {};
 }
 
-BackupResult backupTitles(const QString &to, Existing existing, const Progress &progress)
+BackupResult backupTitles(const QString &to, Existing existing, const Progress &progress, Mode mode)
 {
-    return run(*TitleTransfer::backup(to, existing), progress);
+    return run(*TitleTransfer::backup(to, existing, mode), progress);
 }
 
-BackupResult restoreTitles(const QString &from, const Progress &progress)
+BackupResult restoreTitles(const QString &from, const Progress &progress, Mode mode)
 {
-    return run(*TitleTransfer::restore(from), progress);
+    return run(*TitleTransfer::restore(from, mode), progress);
 }
 
-BackupResult backupAll(const QString &to, Existing existing)
+BackupResult backupAll(const QString &to, Existing existing, Mode mode)
 {
-    return run(*whole_backup::backup(to, existing), {});
+    return run(*whole_backup::backup(to, existing, mode), {});
 }
 
-BackupResult restoreAll(const QString &from)
+BackupResult restoreAll(const QString &from, Mode mode)
 {
-    return run(*whole_backup::restore(from), {});
+    return run(*whole_backup::restore(from, mode), {});
 }
 
-BackupResult backupSites(const QString &to, Existing existing)
+BackupResult backupSites(const QString &to, Existing existing, Mode mode)
 {
-    int entries = 0;
+    QList<BackupItem> items;
     bool isKnown = true;
     for (const QStringView list : siteLists) {
-        const auto sites = site_list::read(list);
-        entries += sites ? int(sites->size()) : 0;
+        const auto sites = siteList(list, mode);
+        for (const auto &[name, url] : sites.valueOr({}))
+            items.append(item(list, name, url));
         isKnown = isKnown && sites;
     }
-    if (entries == 0 && isKnown)
+    if (items.isEmpty() && isKnown)
         return {.outcome = BackupResult::Nothing, .sentence = translated("Backups", nothingToBackup)};
 
     BackupResult result{.outcome = BackupResult::Done, .sentence = translated("Backups", backupSucceeded)};
     const Result<> may = mayBeMade(to, sitesExtension, existing);
-    const Result<> made = may ? makeSitesBackup(to, existing) : may;
-    if (made.isDone())
-        result.copied = entries;
-    if (made)
+    const Result<> made = !may                   ? may
+                          : mode == Mode::TryOut ? copySiteLists(nullptr)
+                                                 : makeSitesBackup(to, existing);
+    if (made.isDone()) {
+        result.copied = int(items.size());
+        result.items = items;
+    }
+    if (made && mode == Mode::Do)
         removeAbandoned(QFileInfo(QFileInfo(to).absoluteFilePath()).path());
     if (!made) {
         note(made.error(), result);
@@ -203,7 +239,7 @@ BackupResult backupSites(const QString &to, Existing existing)
     return result;
 }
 
-BackupResult restoreSites(const QString &from)
+BackupResult restoreSites(const QString &from, Mode mode)
 {
     BackupResult result{.outcome = BackupResult::Done};
     const auto backup = FolderHandle::open(from);
@@ -213,7 +249,7 @@ BackupResult restoreSites(const QString &from)
     }
     for (const QStringView list : siteLists) {
         if (backup)
-            restoreList(*backup, list, result);
+            restoreList(*backup, list, mode, result);
     }
     if (result.fileFailed)
         result.sentence = BackupsText::tr("Not all changes to the site list were restored");

@@ -22,22 +22,23 @@ using Progress = std::function<bool(int done, int total)>;
 
 /// Makes the folder @p to of all titles: their three files byte for byte. The folder appears when it is
 /// complete, read back, compared and synced. Its parent must exist and not lie in the data folder.
-BackupResult backupTitles(const QString &to, Existing existing, const Progress &progress = {});
+BackupResult backupTitles(const QString &to, Existing existing, const Progress &progress = {},
+                          Mode mode = Mode::Do);
 
 /// Adds the titles of the backup @p from to the data folder. One whose name is there already is left as it
 /// is.
-BackupResult restoreTitles(const QString &from, const Progress &progress = {});
+BackupResult restoreTitles(const QString &from, const Progress &progress = {}, Mode mode = Mode::Do);
 
 /// Makes the folder @p to of the two site lists, byte for byte; also of one that is no list.
-BackupResult backupSites(const QString &to, Existing existing);
+BackupResult backupSites(const QString &to, Existing existing, Mode mode = Mode::Do);
 
 /// Adds the entries of the backup @p from to the two site lists; where both have a name, the present one
 /// stays. The sentence is empty when all of it is done.
-BackupResult restoreSites(const QString &from);
+BackupResult restoreSites(const QString &from, Mode mode = Mode::Do);
 
 /// Makes the folder @p to of everything, and brings back what is missing of it (whole_backup.h).
-BackupResult backupAll(const QString &to, Existing existing);
-BackupResult restoreAll(const QString &from);
+BackupResult backupAll(const QString &to, Existing existing, Mode mode = Mode::Do);
+BackupResult restoreAll(const QString &from, Mode mode = Mode::Do);
 
 /// Whether a backup may be made at @p to; else it is refused, with the reason.
 Result<> mayBeMade(const QString &to, QStringView extension, Existing existing);

@@ -46,6 +46,8 @@ bool isTitleFolder(const QByteArray &name)
 class Transfer : public TitleTransfer
 {
 public:
+    explicit Transfer(backups::Mode mode) : m_mode(mode) {}
+
     [[nodiscard]] int total() const override { return int(m_titles.size()); }
     [[nodiscard]] int done() const override { return int(m_next); }
 
@@ -66,11 +68,18 @@ protected:
         if (!folder)
             return folder.error();
         m_source.emplace(*std::move(folder));
+        if (isTrial())
+            return lookAt(parent);
         auto staged = StagedFolder::in(parent);
         if (!staged)
             return staged.error();
         m_staged.emplace(*std::move(staged));
         return {};
+    }
+
+    [[nodiscard]] Result<bool> isInParent(const QByteArray &name) const
+    {
+        return m_staged ? m_staged->parent().isThere(name) : m_parent ? m_parent->isThere(name) : false;
     }
 
     /// The names of the source's title folders; what only looks like one is noted.
@@ -90,6 +99,15 @@ protected:
                 noteTitlesInside(entry.name);
         }
         return found;
+    }
+
+    [[nodiscard]] bool isTrial() const { return m_mode == backups::Mode::TryOut; }
+
+    static BackupItem item(const QByteArray &title, bool isKept = false)
+    {
+        return {.kind = BackupItem::Title,
+                .name = exactText(title.chopped(title_folder::extension.size())),
+                .isKept = isKept};
     }
 
     virtual QByteArray stagedName(qsizetype place) const = 0;
@@ -114,14 +132,24 @@ protected:
     }
 
     std::optional<FolderHandle> m_source;
-    std::optional<StagedFolder> m_staged;
+    std::optional<StagedFolder> m_staged; ///< None in a trial.
     QList<QByteArray> m_titles;
     QList<qsizetype> m_copied; ///< Places in m_titles.
     Result<> m_state;          ///< An error when it makes no sense to go on.
     bool m_fileFailed = false; ///< Something could not be read or written, and the others went on.
 
 private:
-    /// Copies one title. What of it cannot be read is noted; the error is that of writing.
+    /// Opens the folder @p parent, which a trial may find missing.
+    Result<> lookAt(const QString &parent)
+    {
+        auto folder = FolderHandle::open(parent);
+        if (folder)
+            m_parent.emplace(*std::move(folder));
+        return folder || folder.isError(Error::Kind::Missing) ? Result<>() : folder.error();
+    }
+
+    /// Copies one title; a trial reads it only. What of it cannot be read is noted; the error is that of
+    /// writing.
     Result<> copyTitle(const QByteArray &name, const QByteArray &stagedName)
     {
         const auto from = m_source->openFolder(name);
@@ -130,9 +158,13 @@ private:
             return {};
         }
         noteTitlesInside(name);
-        const auto to = m_staged->folder().makeFolder(stagedName);
-        if (!to)
-            return Error{.path = exactText(name), .reason = to.error().reason};
+        std::optional<FolderHandle> to;
+        if (!isTrial()) {
+            auto made = m_staged->folder().makeFolder(stagedName);
+            if (!made)
+                return Error{.path = exactText(name), .reason = made.error().reason};
+            to.emplace(*std::move(made));
+        }
         for (const QStringView titleFile : titleFiles) {
             const QByteArray file = name + '/' + titleFile.toUtf8();
             const auto bytes = from->read(titleFile.toUtf8());
@@ -140,7 +172,8 @@ private:
                 note(file, TitleTransferText::tr("it is missing"));
             else if (!bytes)
                 noteFailure(file, bytes.error().reason);
-            else if (const Result<> written = to->write(titleFile.toUtf8(), *bytes); !written)
+            else if (const Result<> written = to ? to->write(titleFile.toUtf8(), *bytes) : Result<>();
+                     !written)
                 return Error{.path = exactText(file), .reason = written.error().reason};
         }
         m_copied.append(m_next - 1);
@@ -159,6 +192,8 @@ private:
         }
     }
 
+    const backups::Mode m_mode;
+    std::optional<FolderHandle> m_parent; ///< Of a trial, where it exists.
     qsizetype m_next = 0;
     QStringList m_notes;
 };
@@ -166,13 +201,17 @@ private:
 class TitleBackup final : public Transfer
 {
 public:
-    TitleBackup(const QString &to, backups::Existing existing)
-        : m_place(QDir::cleanPath(QFileInfo(to).absoluteFilePath())), m_existing(existing)
+    TitleBackup(const QString &to, backups::Existing existing, backups::Mode mode)
+        : Transfer(mode), m_place(QDir::cleanPath(QFileInfo(to).absoluteFilePath())), m_existing(existing)
     {
         m_state = backups::mayBeMade(to, backups::titlesExtension, existing);
         m_isRefused = !m_state;
         if (m_state)
             m_state = open(mwqnAppSuppLoc, QFileInfo(m_place).path());
+        if (isTrial() && !m_source && m_state.isError(Error::Kind::Missing)) { // It would have been made.
+            m_state = {};
+            return;
+        }
         auto found = m_state ? findTitles() : m_state.error();
         if (found)
             m_titles = *std::move(found);
@@ -190,7 +229,8 @@ public:
             m_state = put();
         if (!m_state)
             qCWarning(log).noquote() << backups::detail(m_state.error());
-        else // Only now: an older backup may still bear such a name while the new one is not safe.
+        else if (!isTrial()) // Only now: an older backup may still bear such a name while the new one is not
+                             // safe.
             removeAbandoned(QFileInfo(m_place).path());
         return result();
     }
@@ -203,6 +243,8 @@ private:
         const QString name = QFileInfo(m_place).fileName();
         if (m_copied.isEmpty())
             return Error{.path = m_place, .reason = TitleTransferText::tr("no title could be read")};
+        if (isTrial())
+            return {};
         // The older backup may hold what could not be read now.
         if (m_fileFailed && m_staged->parent().exists(QFile::encodeName(name)))
             return Error{
@@ -222,8 +264,11 @@ private:
             .sentence = translated("Backups", isWhole ? backups::backupSucceeded : backups::backupFailed),
             .details = details(),
             .fileFailed = !isWhole && !m_isRefused};
-        if (m_state.isDone())
+        if (m_state.isDone()) {
             result.copied = int(m_copied.size());
+            for (const qsizetype place : m_copied)
+                result.items.append(item(m_titles[place]));
+        }
         if (m_state.isDone() && m_fileFailed)
             result.informativeText =
                 TitleTransferText::tr("%1 holds what could be read, but not all").arg(m_place);
@@ -240,7 +285,7 @@ private:
 class TitleRestore final : public Transfer
 {
 public:
-    explicit TitleRestore(const QString &from)
+    TitleRestore(const QString &from, backups::Mode mode) : Transfer(mode)
     {
         m_state = open(from, mwqnAppSuppLoc);
         const auto found = m_state ? findTitles() : m_state.error();
@@ -249,7 +294,7 @@ public:
             return;
         }
         for (const QByteArray &title : *found) {
-            const Result<bool> isThere = m_staged->parent().isThere(title);
+            const Result<bool> isThere = isInParent(title);
             if (isThere)
                 (*isThere ? m_ignored : m_titles).append(title);
             else
@@ -259,20 +304,30 @@ public:
 
     BackupResult finish() override
     {
-        // Also when the last title could not be written: those that are whole come in.
-        if (!m_copied.isEmpty()) {
+        if (isTrial()) {
+            for (const qsizetype place : std::as_const(m_copied))
+                m_restored.append(m_titles[place]);
+        } else if (!m_copied
+                        .isEmpty()) { // Also when the last title could not be written: the others come in.
             if (const Result<> placed = place(); !placed && m_state)
                 m_state = placed;
             if (!m_restored.isEmpty())
                 keepOriginals();
         }
-        for (const QByteArray &title : std::as_const(m_ignored))
-            logImported(title);
+        QList<BackupItem> items;
+        for (const QByteArray &title : std::as_const(m_restored))
+            items.append(item(title));
+        for (const QByteArray &title : std::as_const(m_ignored)) {
+            items.append(item(title, true));
+            if (!isTrial())
+                logImported(title);
+        }
         return {.outcome = m_state ? BackupResult::Done : BackupResult::Failed,
                 .copied = m_imported,
                 .ignored = int(m_ignored.size()),
                 .sentence = sentence(),
                 .informativeText = explanation(),
+                .items = items,
                 .details = details(),
                 .fileFailed = m_fileFailed || !m_state};
     }
@@ -351,14 +406,15 @@ private:
 
 } // namespace
 
-std::unique_ptr<TitleTransfer> TitleTransfer::backup(const QString &to, backups::Existing existing)
+std::unique_ptr<TitleTransfer> TitleTransfer::backup(const QString &to, backups::Existing existing,
+                                                     backups::Mode mode)
 {
-    return std::make_unique<TitleBackup>(to, existing);
+    return std::make_unique<TitleBackup>(to, existing, mode);
 }
 
-std::unique_ptr<TitleTransfer> TitleTransfer::restore(const QString &from)
+std::unique_ptr<TitleTransfer> TitleTransfer::restore(const QString &from, backups::Mode mode)
 {
-    return std::make_unique<TitleRestore>(from);
+    return std::make_unique<TitleRestore>(from, mode);
 }
 
 } // namespace quillon

@@ -32,6 +32,7 @@ void add(const BackupResult &part, BackupResult &whole)
 {
     whole.copied += part.copied;
     whole.ignored += part.ignored;
+    whole.items += part.items;
     whole.details += part.details;
     whole.fileFailed = whole.fileFailed || part.fileFailed;
     if (part.outcome == BackupResult::Failed || part.outcome == BackupResult::Refused)
@@ -44,7 +45,7 @@ void add(const BackupResult &part, BackupResult &whole)
 void addJournal(const Result<> &part, BackupResult &whole)
 {
     if (part)
-        add({.outcome = BackupResult::Done}, whole);
+        add({.outcome = BackupResult::Done, .items = {{BackupItem::Extras, u"quillon.sqlite"_s}}}, whole);
     else if (!part.isError(Error::Kind::Missing))
         add({.outcome = BackupResult::Failed, .details = {backups::detail(part.error())}, .fileFailed = true},
             whole);
@@ -80,12 +81,16 @@ protected:
 class WholeBackup final : public Whole
 {
 public:
-    WholeBackup(const QString &to, backups::Existing existing)
-        : m_place(QDir::cleanPath(QFileInfo(to).absoluteFilePath())), m_existing(existing)
+    WholeBackup(const QString &to, backups::Existing existing, backups::Mode mode)
+        : m_place(QDir::cleanPath(QFileInfo(to).absoluteFilePath())), m_existing(existing), m_mode(mode)
     {
         m_state = backups::mayBeMade(to, extension, existing);
         m_isRefused = !m_state;
-        auto staged = m_state ? StagedFolder::in(QFileInfo(m_place).path()) : m_state.error();
+        if (m_state && isTrial())
+            m_titles = TitleTransfer::backup(inside(titlesName), backups::Existing::Replace, mode);
+        if (!m_state || isTrial())
+            return;
+        auto staged = StagedFolder::in(QFileInfo(m_place).path());
         if (!staged) {
             m_state = staged.error();
             return;
@@ -100,8 +105,13 @@ public:
                             .sentence = translated("Backups", backups::nothingToBackup)};
         if (m_state) {
             add(m_titles->finish(), result);
-            add(backups::backupSites(inside(sitesName), backups::Existing::Refuse), result);
-            addJournal(journal_copies::copyTo(inside(journalName)), result);
+            add(backups::backupSites(inside(sitesName),
+                                     isTrial() ? backups::Existing::Replace : backups::Existing::Refuse,
+                                     m_mode),
+                result);
+            addJournal(isTrial() ? journal_copies::canBeCopied()
+                                 : journal_copies::copyTo(inside(journalName)),
+                       result);
             if (result.outcome == BackupResult::Nothing)
                 return result;
             m_state = put(result.outcome == BackupResult::Failed);
@@ -120,16 +130,24 @@ public:
                         : failureLine(m_state.error());
         if (!isWhole)
             result.outcome = m_isRefused ? BackupResult::Refused : BackupResult::Failed;
-        else
+        else if (!isTrial())
             removeAbandoned(QFileInfo(m_place).path());
         return result;
     }
 
 private:
-    [[nodiscard]] QString inside(const QString &name) const { return m_staged->folder().path() + name; }
+    [[nodiscard]] bool isTrial() const { return m_mode == backups::Mode::TryOut; }
+
+    /// The place of a part; in a trial, which uses none, one that might be.
+    [[nodiscard]] QString inside(const QString &name) const
+    {
+        return (m_staged ? m_staged->folder().path() : QFileInfo(m_place).path()) + name;
+    }
 
     Result<> put(bool isIncomplete)
     {
+        if (isTrial())
+            return {};
         const QString name = QFileInfo(m_place).fileName();
         // The older backup may hold what could not be read now.
         if (isIncomplete && m_staged->parent().exists(QFile::encodeName(name)))
@@ -142,6 +160,7 @@ private:
 
     QString m_place;
     backups::Existing m_existing;
+    backups::Mode m_mode;
     std::optional<StagedFolder> m_staged;
     Result<> m_state; ///< An error when it makes no sense to go on.
     bool m_isRefused = false;
@@ -150,14 +169,18 @@ private:
 class WholeRestore final : public Whole
 {
 public:
-    explicit WholeRestore(const QString &from) : m_from(from)
+    WholeRestore(const QString &from, backups::Mode mode) : m_from(from), m_mode(mode)
     {
         // First: then it is known what the titles that come back came from.
         const auto isMissing = [](const QString &title) { return !title_folder::exists(title); };
-        const auto broughtIn = journal_copies::bringIn(from + journalName, isMissing);
-        addJournal(broughtIn ? Result<>() : broughtIn.error(), m_result);
+        if (mode == backups::Mode::TryOut) {
+            addJournal(journal_copies::canBeBroughtIn(from + journalName), m_result);
+        } else {
+            const auto broughtIn = journal_copies::bringIn(from + journalName, isMissing);
+            addJournal(broughtIn ? Result<>() : broughtIn.error(), m_result);
+        }
         if (isThere(from + titlesName, m_result))
-            m_titles = TitleTransfer::restore(from + titlesName);
+            m_titles = TitleTransfer::restore(from + titlesName, mode);
     }
 
     BackupResult finish() override
@@ -166,7 +189,7 @@ public:
             m_titles ? m_titles->finish() : BackupResult{.outcome = BackupResult::Nothing};
         add(titles, m_result);
         if (isThere(m_from + sitesName, m_result))
-            add(backups::restoreSites(m_from + sitesName), m_result);
+            add(backups::restoreSites(m_from + sitesName, m_mode), m_result);
         if (m_result.outcome == BackupResult::Nothing)
             return {.outcome = BackupResult::Failed,
                     .sentence = WholeBackupText::tr("%1 holds no backup").arg(m_from),
@@ -182,19 +205,20 @@ public:
 
 private:
     QString m_from;
+    backups::Mode m_mode;
     BackupResult m_result{.outcome = BackupResult::Nothing};
 };
 
 } // namespace
 
-std::unique_ptr<TitleTransfer> backup(const QString &to, backups::Existing existing)
+std::unique_ptr<TitleTransfer> backup(const QString &to, backups::Existing existing, backups::Mode mode)
 {
-    return std::make_unique<WholeBackup>(to, existing);
+    return std::make_unique<WholeBackup>(to, existing, mode);
 }
 
-std::unique_ptr<TitleTransfer> restore(const QString &from)
+std::unique_ptr<TitleTransfer> restore(const QString &from, backups::Mode mode)
 {
-    return std::make_unique<WholeRestore>(from);
+    return std::make_unique<WholeRestore>(from, mode);
 }
 
 } // namespace quillon::whole_backup
