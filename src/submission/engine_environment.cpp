@@ -34,6 +34,17 @@ void leaveOut(const char *variable)
     std::fprintf(stderr, "quillon: %s is ignored: it would open web pages to other programs.\n", variable);
 }
 
+/// Takes out of the environment what would open pages to other programs, or have another program run them.
+void closeToOthers()
+{
+    for (const char *variable : {processVariable, debuggingVariable}) {
+        if (qEnvironmentVariableIsSet(variable))
+            leaveOut(variable);
+    }
+    if (environmentSwitches().contains("remote-debugging"))
+        leaveOut(switchesVariable);
+}
+
 } // namespace
 
 void prepareEngineEnvironment()
@@ -43,16 +54,6 @@ void prepareEngineEnvironment()
         std::fprintf(stderr, "quillon: %s\n", qPrintable(warning));
     if (geteuid() == 0)
         qputenv(sandboxVariable, "1");
-}
-
-void closeToOthers()
-{
-    for (const char *variable : {processVariable, debuggingVariable}) {
-        if (qEnvironmentVariableIsSet(variable))
-            leaveOut(variable);
-    }
-    if (environmentSwitches().contains("remote-debugging"))
-        leaveOut(switchesVariable);
 }
 
 bool canMakeSandbox()

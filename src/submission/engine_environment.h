@@ -7,13 +7,9 @@
 namespace quillon {
 
 /// Readies the environment for the web engine, before it starts: takes out what would open pages to other
-/// programs, and for root the sandbox. Standard error says so, and also when another has taken the sandbox
-/// out.
+/// programs or have another program run them, and for root the sandbox. Standard error says so, and also when
+/// another has taken the sandbox out.
 void prepareEngineEnvironment();
-
-/// Takes out of the environment what would open pages to other programs, or have another program run them,
-/// and says so on standard error.
-void closeToOthers();
 
 /// Whether a process of this user's can make the sandbox that the engine puts pages into; where it cannot,
 /// and the sandbox is not switched off, the engine ends the whole program.

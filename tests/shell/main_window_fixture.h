@@ -68,7 +68,7 @@ protected:
         const QString text =
             QStringLiteral("<XML_DIZ_INFO><MASTER_PAD_VERSION_INFO></MASTER_PAD_VERSION_INFO><Program_Name>%1"
                            "</Program_Name><Program_Type>Freemium</Program_Type></XML_DIZ_INFO>");
-        put(path, text.arg(name).toUtf8());
+        put(path, text.arg(name.toHtmlEscaped()).toUtf8());
         return path;
     }
 };

@@ -61,10 +61,12 @@ protected:
     /// What is wrong in a window as it is shown, a line each.
     using Look = std::function<QStringList(QWidget &window)>;
 
+    QString name = QStringLiteral("A"); ///< Of the title that is there.
+
     void walkViews(const Look &faultsOf)
     {
         EXPECT_EQ(faultsOf(window()), QStringList()) << "without titles";
-        drop({padFile(QStringLiteral("A"))});
+        drop({padFile(name)});
         ASSERT_TRUE(eventually([] { return openWindow<QMessageBox>() != nullptr; }));
         EXPECT_EQ(faultsOf(*openWindow<QMessageBox>()), QStringList()) << "what is lost";
         answerAlert(Alert().defaultButton);
@@ -80,7 +82,7 @@ protected:
 
     void walkCommands(const Look &faultsOf)
     {
-        drop({padFile(QStringLiteral("A"))});
+        drop({padFile(name)});
         answerAlert(Alert().defaultButton);
         const QStringList others = QStringLiteral("quit Submit help bugReport updates").split(u' ');
         int opened = 0;

@@ -1,12 +1,15 @@
 #include "platform/plain_text.h"
 #include "platform/web_address.h"
 #include "submission/address_catcher.h"
+#include "submission/browser_loading.h"
 #include "submission/engine_environment.h"
 #include "submission/pop_up_window.h"
 #include "submission/web_engine_page.h"
 #include "submission/web_pages_fixture.h"
+#include "support/markup.h"
 #include "widgets/qt_desktop.h"
 
+#include <QSignalSpy>
 #include <QSslKey>
 #include <QSslServer>
 #include <QSslSocket>
@@ -97,13 +100,28 @@ TEST_F(WebPagesTest, PagesGetNothingFromTheDesktop)
 {
     QApplication::clipboard()->setText(u"secret"_s);
     server.serve(u"/worker.js"_s, {";", "text/javascript"});
+    const QString file = home() + u"/chosen.txt";
+    ASSERT_TRUE(put(file, "the author's"));
+    QTimer author; // Chooses the file for whoever asks; the engine waits for it, and with it this test.
+    QObject::connect(&author, &QTimer::timeout, &author, [&file] {
+        if (openWindow<QFileDialog>())
+            enterPath(file);
+    });
+    author.start(10);
     ASSERT_TRUE(open(u"/curious.html"_s));
     click(u"ask"_s);
-    for (const QString &what : {u"save"_s, u"clipboard"_s, u"execPaste"_s, u"file"_s, u"place"_s, u"camera"_s,
-                                u"notification"_s, u"fullscreen"_s, u"mouse"_s, u"screen"_s, u"midi"_s,
-                                u"quota"_s, u"program"_s, u"disk"_s, u"worker"_s})
+    for (const QString &what : {u"save"_s, u"write"_s, u"clipboard"_s, u"execPaste"_s, u"file"_s, u"place"_s,
+                                u"camera"_s, u"notification"_s, u"fullscreen"_s, u"mouse"_s, u"screen"_s,
+                                u"midi"_s, u"quota"_s, u"room"_s, u"program"_s, u"disk"_s, u"worker"_s})
         EXPECT_EQ(posted(what), u"refused"_s) << what;
     EXPECT_EQ(page().title(), u"Curious"_s);
+    EXPECT_EQ(contents(file), "the author's");
+
+    QWebEnginePage plain(page().profile()); // Goes wherever it is told to.
+    QSignalSpy ended(&plain, &QWebEnginePage::loadFinished);
+    plain.load(QUrl(u"web+form:x"_s));
+    EXPECT_TRUE(eventually([&] { return ended.count() > 0; }));
+    EXPECT_EQ(server.count(u"/handled?web%2Bform%3Ax"_s), 0) << "no page opens addresses of a kind";
 }
 
 TEST_F(WebPagesTest, AFrameFromElsewhereStoresNothing)
@@ -158,9 +176,10 @@ TEST_F(WebPagesTest, WhatPagesStoreIsBoundedAndCanBeCleared)
 
 TEST(WebEngineEnvironmentTest, OpensNoPagesToOthersAndHidesNoMissingSandbox)
 {
+    const QByteArray sandboxVariable = "QTWEBENGINE_DISABLE_SANDBOX";
     const struct
     {
-        const char *variable, *value;
+        QByteArray variable, value;
         bool stays, warns;
     } cases[] = {
         {"QTWEBENGINE_REMOTE_DEBUGGING", "9222", false, false},
@@ -169,20 +188,29 @@ TEST(WebEngineEnvironmentTest, OpensNoPagesToOthersAndHidesNoMissingSandbox)
         {"QTWEBENGINE_CHROMIUM_FLAGS", "--remote-deb\"ugging-pipe\"", false, false},
         {"QTWEBENGINE_CHROMIUM_FLAGS", "--disable-gpu", true, false},
         {"QTWEBENGINE_CHROMIUM_FLAGS", "--no\"-sandbox\"", true, true},
-        {"QTWEBENGINE_DISABLE_SANDBOX", "1", true, true},
+        {sandboxVariable, "1", true, true},
     };
-    const QByteArray before = qgetenv("QTWEBENGINE_DISABLE_SANDBOX");
-    qunsetenv("QTWEBENGINE_DISABLE_SANDBOX");
+    const QByteArray before = qgetenv(sandboxVariable.constData());
+    qunsetenv(sandboxVariable.constData());
     for (const auto &each : cases) {
-        qputenv(each.variable, each.value);
-        closeToOthers();
-        EXPECT_EQ(qEnvironmentVariableIsSet(each.variable), each.stays) << each.value;
+        qputenv(each.variable.constData(), each.value);
+        testing::internal::CaptureStderr();
+        prepareEngineEnvironment();
+        const QByteArray said = QByteArray::fromStdString(testing::internal::GetCapturedStderr());
+        if (each.variable != sandboxVariable)
+            qunsetenv(sandboxVariable.constData()); // For root it was set.
+        EXPECT_EQ(qEnvironmentVariableIsSet(each.variable.constData()), each.stays) << each.value;
+        EXPECT_EQ(said.contains(each.variable), !each.stays) << each.value;
+        EXPECT_EQ(said.contains("sandbox"), each.warns || geteuid() == 0) << each.value;
         EXPECT_EQ(sandboxWarning(false).isEmpty(), !each.warns) << each.value;
-        qunsetenv(each.variable);
+        qunsetenv(each.variable.constData());
     }
     EXPECT_FALSE(sandboxWarning(true).isEmpty());
     if (!before.isEmpty())
-        qputenv("QTWEBENGINE_DISABLE_SANDBOX", before);
+        qputenv(sandboxVariable.constData(), before);
+    qputenv("QTWEBENGINE_REMOTE_DEBUGGING", "9222");
+    (void)loadBrowserModule(browserModulePath());
+    EXPECT_FALSE(qEnvironmentVariableIsSet("QTWEBENGINE_REMOTE_DEBUGGING")) << "before the engine starts";
 }
 
 TEST_F(WebPagesTest, WindowsOpenForThePressesOfTheAuthorOnly)
@@ -195,13 +223,23 @@ TEST_F(WebPagesTest, WindowsOpenForThePressesOfTheAuthorOnly)
     filter->setFocus();
     EXPECT_TRUE(eventually([] { return ask(u"tries"_s).toInt() > 5; }));
     EXPECT_EQ(openWindow<PopUpWindow>(), nullptr);
+    EXPECT_EQ(ask(u"open('/form.html') === null"_s), true) << "the script gets none to write into either";
 
     ASSERT_TRUE(open(u"/windows.html"_s));
     click(u"text"_s);
-    ask(u"onclick = () => setTimeout(() => [1, 2, 3].forEach(() => open('/windows.html?again')), 300); 0"_s);
+    ask(u"onclick = () => { setTimeout(() => { again = open('/windows.html?again'); }, 300);"
+        "[1, 2].forEach(n => setTimeout(() => { document.links[0].href = '/form.html?' + n;"
+        "document.links[0].dispatchEvent(new MouseEvent('click', { ctrlKey: true })); }, 300 + 300 * n)); }; 0"_s);
     click(u"text"_s);
     filter->setFocus();
     ASSERT_TRUE(eventually([] { return openWindow<PopUpWindow>() != nullptr; }));
+    EXPECT_TRUE(eventually([&] {
+        return server.count(u"/form.html?1"_s) > 0 ||
+               visible<QLabel>(u"notice"_s)->text().contains(u"wanted to open a window");
+    }));
+    EXPECT_EQ(server.count(u"/form.html?1"_s), 0) << "one window for each press";
+    ask(u"again.focus(); 0"_s);
+    ask(u"0"_s, popUp);
     EXPECT_EQ(QApplication::focusWidget(), filter) << "what the author types in keeps the keyboard";
     ASSERT_TRUE(waitForPage(u"Windows", popUp));
     const QString host = unmistakableHost(QUrl(server.url({})));
@@ -214,6 +252,44 @@ TEST_F(WebPagesTest, WindowsOpenForThePressesOfTheAuthorOnly)
     EXPECT_FALSE(openWindow<PopUpWindow>()->frameGeometry().intersects(
         QRect(panel->mapToGlobal(QPoint()), panel->size())))
         << "the window lies beside the panel that it needs";
+}
+
+/// Names of strangers are plain text in the windows of pages.
+class PagesMarkupTest : public WebPagesTest
+{
+protected:
+    void prepare() override
+    {
+        WebPagesTest::prepare();
+        NotificationCenter::defaultCenter().addObserver(notification::mwqnPClSiL432ds, &m_names, [this] {
+            mwqnSCPreallSitesDict.insert_or_assign(markup, server.url(u"/form.html"_s));
+        });
+        makeTitle(markup, markup, u"1.0"_s, markup); // Which comes before the other one in the list.
+        writeTo(pathIn(markup, title_folder::padFile),
+                u"<XML_DIZ_INFO><Company_Name>&lt;b&gt;x</Company_Name></XML_DIZ_INFO>"_s);
+    }
+
+private:
+    QObject m_names;
+};
+
+TEST_F(PagesMarkupTest, IsNoneInTheSubmissionWindowAndItsDialogs)
+{
+    EXPECT_EQ(markupFaults(window()), QStringList());
+    for (const QString &id : {u"ledger"_s, u"siteNotes"_s, u"checkSites"_s, u"fillForm"_s}) {
+        window().findChild<QAction *>(id)->trigger();
+        for (QWidget *over : QApplication::topLevelWidgets()) {
+            if (over->isVisible() && over != &window()) {
+                EXPECT_EQ(markupFaults(*over), QStringList()) << id;
+                over->close();
+            }
+        }
+    }
+    server.serve(u"/offered"_s, {"x", "text/csv"});
+    ask(u"document.body.append(Object.assign(document.createElement('a'), { href: '/offered', "
+        "download: '<b>x', id: 'offer' })); document.getElementById('offer').click(); 0"_s);
+    EXPECT_TRUE(eventually([] { return visible<QLabel>(u"notice"_s)->text().contains(u"The page offers"); }));
+    EXPECT_EQ(markupFaults(window()), QStringList());
 }
 
 TEST_F(WebPagesTest, WhatAPageSaysIsNoMarkup)
@@ -240,9 +316,11 @@ TEST_F(WebPagesTest, WhatAPageSaysIsNoMarkup)
 TEST_F(WebPagesTest, APageThatDoesNotAnswerCanBeEnded)
 {
     ASSERT_TRUE(open(u"/windows.html"_s));
-    ask(u"setTimeout(() => { for (;;); }); 0"_s);
+    ask(u"setTimeout(() => { for (const end = Date.now() + 30000; Date.now() < end;); "
+        "document.title = 'Done'; }); 0"_s);
     auto *end = window().findChild<QPushButton *>(u"endPageButton"_s);
-    ASSERT_TRUE(eventually([end] { return end->isVisible(); }));
+    ASSERT_TRUE(eventually([end] { return end->isVisible() || page().title() == u"Done"; }));
+    ASSERT_NE(page().title(), u"Done") << "nothing was said meanwhile";
     QTest::mouseClick(end, Qt::LeftButton);
     ASSERT_TRUE(waitForPage(errorTitle));
     EXPECT_TRUE(pageText().contains(u"was ended"));

@@ -60,6 +60,7 @@ TEST_F(PastingTest, WhatIsCopiedElsewhereMeanwhileGoesNowhere)
 {
     const QString scripts[] = {
         u"setTimeout(block)"_s,
+        u"setTimeout(block); addEventListener('paste', event => { got = event.clipboardData.getData('text/plain'); })"_s,
         u"addEventListener('paste', block)"_s,
         u"addEventListener('beforeinput', block)"_s,
         u"addEventListener('paste', event => { block(); got = event.clipboardData.getData('text/plain'); })"_s,
@@ -105,6 +106,22 @@ TEST_F(PastingTest, AnotherDocumentReceivesNothing)
     press(u"companyNameButton"_s);
     EXPECT_TRUE(eventually([&] { return received() == u"Tom &amp; Sons"; }))
         << "and the next press works again";
+}
+
+TEST_F(PastingTest, APageThatAnswersTooLateReceivesNothing)
+{
+    ASSERT_TRUE(open(u"/paste"_s));
+    click(u"text"_s);
+    ask(u"setTimeout(() => { for (const end = Date.now() + 11000; Date.now() < end;); }); 0"_s);
+    QTest::qWait(100);
+    press(u"companyNameButton"_s);
+    ASSERT_TRUE(eventually([] { return notice().contains(u"did not answer"); }));
+    QApplication::clipboard()->setText(u"secret"_s);
+    received();
+    QTest::qWait(700);
+    EXPECT_EQ(received(), QString());
+    press(u"companyCityTownButton"_s);
+    EXPECT_TRUE(eventually([] { return received() == u"Leeds"; })) << "and the next press works again";
 }
 
 TEST_F(PastingTest, AFrameFromElsewhereGetsWhatTheAuthorClickedItFor)

@@ -61,8 +61,10 @@ TEST_F(WebPagesTest, TheServerOfThePageIsUnmistakable)
     for (const auto &[typed, shown] : cases) {
         visit(QString(typed).replace(u"%1"_s, QString::number(server.serverPort())));
         const QString wanted = QString(shown).replace(u"%1"_s, QString::number(server.serverPort()));
-        EXPECT_TRUE(eventually([&] { return host() == wanted && !page().isLoading(); }))
+        ASSERT_TRUE(eventually([&] { return host() == wanted && !page().isLoading(); }))
             << typed << ' ' << host();
+        EXPECT_EQ(address(), QString::fromLatin1(address().toLatin1()))
+            << "no look-alikes, nothing turned around";
     }
     ASSERT_TRUE(open(u"/windows.html"_s));
     const QString before = host();
@@ -73,6 +75,12 @@ TEST_F(WebPagesTest, TheServerOfThePageIsUnmistakable)
     ASSERT_TRUE(eventually([this] { return server.count(u"/slow"_s) == 1; }));
     EXPECT_EQ(host(), before) << "a page that says where it goes does not get there by that";
     EXPECT_TRUE(address().startsWith(u"http://localhost"));
+    Q_EMIT page().linkHovered(u"http://www.bank.example@pages.example/\u202emoc.knab"_s);
+    EXPECT_EQ(visible<QLabel>(u"notice"_s)->text(), u"http://pages.example/%E2%80%AEmoc.knab");
+    const QString ending = u".pages.localhost:%1"_s.arg(server.serverPort());
+    visit(u"http://www.bank.example."_s + QString(40, u'x') + ending);
+    EXPECT_TRUE(eventually([&] { return host().startsWith(u'\u2026') && host().endsWith(ending); }))
+        << host();
 }
 
 TEST_F(WebPagesTest, LoadsAreToldFromTheirBeginToTheirEnd)
@@ -151,8 +159,10 @@ TEST_F(WebPagesTest, OfferedFilesTakeThePlaceOfNoForm)
     server.serve(u"/late.csv"_s,
                  {QByteArray(4000, 'x'), "text/csv", "200 OK", {}, WebServer::Extent::HalfHeld});
     ASSERT_TRUE(open(u"/advert"_s));
-    EXPECT_TRUE(eventually([] { return visible<QLabel>(u"notice"_s)->text().contains(u"“program”"); }));
-    EXPECT_EQ(page().title(), u"Advert"_s) << "a frame's file";
+    EXPECT_TRUE(eventually([] {
+        return visible<QLabel>(u"notice"_s)->text().contains(u"“program”") || page().title() != u"Advert";
+    }));
+    ASSERT_EQ(page().title(), u"Advert"_s) << "a frame's file";
 
     QSignalSpy offered(page().profile(), &QWebEngineProfile::downloadRequested);
     visit(server.url(u"/late.csv"_s));
@@ -266,6 +276,7 @@ TEST_F(WebPagesTest, ADeadRendererIsAnErrorThatReloadingMends)
         ASSERT_GT(page().renderProcessPid(), 0);
         const QByteArray status = contents(u"/proc/%1/status"_s.arg(page().renderProcessPid()));
         EXPECT_TRUE(status.contains("Seccomp:\t2") || !sandboxWarning().isEmpty()) << status;
+        EXPECT_EQ(window().findChild<QLabel *>(u"pageWarning"_s)->isVisible(), !sandboxWarning().isEmpty());
         kill(pid_t(page().renderProcessPid()), SIGKILL);
         ASSERT_TRUE(waitForPage(errorTitle));
         EXPECT_TRUE(pageText().contains(u"ended unexpectedly"));
