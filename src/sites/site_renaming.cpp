@@ -83,9 +83,9 @@ Result<> renameMark(const QString &titleFolder, const QString &from, const QStri
 Result<> removePicture(const QString &path)
 {
     QFile file(path);
-    if (file.remove() || !file.exists())
-        return reported(path, {});
-    return reported(path, Error{.path = path, .reason = file.errorString()});
+    if (file.remove())
+        return reported(path, atomic_file::syncEntry(path));
+    return reported(path, file.exists() ? Error{.path = path, .reason = file.errorString()} : Result<>());
 }
 
 } // namespace

@@ -254,6 +254,12 @@ TEST_F(SiteEditing, PicturesFollowTheirSite)
         EXPECT_FALSE(renameSiteImage(u"B"_s, u"Full"_s, resources));
         EXPECT_TRUE(QFile::exists(images + u"B.png")) << "the only copy";
     }
+    {
+        const FaultPlan plan(images, "fsync@3=EIO");
+        EXPECT_TRUE(renameSiteImage(u"B"_s, u"New"_s, resources).isError(Error::Kind::NotYetSafe))
+            << "the end of the old one";
+    }
+    EXPECT_TRUE(renameSiteImage(u"New"_s, u"B"_s, resources));
     EXPECT_TRUE(renameSite(u"B"_s, u"A"_s));
     EXPECT_TRUE(QFile::exists(images + u"B.png")) << "no title can have the site marked";
     makeTitle(u"Any"_s);
