@@ -97,6 +97,51 @@ TEST_F(CliWithTitle, WithoutDescriptorsNothingIsMadeUp)
     }
 }
 
+/// With a command that reads a title.
+class CliReading : public CliWithTitle, public testing::WithParamInterface<const char *>
+{
+};
+
+TEST_P(CliReading, WhatFailsForAMomentLosesNothing)
+{
+    const QString commands = u"set T companyName=Acme|sites add Mine mine|mark T Mine"_s;
+    for (const QString &command : words(commands, u'|'))
+        ASSERT_EQ(statusOf(command), 0) << command;
+    const auto before = files();
+    const QStringList titleFiles = before.keys().filter(u"T.qndata/"_s);
+    const auto came = [&](const QString &file, const QString &rules) {
+        for (const QString &each : titleFiles)
+            EXPECT_TRUE(put(inData(each), before[each]));
+        const auto faults = faultEnvironment(inData(file), rules);
+        const CliResult result = runCli(home(), words(QString::fromLatin1(GetParam())), {}, {}, faults);
+        return std::pair(result.status, files());
+    };
+    const auto calm = came(titleFiles[0], u"open@99=EIO"_s);
+    const auto isKept = [&calm](const auto &files, const QString &file, const QByteArray &text) {
+        return files[file].contains(text) || !calm.second[file].contains(text);
+    };
+    int told = 0;
+    for (const QString &file : titleFiles) {
+        for (const QString &rule : words(u"open@%1=EMFILE read@%1=EIO"_s)) {
+            for (int turn = 1; turn <= 3; ++turn) {
+                const auto [status, files] = came(file, rule.arg(turn));
+                EXPECT_TRUE(isKept(files, u"T.qndata/data.qnxml"_s, "Acme")) << file << rule << turn;
+                EXPECT_TRUE(isKept(files, u"T.qndata/general.qnxmld"_s, "Mine")) << file << rule << turn;
+                EXPECT_TRUE(status == 4 || std::pair(status, files) == calm) << file << rule << turn;
+                told += status == 4 ? 1 : 0;
+            }
+        }
+    }
+    EXPECT_GE(told, 4) << "the faults were met";
+}
+
+INSTANTIATE_TEST_SUITE_P(Commands, CliReading,
+                         testing::Values("check T", "set T programVersion=2", "mark T Simtel",
+                                         "unmark T Mine"),
+                         [](const auto &command) {
+                             return std::string(command.param, std::strchr(command.param, ' '));
+                         });
+
 /// A failed sync behind a finished change is told by each command, and the change is there.
 TEST_F(CliWithTitle, WhatIsDoneButNotYetSafeIsSaidSo)
 {
@@ -243,6 +288,9 @@ TEST_F(Cli, AListThatIsNotWholeIsAnError)
         const CliResult result = runCli(copy.path(), {u"list"_s}, {}, u"lseek@%1=ENOENT"_s.arg(turn));
         EXPECT_TRUE(result.status == 0 && result.output.contains("Old\t")) << result.messages;
     }
+    const CliResult stopped = run(u"list"_s, u"rename=EIO"_s);
+    EXPECT_TRUE(stopped.status == 4 && stopped.messages.contains("Not stored: ")) << stopped.messages;
+    EXPECT_EQ(run(u"list"_s).messages, "") << "it could be moved now";
     for (const QString &printing : {u"list"_s, u"--help"_s, u"--version"_s}) {
         const CliResult full = runCli(home(), {printing}, u"/dev/full"_s);
         EXPECT_EQ(full.status, 4) << printing;

@@ -96,7 +96,8 @@ TEST_F(OverviewTest, AConversionThatWasKilledIsFinished)
             const auto list = loadTitles();
             EXPECT_TRUE(list && list->failures.isEmpty() && list->titles.size() == 1);
             EXPECT_EQ(contents(inData(u"Old.qndata/data.qnxml"_s)), "pad");
-            EXPECT_FALSE(QFile::exists(inData(u"Old/Old.qnxmld"_s)));
+            EXPECT_FALSE(QFile::exists(inData(u"Old/Old.qnxmld"_s)) ||
+                         QFile::exists(inData(u"Old/Old.qnxml"_s)));
             ASSERT_TRUE(AddDeleteImportEdit::deleteQnDataFile(u"Old"_s));
             QDir(inData(u"Old"_s)).removeRecursively();
         });

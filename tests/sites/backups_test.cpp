@@ -5,6 +5,7 @@
 #include "submission/data_folder_fixture.h"
 #include "support/faults.h"
 #include "support/full_disk.h"
+#include "support/kills.h"
 
 #include <fcntl.h>
 #include <functional>
@@ -250,11 +251,42 @@ TEST_F(Backups, ThatAreNotWholeNeverReplaceAnOlderOneNorCountAsDone)
     EXPECT_GE(failed, 12) << "each file, folder and list has had its turn";
     EXPECT_EQ(names(home()).size(), 2) << "nothing is left beside";
 
-    const FaultPlan plan(pathIn(u"A"_s, title_folder::padFile), "read=EIO");
-    const BackupResult partial = backupTitles(place(u"other.swback"_s), Existing::Replace);
+    const QString all = place(u"all.qnall"_s);
+    const auto whileUnreadable = [](const QString &to, auto backup) {
+        const FaultPlan plan(pathIn(u"A"_s, title_folder::padFile), "read=EIO");
+        return backup(to, Existing::Replace);
+    };
+    const auto titles = [](const QString &to, Existing existing) { return backupTitles(to, existing); };
+    const BackupResult partial = whileUnreadable(place(u"other.swback"_s), titles);
     EXPECT_TRUE(told(partial).startsWith("failed! 2+0"_L1)) << told(partial);
     EXPECT_EQ(names(place(u"other.swback/A.qndata"_s)), words(u"error.log general.qnxmld"_s));
     EXPECT_TRUE(partial.informativeText.contains(u"holds what could be read, but not all"));
+    EXPECT_EQ(whileUnreadable(all, backupAll).outcome, BackupResult::Failed);
+    ASSERT_TRUE(QDir(all).removeRecursively() && QDir().mkdir(all) && put(all + u"/old", "old"));
+    EXPECT_EQ(whileUnreadable(all, backupAll).outcome, BackupResult::Failed);
+    EXPECT_EQ(names(all), QStringList{u"old"_s});
+}
+
+TEST_F(Backups, LeaveTheOlderOneUntilTheNewOneIsWhole)
+{
+    makeTitle(u"A"_s);
+    storeLists(u"A=a", {});
+    for (const auto &[to, make] :
+         {std::pair(
+              place(), +[](const QString &to) { return backupTitles(to, Existing::Replace); }),
+          std::pair(
+              place(u"s.qnback"_s), +[](const QString &to) { return backupSites(to, Existing::Replace); })}) {
+        ASSERT_EQ(make(to).outcome, BackupResult::Done);
+        const QMap<QString, QByteArray> whole = tree(to);
+        const QMap<QString, QByteArray> older = {{u"old"_s, "old"}};
+        killedAtEachCall(
+            home(),
+            [&to] {
+                ASSERT_TRUE(QDir(to).removeRecursively() && QDir().mkdir(to) && put(to + u"/old", "old"));
+            },
+            [&] { (void)make(to); }, [&] { EXPECT_TRUE(tree(to) == older || tree(to) == whole) << to; });
+        EXPECT_EQ(tree(to), whole);
+    }
 }
 
 TEST_F(Backups, AndExportsClearAwayWhatAKillLeftBesideThemAnHourAgo)
@@ -267,6 +299,7 @@ TEST_F(Backups, AndExportsClearAwayWhatAKillLeftBesideThemAnHourAgo)
     const std::function<bool()> ways[] = {
         [&] { return backupTitles(place(), Existing::Replace).outcome == BackupResult::Done; },
         [&] { return backupSites(place(u"s.qnback"_s), Existing::Replace).outcome == BackupResult::Done; },
+        [&] { return backupAll(place(u"b.qnall"_s), Existing::Replace).outcome == BackupResult::Done; },
         [&] { return bool(title_operations::exportPadFile(u"A"_s, place(u"a.xml"_s))); }};
     for (const auto &way : ways) {
         for (const QString &name : QStringList{old[0]} + kept)
@@ -296,6 +329,13 @@ TEST_F(Backups, ThatAreNotYetSafeAreThereAndSaySo)
     EXPECT_TRUE(isTold(4, [&] { return backupSites(sites, Existing::Refuse); }));
     deleteTitles(u"A"_s);
     storeLists({}, {});
+    for (const auto &[rules, begin] :
+         {std::pair("fsync=EIO", "failed! 0+0"_L1), std::pair("rename=EIO", "done! 0+0"_L1)}) {
+        const FaultPlan plan(home(), rules);
+        const BackupResult unsafe = restoreTitles(place());
+        EXPECT_TRUE(told(unsafe).startsWith(begin) && unsafe.details.size() == 1) << told(unsafe);
+        EXPECT_EQ(names(mwqnAppSuppLoc).filter(u".qndata"_s), QStringList());
+    }
     EXPECT_TRUE(isTold(2, [&] { return restoreTitles(place()); }));
     EXPECT_TRUE(isTold(2, [&] { return restoreSites(sites); }));
     expectLists(u"A=a", {});

@@ -76,6 +76,12 @@ TEST_F(TitleStoreTest, ADataFolderThatCannotBeIsToldUntilItIsMended)
     EXPECT_EQ(contents(maker), "a file in its place");
 
     ASSERT_TRUE(QFile::remove(maker));
+    for (int list = 1; list <= 2; ++list) {
+        const FaultPlan plan(home(), failing("create", list, "ENOSPC"));
+        EXPECT_FALSE(Store::checkAppSuppExists()) << list;
+        ASSERT_TRUE(QDir(maker).removeRecursively());
+    }
+    mwqnFailedWrites.clear();
     EXPECT_TRUE(Store::checkAppSuppExists());
     EXPECT_TRUE(Store::createNewListing(u"T"_s));
     EXPECT_EQ(failedWritesLine(), QString());
