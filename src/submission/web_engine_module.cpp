@@ -12,7 +12,10 @@ namespace {
 class WebEngine final : public BrowserEngine
 {
 public:
-    WebEngine(const QString &folder, Desktop &desktop) : m_storage(folder), m_pastes(desktop) {}
+    WebEngine(const QString &folder, Desktop &desktop)
+        : m_folder(folder), m_storage(folder), m_pastes(desktop)
+    {
+    }
 
     WindowBrowser &newBrowser(const QString &name, BrowserObserver &observer) override
     {
@@ -28,11 +31,12 @@ public:
         return *browser;
     }
 
-    std::unique_ptr<Visitor> newVisitor() override { return std::make_unique<WebEngineVisitor>(); }
+    std::unique_ptr<Visitor> newVisitor() override { return std::make_unique<WebEngineVisitor>(m_folder); }
 
     Result<> clearStorage() override { return m_storage.clear(); }
 
 private:
+    QString m_folder; ///< Whatever an earlier run has left in it is cleared away by m_storage.
     WebEngineStorage m_storage;
     PasteQueue m_pastes;
 };

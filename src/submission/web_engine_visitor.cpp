@@ -3,6 +3,7 @@
 #include "submission/web_engine_page.h"
 #include "submission/web_engine_profile.h"
 
+#include <QDir>
 #include <QFile>
 #include <QWebEngineLoadingInfo>
 #include <QWebEngineProfile>
@@ -69,9 +70,17 @@ Visit seen(const QWebEngineDownloadRequest &file)
     return visit;
 }
 
+/// What the paths of folders for what is offered begin with, in @p folder, which is made.
+QString placesIn(const QString &folder)
+{
+    QDir().mkpath(folder);
+    return folder + u"/offered-"_s;
+}
+
 } // namespace
 
-WebEngineVisitor::WebEngineVisitor() : m_profile(newVisitProfile())
+WebEngineVisitor::WebEngineVisitor(const QString &folder)
+    : m_profile(newVisitProfile()), m_folder(placesIn(folder))
 {
     connect(m_profile.get(), &QWebEngineProfile::downloadRequested, this, &WebEngineVisitor::offered);
     m_patience.setSingleShot(true);
@@ -136,7 +145,9 @@ void WebEngineVisitor::offered(QWebEngineDownloadRequest *file)
         return;
     }
     m_settling.stop();
-    if (!m_folder.isValid()) { // It would go to the author's own downloads.
+    // The folder goes when what pages have stored is cleared; without it the author's own downloads would get
+    // the file.
+    if (!m_folder.isValid() || !QDir().mkpath(m_folder.path())) {
         file->cancel();
         tell(seen(*file));
         return;

@@ -22,7 +22,9 @@ class WebEngineVisitor final : public QObject, public Visitor
 {
     Q_OBJECT
 public:
-    WebEngineVisitor();
+    /// What is offered as a file is fetched to a folder in @p folder, which goes with this object. After a
+    /// kill it stays until whatever is in @p folder is cleared away.
+    explicit WebEngineVisitor(const QString &folder);
     ~WebEngineVisitor() override;
 
     void visit(const VisitRequest &request, Visited visited) override;

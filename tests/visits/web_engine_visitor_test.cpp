@@ -48,6 +48,7 @@ protected:
         TemporaryDataFolder::SetUp();
         const auto module = loadBrowserModule(browserModulePath());
         ASSERT_TRUE(module) << module.error().reason;
+        ASSERT_TRUE(QDir().mkpath(home() + u"/web/offered-123456")); // By a run that was killed.
         engine = (*module)->newEngine(home() + u"/web"_s, desktop);
         visitor = engine->newVisitor();
     }
@@ -67,6 +68,12 @@ protected:
 
 TEST_F(WebEngineVisitorTest, ItTellsWhatIsThereAndFetchesNothingElse)
 {
+    EXPECT_EQ(names(home() + u"/web").count(u"offered-123456"_s), 0);
+    const QString temporary = home() + u"/temporary";
+    ASSERT_TRUE(QDir().mkdir(temporary));
+    const QByteArray usual = qgetenv("TMPDIR");
+    qputenv("TMPDIR", QFile::encodeName(temporary));
+    visitor = engine->newVisitor();
     server.serve(u"/there"_s, {.body = {}, .status = "302 Found", .header = "Location: /heavy\r\n"});
     server.serve(u"/refresh"_s, {.body = "<meta http-equiv=refresh content='0; url=/heavy'>"});
     server.serve(u"/heavy"_s,
@@ -99,6 +106,8 @@ TEST_F(WebEngineVisitorTest, ItTellsWhatIsThereAndFetchesNothingElse)
         EXPECT_TRUE(std::ranges::any_of(cases, [&path](const auto &each) { return each.first == path; }))
             << path << " was fetched though nobody asked for it";
     EXPECT_EQ(server.cookies, 0);
+    EXPECT_EQ(names(temporary), QStringList()) << "a kill would leave it there";
+    usual.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", usual);
     server.close();
     EXPECT_EQ(visit({.address = server.url(u"/heavy"_s)}), u"net::ERR_CONNECTION_REFUSED");
 }
@@ -129,12 +138,10 @@ TEST_F(WebEngineVisitorTest, WhatComesOfAVisitThatWasGivenUpIsNoAnswerToTheNext)
     EXPECT_EQ(told, u"200 at /second.xml: <second/>");
 }
 
-TEST_F(WebEngineVisitorTest, WithoutATemporaryFolderNothingIsStoredElsewhere)
+TEST_F(WebEngineVisitorTest, WithoutAFolderForItNothingIsStoredElsewhere)
 {
-    const QByteArray folder = qgetenv("TMPDIR");
-    qputenv("TMPDIR", "/proc");
+    ASSERT_TRUE(QDir(home() + u"/web").removeRecursively() && put(home() + u"/web", "in its place"));
     visitor = engine->newVisitor();
-    folder.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", folder);
     server.serve(u"/tool.zip"_s, {.body = "zip", .type = "application/zip"});
     EXPECT_EQ(visit({.address = server.url(u"/tool.zip"_s), .wantsText = true}),
               u"200 at /tool.zip, a file of -1");
