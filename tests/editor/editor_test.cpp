@@ -339,7 +339,10 @@ TEST_F(EditorTest, NoReadThatFailsForAMomentLosesAnything)
     fillValidly(editor.form());
     editor.form().text(companyName).setText({});
     ASSERT_TRUE(put(path(title_folder::summaryFile), "<QN_SITES>A</QN_SITES><QN_VERSION>1</QN_VERSION>"));
+    editor.form().text(releaseDateDay).setText(u"99"_s); // Such a day keeps what was recorded of it.
+    ASSERT_TRUE(AddDeleteImportEdit::writeErrors({{u"releaseDateDay"_s, u"recorded"_s}}));
     editor.checkEntriesForErrors();
+    ASSERT_EQ(log().count(u"releaseDateDay"_s), 1U);
     const StringDictionary errors = log();
     const QString address = editor.form().value(primaryDownloadURL);
     bool isMet = true;

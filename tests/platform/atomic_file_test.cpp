@@ -74,6 +74,8 @@ TEST_F(AtomicFileTest, ReadsRegularFilesWithinTheBound)
          {std::pair(u"missing"_s, Missing), std::pair(u"f/below"_s, Missing), std::pair(u"."_s, Unreadable),
           std::pair(u"pipe"_s, Unreadable), std::pair(u"astray"_s, Unreadable)})
         EXPECT_TRUE(atomic_file::read(at(name)).isError(kind)) << name;
+    const FaultPlan plan(folder.path(), "open=EACCES");
+    EXPECT_TRUE(atomic_file::read(at(u"f"_s)).isError(Unreadable));
 }
 
 TEST_F(AtomicFileTest, ReplacesOnlyWhatWasRead)

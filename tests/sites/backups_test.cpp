@@ -251,19 +251,25 @@ TEST_F(Backups, ThatAreNotWholeNeverReplaceAnOlderOneNorCountAsDone)
     EXPECT_GE(failed, 12) << "each file, folder and list has had its turn";
     EXPECT_EQ(names(home()).size(), 2) << "nothing is left beside";
 
-    const QString all = place(u"all.qnall"_s);
-    const auto whileUnreadable = [](const QString &to, auto backup) {
+    const auto whileUnreadable = [](BackupResult (*backup)(const QString &), const QString &to) {
         const FaultPlan plan(pathIn(u"A"_s, title_folder::padFile), "read=EIO");
-        return backup(to, Existing::Replace);
+        return backup(to);
     };
-    const auto titles = [](const QString &to, Existing existing) { return backupTitles(to, existing); };
-    const BackupResult partial = whileUnreadable(place(u"other.swback"_s), titles);
+    const auto titles = [](const QString &to) { return backupTitles(to, Existing::Replace); };
+    const BackupResult partial = whileUnreadable(titles, place(u"other.swback"_s));
     EXPECT_TRUE(told(partial).startsWith("failed! 2+0"_L1)) << told(partial);
     EXPECT_EQ(names(place(u"other.swback/A.qndata"_s)), words(u"error.log general.qnxmld"_s));
     EXPECT_TRUE(partial.informativeText.contains(u"holds what could be read, but not all"));
-    EXPECT_EQ(whileUnreadable(all, backupAll).outcome, BackupResult::Failed);
+    EXPECT_TRUE(
+        partial.details.join(u'\n').contains(u"A.qndata/data.qnxml was passed over: it cannot be read"));
+
+    const auto everything = [](const QString &to) { return backupAll(to, Existing::Replace); };
+    const QString all = place(u"all.qnall"_s);
+    const BackupResult incomplete = whileUnreadable(everything, all);
+    EXPECT_EQ(incomplete.outcome, BackupResult::Failed);
+    EXPECT_EQ(incomplete.sentence, theBackupFailed);
     ASSERT_TRUE(QDir(all).removeRecursively() && QDir().mkdir(all) && put(all + u"/old", "old"));
-    EXPECT_EQ(whileUnreadable(all, backupAll).outcome, BackupResult::Failed);
+    EXPECT_EQ(whileUnreadable(everything, all).outcome, BackupResult::Failed);
     EXPECT_EQ(names(all), QStringList{u"old"_s});
 }
 
