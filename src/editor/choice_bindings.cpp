@@ -61,6 +61,14 @@ void FieldComboBox::showControl()
     setEditText(m_control.title());
     lineEdit()->setCursorPosition(0);
     lineEdit()->setToolTip(plainToolTip(m_control.title())); // Long categories do not fit.
+    describe(accessibleDescription());
+}
+
+void FieldComboBox::describe(const QString &text)
+{
+    setAccessibleDescription(text);
+    lineEdit()->setAccessibleDescription(text.isEmpty() ? m_control.title()
+                                                        : text); // Not the tool tip's markup.
 }
 
 void FieldComboBox::choose(int index)

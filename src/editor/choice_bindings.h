@@ -18,6 +18,9 @@ class FieldComboBox : public QComboBox
 public:
     FieldComboBox(Editor &editor, FieldId field, QWidget *parent = nullptr);
 
+    /// Has screen readers tell @p text of the box, and of its line, which has the keyboard.
+    void describe(const QString &text);
+
 protected:
     void wheelEvent(QWheelEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;

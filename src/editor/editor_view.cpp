@@ -310,7 +310,10 @@ void EditorView::showErrors()
         const QString description = message.isEmpty() ? hint : message;
         if (each.value()->accessibleDescription() == description)
             continue;
-        each.value()->setAccessibleDescription(description);
+        if (auto *box = qobject_cast<FieldComboBox *>(each.value()))
+            box->describe(description);
+        else
+            each.value()->setAccessibleDescription(description);
         each.value()->setToolTip(plainToolTip(message));
     }
 }

@@ -157,10 +157,12 @@ QWidget *MatrixWindow::newTable()
     titles->setFixedWidth(titleWidth * digit);
     titles->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     titles->setHighlightSections(true);
+    titles->setTextElideMode(Qt::ElideRight);
     QHeaderView *sites = m_table->horizontalHeader();
     sites->setDefaultSectionSize(cellWidth * digit);
     sites->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     sites->setSectionsClickable(true);
+    sites->setTextElideMode(Qt::ElideRight);
     connect(sites, &QHeaderView::sectionClicked, this, &MatrixWindow::showSort);
     connect(m_table, &QTableView::activated, this, &MatrixWindow::choose);
     connect(m_table, &QTableView::clicked, this, [this](const QModelIndex &index) {

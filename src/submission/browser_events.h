@@ -18,6 +18,7 @@ public:
     void browserLoadFailed(const QString &description) override { Q_EMIT loadFailed(description); }
     void browserCloseRequested() override { Q_EMIT closeRequested(); }
     void browserNotice(const QString &text) override { Q_EMIT notice(text); }
+    void browserPasted(const QString &text) override { Q_EMIT pasted(text); }
 
 Q_SIGNALS:
     void stateChanged();
@@ -25,6 +26,7 @@ Q_SIGNALS:
     void loadFailed(const QString &description);
     void closeRequested();
     void notice(const QString &text);
+    void pasted(const QString &text);
 };
 
 } // namespace quillon

@@ -29,6 +29,8 @@ public:
     virtual void browserCloseRequested() = 0;
     /// Something that the author should know, in a sentence; empty when it no longer holds.
     virtual void browserNotice(const QString &text) = 0;
+    /// @p text has been pasted, and stands in the field as far as the page lets that be read.
+    virtual void browserPasted(const QString &text) = 0;
 };
 
 /// A browser with its widget, and what a window around it asks of it. It begins with an empty page, and goes

@@ -1,6 +1,6 @@
 #include "submission/host_label.h"
 
-#include "platform/plain_text.h"
+#include "widgets/plain_tool_tip.h"
 
 using namespace Qt::StringLiterals;
 
@@ -28,7 +28,7 @@ void HostLabel::setHost(const QString &host)
     const int width = longestHost * fontMetrics().horizontalAdvance(u'x');
     setText(fontMetrics().elidedText(host, Qt::ElideLeft, width));
     setAccessibleName(tr("Server of the page: %1").arg(host));
-    setToolTip(plainToolTip(host));
+    setPlainToolTip(*this, host);
     setVisible(!host.isEmpty());
 }
 

@@ -1,5 +1,6 @@
 #include "submission/load_status_row.h"
 
+#include "platform/plain_text.h"
 #include "submission/activity_indicator.h"
 #include "submission/page_load.h"
 #include "submission/prog_view.h"
@@ -37,6 +38,7 @@ LoadStatusRow::LoadStatusRow(PageLoad &load, QWidget *parent)
     layout->addWidget(m_webViewLoadProgress);
 
     connect(bar, &ProgView::resized, &load, &PageLoad::windowDidResize);
+    connect(&load, &PageLoad::ended, this, &LoadStatusRow::sayEnd);
     connect(&load, &PageLoad::loadStateChanged, this, &LoadStatusRow::showLoadState);
 }
 
@@ -44,6 +46,18 @@ void LoadStatusRow::showNotice(const QString &text)
 {
     m_notice->setText(text);
     announce(*m_notice, text);
+}
+
+void LoadStatusRow::sayPasted(const QString &text)
+{
+    static constexpr qsizetype longest = 60; // UTF-16 units.
+    announce(*m_notice, tr("Pasted: %1").arg(visibleLine(text, longest)));
+}
+
+void LoadStatusRow::sayEnd(const QString &failure)
+{
+    announce(*m_notice, failure.isEmpty() ? tr("Loading has ended.")
+                                          : tr("The page could not be loaded. %1").arg(failure));
 }
 
 void LoadStatusRow::showWarning(const QString &text)

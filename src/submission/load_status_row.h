@@ -21,11 +21,15 @@ public:
     /// Shows @p text in one line, in place of what was there; empty for nothing.
     void showNotice(const QString &text);
 
+    /// Has screen readers say that @p text was pasted; others see it in the page.
+    void sayPasted(const QString &text);
+
     /// Shows @p text, which holds for every page, for good; empty for nothing.
     void showWarning(const QString &text);
 
 private:
     void showLoadState();
+    void sayEnd(const QString &failure);
 
     PageLoad &m_load;
     ElidedLabel *m_notice;

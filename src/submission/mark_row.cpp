@@ -44,6 +44,9 @@ MarkRow::MarkRow(SubmitControl &control, const CommandSet &commands, QWidget *pa
 
     connect(&control.sites(), &SubmissionSites::textsChanged, this, &MarkRow::showTexts);
     connect(&control, &SubmitControl::hindranceChanged, this, &MarkRow::showTexts);
+    connect(&control, &SubmitControl::markChanged, this, [this](bool isMarked) {
+        announce(*this, isMarked ? tr("Marked as submitted.") : tr("The mark is removed."));
+    });
     showTexts();
 }
 

@@ -8,6 +8,8 @@
 #include "submission/load_error_page.h"
 #include "submission/load_progress.h"
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace quillon {
@@ -52,8 +54,10 @@ void PageLoad::didStartProvisionalLoad()
 
 void PageLoad::didFinishLoad()
 {
-    m_showsErrorPage = false;
+    const bool wasErrorPage = std::exchange(m_showsErrorPage, false);
     endLoad();
+    if (!wasErrorPage)
+        Q_EMIT ended({});
 }
 
 void PageLoad::didFailLoad(const QString &description)
@@ -63,6 +67,8 @@ void PageLoad::didFailLoad(const QString &description)
     if (m_showsErrorPage)
         m_qnWebView.loadHtml(loadErrorPage(description), m_urlField);
     endLoad();
+    if (m_showsErrorPage)
+        Q_EMIT ended(description);
 }
 
 void PageLoad::endLoad()

@@ -50,6 +50,8 @@ Q_SIGNALS:
     /// continueViewUpdate() or webViewLoadProgress() may have changed.
     void loadStateChanged();
     void urlFieldChanged();
+    /// What was asked for is there or was stopped, or it failed, with the reason.
+    void ended(const QString &failure);
     /// Put the keyboard focus into the table of sites.
     void focusSitesTable();
 

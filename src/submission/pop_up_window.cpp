@@ -6,6 +6,7 @@
 #include "submission/host_label.h"
 #include "submission/load_error_page.h"
 #include "submission/submit_control.h"
+#include "widgets/plain_tool_tip.h"
 
 #include <QAction>
 #include <QApplication>
@@ -122,7 +123,7 @@ void PopUpWindow::showAddress()
 {
     m_host->setHost(m_browser.host());
     m_address->setText(m_browser.currentUrl());
-    m_address->setToolTip(plainToolTip(m_browser.currentUrl()));
+    setPlainToolTip(*m_address, m_browser.currentUrl());
 }
 
 void PopUpWindow::showTitle()

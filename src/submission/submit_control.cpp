@@ -211,6 +211,8 @@ void SubmitControl::changeMark(Result<> (*change)(const QString &site), bool isM
     if (changed.isDone())
         m_sites.setMarkSubmittedButtonTitle(isMarkedThen);
     NotificationCenter::defaultCenter().post(notification::mwqnOvLSlst);
+    if (changed)
+        Q_EMIT markChanged(isMarkedThen);
 }
 
 void SubmitControl::windowWillClose()

@@ -85,6 +85,8 @@ Q_SIGNALS:
     void hindranceChanged();
     /// The author has selected a site, or was led to one.
     void siteChosen();
+    /// The mark of the selected site was set, or removed.
+    void markChanged(bool isMarked);
     /// Make sure that the drawer with the sites is open.
     void openSitesDrawer();
     /// Bring the window of popUpWebView to the front, or hide it.

@@ -129,8 +129,10 @@ void SubmitWindow::connectControl()
     connect(control, &SubmitControl::hindranceChanged, this, &SubmitWindow::showStates);
     connect(&control->sites(), &SubmissionSites::textsChanged, this, &SubmitWindow::showStates);
     connect(&control->sites(), &SubmissionSites::selectedRowChanged, this, &SubmitWindow::showStates);
-    for (BrowserEvents *events : {m_events, &m_popUpBrowserWindow->events()})
+    for (BrowserEvents *events : {m_events, &m_popUpBrowserWindow->events()}) {
         connect(events, &BrowserEvents::notice, m_statusRow, &LoadStatusRow::showNotice);
+        connect(events, &BrowserEvents::pasted, m_statusRow, &LoadStatusRow::sayPasted);
+    }
     connect(&control->fieldCopyPanel(), &FieldCopyPanel::nothingPasted, m_statusRow,
             &LoadStatusRow::showNotice);
     connect(m_events, &BrowserEvents::stateChanged, m_commands, &CommandSet::update);

@@ -54,6 +54,7 @@ void WebEngineBrowser::connectParts()
         m_pasting.documentCame();
     });
     connect(&m_pasting, &WebEnginePasting::notice, this, &WebEngineBrowser::notice);
+    connect(&m_pasting, &WebEnginePasting::pasted, this, &WebEngineBrowser::pasted);
     connect(&m_watch, &WebEngineWatch::hangChanged, m_hangBar, &QWidget::setVisible);
     connect(&m_watch, &WebEngineWatch::looked, &m_storage, &WebEngineStorage::look);
     connect(&m_storage, &WebEngineStorage::cleared, this, &WebEngineBrowser::storageCleared);

@@ -64,6 +64,7 @@ Q_SIGNALS:
     void loadFailed(const QString &description);
     void closeRequested();
     void notice(const QString &text);
+    void pasted(const QString &text);
 
 protected:
     void showEvent(QShowEvent *event) override;

@@ -28,6 +28,7 @@ public:
         tell(&WebEngineBrowser::loadFailed, &BrowserObserver::browserLoadFailed);
         tell(&WebEngineBrowser::closeRequested, &BrowserObserver::browserCloseRequested);
         tell(&WebEngineBrowser::notice, &BrowserObserver::browserNotice);
+        tell(&WebEngineBrowser::pasted, &BrowserObserver::browserPasted);
         return *browser;
     }
 

@@ -245,8 +245,11 @@ void WebEnginePasting::finish()
     ++m_command;
     ++m_reading;
     Q_EMIT notice(m_outcome);
-    if (m_isAllowed && m_isReadable && m_outcome.isEmpty())
+    const bool isPasted = m_isAllowed && m_outcome.isEmpty();
+    if (isPasted && m_isReadable)
         lookAgain({}, 0);
+    else if (isPasted)
+        Q_EMIT pasted(m_text);
     if (const auto done = std::exchange(m_done, {}))
         done();
 }
@@ -255,8 +258,6 @@ void WebEnginePasting::finish()
 /// author was told of it at the look before.
 void WebEnginePasting::lookAgain(const QString &told, int look)
 {
-    if (size_t(look) == looks.size())
-        return;
     const auto ifStillLast = [this, number = m_reading](auto act) {
         return [this, number, act](const auto &...given) {
             if (number == m_reading && m_page)
@@ -268,7 +269,10 @@ void WebEnginePasting::lookAgain(const QString &told, int look)
         const QString sentence = reading ? readBackNotice(*reading, text) : told;
         if (sentence != told)
             Q_EMIT notice(sentence);
-        lookAgain(sentence, look + 1);
+        if (size_t(look) + 1 < looks.size())
+            lookAgain(sentence, look + 1);
+        else if (sentence.isEmpty())
+            Q_EMIT pasted(text);
     });
     QTimer::singleShot(looks[size_t(look)], this, ifStillLast([this, take] { m_page->ask(readBack, take); }));
 }

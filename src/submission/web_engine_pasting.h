@@ -75,6 +75,8 @@ public:
 Q_SIGNALS:
     /// What became of a paste, in a sentence; empty when all went well.
     void notice(const QString &text);
+    /// @p text has been pasted, and stands in the field as far as that can be read.
+    void pasted(const QString &text);
 
 private:
     enum class State

@@ -1,5 +1,6 @@
 #include "shell/window_walk.h"
 #include "store/error_tracking.h"
+#include "support/listener.h"
 #include "widgets/validation_palette.h"
 
 #include <QDateEdit>
@@ -102,25 +103,6 @@ TEST(Colours, WhichTabIsOnShowAndWhereOneScrollsIsSeenOnEveryGround)
         EXPECT_GE(difference(bar, [&] { bar.setValue(bar.maximum()); }), 1.25) << look.name;
     }
 }
-
-/// What screen readers are told to say, as long as it lives.
-class Listener : public QObject
-{
-public:
-    Listener() { qApp->installEventFilter(this); }
-    QStringList said;
-
-protected:
-    bool eventFilter(QObject *watched, QEvent *event) override
-    {
-        if (event->type() == QEvent::Show && watched->objectName() == u"announcement") {
-            auto *interface = QAccessible::queryAccessibleInterface(watched);
-            EXPECT_EQ(interface->role(), QAccessible::Notification);
-            said.append(interface->text(QAccessible::Name));
-        }
-        return false;
-    }
-};
 
 /// The program as somebody has it who does not see its colours, or hears what it says.
 class ReadabilityTest : public MainWindowTest

@@ -1,6 +1,7 @@
 #include "platform/web_address.h"
 #include "submission/pop_up_window.h"
 #include "submission/submit_window_fixture.h"
+#include "support/listener.h"
 
 /// Where values go that the panel pastes, and where not.
 class PastingTest : public SubmitWindowTest
@@ -225,11 +226,14 @@ TEST_F(PastingTest, WhatAFieldMakesOfAValueIsTold)
             }));
         else
             click(u"field"_s);
+        const Listener listener;
         press(each.button);
-        if (each.notice.isEmpty())
-            QTest::qWait(900);
-        EXPECT_TRUE(eventually([&] { return each.notice.isEmpty() || notice().contains(each.notice); }))
-            << each.field.toStdString() << ": " << notice().toStdString();
+        EXPECT_TRUE(eventually([&] {
+            return each.notice.isEmpty() ? listener.said.join(u'|').startsWith(u"Pasted: ")
+                                         : notice().contains(each.notice);
+        })) << each.field.toStdString()
+            << ": " << notice().toStdString();
+        EXPECT_NE(listener.said.contains(notice()), each.notice.isEmpty()) << listener.said.join(u'|');
         EXPECT_TRUE(!each.notice.isEmpty() || notice().isEmpty())
             << each.field.toStdString() << ": " << notice().toStdString();
     }

@@ -4,6 +4,7 @@
 #include "submission/submission_sites_table.h"
 #include "submission/submit_window_fixture.h"
 #include "support/accessibility.h"
+#include "support/listener.h"
 
 #include <QFileDialog>
 #include <QHeaderView>
@@ -173,6 +174,7 @@ TEST_F(SubmitWindowTest, SitesAreFoundSelectedAndMarked)
     EXPECT_EQ(table->currentIndex().data(), u"Beta"_s);
 
     const qsizetype loads = server.count(u"/windows.html"_s);
+    const Listener listener;
     QTest::mouseClick(remove, Qt::LeftButton);
     EXPECT_EQ(mark->text(), u"Mark As Submitted"_s);
     EXPECT_FALSE(contentOf(pathIn(u"Mine"_s, title_folder::summaryFile)).contains(u"Beta"));
@@ -182,6 +184,9 @@ TEST_F(SubmitWindowTest, SitesAreFoundSelectedAndMarked)
     EXPECT_EQ(table->model()->index(1, SubmissionSitesTable::Status).data(Qt::AccessibleTextRole),
               u"Submitted at the current version"_s);
     EXPECT_EQ(server.count(u"/windows.html"_s), loads) << "the page stays";
+    QStringList said = listener.said;
+    said.removeAll(u"Loading has ended."_s); // Of the page before.
+    EXPECT_EQ(said, QStringList({u"The mark is removed."_s, u"Marked as submitted."_s}));
 }
 
 TEST_F(SubmitWindowTest, ClosingStopsAndReopeningBringsItBack)

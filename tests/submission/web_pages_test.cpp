@@ -2,6 +2,7 @@
 #include "submission/pop_up_window.h"
 #include "submission/web_engine_page.h"
 #include "submission/web_pages_fixture.h"
+#include "support/listener.h"
 
 #include <QSignalSpy>
 #include <QWebEngineProfile>
@@ -30,13 +31,18 @@ TEST_F(WebPagesTest, WhatCannotBeLoadedShowsTheErrorPage)
         {u"http://"_s, u"not one of the web"_s},
     };
     for (const auto &[typed, reason] : cases) {
+        const Listener listener;
         visit(typed);
         ASSERT_TRUE(waitForPage(errorTitle)) << typed;
         EXPECT_TRUE(pageText().contains(u"An error occurred while loading the page")) << typed;
         EXPECT_TRUE(pageText().contains(reason)) << pageText();
         EXPECT_EQ(address(), typed) << "the address that failed stays in sight";
         EXPECT_TRUE(eventually([] { return !isBusy(); }));
+        const QString said = listener.said.value(listener.said.size() - 1);
+        EXPECT_TRUE(said.startsWith(u"The page could not be loaded. ") && said.contains(reason))
+            << said << ": that the error's page is there is no news";
         ASSERT_TRUE(open(u"/frames.html"_s));
+        EXPECT_TRUE(eventually([&] { return listener.said.last() == u"Loading has ended."; }));
     }
     visit(server.url(u"/missing"_s));
     EXPECT_TRUE(eventually([] { return pageText().contains(u"No such page"); }))

@@ -35,14 +35,27 @@ inline QStringList deadMnemonics(const QWidget &window)
     return faults;
 }
 
+/// The widgets in @p window of which a screen reader would read out markup, a line each.
+inline QStringList markupTold(const QWidget &window)
+{
+    QStringList faults;
+    for (QWidget *widget : window.findChildren<QWidget *>()) {
+        const QAccessibleInterface *told = QAccessible::queryAccessibleInterface(widget);
+        if (told && widget->isVisible() &&
+            told->text(QAccessible::Description).contains(QLatin1String("<span")))
+            faults.append(nameForPeople(*widget) + QStringLiteral(" is described by markup"));
+    }
+    return faults;
+}
+
 /// What a screen reader's user cannot make out in @p window as it is shown, a line each: a widget that takes
 /// the focus and has no name, or another than it was given, or no role, or the name of another one. And what
-/// leads nowhere by its letter.
+/// leads nowhere by its letter, or is described by markup.
 ///
 ///     EXPECT_EQ(accessibilityFaults(window()), QStringList());
 inline QStringList accessibilityFaults(const QWidget &window)
 {
-    QStringList faults = deadMnemonics(window);
+    QStringList faults = deadMnemonics(window) + markupTold(window);
     QHash<QString, QString> known;
     for (QWidget *widget : window.findChildren<QWidget *>()) {
         if (!canBeStop(*widget, window))
