@@ -117,6 +117,11 @@ QString failureLine(const Error &error)
     return line(StorageStatusText::tr("Not stored"));
 }
 
+QString failureSentence(const Error &error)
+{
+    return error.kind == Error::Kind::Refused ? error.reason : failureLine(error);
+}
+
 QString failedWritesLine()
 {
     return lineOf(mwqnFailedWrites);

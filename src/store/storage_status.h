@@ -34,6 +34,9 @@ void forgetFailures(const QString &path);
 /// What the author should know of @p error, one line.
 QString failureLine(const Error &error);
 
+/// The same; of a refusal the reason alone, which is a sentence already.
+QString failureSentence(const Error &error);
+
 /// What the author should know of all that is not as it should be on the disk, one line; empty when
 /// everything is stored.
 QString failedWritesLine();

@@ -68,8 +68,8 @@ public:
 
     using FormAnswer = std::function<void(const QVariant &)>;
     /// Has the script that fills forms do @p task with @p values, in the page that paste() pastes into, and
-    /// gives @p answer what it tells; nothing valid when that page is gone. Never before this has returned,
-    /// and not at all when the browser goes first.
+    /// gives @p answer what it tells; nothing valid when the page is left meanwhile. Never before this has
+    /// returned, and not at all when the browser goes, or begins anew, first.
     virtual void runFormTask(const QString &task, const QVariantList &values, FormAnswer answer) = 0;
 
     virtual void goBack() = 0;

@@ -55,6 +55,15 @@ void shareOpenGlContext()
     });
 }
 
+Error engineIsMissing(const QString &path)
+{
+    return {Error::Kind::Missing, path,
+            BrowserLoadingText::tr(
+                "Pages cannot be shown without the web engine: install the package %1 and press Submit "
+                "again.")
+                .arg(enginePackage)};
+}
+
 Error cannotLoad(const QString &path, const QString &reason)
 {
     if (!QFileInfo::exists(path))
@@ -63,11 +72,7 @@ Error cannotLoad(const QString &path, const QString &reason)
                     "Pages cannot be shown, because a part of Quillon is missing: install the package "
                     "quillon-browser, or all of Quillon again, and press Submit again.")};
     if (reason.contains(u"libQt6WebEngine"))
-        return {Error::Kind::Missing, path,
-                BrowserLoadingText::tr(
-                    "Pages cannot be shown without the web engine: install the package %1 and press Submit "
-                    "again.")
-                    .arg(enginePackage)};
+        return engineIsMissing(path);
     return {Error::Kind::Unreadable, path, BrowserLoadingText::tr("Pages cannot be shown. %1").arg(reason)};
 }
 
@@ -97,7 +102,7 @@ Result<BrowserModule *> loadBrowserModule(const QString &path)
     if (!module)
         return cannotLoad(path, loader.errorString());
     if (!QFileInfo(pageProgram()).isExecutable())
-        return cannotLoad(path, u"libQt6WebEngine"_s);
+        return engineIsMissing(path);
     prepareEngineEnvironment();
     if (sandboxWarning().isEmpty() && !canMakeSandbox())
         return Error{

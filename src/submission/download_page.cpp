@@ -36,6 +36,10 @@ QString downloadPage(const OfferedFile &file)
     const QString size = file.size ? QLocale().formattedDataSize(*file.size) : u"unknown"_s;
     const QString rows = row(u"Name", file.name) + row(u"Type", file.type) + row(u"Size", size) +
                          row(u"Address", file.address);
+    const QString failure =
+        file.failure.isEmpty()
+            ? QString()
+            : u"<p>The file could not be fetched: %1.</p>"_s.arg(file.failure.toHtmlEscaped());
     const QString content = file.text
                                 ? u"<pre id=\"%1\"></pre>"_s.arg(shownTextId)
                                 : u"<p>The page offered this file for download. Nothing was stored; to keep "
@@ -46,7 +50,7 @@ QString downloadPage(const OfferedFile &file)
            "th{text-align:left;vertical-align:top;padding:2px 1.5em 2px 0;font-weight:normal;color:#666}"
            "td{overflow-wrap:anywhere}pre{border-top:1px solid #ccc;padding-top:1em;white-space:pre-wrap}"
            "</style></head><body><table>"_s +
-           rows + u"</table>"_s + content + u"</body></html>"_s;
+           rows + u"</table>"_s + failure + content + u"</body></html>"_s;
 }
 
 } // namespace quillon

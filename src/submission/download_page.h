@@ -14,7 +14,8 @@ struct OfferedFile
     QString type; ///< MIME type.
     QString address;
     std::optional<qint64> size;  ///< In bytes, when the server says it.
-    std::optional<QString> text; ///< Its beginning, when the file is text.
+    std::optional<QString> text; ///< Its beginning, when the file is text and could be read.
+    QString failure = {};        ///< Why it could not be fetched; empty when it could, or need not be.
 };
 
 /// Of a text, this many bytes are fetched and shown.

@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <fcntl.h>
 #include <sched.h>
+#include <span>
 #include <sys/wait.h>
 
 using namespace Qt::StringLiterals;
@@ -18,6 +19,10 @@ constexpr const char *debuggingVariable = "QTWEBENGINE_REMOTE_DEBUGGING";
 constexpr const char *sandboxVariable = "QTWEBENGINE_DISABLE_SANDBOX";
 constexpr const char *switchesVariable = "QTWEBENGINE_CHROMIUM_FLAGS";
 
+/// The engine's switches that open pages to other programs, or have another program run them.
+constexpr std::array<QByteArrayView, 4> openingSwitches = {"remote-debugging", "cmd-prefix",
+                                                           "browser-subprocess-path", "gpu-launcher"};
+
 /// The engine's switches that take the sandbox, or a part of it, away.
 constexpr std::array<QByteArrayView, 4> sandboxSwitches = {
     "no-sandbox", "single-process", "disable-seccomp-filter-sandbox", "disable-namespace-sandbox"};
@@ -26,6 +31,12 @@ constexpr std::array<QByteArrayView, 4> sandboxSwitches = {
 QByteArray environmentSwitches()
 {
     return qgetenv(switchesVariable).replace('"', "");
+}
+
+bool hasAnyOf(std::span<const QByteArrayView> switches)
+{
+    const QByteArray given = environmentSwitches();
+    return std::ranges::any_of(switches, [&given](QByteArrayView each) { return given.contains(each); });
 }
 
 void leaveOut(const char *variable)
@@ -41,7 +52,7 @@ void closeToOthers()
         if (qEnvironmentVariableIsSet(variable))
             leaveOut(variable);
     }
-    if (environmentSwitches().contains("remote-debugging"))
+    if (hasAnyOf(openingSwitches))
         leaveOut(switchesVariable);
 }
 
@@ -74,11 +85,7 @@ QString sandboxWarning(bool isRoot)
 {
     if (isRoot)
         return u"running as root, so the sandbox of web pages is off."_s;
-    const QByteArray switches = environmentSwitches();
-    const bool isSwitchedOff = qEnvironmentVariableIsSet(sandboxVariable) ||
-                               std::ranges::any_of(sandboxSwitches, [&switches](QByteArrayView each) {
-                                   return switches.contains(each);
-                               });
+    const bool isSwitchedOff = qEnvironmentVariableIsSet(sandboxVariable) || hasAnyOf(sandboxSwitches);
     return isSwitchedOff ? u"an environment variable has switched the sandbox of web pages off."_s
                          : QString();
 }

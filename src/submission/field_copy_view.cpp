@@ -3,6 +3,7 @@
 #include "platform/plain_text.h"
 #include "platform/translated_text.h"
 #include "store/add_delete_import_edit.h"
+#include "store/storage_status.h"
 #include "submission/hover_button.h"
 
 #include <QEvent>
@@ -22,8 +23,12 @@ constexpr int spacing = 3;
 constexpr int margin = 4;
 constexpr qsizetype longestPreview = 300; ///< UTF-16 units.
 
-QString preview(const std::optional<QString> &value)
+/// What a press of the button at @p place would paste from the stored file @p pad, or why nothing.
+QString preview(int place, const Result<QByteArray> &pad)
 {
+    if (!pad && !pad.isError(Error::Kind::Missing))
+        return failureLine(pad.error());
+    const auto value = pasteText(fieldCopyButtons[size_t(place)], pad.valueOr({}));
     if (!value)
         return FieldCopyView::tr("This field of the PAD file is empty");
     return value->size() > longestPreview ? QString(value->left(longestPreview) + u'…') : *value;
@@ -125,15 +130,15 @@ void FieldCopyView::showStates()
 
 void FieldCopyView::showValues()
 {
-    const QByteArray pad = AddDeleteImportEdit::returnDataObjectFor(u"data").valueOr({});
+    const Result<QByteArray> pad = AddDeleteImportEdit::returnDataObjectFor(u"data");
     for (int place = 0; place < m_buttons.size(); ++place)
         showValue(place, pad);
 }
 
-void FieldCopyView::showValue(int place, const QByteArray &pad)
+void FieldCopyView::showValue(int place, const Result<QByteArray> &pad)
 {
     HoverButtonControl &button = *m_buttons[place];
-    const QString text = preview(pasteText(fieldCopyButtons[size_t(place)], pad));
+    const QString text = preview(place, pad);
     const bool isCut = button.width() < widestButton() && button.width() < button.sizeHint().width();
     button.setToolTip(plainToolTip(isCut ? QString(button.accessibleName() + u'\n' + text) : text));
     button.setAccessibleDescription(text);
@@ -145,7 +150,7 @@ bool FieldCopyView::eventFilter(QObject *watched, QEvent *event)
         arrange();
     if (event->type() == QEvent::ToolTip) { // The file may have another value by now.
         if (const auto place = m_buttons.indexOf(watched); place >= 0)
-            showValue(int(place), AddDeleteImportEdit::returnDataObjectFor(u"data").valueOr({}));
+            showValue(int(place), AddDeleteImportEdit::returnDataObjectFor(u"data"));
     }
     return QWidget::eventFilter(watched, event);
 }

@@ -49,7 +49,7 @@ private:
     void addButton(int place, QWidget *parent);
     void showStates();
     void showValues();
-    void showValue(int place, const QByteArray &pad);
+    void showValue(int place, const Result<QByteArray> &pad);
     void arrange();
     [[nodiscard]] int widestButton() const;
     [[nodiscard]] int columns() const;

@@ -249,9 +249,8 @@ bool isToBeLeft(const PageField &field)
                                     field.signs.placeholder, field.signs.around}
                             .join(u" | "_s);
     const QString &tokens = field.signs.autocomplete;
-    return form_signs::isForbidden(form_signs::words(all)) || field.type == u"search" ||
-           tokens.contains(u"cc-") || tokens.contains(u"password") || tokens.contains(u"one-time-code") ||
-           tokens.contains(u"username");
+    return form_signs::isForbidden(form_signs::words(all)) || tokens.contains(u"cc-") ||
+           tokens.contains(u"password") || tokens.contains(u"one-time-code") || tokens.contains(u"username");
 }
 
 std::optional<Proposal> proposedBySigns(const PageField &field, const QList<TitleValue> &values)

@@ -35,11 +35,6 @@ constexpr std::array<QStringView, 5> stateTexts = {
     QUILLON_TR_NOOP("LedgerDialog", "Mark removed")};
 constexpr qsizetype choosableStates = 4;
 
-QString outcomeOf(const Error &error)
-{
-    return error.kind == Error::Kind::Refused ? error.reason : failureLine(error);
-}
-
 void appendRow(QStandardItemModel &rows, const ledger::Entry &entry)
 {
     QList<QStandardItem *> items;
@@ -79,7 +74,7 @@ LedgerDialog::LedgerDialog(const QString &title, const QString &site, QWidget *p
     m_state->setObjectName(u"ledgerState"_s);
     m_state->setAccessibleName(tr("State"));
     for (qsizetype state = 0; state < choosableStates; ++state)
-        m_state->addItem(stateTexts[size_t(state)].toString());
+        m_state->addItem(translated("LedgerDialog", stateTexts[size_t(state)]));
     m_outcome->setObjectName(u"ledgerOutcome"_s);
     m_outcome->setTextFormat(Qt::PlainText);
     m_outcome->setWordWrap(true);
@@ -114,7 +109,7 @@ QWidget *LedgerDialog::newEntries()
         m_address->setText(there->address);
         m_note->setText(there->note);
     } else if (!all) {
-        m_outcome->setText(outcomeOf(all.error()));
+        m_outcome->setText(failureSentence(all.error()));
     }
     table->setModel(rows);
     table->resizeColumnsToContents();
@@ -130,7 +125,7 @@ void LedgerDialog::store()
                                                            .note = m_note->text()});
     const Result<> done = entry ? ledger_editing::store(m_ofTitle, *entry) : Result<>(entry.error());
     if (!done) {
-        m_outcome->setText(outcomeOf(done.error()));
+        m_outcome->setText(failureSentence(done.error()));
         announce(*this, m_outcome->text());
         return;
     }

@@ -16,8 +16,8 @@ constexpr qsizetype mostFields = 500;
 constexpr qsizetype mostOptions = 1000;
 
 /// The types that are filled; whatever else there is or will be is not.
-constexpr std::array<QStringView, 10> filledTypes = {u"text", u"email", u"url",      u"tel",    u"number",
-                                                     u"date", u"rich",  u"textarea", u"select", u"search"};
+constexpr std::array<QStringView, 9> filledTypes = {u"text", u"email", u"url",      u"tel",   u"number",
+                                                    u"date", u"rich",  u"textarea", u"select"};
 
 QStringList lines(const QVariantList &texts)
 {

@@ -59,7 +59,7 @@ struct PageField
 /// The fields of a page, as a script of ours has found them.
 struct PageForm
 {
-    int number = 0; ///< Counts the looks at one document.
+    int number = 0; ///< Of this look; the page no longer knows the one before.
     QList<PageField> fields = {};
     bool isCut = false; ///< There are more fields, or larger parts of the page, than are looked at.
 };

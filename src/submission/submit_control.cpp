@@ -12,16 +12,6 @@ using namespace Qt::StringLiterals;
 
 namespace quillon {
 
-namespace {
-
-/// What became of a mark; a refusal's reason is a sentence already.
-QString sentence(const Error &error)
-{
-    return error.kind == Error::Kind::Refused ? error.reason : failureLine(error);
-}
-
-} // namespace
-
 /// Passes on what a browser reports: its loads to @p load, where anybody cares for them, and what its pages
 /// ask for.
 class SubmitControl::Reports final : public BrowserDelegate
@@ -206,7 +196,7 @@ void SubmitControl::changeMark(Result<> (*change)(const QString &site), bool isM
         return;
     m_reloadWebView = false;
     const Result<> changed = change(m_sites.selectedSite());
-    m_refusal = changed ? QString() : sentence(changed.error());
+    m_refusal = changed ? QString() : failureSentence(changed.error());
     loadSitesList();
     if (changed.isDone())
         m_sites.setMarkSubmittedButtonTitle(isMarkedThen);

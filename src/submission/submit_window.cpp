@@ -225,9 +225,10 @@ void SubmitWindow::clearPagesData()
         if (!self || answer != AlertAnswer::Default)
             return;
         const Result<> cleared = self->m_engine.clearStorage();
-        self->m_statusRow->showNotice(cleared ? tr("What pages had stored is cleared.")
-                                      : cleared.isError(Error::Kind::Refused) ? cleared.error().reason
-                                                                              : failureLine(cleared.error()));
+        if (cleared)
+            self->m_statusRow->showNotice(tr("What pages had stored is cleared."));
+        else // Pages are loaded anew, and take notices away.
+            self->m_alerts.show(SheetWindow::Submission, {failureSentence(cleared.error())}, {});
     });
 }
 

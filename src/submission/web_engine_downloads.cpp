@@ -15,11 +15,20 @@ namespace quillon {
 
 namespace {
 
-/// The first longestShownText bytes of the file at @p path, as text.
-QString beginningOf(const QString &path)
+/// The first longestShownText bytes of the file at @p path, as text; none when it cannot be read.
+std::optional<QString> beginningOf(const QString &path)
 {
     QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.read(longestShownText)) : QString();
+    return file.open(QIODevice::ReadOnly) ? std::optional(QString::fromUtf8(file.read(longestShownText)))
+                                          : std::nullopt;
+}
+
+/// In bytes, as far as it is known.
+std::optional<qint64> sizeOf(const QWebEngineDownloadRequest &request)
+{
+    if (request.state() == QWebEngineDownloadRequest::DownloadCompleted)
+        return request.receivedBytes();
+    return request.totalBytes() > 0 ? std::optional(request.totalBytes()) : std::nullopt;
 }
 
 /// Leaves nothing of the file on disk.
@@ -72,7 +81,9 @@ void Downloads::look(QWebEngineDownloadRequest *request, const Asker &asker)
         return;
     }
     const QString path = request->downloadDirectory() + u'/' + request->downloadFileName();
-    if (!isTextType(request->mimeType())) {
+    if (request->state() == QWebEngineDownloadRequest::DownloadInterrupted) {
+        finish(request, asker, {});
+    } else if (!isTextType(request->mimeType())) {
         // Its size is all that is waited for, and servers need not tell it.
         if (request->totalBytes() > 0 || request->receivedBytes() >= longestShownText ||
             request->isFinished())
@@ -81,8 +92,8 @@ void Downloads::look(QWebEngineDownloadRequest *request, const Asker &asker)
         finish(request, asker, beginningOf(path));
     } else if (request->receivedBytes() >= longestShownText) {
         // This is what the engine calls the file until it is complete.
-        if (const QString text = beginningOf(path + u".download"_s); !text.isEmpty())
-            finish(request, asker, text);
+        if (auto text = beginningOf(path + u".download"_s); text && !text->isEmpty())
+            finish(request, asker, std::move(text));
     }
 }
 
@@ -90,15 +101,13 @@ void Downloads::finish(QWebEngineDownloadRequest *request, const Asker &asker, s
 {
     const QPointer page = asker.page; // The connection that holds the asker goes first.
     disconnect(request, nullptr, this, nullptr);
-    OfferedFile file{request->suggestedFileName(),
-                     request->mimeType(),
-                     unmistakableAddress(request->url()),
-                     {},
-                     std::move(text)};
-    if (request->isFinished())
-        file.size = request->receivedBytes();
-    else if (request->totalBytes() > 0)
-        file.size = request->totalBytes();
+    OfferedFile file{.name = request->suggestedFileName(),
+                     .type = request->mimeType(),
+                     .address = unmistakableAddress(request->url()),
+                     .size = sizeOf(*request),
+                     .text = std::move(text)};
+    if (request->state() == QWebEngineDownloadRequest::DownloadInterrupted)
+        file.failure = request->interruptReasonString();
     discard(request);
     if (page)
         Q_EMIT page->fileOffered(file);

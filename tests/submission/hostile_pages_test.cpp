@@ -6,6 +6,7 @@
 #include "submission/pop_up_window.h"
 #include "submission/web_engine_page.h"
 #include "submission/web_pages_fixture.h"
+#include "support/faults.h"
 #include "support/markup.h"
 #include "widgets/qt_desktop.h"
 
@@ -174,6 +175,19 @@ TEST_F(WebPagesTest, WhatPagesStoreIsBoundedAndCanBeCleared)
     EXPECT_FALSE(QFile::exists(left));
 }
 
+TEST_F(WebPagesTest, WhatCannotBeClearedOfPagesIsTold)
+{
+    const QString folder = QFileInfo(settings().fileName()).path() + u"/Quillon-web"_s;
+    {
+        const FaultPlan plan(folder, "unlink+=EACCES");
+        window().findChild<QAction *>(u"clearPagesData"_s)->trigger();
+        EXPECT_TRUE(eventually([] { return !clickAlert(u"Clear"_s).isNull(); }));
+        EXPECT_TRUE(eventually([&] { return plan.met(); }));
+    }
+    EXPECT_TRUE(eventually([] { return openWindow<QMessageBox>() != nullptr; }));
+    EXPECT_TRUE(answerAlert(u"OK"_s).contains(folder + u"/1"));
+}
+
 TEST(WebEngineEnvironmentTest, OpensNoPagesToOthersAndHidesNoMissingSandbox)
 {
     const QByteArray sandboxVariable = "QTWEBENGINE_DISABLE_SANDBOX";
@@ -186,6 +200,9 @@ TEST(WebEngineEnvironmentTest, OpensNoPagesToOthersAndHidesNoMissingSandbox)
         {"QTWEBENGINEPROCESS_PATH", "/bin/false", false, false},
         {"QTWEBENGINE_CHROMIUM_FLAGS", "--no-sandbox --remote-debugging-port=9222", false, false},
         {"QTWEBENGINE_CHROMIUM_FLAGS", "--remote-deb\"ugging-pipe\"", false, false},
+        {"QTWEBENGINE_CHROMIUM_FLAGS", "--renderer-cmd-prefix=/bin/false", false, false},
+        {"QTWEBENGINE_CHROMIUM_FLAGS", "--browser-subprocess-path=/bin/false", false, false},
+        {"QTWEBENGINE_CHROMIUM_FLAGS", "--gpu-launcher=/bin/false", false, false},
         {"QTWEBENGINE_CHROMIUM_FLAGS", "--disable-gpu", true, false},
         {"QTWEBENGINE_CHROMIUM_FLAGS", "--no\"-sandbox\"", true, true},
         {sandboxVariable, "1", true, true},

@@ -63,6 +63,12 @@ TEST_F(SubmitWindowTest, ButtonsFollowThePadFileAndStayOnOncePressed)
     EXPECT_EQ(town->accessibleDescription(), u"York"_s);
     EXPECT_FALSE(company->isEnabled());
     EXPECT_TRUE(company->isChecked());
+
+    const QString file = pathIn(u"Mine"_s, title_folder::padFile);
+    ASSERT_TRUE(QFile::remove(file) && QDir().mkpath(file));
+    NotificationCenter::defaultCenter().post(notification::mwqnSClpd);
+    EXPECT_TRUE(town->accessibleDescription().startsWith(u"Not read: " + file))
+        << "what cannot be read is not called empty";
 }
 
 TEST_F(SubmitWindowTest, QuickPressesPasteEachItsOwnValue)

@@ -156,6 +156,17 @@ TEST_F(WebPagesTest, OfferedFilesAreShownAndNotStored)
     EXPECT_TRUE(eventually([] { return pageText().contains(u"<b>1</b>,"); }));
 }
 
+TEST_F(WebPagesTest, AnOfferedFileThatBreaksOffIsNotShownAsAWholeOne)
+{
+    server.serve(u"/half"_s, {QByteArray(4000, 'x'), "text/csv", "200 OK", {}, WebServer::Extent::Half});
+    visit(server.url(u"/half"_s));
+    ASSERT_TRUE(eventually([] { return !isBusy() && pageText().contains(u"half"); })) << pageText();
+    EXPECT_TRUE(pageText().contains(u"could not be fetched")) << pageText();
+    EXPECT_TRUE(pageText().contains(u"3.91 KiB")) << "what the server says of its size";
+    const QString offered = page().profile()->persistentStoragePath() + u"/offered";
+    EXPECT_TRUE(eventually([&] { return tree(offered).isEmpty(); }));
+}
+
 TEST_F(WebPagesTest, OfferedFilesTakeThePlaceOfNoForm)
 {
     server.serve(u"/program"_s, {QByteArray(2048, '\1'), "application/octet-stream"});
