@@ -5,6 +5,7 @@
 #include "widgets/announcement.h"
 #include "widgets/command_set.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -23,10 +24,19 @@ TourStrip::TourStrip(TourControl &tour, CommandSet &commands, QWidget *parent)
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->addWidget(m_line, 1);
-    for (const QString &id : {u"tourNext"_s, u"tourSkip"_s, u"tourLater"_s})
-        row->addWidget(newActionButton(*commands.action(id), id + u"Button"_s, this));
+    for (const QString &id : {u"tourNext"_s, u"tourSkip"_s, u"tourLater"_s}) {
+        QPushButton *button = newActionButton(*commands.action(id), id + u"Button"_s, this);
+        button->installEventFilter(this);
+        row->addWidget(button);
+    }
     connect(&tour, &TourControl::changed, this, &TourStrip::showTour);
     showTour();
+}
+
+bool TourStrip::eventFilter(QObject *watched, QEvent *event)
+{
+    // The second click of a double one would be about the next site.
+    return event->type() == QEvent::MouseButtonDblClick || QWidget::eventFilter(watched, event);
 }
 
 void TourStrip::showTour()

@@ -17,6 +17,9 @@ public:
     /// @p commands has "tourNext", "tourSkip" and "tourLater"; both must outlive the strip.
     TourStrip(TourControl &tour, CommandSet &commands, QWidget *parent = nullptr);
 
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     void showTour();
 

@@ -3,6 +3,7 @@
 #include "submission/load_progress.h"
 #include "submission/submission_sites_table.h"
 #include "submission/submit_window_fixture.h"
+#include "submission/tour_control.h"
 #include "support/accessibility.h"
 #include "support/listener.h"
 
@@ -193,6 +194,27 @@ TEST_F(SubmitWindowTest, SitesAreFoundSelectedAndMarked)
     QStringList said = listener.said;
     said.removeAll(u"Loading has ended."_s); // Of the page before.
     EXPECT_EQ(said, QStringList({u"The mark is removed."_s, u"Marked as submitted."_s}));
+}
+
+TEST_F(SubmitWindowTest, ADoubleClickLeavesOneSiteOutOfTheTour)
+{
+    Summary summary;
+    summary.version = u"2"_s;
+    summary.sites = u"Alpha,Beta,gamma"_s;
+    summary.versions = u"1,1,1"_s;
+    writeTo(pathIn(u"Mine"_s, title_folder::summaryFile), summary_file::text(summary));
+    NotificationCenter::defaultCenter().post(notification::mwqnLSLsc);
+    ASSERT_TRUE(eventually([this] { return window().tour().line().startsWith(u"1 of 3"); }));
+    auto *skip = visible<QPushButton>(u"tourSkipButton"_s);
+    const QPointF middle = skip->rect().center();
+    QTest::mouseClick(skip, Qt::LeftButton);
+    QMouseEvent second(QEvent::MouseButtonDblClick, middle, skip->mapToGlobal(middle), Qt::LeftButton,
+                       Qt::LeftButton, {});
+    QApplication::sendEvent(skip, &second);
+    QTest::mouseRelease(skip, Qt::LeftButton);
+    EXPECT_TRUE(window().tour().line().startsWith(u"2 of 3")) << window().tour().line();
+    QTest::mouseClick(skip, Qt::LeftButton);
+    EXPECT_TRUE(window().tour().line().startsWith(u"3 of 3")) << window().tour().line();
 }
 
 TEST_F(SubmitWindowTest, ClosingStopsAndReopeningBringsItBack)
