@@ -8,6 +8,7 @@
 #include "pad/vocabularies.h"
 #include "sites/site_editing.h"
 #include "store/process_state.h"
+#include "store/storage_status.h"
 #include "store/title_folder.h"
 #include "submission/field_copy.h"
 
@@ -21,10 +22,19 @@ namespace quillon::cli {
 
 namespace {
 
+/// What there is; that it could not be read is kept in mwqnFailedWrites.
+template<typename List>
+List readable(const Result<List> &list)
+{
+    if (!list)
+        reportFailure(list.error());
+    return list.valueOr({});
+}
+
 QStringList titleNames(const QString &)
 {
     QStringList names;
-    for (const Title &title : loadTitles(OldLayout::Leave).valueOr({}).titles) {
+    for (const Title &title : readable(loadTitles(OldLayout::Leave)).titles) {
         if (title_folder::isUsableName(title.name))
             names.append(title.name);
     }
@@ -77,18 +87,18 @@ QStringList releaseStatuses(const QString &)
 
 QStringList siteNames(const QString &)
 {
-    return site_editing::storedCatalogue().valueOr({}).sites;
+    return readable(site_editing::storedCatalogue()).sites;
 }
 
 QStringList removedSites(const QString &)
 {
-    return site_editing::storedCatalogue().valueOr({}).ignored;
+    return readable(site_editing::storedCatalogue()).ignored;
 }
 
 QStringList deletedNames(const QString &)
 {
     QStringList names;
-    for (const deleted_items::Item &item : deleted_items::all().valueOr({}))
+    for (const deleted_items::Item &item : readable(deleted_items::all()))
         names.append(item.name);
     return names;
 }

@@ -2,6 +2,7 @@
 
 #include "cli/bash_line.h"
 #include "cli/candidates.h"
+#include "cli/title_session.h"
 
 using namespace Qt::StringLiterals;
 
@@ -55,7 +56,8 @@ private:
         const Candidates found = candidates(*m_program, words);
         for (const QString &word : found.words)
             print(written(word).toUtf8() + '\0');
-        return found.files ? AnswerIsNo : Done;
+        const ExitStatus read = TitleSession::stored();
+        return found.files ? AnswerIsNo : read;
     }
 
     CLI::App *m_program = nullptr;

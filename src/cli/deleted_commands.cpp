@@ -3,6 +3,7 @@
 #include "cli/output.h"
 #include "cli/title_session.h"
 #include "sites/deleted_titles.h"
+#include "store/storage_status.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
@@ -112,8 +113,11 @@ public:
             return Done;
         }
         const Result<> back = bringBack(items->first(), *m_as ? text(m_newName) : text(m_name));
-        if (!back.isError(Error::Kind::Refused))
-            return shown(*items, m_json, back);
+        if (!back.isError(Error::Kind::Refused)) {
+            const ExitStatus status = shown(*items, m_json, back);
+            const bool isReleased = failedExtrasLine().isEmpty(); // The journal has told why it is not.
+            return status == Done && !isReleased ? FileFailed : status;
+        }
         complain(back.error().reason);
         return Refused;
     }

@@ -347,6 +347,22 @@ TEST_F(Cli, ReadingMakesNoFolderAndAFileInItsPlaceIsToldAndLeftAlone)
     EXPECT_EQ(contents(folder + u"/Quillon"), "precious");
 }
 
+TEST_F(Cli, WhatIsBackButStillKeptAsDeletedIsTold)
+{
+    ASSERT_EQ(statusOf(u"new A"_s) + statusOf(u"delete A"_s), 0);
+    int kept = 0;
+    for (int turn = 1; turn < 8; ++turn) {
+        const QTemporaryDir copy;
+        QProcess::execute(u"cp"_s, {u"-a"_s, home() + u"/Library"_s, copy.path()});
+        const QString fault = u"fsync@%1+=EIO"_s.arg(turn);
+        const CliResult back = runCli(copy.path(), {u"undelete"_s, u"A"_s}, {}, fault);
+        const bool isKept = !runCli(copy.path(), {u"deleted"_s}).output.isEmpty();
+        EXPECT_EQ(back.status, isKept || turn < 3 ? 4 : 0) << turn << back.messages;
+        kept += isKept && runCli(copy.path(), {u"show"_s, u"A"_s}).status == 0;
+    }
+    EXPECT_GT(kept, 0);
+}
+
 TEST_F(Cli, WhatWasDeletedComesBackForNinetyDays)
 {
     const auto deleted = [this] { return run(u"deleted --json"_s).json().array(); };
