@@ -277,20 +277,19 @@ TEST_F(Backups, LeaveTheOlderOneUntilTheNewOneIsWhole)
 {
     makeTitle(u"A"_s);
     storeLists(u"A=a", {});
-    for (const auto &[to, make] :
-         {std::pair(
-              place(), +[](const QString &to) { return backupTitles(to, Existing::Replace); }),
-          std::pair(
-              place(u"s.qnback"_s), +[](const QString &to) { return backupSites(to, Existing::Replace); })}) {
-        ASSERT_EQ(make(to).outcome, BackupResult::Done);
+    for (const bool isOfTitles : {true, false}) {
+        const QString to = place(isOfTitles ? u"list.swback"_s : u"list.qnback"_s);
+        const auto make = [&] {
+            return isOfTitles ? backupTitles(to, Existing::Replace) : backupSites(to, Existing::Replace);
+        };
+        ASSERT_EQ(make().outcome, BackupResult::Done);
         const QMap<QString, QByteArray> whole = tree(to);
         const QMap<QString, QByteArray> older = {{u"old"_s, "old"}};
-        killedAtEachCall(
-            home(),
-            [&to] {
-                ASSERT_TRUE(QDir(to).removeRecursively() && QDir().mkdir(to) && put(to + u"/old", "old"));
-            },
-            [&] { (void)make(to); }, [&] { EXPECT_TRUE(tree(to) == older || tree(to) == whole) << to; });
+        const auto putOlderOne = [&] {
+            ASSERT_TRUE(QDir(to).removeRecursively() && QDir().mkdir(to) && put(to + u"/old", "old"));
+        };
+        killedAtEachCall(home(), putOlderOne, make,
+                         [&] { EXPECT_TRUE(tree(to) == older || tree(to) == whole) << to; });
         EXPECT_EQ(tree(to), whole);
     }
 }
