@@ -160,6 +160,31 @@ TEST_F(StartTest, OtherUsersAreRefusedWhateverTheRightsAre)
     before.isEmpty() ? qunsetenv("XDG_RUNTIME_DIR") : qputenv("XDG_RUNTIME_DIR", before);
 }
 
+using StartedAfterAKill = TemporaryHome;
+
+TEST_F(StartedAfterAKill, ClearsAwayWhatThatLeftAndLeavesNothingItself)
+{
+    const QString left = u".quillon-0123456789abcdef.tmp"_s;
+    const QStringList places = {inData(left), inData(u"T.qndata/"_s + left),
+                                inData(u"Site Images/"_s + left)};
+    for (const QString &place : places)
+        ASSERT_TRUE(QDir().mkpath(QFileInfo(place).path()) && put(place, "half"));
+    const QString temporary = home() + u"/temporary";
+    ASSERT_TRUE(QDir().mkdir(temporary));
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(u"TMPDIR"_s, temporary);
+    environment.insert(u"XDG_RUNTIME_DIR"_s, home()); // Else one is made in the temporary folder.
+    process.setProcessEnvironment(environment);
+    process.start(QStringLiteral(QUILLON_PROGRAM), {u"--home"_s, home()});
+    for (const QString &place : places)
+        EXPECT_TRUE(eventually([&place] { return !QFile::exists(place); })) << place;
+    process.terminate();
+    EXPECT_TRUE(eventually([&process] { return process.state() == QProcess::NotRunning; }));
+    EXPECT_EQ(process.exitStatus(), QProcess::CrashExit) << "it was ended by the signal";
+    EXPECT_EQ(names(temporary), QStringList());
+}
+
 TEST_F(StartTest, ShellsCompleteEachOptionThatTheHelpTellsOf)
 {
     QProcess process;
