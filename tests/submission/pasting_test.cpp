@@ -77,8 +77,10 @@ TEST_F(PastingTest, WhatIsCopiedElsewhereMeanwhileGoesNowhere)
             press(u"companyNameButton"_s);
             QTest::qWait(500);
             QApplication::clipboard()->setText(u"secret"_s);
-            EXPECT_TRUE(eventually([] { return notice().contains(u"something else"); })) << script;
-            EXPECT_FALSE(received().contains(u"secret")) << script;
+            EXPECT_TRUE(eventually([] {
+                return notice().contains(u"something else") || received().contains(u"secret");
+            })) << script;
+            ASSERT_FALSE(received().contains(u"secret")) << script;
         }
         ASSERT_TRUE(open(u"/paste"_s));
         click(field);
@@ -154,9 +156,9 @@ TEST_F(PastingTest, AFrameFromElsewhereGetsWhatTheAuthorClickedItFor)
         ASSERT_TRUE(eventually([] { return ask(u"document.activeElement.id"_s) == u"frame"_s; }));
         press(u"companyNameButton"_s);
         EXPECT_TRUE(eventually([&] {
-            return notice().contains(u"“%1”"_s.arg(unmistakableHost(QUrl(frame))));
+            return notice().contains(u"“%1”"_s.arg(unmistakableHost(QUrl(frame)))) || !received().isEmpty();
         })) << frame;
-        EXPECT_EQ(received(), QString()) << frame;
+        ASSERT_EQ(received(), QString()) << frame;
         if (!frame.endsWith(u"/clicked"))
             continue;
         const QPoint place = middleOf(u"frame"_s);

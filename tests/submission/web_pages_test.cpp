@@ -113,6 +113,8 @@ TEST_F(WebPagesTest, LoadsAreToldFromTheirBeginToTheirEnd)
     EXPECT_TRUE(eventually([this] { return server.count(u"/slow"_s) == 3; }));
     server.release();
     EXPECT_TRUE(waitForPage(u"Late"));
+    EXPECT_EQ(QApplication::focusWidget(), visible<QWidget>(u"sitesTableView"_s))
+        << "nor does it take the keys";
     EXPECT_TRUE(eventually([] { return !isBusy(); }));
     visit(server.url(u"/moved"_s));
     ASSERT_TRUE(waitForPage(u"Frames"));
