@@ -23,18 +23,18 @@ QDate releaseDate(const Subject &subject)
             number(subject, FieldId::releaseDateDay)};
 }
 
-/// What tells that a line speaks of the author's own copyright: words of his names and of his company's.
+/// The names of which one tells that a line speaks of the author's own copyright.
 QStringList ownNames(const Subject &subject)
 {
     static constexpr qsizetype shortest = 4;
     static constexpr FieldId names[] = {FieldId::companyName, FieldId::authorLastName, FieldId::programName};
-    QStringList words;
+    QStringList longNames;
     for (const FieldId field : names) {
         const QString name = subject.form.value(field).simplified();
         if (name.size() >= shortest)
-            words.append(name);
+            longNames.append(name);
     }
-    return words;
+    return longNames;
 }
 
 /// The newest year in the copyright lines of @p text that name one of @p names; 0 without one.
@@ -85,7 +85,7 @@ void adviseOnFutureRelease(const Subject &subject, Adviser &adviser)
         adviser.add(
             FieldId::releaseDateYear,
             u"The release date %1 is in the future. Give the day on which this version came out."_s.arg(
-                date.toString(Qt::ISODate)));
+                date.toString(u"yyyy-MM-dd")));
 }
 
 void adviseOnOldRelease(const Subject &subject, Adviser &adviser)

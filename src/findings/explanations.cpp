@@ -72,7 +72,7 @@ QString inWords(qsizetype count)
     return count == 1 ? u"1 character"_s : u"%1 characters"_s.arg(count);
 }
 
-/// "a, b or c", each after @p before.
+/// "a, b or c".
 QString either(QStringList words)
 {
     if (words.size() < 2)
@@ -81,12 +81,12 @@ QString either(QStringList words)
     return words.join(u", ") + u" or "_s + last;
 }
 
-QString either(Words words, QStringView quote)
+QString either(Words words)
 {
     QStringList all;
     for (const QStringView word : words)
-        all.append(quote + word + quote);
-    return either(all);
+        all.append(word.toString());
+    return either(std::move(all));
 }
 
 /// The longest that passes, without a prefix.
@@ -110,7 +110,7 @@ QString min(const Case &fault)
 QString prefixes(const Case &fault)
 {
     const Words words = fault.summary().prefixes;
-    return words.empty() ? QString() : u", not counting "_s + either(words, u"") + u" at its beginning";
+    return words.empty() ? QString() : u", not counting "_s + either(words) + u" at its beginning";
 }
 
 QString beyond(const Case &fault)
@@ -146,7 +146,7 @@ QString tail(const Case &fault)
 QString ending(const Case &fault)
 {
     const Words words = fault.summary().endings;
-    return words.empty() ? QString() : u" that ends in "_s + either(words, u"");
+    return words.empty() ? QString() : u" that ends in "_s + either(words);
 }
 
 QString example(const Case &fault)

@@ -72,7 +72,7 @@ private:
 
     QString identifier(const QJsonObject &object)
     {
-        static const Regex allowed(u"^[a-z0-9]+(?:-[a-z0-9]+)*$");
+        static const Regex allowed(u"^[a-z0-9]+(?:-[a-z0-9]+)*\\z");
         QString id = string(object, u"id"_s);
         if (!allowed.firstMatch(id))
             complain(RulePackText::tr("“id” takes small letters, digits and hyphens"));

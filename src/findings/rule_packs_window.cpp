@@ -77,7 +77,14 @@ void RulePacksWindow::add(const QString &path)
     announce(*this, m_outcome->text());
     if (!pack)
         return;
-    addRow(path, path, true);
+    const QList<QListWidgetItem *> there =
+        m_packs->findItems(path, Qt::MatchExactly | Qt::MatchCaseSensitive);
+    if (there.isEmpty()) {
+        addRow(path, path, true);
+    } else {
+        const QSignalBlocker blocker(m_packs);
+        there.first()->setCheckState(Qt::Checked);
+    }
     store();
 }
 

@@ -15,7 +15,8 @@ class RulePacksWindow : public QDialog
 public:
     explicit RulePacksWindow(QWidget *parent = nullptr);
 
-    /// Adds the pack in the file @p path, switched on; says what is wrong with it when it is none.
+    /// Adds the pack in the file @p path, switched on; one that is there is only switched on. Says what is
+    /// wrong with it when it is none.
     void add(const QString &path);
 
 Q_SIGNALS:

@@ -10,6 +10,7 @@
 #include <QHash>
 
 #include <algorithm>
+#include <cmath>
 #include <optional>
 #include <pugixml.hpp>
 
@@ -27,12 +28,14 @@ std::span<const PadField> descriptions()
     return fields::between(FieldId::pd45CharDescript, FieldId::pd2000CharDescript);
 }
 
-std::optional<double> numberIn(const Subject &subject, FieldId field)
+/// The size that @p field of the file has; none without a number, or with one that no size can be.
+std::optional<double> sizeIn(const Subject &subject, FieldId field)
 {
+    static constexpr double largest = 1e15;
     const QString text = file_size::withoutUnit(subject.document->value(padField(field)).value_or(QString()));
     bool isNumber = false;
     const double number = text.toDouble(&isNumber);
-    return isNumber ? std::optional(number) : std::nullopt;
+    return isNumber && std::abs(number) < largest ? std::optional(number) : std::nullopt;
 }
 
 /// Whether @p size is @p bytes in that unit, of 1024 or of 1000 to the next smaller one, rounded anyhow.
@@ -109,11 +112,11 @@ void adviseOnSizes(const Subject &subject, Adviser &adviser)
     };
     static constexpr Unit units[] = {{FieldId::programSizeKB, u"kilobytes", 1024.0, 1000.0},
                                      {FieldId::programSizeMB, u"megabytes", 1024.0 * 1024.0, 1e6}};
-    const auto bytes = subject.document ? numberIn(subject, FieldId::sizeInBytes) : std::nullopt;
+    const auto bytes = subject.document ? sizeIn(subject, FieldId::sizeInBytes) : std::nullopt;
     if (!bytes)
         return;
     for (const Unit &unit : units) {
-        const auto size = numberIn(subject, unit.field);
+        const auto size = sizeIn(subject, unit.field);
         if (size && !fits(*size, *bytes, unit.size, unit.decimal))
             adviser.add(unit.field,
                         u"The size is %1 bytes, but %2 %3. Give the sizes of one and the same file."_s.arg(

@@ -235,6 +235,11 @@ TEST_F(OverviewViewTest, MessagesAreExplainedAndAdviceStandsBelow)
     put(file, "{}");
     packs->add(file);
     EXPECT_TRUE(visible<QLabel>(u"rulePacksOutcome"_s)->text().contains(u"“id” has to be a text"_s));
+    put(file, R"({"id": "own", "title": "Own", "rules": [{"id": "name", "severity": "hint", "summary": "s",
+                  "explanation": "Ours is better.", "fields": ["programName"], "maxLength": 0}]})");
+    for (int times = 0; times < 2; ++times)
+        packs->add(file);
+    EXPECT_EQ(told().count(u"Ours is better."), 1) << told();
     QTest::keyClick(visible<QListWidget>(u"rulePacks"_s), Qt::Key_Space);
     EXPECT_FALSE(told().contains(u"http://."_s)) << told();
 }
