@@ -126,7 +126,7 @@ private:
             return {.status = WrongUsage};
         }
         if (!wanted)
-            return refusal(wanted.error());
+            return {.status = outcome(wanted.error())};
         const auto titles = existing(m_titles);
         return titles ? Planned{release_plan::plan(*wanted, *titles)} : Planned{.status = Refused};
     }
@@ -290,7 +290,7 @@ private:
     [[nodiscard]] Planned plan() const override
     {
         const auto planned = taking_back::plan(m_id);
-        return planned ? Planned{*planned} : refusal(planned.error());
+        return planned ? Planned{*planned} : Planned{.status = outcomeOrRefusal(planned.error())};
     }
 
     std::optional<qint64> m_id;

@@ -23,4 +23,12 @@ ExitStatus outcome(const Result<> &result)
     return FileFailed;
 }
 
+ExitStatus outcomeOrRefusal(const Result<> &result)
+{
+    if (!result.isError(Error::Kind::Refused))
+        return outcome(result);
+    complain(failureSentence(result.error()));
+    return Refused;
+}
+
 } // namespace quillon::cli

@@ -50,4 +50,7 @@ bool titleExists(const QString &name);
 /// Done, or the complaint about the file or folder that could not be read or written.
 ExitStatus outcome(const Result<> &result);
 
+/// The same of what refuses in sentences: such a sentence alone, and Refused.
+ExitStatus outcomeOrRefusal(const Result<> &result);
+
 } // namespace quillon::cli

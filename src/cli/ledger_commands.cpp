@@ -27,14 +27,6 @@ Result<> lookUpCatalogue()
     return {};
 }
 
-ExitStatus complaintOf(const Error &error)
-{
-    if (error.kind != Error::Kind::Refused)
-        return outcome(error);
-    complain(error.reason);
-    return Refused;
-}
-
 QString timeOf(const ledger::Entry &entry)
 {
     return isoTime(entry.time);
@@ -85,7 +77,7 @@ private:
                                         .note = *m_noteOption ? std::optional(text(m_note)) : std::nullopt};
         const auto entry = ledger_editing::planned(text(m_title), edit);
         if (!entry)
-            return complaintOf(entry.error());
+            return outcomeOrRefusal(entry.error());
         if (m_dryRun) {
             show({*entry});
             return Done;
@@ -95,14 +87,13 @@ private:
 
     [[nodiscard]] ExitStatus show() const
     {
-        QList<ledger::Entry> entries;
-        const auto read = ledger_editing::standingsOf(text(m_title), &entries);
+        auto read = ledger_editing::read(text(m_title));
         if (!read)
             return outcome(read.error());
         if (*m_siteOption)
-            entries.removeIf(
+            read->entries.removeIf(
                 [site = text(m_site)](const ledger::Entry &entry) { return entry.site != site; });
-        show(entries);
+        show(read->entries);
         return Done;
     }
 

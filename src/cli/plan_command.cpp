@@ -91,14 +91,6 @@ std::optional<QStringList> PlanCommand::existing(const std::vector<std::string> 
     return titles;
 }
 
-PlanCommand::Planned PlanCommand::refusal(const Error &error)
-{
-    if (error.kind != Error::Kind::Refused)
-        return {.status = outcome(error)};
-    complain(error.reason);
-    return {.status = Refused};
-}
-
 ExitStatus PlanCommand::run()
 {
     const Planned planned = plan();
@@ -112,11 +104,12 @@ ExitStatus PlanCommand::run()
         const QStringList obstacles = change_plans::obstacles(planned.plan);
         if (obstacles.isEmpty())
             return status;
-        return refusal({Error::Kind::Refused, {}, obstacles.join(u"; "_s)}).status;
+        complain(obstacles.join(u"; "_s));
+        return Refused;
     }
     const auto applied = change_plans::apply(planned.plan);
     if (!applied)
-        return refusal(applied.error()).status;
+        return outcomeOrRefusal(applied.error());
     show(planned.plan, applied->set, m_json);
     for (const change_plans::TitleOutcome &title : applied->titles)
         status = worseOf(status, title.stored);

@@ -28,9 +28,6 @@ protected:
     /// @p names as titles; complains of the first that does not exist.
     static std::optional<QStringList> existing(const std::vector<std::string> &names);
 
-    /// The complaint of @p error, and the status for it.
-    static Planned refusal(const Error &error);
-
 private:
     bool m_dryRun = false;
     bool m_json = false;

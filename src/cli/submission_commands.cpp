@@ -38,12 +38,7 @@ public:
             complain(u"There is no site named %1."_s.arg(text(m_site)));
             return Refused;
         }
-        const Result<> changed = m_change(text(m_site));
-        if (changed.isError(Error::Kind::Refused)) {
-            complain(changed.error().reason);
-            return Refused;
-        }
-        const ExitStatus status = outcome(changed);
+        const ExitStatus status = outcomeOrRefusal(m_change(text(m_site)));
         return status == Done ? TitleSession::stored() : status;
     }
 

@@ -19,11 +19,6 @@ class LedgerEditingText
     Q_DECLARE_TR_FUNCTIONS(LedgerEditing)
 };
 
-Result<QList<ledger::Entry>> entriesOf(const QString &title)
-{
-    return Journal::ofDataFolder().find([&](Database &database) { return ledger::entries(database, title); });
-}
-
 Error refusal(const QString &sentence)
 {
     return {.kind = Error::Kind::Refused, .reason = sentence};
@@ -31,37 +26,32 @@ Error refusal(const QString &sentence)
 
 } // namespace
 
-Result<QList<Standing>> standingsOf(const QString &title, QList<ledger::Entry> *entries)
+Result<Ledger> read(const QString &title)
 {
-    const auto summary = loadSummary(title);
-    if (!summary && !summary.isError(Error::Kind::Missing))
-        return summary.error();
-    auto found = entriesOf(title);
-    if (!found)
-        return found.error();
-    QList<Standing> all = standings(summary.valueOr({}), *found);
-    if (entries)
-        *entries = *std::move(found);
-    return all;
+    const auto stored = loadSummary(title);
+    if (!stored && !stored.isError(Error::Kind::Missing))
+        return stored.error();
+    auto entries = Journal::ofDataFolder().find(
+        [&title](Database &database) { return ledger::entries(database, title); });
+    if (!entries)
+        return entries.error();
+    const Summary summary = stored.valueOr({});
+    return Ledger{.version = summary.version.value_or(QString()),
+                  .standings = standings(summary, *entries),
+                  .entries = *std::move(entries)};
 }
 
 Result<ledger::Entry> planned(const QString &title, const Edit &edit)
 {
     if (edit.address && !edit.address->isEmpty() && !isWebAddress(QUrl(*edit.address)))
         return refusal(LedgerEditingText::tr("%1 is no address of the web.").arg(*edit.address));
-    const auto all = standingsOf(title);
-    if (!all)
-        return all.error();
-    const Standing *there = standingAt(*all, edit.site);
+    const auto present = read(title);
+    if (!present)
+        return present.error();
+    const Standing *there = standingAt(present->standings, edit.site);
     if (!there && !mwqnSCPreallSitesDict.contains(edit.site))
         return refusal(LedgerEditingText::tr("There is no site named %1.").arg(edit.site));
-    Standing now = there ? *there : Standing{.site = edit.site};
-    if (!there) {
-        const auto summary = loadSummary(title);
-        if (!summary && !summary.isError(Error::Kind::Missing))
-            return summary.error();
-        now.version = summary ? summary->version.value_or(QString()) : QString();
-    }
+    const Standing now = there ? *there : Standing{.site = edit.site, .version = present->version};
     return ledger::Entry{.site = now.site,
                          .version = now.version,
                          .time = QDateTime::currentMSecsSinceEpoch(),

@@ -14,13 +14,21 @@ struct Edit
     std::optional<QString> note = {};
 };
 
-/// Where @p title stands with every site, and with @p entries how that came about, oldest first. Of a title
-/// whose ledger cannot be read the error; one that has none has its marks.
-Result<QList<Standing>> standingsOf(const QString &title, QList<ledger::Entry> *entries = nullptr);
+/// Where a title stands with every site, and how that came about.
+struct Ledger
+{
+    QString version;              ///< The title's own.
+    QList<Standing> standings;    ///< Without entries, those of the marks.
+    QList<ledger::Entry> entries; ///< Oldest first.
+};
+
+/// That of @p title. An error when its marks or its entries cannot be read; one without a summary has no
+/// marks.
+Result<Ledger> read(const QString &title);
 
 /// The entry that @p edit makes in the ledger of @p title, with the version that is there; where nothing was
-/// sent, the title's own. Refused, with a sentence, when the address is none
-/// of the web, or when the title was never sent to the site and it is none of the catalogue.
+/// sent, the title's own. Refused, with a sentence, when the address is none of the web, or when the title
+/// was never sent to the site and it is none of the catalogue.
 Result<ledger::Entry> planned(const QString &title, const Edit &edit);
 
 /// Stores it. Marks stay as they are.

@@ -139,7 +139,8 @@ quint32 Matrix::kindOf(const Standing &standing)
     Row &row = m_rows.last();
     row.staleCount += int(standing.isStale());
     const Relation relation = relationOf(standing, row.version);
-    const int looks = (int(relation) * 16 + int(standing.state)) * 2 + int(standing.isMarked);
+    const int states = int(stateNames.size());
+    const int looks = (int(relation) * states + int(standing.state)) * 2 + int(standing.isMarked);
     quint32 &place = m_kindPlaces[{standing.version, looks}];
     if (place == 0) {
         Cell cell{.version = standing.version,

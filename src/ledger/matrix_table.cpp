@@ -55,15 +55,28 @@ void MatrixTable::orderTitles()
 
 void MatrixTable::arrange()
 {
-    arrangeRows();
-    arrangeSites();
+    m_rows.clear();
+    std::ranges::copy_if(m_byTitle, std::back_inserter(m_rows), [this](int row) {
+        return m_matrix.rows()[row].title.contains(m_filter.titles, Qt::CaseInsensitive);
+    });
+    m_sites.clear();
+    for (int site = 0; site < int(m_matrix.sites().size()); ++site) {
+        if (m_matrix.sites()[site].contains(m_filter.sites, Qt::CaseInsensitive))
+            m_sites.append(site);
+    }
+    if (m_filter.onlyStale)
+        leaveOutWhatIsCurrent();
+    sortRows();
 }
 
-bool MatrixTable::isShown(int row) const
+void MatrixTable::leaveOutWhatIsCurrent()
 {
-    const Matrix::Row &title = m_matrix.rows()[row];
-    return title.title.contains(m_filter.titles, Qt::CaseInsensitive) &&
-           (title.staleCount > 0 || !m_filter.onlyStale);
+    m_rows.removeIf([this](int row) {
+        return std::ranges::none_of(m_sites, [this, row](int site) { return isStale(row, site); });
+    });
+    m_sites.removeIf([this](int site) {
+        return std::ranges::none_of(m_rows, [this, site](int row) { return isStale(row, site); });
+    });
 }
 
 bool MatrixTable::isStale(int row, int site) const
@@ -84,10 +97,8 @@ int MatrixTable::sortKey(int row) const
     return there ? there->rank : last;
 }
 
-void MatrixTable::arrangeRows()
+void MatrixTable::sortRows()
 {
-    m_rows.clear();
-    std::ranges::copy_if(m_byTitle, std::back_inserter(m_rows), [this](int row) { return isShown(row); });
     const bool hasKey =
         m_sortColumn == Version || m_sortColumn == StaleCount || m_matrix.sites().contains(m_sortSite);
     if (hasKey) {
@@ -102,21 +113,23 @@ void MatrixTable::arrangeRows()
     }
 }
 
-void MatrixTable::arrangeSites()
-{
-    m_sites.clear();
-    for (int site = 0; site < int(m_matrix.sites().size()); ++site) {
-        const auto isStaleHere = [this, site](int row) { return isStale(row, site); };
-        if (m_matrix.sites()[site].contains(m_filter.sites, Qt::CaseInsensitive) &&
-            (!m_filter.onlyStale || std::ranges::any_of(m_rows, isStaleHere)))
-            m_sites.append(site);
-    }
-}
-
 QString MatrixTable::siteAt(int column) const
 {
     const int place = column - FirstSite;
     return place >= 0 && place < m_sites.size() ? m_matrix.sites()[m_sites[place]] : QString();
+}
+
+int MatrixTable::rowOf(const QString &title) const
+{
+    const auto found =
+        std::ranges::find_if(m_rows, [this, &title](int row) { return m_matrix.rows()[row].title == title; });
+    return found == m_rows.end() ? -1 : int(found - m_rows.begin());
+}
+
+int MatrixTable::columnOf(const QString &site) const
+{
+    const qsizetype place = m_sites.indexOf(int(m_matrix.sites().indexOf(site)));
+    return place < 0 ? -1 : FirstSite + int(place);
 }
 
 const Matrix::Cell *MatrixTable::cell(const QModelIndex &index) const

@@ -40,6 +40,9 @@ public:
     [[nodiscard]] QString titleAt(int row) const { return m_matrix.rows()[m_rows[row]].title; }
     /// The site of @p column; null for one of the first two.
     [[nodiscard]] QString siteAt(int column) const;
+    /// Where a title or a site stands now; -1 while it is not shown.
+    [[nodiscard]] int rowOf(const QString &title) const;
+    [[nodiscard]] int columnOf(const QString &site) const;
     /// What @p index says of a title on a site; null for nothing.
     [[nodiscard]] const Matrix::Cell *cell(const QModelIndex &index) const;
 
@@ -54,9 +57,8 @@ public:
 private:
     void orderTitles();
     void arrange();
-    void arrangeRows();
-    void arrangeSites();
-    [[nodiscard]] bool isShown(int row) const;
+    void leaveOutWhatIsCurrent();
+    void sortRows();
     [[nodiscard]] bool isStale(int row, int site) const;
     /// What @p row is sorted by.
     [[nodiscard]] int sortKey(int row) const;

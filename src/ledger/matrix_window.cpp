@@ -192,9 +192,9 @@ QWidget *MatrixWindow::newBottomRow()
 
 void MatrixWindow::load()
 {
-    const QModelIndex current = m_table->currentIndex();
-    const int row = current.row();
-    const int column = current.column();
+    const QModelIndex before = m_table->currentIndex();
+    const QString title = before.isValid() ? m_matrix->titleAt(before.row()) : QString();
+    const QString site = m_matrix->siteAt(before.column());
     auto read = readMatrix();
     QStringList failures;
     for (const Error &failure : read ? read->failures : QList<Error>{read.error()})
@@ -202,6 +202,8 @@ void MatrixWindow::load()
     m_failures = failures.join(u' ');
     m_matrix->setMatrix(read ? std::move(read->matrix) : Matrix());
     filter();
+    const int row = m_matrix->rowOf(title);
+    const int column = site.isNull() ? before.column() : m_matrix->columnOf(site);
     m_table->setCurrentIndex(m_matrix->index(qMax(row, 0), qMax(column, 0)));
 }
 

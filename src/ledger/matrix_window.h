@@ -20,7 +20,7 @@ public:
     explicit MatrixWindow(QWidget *parent);
     ~MatrixWindow() override;
 
-    /// Reads everything anew; what is selected stays so.
+    /// Reads everything anew; the title and the site that are selected stay so while they are shown.
     void load();
 
 Q_SIGNALS:

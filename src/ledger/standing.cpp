@@ -76,8 +76,6 @@ QList<Standing> standings(const Summary &summary, const QList<Entry> &entries, c
         standing.isCurrent = standing.version == summary.version.value_or(QString());
         if (standing.isMarked && standing.state == State::Removed)
             standing.state = State::Sent; // Marked by other means since.
-    }
-    for (Standing &standing : all) {
         if (gone.contains(standing.site) && standing.state != State::Removed)
             standing.state = State::Gone;
     }

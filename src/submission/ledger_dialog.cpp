@@ -98,18 +98,18 @@ QWidget *LedgerDialog::newEntries()
     QTableView *table = newRowTable(u"ledgerEntries"_s, tr("What was noted before"), this);
     auto *rows = new QStandardItemModel(table);
     rows->setHorizontalHeaderLabels({tr("When"), tr("Version"), tr("State"), tr("Address"), tr("Note")});
-    QList<ledger::Entry> entries;
-    const auto all = ledger_editing::standingsOf(m_ofTitle, &entries);
-    for (const ledger::Entry &entry : std::as_const(entries)) {
+    const auto read = ledger_editing::read(m_ofTitle);
+    const ledger_editing::Ledger present = read.valueOr({});
+    for (const ledger::Entry &entry : present.entries) {
         if (entry.site == m_site)
             appendRow(*rows, entry);
     }
-    if (const Standing *there = all ? standingAt(*all, m_site) : nullptr) {
+    if (const Standing *there = standingAt(present.standings, m_site)) {
         m_state->setCurrentIndex(int(there->state));
         m_address->setText(there->address);
         m_note->setText(there->note);
-    } else if (!all) {
-        m_outcome->setText(failureSentence(all.error()));
+    } else if (!read) {
+        m_outcome->setText(failureSentence(read.error()));
     }
     table->setModel(rows);
     table->resizeColumnsToContents();

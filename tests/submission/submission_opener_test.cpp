@@ -147,6 +147,11 @@ TEST_F(SubmissionOpenerTest, TheMatrixLeadsToASiteOfAnotherTitle)
     EXPECT_TRUE(window.isVisible());
     EXPECT_EQ(*mwqnSelSW, u"Other");
     EXPECT_EQ(window.control().sites().selectedSite(), u"Beta");
+    makeTitle(u"Another"_s, u"Alpha"_s, u"0.9"_s, u"1.0"_s);
+    matrix.load();
+    const auto *rows = qobject_cast<MatrixTable *>(table->model());
+    EXPECT_EQ(rows->titleAt(table->currentIndex().row()), u"Other") << "although rows have come before it";
+    EXPECT_EQ(rows->siteAt(table->currentIndex().column()), u"Beta");
     jump.go(u"Other"_s, u"Alpha"_s);
     EXPECT_EQ(window.control().sites().selectedSite(), u"Alpha");
     jump.go(u"Mine"_s, u"Beta"_s);
