@@ -47,21 +47,11 @@ ChangePreviewWindow::ChangePreviewWindow(const QString &title, ChangePreview *pr
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(title);
     resize(firstSize);
-    auto *splitter = new QSplitter;
-    splitter->setChildrenCollapsible(false);
-    splitter->addWidget(newTitles());
-    splitter->addWidget(newDetails());
-    splitter->setStretchFactor(1, 1);
-    const QHeaderView *heads = m_titles->horizontalHeader();
-    const int withHeads = heads->sectionSize(ChangePreview::Title) +
-                          heads->sectionSizeHint(ChangePreview::Outcome) + 2 * m_titles->frameWidth();
-    const int titlesWidth = qMax(firstTitlesWidth, withHeads);
-    splitter->setSizes({titlesWidth, firstSize.width() - titlesWidth});
     auto *content = new QWidget;
     auto *rows = new QVBoxLayout(content);
     rows->setContentsMargins(0, 0, 0, 0);
     rows->addWidget(form);
-    rows->addWidget(splitter, 1);
+    rows->addWidget(newPreview(), 1);
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(new ScrollArea(content), 1);
     layout->addLayout(newButtons());
@@ -83,6 +73,21 @@ ChangePreviewWindow::ChangePreviewWindow(const QString &title, ChangePreview *pr
     });
     (first ? first : m_changes)->setFocus();
     plan();
+}
+
+QWidget *ChangePreviewWindow::newPreview()
+{
+    auto *splitter = new QSplitter;
+    splitter->setChildrenCollapsible(false);
+    splitter->addWidget(newTitles());
+    splitter->addWidget(newDetails());
+    splitter->setStretchFactor(1, 1);
+    const QHeaderView *heads = m_titles->horizontalHeader();
+    const int withHeads = heads->sectionSize(ChangePreview::Title) +
+                          heads->sectionSizeHint(ChangePreview::Outcome) + 2 * m_titles->frameWidth();
+    const int titlesWidth = qMax(firstTitlesWidth, withHeads);
+    splitter->setSizes({titlesWidth, firstSize.width() - titlesWidth});
+    return splitter;
 }
 
 QWidget *ChangePreviewWindow::newTitles()

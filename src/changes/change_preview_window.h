@@ -39,6 +39,7 @@ Q_SIGNALS:
     void applied();
 
 private:
+    QWidget *newPreview();
     QWidget *newTitles();
     QWidget *newDetails();
     QLayout *newButtons();

@@ -46,23 +46,9 @@ HistoryWindow::HistoryWindow(Editor &editor, EditHistory &edits, const std::opti
     setWindowTitle(windowTitleFor(field));
     resize(historySize);
 
-    m_moments = newRowTable(u"moments"_s, tr("Moments"), this);
-    m_moments->setModel(m_table);
-    m_moments->setColumnHidden(HistoryTable::Field, field.has_value());
-    m_moments->resizeColumnsToContents();
-    stretchLastColumn(*m_moments);
-    auto *right = new QWidget;
-    auto *columns = new QHBoxLayout;
-    m_before = new MarkedTextView(u"textBefore"_s, MarkedTextView::Side::Before);
-    m_after = new MarkedTextView(u"textAfter"_s, MarkedTextView::Side::After);
-    columns->addWidget(newText(m_before, m_restoreBefore, &history::Row::before));
-    columns->addWidget(newText(m_after, m_restoreAfter, &history::Row::after));
-    auto *rows = new QVBoxLayout(right);
-    rows->setContentsMargins(0, 0, 0, 0);
-    rows->addLayout(columns, 1);
     auto *splitter = new QSplitter;
-    splitter->addWidget(m_moments);
-    splitter->addWidget(right);
+    splitter->addWidget(newMoments(field.has_value()));
+    splitter->addWidget(newTexts());
     splitter->setStretchFactor(1, 1);
     splitter->setSizes({firstMomentsWidth, historySize.width() - firstMomentsWidth});
     auto *layout = new QVBoxLayout(this);
@@ -72,8 +58,6 @@ HistoryWindow::HistoryWindow(Editor &editor, EditHistory &edits, const std::opti
     layout->addWidget(m_outcome);
     layout->addWidget(newButtons());
 
-    connect(m_moments->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
-            &HistoryWindow::showMoment);
     connect(&edits, &EditHistory::changed, m_table, &HistoryTable::refresh);
     connect(&editor, &Editor::checked, this, &HistoryWindow::showMoment);
     connect(&editor, &Editor::formLoaded, this, &HistoryWindow::closeForAnother);
@@ -84,16 +68,37 @@ HistoryWindow::HistoryWindow(Editor &editor, EditHistory &edits, const std::opti
     showMoment();
 }
 
+QWidget *HistoryWindow::newMoments(bool areOfOneField)
+{
+    m_moments = newRowTable(u"moments"_s, tr("Moments"), this);
+    m_moments->setModel(m_table);
+    m_moments->setColumnHidden(HistoryTable::Field, areOfOneField);
+    m_moments->resizeColumnsToContents();
+    stretchLastColumn(*m_moments);
+    connect(m_moments->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            &HistoryWindow::showMoment);
+    return m_moments;
+}
+
+QWidget *HistoryWindow::newTexts()
+{
+    m_before = new MarkedTextView(u"textBefore"_s, MarkedTextView::Side::Before);
+    m_after = new MarkedTextView(u"textAfter"_s, MarkedTextView::Side::After);
+    auto *texts = new QWidget;
+    auto *columns = new QHBoxLayout(texts);
+    columns->setContentsMargins(0, 0, 0, 0);
+    columns->addWidget(newText(m_before, m_restoreBefore, &history::Row::before));
+    columns->addWidget(newText(m_after, m_restoreAfter, &history::Row::after));
+    return texts;
+}
+
 QWidget *HistoryWindow::newText(MarkedTextView *text, QPushButton *&button, QString history::Row::*side)
 {
     button = new QPushButton(tr("Restore This Field"));
     button->setObjectName(text->objectName() + u"Restore"_s);
     button->setAutoDefault(false);
     button->setAccessibleName(tr("Restore this field: %1").arg(text->accessibleName()));
-    connect(button, &QPushButton::clicked, this, [this, side] {
-        if (const history::Row *row = moment())
-            restoreField(row->*side);
-    });
+    connect(button, &QPushButton::clicked, this, [this, side] { restoreField(side); });
     QWidget *column = captioned(new QLabel(text->caption()), text);
     column->layout()->addWidget(button);
     return column;
@@ -143,13 +148,16 @@ void HistoryWindow::showMoment()
     m_restoreTitle->setEnabled(row && m_editor.loaded());
 }
 
-void HistoryWindow::restoreField(const QString &text)
+void HistoryWindow::restoreField(QString history::Row::*side)
 {
-    m_edits.store();
-    const FieldId field = *fieldNamed(moment()->field);
-    const QString now = m_editor.form().value(field);
-    apply(
-        ChangeSet{history::origin::restore, fixedEnglish(u"Back to an earlier text"), {{field, now, text}}});
+    m_edits.store(); // First: it may add moments to the list.
+    const history::Row *row = moment();
+    const auto field = row ? fieldNamed(row->field) : std::nullopt;
+    if (!field)
+        return;
+    apply(ChangeSet{history::origin::restore,
+                    fixedEnglish(u"Back to an earlier text"),
+                    {{*field, m_editor.form().value(*field), row->*side}}});
 }
 
 void HistoryWindow::restoreTitle()

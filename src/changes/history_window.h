@@ -31,12 +31,14 @@ Q_SIGNALS:
     void restored(const QList<quillon::FieldId> &fields);
 
 private:
+    QWidget *newMoments(bool areOfOneField);
+    QWidget *newTexts();
     QWidget *newText(MarkedTextView *text, QPushButton *&button, QString history::Row::*side);
     QWidget *newButtons();
     void closeForAnother();
     void showMoment();
     [[nodiscard]] const history::Row *moment() const;
-    void restoreField(const QString &text);
+    void restoreField(QString history::Row::*side);
     void restoreTitle();
     void tell(const QString &sentence);
     void apply(const Result<ChangeSet> &set);
