@@ -49,7 +49,8 @@ ExitStatus shown(const QList<Item> &items, bool asJson, const Result<> &changed)
 {
     if (changed.isDone() && asJson)
         show(items, asJson);
-    return outcome(changed);
+    const ExitStatus status = outcomeOrRefusal(changed);
+    return status == Done ? TitleSession::stored() : status; // A site may not be safe yet.
 }
 
 /// What was deleted and is called @p name, the newest first; complains when nothing is.
@@ -112,14 +113,10 @@ public:
             show(*items, m_json);
             return Done;
         }
-        const Result<> back = bringBack(items->first(), *m_as ? text(m_newName) : text(m_name));
-        if (!back.isError(Error::Kind::Refused)) {
-            const ExitStatus status = shown(*items, m_json, back);
-            const bool isReleased = failedExtrasLine().isEmpty(); // The journal has told why it is not.
-            return status == Done && !isReleased ? FileFailed : status;
-        }
-        complain(back.error().reason);
-        return Refused;
+        const QString name = *m_as ? text(m_newName) : text(m_name);
+        const ExitStatus status = shown(*items, m_json, bringBack(items->first(), name));
+        const bool isReleased = failedExtrasLine().isEmpty(); // The journal has told why it is not.
+        return status == Done && !isReleased ? FileFailed : status;
     }
 
 private:

@@ -79,17 +79,22 @@ Result<Item> keepTitle(const QString &name, const QList<File> &files)
     return kept ? item : Result<Item>(kept.error());
 }
 
-Result<> keepSites(const StringDictionary &sites)
+Result<QList<Item>> keepSites(const StringDictionary &sites)
 {
-    return Journal::ofDataFolder().change([&](Database &database) -> Result<> {
+    QList<Item> items;
+    const Result<> kept = Journal::ofDataFolder().change([&](Database &database) -> Result<> {
+        items.clear();
         for (const auto &[name, address] : sites) {
-            Result<> kept = database.run("INSERT INTO deleted_sites (name, address, time) VALUES (?, ?, ?)",
-                                         name, address, QDateTime::currentMSecsSinceEpoch());
-            if (!kept)
-                return kept;
+            const qint64 now = QDateTime::currentMSecsSinceEpoch();
+            Result<> inserted = database.run(
+                "INSERT INTO deleted_sites (name, address, time) VALUES (?, ?, ?)", name, address, now);
+            if (!inserted)
+                return inserted;
+            items.append({Kind::Site, database.lastId(), name, address, now});
         }
         return prune(database);
     });
+    return kept ? items : Result<QList<Item>>(kept.error());
 }
 
 Result<QList<Item>> all()

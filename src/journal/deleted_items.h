@@ -40,8 +40,8 @@ struct File
 /// it.
 Result<Item> keepTitle(const QString &name, const QList<File> &files);
 
-/// Keeps own sites, address by name.
-Result<> keepSites(const StringDictionary &sites);
+/// Keeps own sites, address by name, that are about to be deleted.
+Result<QList<Item>> keepSites(const StringDictionary &sites);
 
 /// All that is kept, the newest first; what has been kept long enough goes.
 Result<QList<Item>> all();

@@ -58,8 +58,10 @@ QString explanation(const Item &item, const Error &error)
 Result<> bringSiteBack(const Item &site, const QString &name)
 {
     const SiteEdit added = site_editing::addSite(name, site.address);
-    if (added.outcome == SiteEdit::Done)
-        return deleted_items::release(site, name);
+    if (added.outcome == SiteEdit::Done) {
+        (void)deleted_items::release(site, name); // The status bar tells.
+        return {};
+    }
     const bool isStorage = added.outcome == SiteEdit::NotStored;
     return Error{isStorage ? Error::Kind::NotDone : Error::Kind::Refused, name, added.sentence};
 }

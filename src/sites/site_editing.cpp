@@ -25,6 +25,8 @@ class SiteEditingText
     Q_DECLARE_TR_FUNCTIONS(SiteEditing)
 };
 
+using deleted_items::Item;
+
 /// The author's changes to the catalogue.
 struct SiteLists
 {
@@ -300,9 +302,13 @@ Result<> removeSites(const QStringList &names)
         else if (after.user.erase(name) > 0)
             own.insert(*listed);
     }
+    // Before they go; where that fails, the status bar tells.
+    const auto kept = own.empty() ? QList<Item>() : deleted_items::keepSites(own);
     Result<> stored = store(*lists, after, site_list::userSites);
-    if (stored.isDone() && !own.empty())
-        (void)deleted_items::keepSites(own); // The status bar tells.
+    QList<Item> stillThere = kept.valueOr({});
+    stillThere.removeIf([&lists](const Item &site) { return !lists->user.sites.contains(site.name); });
+    if (!stillThere.isEmpty())
+        (void)deleted_items::forget(stillThere);
     return stored;
 }
 

@@ -80,6 +80,18 @@ Result<> renameMark(const QString &titleFolder, const QString &from, const QStri
     return renamed == text ? Result<>() : storeFile(path, renamed.toUtf8(), bytes);
 }
 
+/// What cannot be renamed there is told in the status bar.
+void renameInJournal(const QString &from, const QString &to)
+{
+    (void)Journal::ofDataFolder().changeExisting([&](Database &database) -> Result<> {
+        for (const auto rename : {ledger::renameSite, site_knowledge::renameSite, form_fields::renameSite}) {
+            if (Result<> renamed = rename(database, from, to); !renamed)
+                return renamed;
+        }
+        return {};
+    });
+}
+
 Result<> removePicture(const QString &path)
 {
     QFile file(path);
@@ -128,14 +140,7 @@ Result<> renameSite(const QString &from, const QString &to)
     const auto folders = titleFolders();
     if (!folders)
         return reported(mwqnAppSuppLoc, folders.error());
-    (void)Journal::ofDataFolder().changeExisting([&](Database &database)
-                                                     -> Result<> { // The status bar tells.
-        for (const auto rename : {ledger::renameSite, site_knowledge::renameSite, form_fields::renameSite}) {
-            if (Result<> renamed = rename(database, from, to); !renamed)
-                return renamed;
-        }
-        return {};
-    });
+    renameInJournal(from, to);
     Result<> outcome;
     for (const QString &folder : *folders) {
         if (Result<> renamed = renameMark(folder, from, to); !renamed.isDone())

@@ -55,8 +55,7 @@ public:
     {
         if (!m_state || m_next == m_titles.size())
             return false;
-        const qsizetype place = m_next++;
-        m_state = copyTitle(m_titles[place], stagedName(place));
+        m_state = copyTitle(m_next++);
         return m_state && m_next < m_titles.size();
     }
 
@@ -148,10 +147,11 @@ private:
         return folder || folder.isError(Error::Kind::Missing) ? Result<>() : folder.error();
     }
 
-    /// Copies one title; a trial reads it only. What of it cannot be read is noted; the error is that of
-    /// writing.
-    Result<> copyTitle(const QByteArray &name, const QByteArray &stagedName)
+    /// Copies the title at @p place; a trial reads it only. What of it cannot be read is noted; the error is
+    /// that of writing.
+    Result<> copyTitle(qsizetype place)
     {
+        const QByteArray &name = m_titles[place];
         const auto from = m_source->openFolder(name);
         if (!from) {
             noteFailure(name, from.error().reason);
@@ -160,7 +160,7 @@ private:
         noteTitlesInside(name);
         std::optional<FolderHandle> to;
         if (!isTrial()) {
-            auto made = m_staged->folder().makeFolder(stagedName);
+            auto made = m_staged->folder().makeFolder(stagedName(place));
             if (!made)
                 return Error{.path = exactText(name), .reason = made.error().reason};
             to.emplace(*std::move(made));
@@ -176,7 +176,7 @@ private:
                      !written)
                 return Error{.path = exactText(file), .reason = written.error().reason};
         }
-        m_copied.append(m_next - 1);
+        m_copied.append(place);
         return {};
     }
 
@@ -364,7 +364,7 @@ private:
         if (m_imported == 0)
             return TitleTransferText::tr("No software titles were imported.");
         const QString imported =
-            TitleTransferText::tr("%n software titles were imported.", nullptr, int(m_imported));
+            TitleTransferText::tr("%n software titles were imported.", nullptr, m_imported);
         return m_ignored.isEmpty() ? imported
                                    : imported + u'\n' +
                                          TitleTransferText::tr("%n software titles were ignored.", nullptr,

@@ -171,20 +171,14 @@ class WholeRestore final : public Whole
 public:
     WholeRestore(const QString &from, backups::Mode mode) : m_from(from), m_mode(mode)
     {
-        // First: then it is known what the titles that come back came from.
-        const auto isMissing = [](const QString &title) { return !title_folder::exists(title); };
-        if (mode == backups::Mode::TryOut) {
-            addJournal(journal_copies::canBeBroughtIn(from + journalName), m_result);
-        } else {
-            const auto broughtIn = journal_copies::bringIn(from + journalName, isMissing);
-            addJournal(broughtIn ? Result<>() : broughtIn.error(), m_result);
-        }
         if (isThere(from + titlesName, m_result))
             m_titles = TitleTransfer::restore(from + titlesName, mode);
     }
 
     BackupResult finish() override
     {
+        // First: then it is known what the titles that come back came from.
+        addJournal(bringJournalIn(), m_result);
         const BackupResult titles =
             m_titles ? m_titles->finish() : BackupResult{.outcome = BackupResult::Nothing};
         add(titles, m_result);
@@ -204,6 +198,16 @@ public:
     }
 
 private:
+    [[nodiscard]] Result<> bringJournalIn() const
+    {
+        const QString copy = m_from + journalName;
+        if (m_mode == backups::Mode::TryOut)
+            return journal_copies::canBeBroughtIn(copy);
+        const auto isMissing = [](const QString &title) { return !title_folder::exists(title); };
+        const auto broughtIn = journal_copies::bringIn(copy, isMissing);
+        return broughtIn ? Result<>() : broughtIn.error();
+    }
+
     QString m_from;
     backups::Mode m_mode;
     BackupResult m_result{.outcome = BackupResult::Nothing};

@@ -146,11 +146,11 @@ INSTANTIATE_TEST_SUITE_P(Commands, CliReading,
 TEST_F(CliWithTitle, WhatIsDoneButNotYetSafeIsSaidSo)
 {
     const QString commands = u"new N|rename N M|sites add Mine mine|sites edit Softs S s|sites remove Mine|"
-                             "sites restore Softs|mark T Simtel|unmark T Simtel"_s;
+                             "undelete Mine|sites restore Softs|mark T Simtel|unmark T Simtel"_s;
     ASSERT_LE(statusOf(u"check T"_s), 1);
     for (const QString &command : words(commands, u'|')) {
         bool isTold = false;
-        for (int sync = 1; sync < 9 && !isTold; ++sync) {
+        for (int sync = 1; sync < 24 && !isTold; ++sync) {
             const QTemporaryDir copy;
             QProcess::execute(u"cp"_s, {u"-a"_s, home() + u"/Library"_s, copy.path()});
             const CliResult result = runCli(copy.path(), words(command), {}, u"fsync@%1=EIO"_s.arg(sync));
@@ -307,6 +307,21 @@ TEST_F(Cli, AFileThatFailsAtReadingIsNotToldToBeNone)
     ASSERT_TRUE(put(home() + u"/b.xml", QByteArray(1024 * 1024 + 1, ' ')));
     for (const QString &command : {u"check b.xml"_s, u"import b.xml"_s})
         EXPECT_EQ(statusOf(command), 3) << command << "what is too large is no PAD file";
+}
+
+/// One of the two lists may be stored and the other not, and a kill may come between anything.
+TEST_F(Cli, AnOwnSiteIsInTheListOrKeptWhateverFails)
+{
+    ASSERT_EQ(statusOf(u"sites add Mine mine"_s), 0);
+    for (const QString &fault :
+         words(u"rename@1=EIO rename@2=EIO rename@2=kill fsync@4=kill fsync@6=kill"_s)) {
+        const QTemporaryDir copy;
+        QProcess::execute(u"cp"_s, {u"-a"_s, home() + u"/Library"_s, copy.path()});
+        EXPECT_NE(runCli(copy.path(), words(u"sites remove Mine Softs"_s), {}, fault).status, 0) << fault;
+        const bool isListed = runCli(copy.path(), {u"sites"_s}).output.startsWith("Mine\t");
+        const bool isKept = runCli(copy.path(), {u"deleted"_s}).output.startsWith("Mine\t");
+        EXPECT_TRUE(fault.endsWith(u"kill") ? isListed || isKept : isListed != isKept) << fault << isListed;
+    }
 }
 
 TEST_F(CliWithTitle, ADamagedDatabaseConcernsOnlyTheExtras)

@@ -1,6 +1,8 @@
+#include "overview/title_deletion.h"
 #include "overview/title_operations.h"
 #include "platform/property_list.h"
 #include "sites/backups.h"
+#include "sites/whole_backup.h"
 #include "store/site_list.h"
 #include "submission/data_folder_fixture.h"
 #include "support/faults.h"
@@ -374,6 +376,28 @@ TEST_F(Backups, ThatFailOrAreCancelledLeaveNothingBehind)
         << result;
     EXPECT_EQ(names(mwqnAppSuppLoc).filter(u".qndata"_s), QStringList{u"A.qndata"_s})
         << "what is whole is kept";
+}
+
+TEST_F(Backups, OfEverythingThatAreNotRestoredToTheEndBringNothingIn)
+{
+    makeTitles(u"A"_s);
+    ASSERT_TRUE(title_operations::deleteTitle(u"A"_s));
+    makeTitles(u"B C"_s);
+    const QString backup = place(u"all.qnall"_s);
+    ASSERT_EQ(backupAll(backup, Existing::Refuse).outcome, BackupResult::Done);
+    deleteTitles(u"B C"_s);
+    ASSERT_TRUE(deleted_items::forget(*deleted_items::all()));
+    const auto restore = [&backup](bool toTheEnd) {
+        const auto transfer = whole_backup::restore(backup);
+        while (transfer->step()) {
+        }
+        if (toTheEnd) {
+            EXPECT_EQ(transfer->finish().copied, 2);
+        }
+        return deleted_items::all()->size();
+    };
+    EXPECT_EQ(restore(false), 0);
+    EXPECT_EQ(restore(true), 1);
 }
 
 TEST_F(Backups, OfSitesAreCopiesAndComeBackUnderThePresentEntries)
