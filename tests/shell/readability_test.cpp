@@ -164,12 +164,11 @@ TEST_F(ReadabilityTest, DatesAndNumbersAreThoseOfTheUsersLocaleAndNeverStored)
         QString errors;
         QString page;
         QString apply;
-        QString sites;
     };
-    const Row rows[] = {{QLocale(u"de_DE"_s), u"14.05.26"_s, u"(3)"_s, u"3 errors on this page"_s,
-                         u"Appl&y to 2 Titles"_s, u"&Sites (212)"_s},
-                        {QLocale(u"ar_EG"_s), u"١٤‏/٥‏/٢٠٢٦"_s, u"(٣)"_s,
-                         u"٣ errors on this page"_s, u"Appl&y to ٢ Titles"_s, u"&Sites (٢١٢)"_s}};
+    const Row rows[] = {
+        {QLocale(u"de_DE"_s), u"14.05.26"_s, u"(3)"_s, u"3 errors on this page"_s, u"Appl&y to 2 Titles"_s},
+        {QLocale(u"ar_EG"_s), u"١٤‏/٥‏/٢٠٢٦"_s, u"(٣)"_s, u"٣ errors on this page"_s,
+         u"Appl&y to ٢ Titles"_s}};
     drop({padFile(u"Zebra"_s)});
     answerAlert(u"OK"_s);
     command(u"tryExample"_s)->trigger();
@@ -196,7 +195,8 @@ TEST_F(ReadabilityTest, DatesAndNumbersAreThoseOfTheUsersLocaleAndNeverStored)
         QStringList captions;
         for (const QLabel *label : visible<QWidget>(u"prefsWindow"_s)->findChildren<QLabel *>())
             captions.append(label->text());
-        EXPECT_TRUE(captions.contains(row.sites)) << captions.join(u'|');
+        const QString sites = row.locale.toString(qsizetype(mwqnDefaultSitesDict.size()));
+        EXPECT_TRUE(captions.contains(u"&Sites (%1)"_s.arg(sites))) << captions.join(u'|');
         press(u"closeButton"_s);
     }
 }
