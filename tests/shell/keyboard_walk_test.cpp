@@ -81,6 +81,12 @@ using KeyboardWalkTest = WindowWalkTest;
 TEST_F(KeyboardWalkTest, TheMainWindowWithItsViews)
 {
     walkViews(keyboardFaults);
+    window().findChild<QTabWidget *>()->setCurrentIndex(1);
+    for (auto *box : window().findChildren<QComboBox *>()) {
+        if (box->isVisible())
+            QTest::keyClick(box, Qt::Key_Down);
+    }
+    EXPECT_EQ(markupTold(window()), QStringList()) << "with something chosen";
 }
 
 TEST_F(KeyboardWalkTest, EveryWindowThatACommandOpens)

@@ -35,6 +35,7 @@ QPalette paletteOf(const Look &look)
     palette.setColor(QPalette::Window, look.window);
     palette.setColor(QPalette::Base, look.base);
     palette.setColor(QPalette::Text, look.text);
+    palette.setColor(QPalette::Highlight, 0x3daee9);
     return palette;
 }
 
@@ -91,6 +92,7 @@ TEST(Colours, WhichTabIsOnShowAndWhereOneScrollsIsSeenOnEveryGround)
         }
         return most;
     };
+    static constexpr double seen = 1.5; // The style alone comes to 1.26 on black.
     for (const Look &look : looks) {
         QTabBar tabs;
         QScrollBar bar(Qt::Vertical);
@@ -99,8 +101,8 @@ TEST(Colours, WhichTabIsOnShowAndWhereOneScrollsIsSeenOnEveryGround)
             widget->setPalette(paletteOf(look));
         tabs.addTab({});
         tabs.addTab({});
-        EXPECT_GE(difference(tabs, [&] { tabs.setCurrentIndex(1); }), 1.25) << look.name;
-        EXPECT_GE(difference(bar, [&] { bar.setValue(bar.maximum()); }), 1.25) << look.name;
+        EXPECT_GE(difference(tabs, [&] { tabs.setCurrentIndex(1); }), seen) << look.name;
+        EXPECT_GE(difference(bar, [&] { bar.setValue(bar.maximum()); }), seen) << look.name;
     }
 }
 
