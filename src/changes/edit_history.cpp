@@ -138,12 +138,14 @@ const UndoStacks &EditHistory::stacks()
 {
     if (m_stacks)
         return *m_stacks;
-    m_stacks.emplace();
+    static const UndoStacks none;
     if (!mwqnSelSW)
-        return *m_stacks;
+        return none;
     const auto steps =
         Journal::ofDataFolder().find([](Database &database) { return history::steps(database, *mwqnSelSW); });
-    m_stacks = UndoStacks::of(steps.valueOr({}));
+    if (!steps) // The status bar tells; the next look may succeed.
+        return none;
+    m_stacks = UndoStacks::of(*steps);
     return *m_stacks;
 }
 

@@ -8,6 +8,7 @@
 #include "changes/unfinished_sets.h"
 #include "editor/editor_session.h"
 #include "journal/journal.h"
+#include "journal/set_log.h"
 #include "overview/title_operations.h"
 #include "platform/notifications.h"
 #include "store/title_folder.h"
@@ -181,6 +182,47 @@ TEST_F(ChangePlanTest, WhatAKillKeptFromBeingChangedStaysAsItCame)
                 EXPECT_TRUE(now == came || now.contains("<Program_Version>2.0<")) << title << now;
             }
         });
+}
+
+TEST_F(ChangePlanTest, WhatCouldNotBeStoredIsToldAndLeavesTheHistory)
+{
+    const QStringList titles = {u"A"_s, u"B"_s};
+    for (const QString &title : titles)
+        make(title);
+    const auto unfinished = [] {
+        return Journal::ofDataFolder().find(set_log::unfinished).valueOr({}).size();
+    };
+    const QMap<QString, QByteArray> before = files();
+    for (int file = 1; file <= 3; ++file) {
+        const bool isPadFile = file == 2; // Between the errors and the summary.
+        const ChangePlan plan = release(titles);
+        std::optional<FaultPlan> fault(std::in_place, inData(u"B.qndata"_s),
+                                       failing("create", file, "ENOSPC"));
+        const auto applied = change_plans::apply(plan);
+        EXPECT_TRUE(fault->met());
+        fault.reset();
+        ASSERT_TRUE(applied && applied->titles.size() == 2);
+        EXPECT_TRUE(applied->titles[0].stored && !applied->titles[1].stored);
+        EXPECT_EQ(applied->titles[1].isChanged, !isPadFile) << file;
+        EXPECT_EQ(wayBack().titles.size(), isPadFile ? 1 : 2) << file;
+        EXPECT_EQ(unfinished(), isPadFile ? 0 : 1) << file;
+        EXPECT_TRUE(unfinished_sets::settle().isEmpty());
+        EXPECT_EQ(unfinished(), 0);
+        ASSERT_TRUE(change_plans::apply(wayBack()));
+        checked(titles);
+        EXPECT_EQ(files(), before) << file;
+    }
+}
+
+TEST_F(ChangePlanTest, ATitleIsReadWithoutWhatAnotherHolds)
+{
+    const auto read = [](const QString &title, const QByteArray &element) {
+        EXPECT_TRUE(AddDeleteImportEdit::importExistingFile(
+            title, PadDocument("<MASTER_PAD_VERSION_INFO></MASTER_PAD_VERSION_INFO>" + element)));
+        return change_plans::stateOf(title)->judged.values[size_t(FieldId::eula)];
+    };
+    EXPECT_EQ(read(u"A"_s, "<EULA>Free</EULA>"), u"Free"_s);
+    EXPECT_EQ(read(u"B"_s, "<Program_Name>B</Program_Name>"), QString());
 }
 
 TEST_F(ChangePlanTest, NothingIsAppliedAnywhereWhenOneFieldHasChanged)

@@ -5,6 +5,7 @@
 #include "overview/title_operations.h"
 #include "store/storage_status.h"
 #include "store/title_folder.h"
+#include "support/faults.h"
 #include "support/recorders.h"
 #include "support/temporary_home.h"
 
@@ -180,6 +181,20 @@ TEST_F(EditHistoryTest, AStepIsAStretchInOneField)
     const auto stored = files();
     EXPECT_FALSE(edits.undo()) << "what somebody else has written is not overwritten";
     EXPECT_EQ(files(), stored);
+}
+
+TEST_F(EditHistoryTest, AHistoryThatCannotBeReadForAMomentIsNoEmptyOne)
+{
+    type(FieldId::programName, u"Tool"_s);
+    calls.pass(2s);
+    open(u"T"_s);
+    Journal::ofDataFolder().close();
+    {
+        const FaultPlan plan(mwqnAppSuppLoc, "open+=EIO create+=EIO");
+        EXPECT_FALSE(edits.canUndo());
+        EXPECT_TRUE(plan.met());
+    }
+    EXPECT_TRUE(edits.canUndo());
 }
 
 TEST_F(EditHistoryTest, TheFilesAreTheSameWithoutAJournal)
