@@ -5,6 +5,7 @@
 #include "support/listener.h"
 
 #include <QSignalSpy>
+#include <QWebEngineDownloadRequest>
 #include <QWebEngineProfile>
 
 #include <csignal>
@@ -130,6 +131,12 @@ TEST_F(WebPagesTest, OfferedFilesAreShownAndNotStored)
     server.serve(u"/program"_s, {QByteArray(2048, '\1'), "application/octet-stream"});
     server.serve(u"/paper.pdf"_s, {"%PDF-1.4", "application/pdf"});
     const QStringList before = files();
+    const QString offered = page().profile()->persistentStoragePath() + u"/offered";
+    const QObject here;
+    QObject::connect(
+        page().profile(), &QWebEngineProfile::downloadRequested, &here, [&offered](auto *request) {
+            EXPECT_EQ(request->downloadDirectory(), offered) << "elsewhere a kill would leave it for ever";
+        });
 
     visit(server.url(u"/text"_s));
     EXPECT_TRUE(eventually([] { return pageText().contains(u"<b>1</b>,\"2\"\nä"); }));
@@ -148,7 +155,6 @@ TEST_F(WebPagesTest, OfferedFilesAreShownAndNotStored)
         return ask(u"document.getElementById('text')?.textContent.length ?? 0"_s).toInt() == longestShownText;
     }));
     EXPECT_EQ(files(), before);
-    const QString offered = page().profile()->persistentStoragePath() + u"/offered";
     EXPECT_TRUE(eventually([&] { return tree(offered).isEmpty(); })) << "what was shown is not kept either";
     QTest::keyClick(&window(), Qt::Key_F5);
     EXPECT_TRUE(eventually([this] { return server.count(u"/long"_s) == 2; }))
