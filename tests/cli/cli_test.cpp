@@ -76,12 +76,13 @@ TEST_F(CliWithTitle, DatesAreInTheUsersStyleInAnyCharacterSet)
     }
 }
 
-TEST_F(CliWithTitle, WithoutDescriptorsNothingIsMadeUp)
+TEST_F(CliWithTitle, WhatCannotBeReadIsNotMadeUp)
 {
-    for (const char *const command :
-         {"sites add Mine mine", "set T programVersion=1", "mark T Mine", "set T programVersion=2"})
+    for (const char *const command : {"sites add Mine mine", "set T programVersion=1", "mark T Mine",
+                                      "ledger T Mine listed --note Read", "set T programVersion=2"})
         ASSERT_EQ(statusOf(QString::fromLatin1(command)), 0) << command;
-    const QString commands = u"sites --for T|next T|matrix|ledger T|ledger T Softpedia sent --dry-run"_s;
+    const QString commands = u"sites --for T|next T|matrix|ledger T|ledger T Mine sent --dry-run|"
+                             "ledger T Softpedia sent --dry-run"_s;
     for (const QString &command : words(commands, u'|')) {
         const auto told = [&](const QString &faults) {
             const CliResult result = run(command, faults);
@@ -90,9 +91,11 @@ TEST_F(CliWithTitle, WithoutDescriptorsNothingIsMadeUp)
         };
         const auto calm = told({});
         EXPECT_EQ(calm.first, 0) << command;
-        for (int turn = 1; turn <= 16; ++turn) {
-            const auto result = told(u"open@%1=EMFILE"_s.arg(turn));
-            EXPECT_TRUE(result.first == 4 || result == calm) << command << turn << result.second;
+        for (const QString &call : {u"open@%1=EMFILE"_s, u"read@%1=EIO"_s}) {
+            for (int turn = 1; turn <= 16; ++turn) {
+                const auto result = told(call.arg(turn));
+                EXPECT_TRUE(result.first == 4 || result == calm) << command << call << turn << result.second;
+            }
         }
     }
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/settings.h"
 #include "store/add_delete_import_edit.h"
 #include "store/process_state.h"
 #include "support/testing.h"
@@ -18,7 +19,12 @@ protected:
         setDataFolder(m_home.path());
         resetState();
     }
-    void TearDown() override { resetState(); }
+    void TearDown() override
+    {
+        resetState();
+        // What is not stored now would be when the program ends, into the folder that is gone by then.
+        settings().sync();
+    }
 
     [[nodiscard]] QString home() const { return m_home.path(); }
 
