@@ -142,9 +142,10 @@ private:
     Result<> lookAt(const QString &parent)
     {
         auto folder = FolderHandle::open(parent);
-        if (folder)
-            m_parent.emplace(*std::move(folder));
-        return folder || folder.isError(Error::Kind::Missing) ? Result<>() : folder.error();
+        if (!folder)
+            return folder.isError(Error::Kind::Missing) ? Result<>() : folder.error();
+        m_parent.emplace(*std::move(folder));
+        return {};
     }
 
     /// Copies the title at @p place; a trial reads it only. What of it cannot be read is noted; the error is
