@@ -351,7 +351,8 @@ TEST_F(Cli, ReadingMakesNoFolderAndAFileInItsPlaceIsToldAndLeftAlone)
 {
     EXPECT_EQ(statusOf(u"list"_s), 0);
     EXPECT_EQ(run(u"sites"_s).output.count('\n'), qsizetype(defaultSites.size()));
-    EXPECT_EQ(statusOf(u"sites note FileCluster --gone yes --dry-run"_s), 0);
+    const QString trial = u"sites note FileCluster --gone yes --dry-run"_s;
+    EXPECT_EQ(statusOf(trial), 0);
     const CliResult completion = run(u"complete sites remove FileClus"_s);
     EXPECT_EQ(completion.output + completion.messages, QByteArray("FileCluster\0", 12));
     EXPECT_EQ(names(home()), QStringList());
@@ -360,7 +361,10 @@ TEST_F(Cli, ReadingMakesNoFolderAndAFileInItsPlaceIsToldAndLeftAlone)
     EXPECT_TRUE(nowhere.messages.contains("--home needs the name of a folder."));
 
     const QString folder = home() + u"/Library/Application Support/Marrowick";
-    ASSERT_TRUE(QDir().mkpath(folder) && put(folder + u"/Quillon", "precious"));
+    ASSERT_TRUE(QDir().mkpath(folder + u"/Quillon"));
+    EXPECT_EQ(statusOf(trial), 0);
+    ASSERT_TRUE(QDir().rmdir(folder + u"/Quillon")) << "something is in it";
+    ASSERT_TRUE(put(folder + u"/Quillon", "precious"));
     EXPECT_EQ(statusOf(u"new A"_s) + statusOf(u"list"_s), 4 + 4);
     EXPECT_EQ(contents(folder + u"/Quillon"), "precious");
 }

@@ -101,7 +101,7 @@ TEST_F(JournalTest, WhatCannotBeReadIsNotSetAside)
 /// A bad place of the disk is one when it is read for the second time, too.
 TEST_F(JournalTest, WhatFailsToBeReadAgainIsNoDamage)
 {
-    ASSERT_TRUE(deleted_items::keepTitle(u"T"_s, {{"large", QByteArray(6 * 1'048'576, 'x')}}));
+    ASSERT_TRUE(deleted_items::keepTitle(u"T"_s, {{"large", QByteArray(6'291'456, 'x')}}));
     Journal::ofDataFolder().close();
     const QByteArray good = contents(file());
     for (int later = 21; later <= 27; ++later) {

@@ -230,7 +230,7 @@ TEST_F(PastingTest, WhatAFieldMakesOfAValueIsTold)
             click(u"field"_s);
         const Listener listener;
         press(each.button);
-        EXPECT_TRUE(eventually([&] {
+        ASSERT_TRUE(eventually([&] {
             return each.notice.isEmpty() ? listener.said.join(u'|').startsWith(u"Pasted: ")
                                          : notice().contains(each.notice);
         })) << each.field.toStdString()
