@@ -43,6 +43,10 @@ struct EmptyHome
         setSettingsHome(folder.path());
         setDataFolder(folder.path());
     }
+    /// Settings that are stored only later would make the folder anew.
+    ~EmptyHome() { settings().sync(); }
+    Q_DISABLE_COPY_MOVE(EmptyHome)
+
     const QTemporaryDir folder;
 };
 
