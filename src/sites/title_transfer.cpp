@@ -230,8 +230,8 @@ public:
             m_state = put();
         if (!m_state)
             qCWarning(log).noquote() << backups::detail(m_state.error());
-        else if (!isTrial()) // Only now: an older backup may still bear such a name while the new one is not
-                             // safe.
+        // Only now: an older backup may still bear such a name while the new one is not safe.
+        else if (!isTrial())
             removeAbandoned(QFileInfo(m_place).path());
         return result();
     }
@@ -308,8 +308,8 @@ public:
         if (isTrial()) {
             for (const qsizetype place : std::as_const(m_copied))
                 m_restored.append(m_titles[place]);
-        } else if (!m_copied
-                        .isEmpty()) { // Also when the last title could not be written: the others come in.
+        } else if (!m_copied.isEmpty()) {
+            // Also when the last title could not be written: the others come in.
             if (const Result<> placed = place(); !placed && m_state)
                 m_state = placed;
             if (!m_restored.isEmpty())
