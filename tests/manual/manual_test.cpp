@@ -29,7 +29,14 @@ bool leadsSomewhere(const QString &link, const QString &from)
 
 } // namespace
 
-TEST(ManualTest, EveryPageIsInTheContentsAndEveryLinkLeadsSomewhere)
+class ManualTest : public testing::Test
+{
+private:
+    int m_count = 0;
+    QCoreApplication m_application{m_count, nullptr}; // The manual is found from where the program lies.
+};
+
+TEST_F(ManualTest, EveryPageIsInTheContentsAndEveryLinkLeadsSomewhere)
 {
     static const QRegularExpression href(u"href=\"([^\"]*)\""_s);
     static const QRegularExpression source(u"<img src=\"([^\"]*)\" alt=\"[^\"]"_s);
@@ -60,7 +67,7 @@ TEST(ManualTest, EveryPageIsInTheContentsAndEveryLinkLeadsSomewhere)
     EXPECT_EQ(manual_topics::pageOf({u""_s, u"eula"_s, u"editView"_s}), u"fields.html#eula");
 }
 
-TEST(ManualTest, SearchingFindsWhatStandsOnAnyPage)
+TEST_F(ManualTest, SearchingFindsWhatStandsOnAnyPage)
 {
     const ManualPages pages = installed();
     const std::pair<QString, QString> searches[] = {
@@ -86,7 +93,7 @@ TEST(ManualTest, SearchingFindsWhatStandsOnAnyPage)
               u"From site to site – Keep submissions up to date");
 }
 
-TEST(ManualTest, TheCommandsOfBothWindowsAreListedWithTheirKeys)
+TEST_F(ManualTest, TheCommandsOfBothWindowsAreListedWithTheirKeys)
 {
     const QByteArray menus = contents(manual::folder() + u"/menus.html"_s);
     for (const char *row :
@@ -96,7 +103,7 @@ TEST(ManualTest, TheCommandsOfBothWindowsAreListedWithTheirKeys)
         EXPECT_TRUE(menus.contains(row)) << row;
 }
 
-TEST(ManualTest, EveryMessageOfTheRulesIsExplained)
+TEST_F(ManualTest, EveryMessageOfTheRulesIsExplained)
 {
     const QString fields = QString::fromUtf8(contents(manual::folder() + u"/fields.html"_s));
     for (const FieldRule &rule : field_rules::table) {
@@ -105,7 +112,7 @@ TEST(ManualTest, EveryMessageOfTheRulesIsExplained)
     }
 }
 
-TEST(ManualTest, OnlyItsOwnPagesAreItsPages)
+TEST_F(ManualTest, OnlyItsOwnPagesAreItsPages)
 {
     EXPECT_TRUE(manual::isPage(manual::address(u"index.html#top"_s)));
     for (const QString &page : {u"../../etc/passwd"_s, u"../x.html"_s, u"manual.css"_s})
@@ -114,11 +121,4 @@ TEST(ManualTest, OnlyItsOwnPagesAreItsPages)
     EXPECT_TRUE(manual::isPicture(manual::address(u"images/editor.png"_s)));
     for (const QString &page : {u"editor.png"_s, u"images/../../x.png"_s, u"images/index.html"_s})
         EXPECT_FALSE(manual::isPicture(manual::address(page))) << page;
-}
-
-int main(int argc, char *argv[])
-{
-    testing::InitGoogleTest(&argc, argv);
-    const QCoreApplication application(argc, argv); // The manual is found from where the program lies.
-    return RUN_ALL_TESTS();
 }

@@ -1,3 +1,4 @@
+#include "support/own_home.h"
 #include "widgets/outlined_style.h"
 
 #include <QApplication>
@@ -10,6 +11,7 @@ int main(int argc, char *argv[])
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     testing::InitGoogleTest(&argc, argv);
+    const quillon::OwnHome home;
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     quillon::OutlinedStyle::install();
