@@ -6,6 +6,7 @@
 #include "submission/browser_loading.h"
 #include "submission/submit_window.h"
 #include "submitted_title.h"
+#include "support/own_home.h"
 
 #include <QEventLoop>
 #include <QMainWindow>
@@ -137,6 +138,7 @@ BENCHMARK(openFirst)->Iterations(15)->UseManualTime()->Unit(benchmark::kMillisec
 
 int main(int argc, char *argv[])
 {
+    const OwnHome home; // The engine and what draws keep something there.
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     const QStringList arguments = QCoreApplication::arguments();

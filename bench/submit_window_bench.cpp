@@ -3,6 +3,7 @@
 #include "submission/engine_environment.h"
 #include "submission/submit_window.h"
 #include "submitted_title.h"
+#include "support/own_home.h"
 
 #include <QApplication>
 #include <QMainWindow>
@@ -69,6 +70,7 @@ int main(int argc, char *argv[])
 {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    const OwnHome home; // The engine and what draws keep something there.
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     prepareEngineEnvironment();

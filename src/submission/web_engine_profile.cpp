@@ -3,6 +3,7 @@
 #include "platform/web_address.h"
 #include "submission/web_engine_downloads.h"
 
+#include <QFile>
 #include <QWebEngineCookieStore>
 #include <QWebEngineProfile>
 #include <QWebEngineSettings>
@@ -69,6 +70,27 @@ public:
     }
 };
 
+/// While it lives, the engine takes a folder for that of all programs' data. A profile that is made writes
+/// there at once, before it can be told another one: by what it writes a site knows the author's devices
+/// again.
+class DataHome
+{
+public:
+    explicit DataHome(const QString &folder) { qputenv(variable, QFile::encodeName(folder)); }
+    ~DataHome()
+    {
+        if (m_before.isNull())
+            qunsetenv(variable);
+        else
+            qputenv(variable, m_before);
+    }
+    Q_DISABLE_COPY_MOVE(DataHome)
+
+private:
+    static constexpr const char *variable = "XDG_DATA_HOME";
+    QByteArray m_before = qgetenv(variable);
+};
+
 void restrict(QWebEngineProfile &profile)
 {
     for (const auto &[attribute, isOn] : pageSettings)
@@ -93,6 +115,7 @@ std::unique_ptr<QWebEngineProfile> newVisitProfile()
 
 std::unique_ptr<QWebEngineProfile> newWebEngineProfile(const QString &folder)
 {
+    const DataHome dataHome(folder);
     auto profile = std::make_unique<QWebEngineProfile>(u"Quillon"_s);
     profile->setPersistentStoragePath(folder);
     profile->setCachePath(folder + u"/cache"_s);

@@ -14,6 +14,7 @@
 #include <QSslKey>
 #include <QSslServer>
 #include <QSslSocket>
+#include <QStandardPaths>
 #include <QTextDocument>
 #include <QWebEngineCertificateError>
 #include <QWebEngineClientCertificateStore>
@@ -176,6 +177,8 @@ TEST_F(WebPagesTest, WhatPagesStoreIsBoundedAndCanBeCleared)
     ASSERT_TRUE(open(u"/windows.html"_s));
     EXPECT_EQ(ask(kept), u"undefined"_s);
     EXPECT_EQ(folder.entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), QStringList(u"3"_s));
+    EXPECT_FALSE(QFileInfo::exists(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)))
+        << "something was stored where it is not cleared";
     const QString left = folder.filePath(u"4/offered/1.download"_s); // Of a later run that was killed.
     ASSERT_TRUE(folder.mkpath(u"4/offered"_s) && put(left, "x"));
     start();
