@@ -4,15 +4,15 @@
 #include "platform/property_list.h"
 #include "platform/staged_folder.h"
 #include "platform/translated_text.h"
+#include "sites/title_backup.h"
+#include "sites/title_restore.h"
 #include "sites/whole_backup.h"
 #include "store/process_state.h"
 #include "store/site_list.h"
 #include "store/storage_status.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
-#include <QLoggingCategory>
 
 #include <array>
 
@@ -27,8 +27,6 @@ class BackupsText
     Q_DECLARE_TR_FUNCTIONS(Backups)
 };
 
-Q_LOGGING_CATEGORY(log, "quillon.backups")
-
 constexpr std::array<QStringView, 2> siteLists = {site_list::ignoredSites, site_list::userSites};
 
 /// Adds @p error, which is logged as well, to what @p result tells.
@@ -36,18 +34,18 @@ void note(const Error &error, BackupResult &result)
 {
     result.details.append(detail(error));
     result.fileFailed = true;
-    qCWarning(log).noquote() << result.details.last();
+    qCWarning(backupsLog).noquote() << result.details.last();
 }
 
-BackupResult run(TitleTransfer &transfer, const Progress &progress)
+BackupResult run(const std::unique_ptr<TitleTransfer> &transfer, const Progress &progress)
 {
-    while (transfer.step()) {
-        if (progress && !progress(transfer.done(), transfer.total()))
+    while (transfer->step()) {
+        if (progress && !progress(transfer->done(), transfer->total()))
             return {.outcome = BackupResult::Cancelled};
     }
     if (progress)
-        progress(transfer.total(), transfer.total());
-    return transfer.finish();
+        progress(transfer->total(), transfer->total());
+    return transfer->finish();
 }
 
 /// Whether @p path is @p folder or lies in it; both canonical.
@@ -189,22 +187,22 @@ Result<> mayBeMade(const QString &to, QStringView extension, Existing existing)
 
 BackupResult backupTitles(const QString &to, Existing existing, const Progress &progress, Mode mode)
 {
-    return run(*TitleTransfer::backup(to, existing, mode), progress);
+    return run(std::make_unique<TitleBackup>(to, existing, mode), progress);
 }
 
 BackupResult restoreTitles(const QString &from, const Progress &progress, Mode mode)
 {
-    return run(*TitleTransfer::restore(from, mode), progress);
+    return run(std::make_unique<TitleRestore>(from, mode), progress);
 }
 
 BackupResult backupAll(const QString &to, Existing existing, Mode mode)
 {
-    return run(*whole_backup::backup(to, existing, mode), {});
+    return run(whole_backup::backup(to, existing, mode), {});
 }
 
 BackupResult restoreAll(const QString &from, Mode mode)
 {
-    return run(*whole_backup::restore(from, mode), {});
+    return run(whole_backup::restore(from, mode), {});
 }
 
 BackupResult backupSites(const QString &to, Existing existing, Mode mode)

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/result.h"
-#include "sites/title_transfer.h"
+#include "sites/backup_result.h"
 
 #include <functional>
 

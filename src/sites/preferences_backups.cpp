@@ -5,6 +5,8 @@
 #include "platform/notification_center.h"
 #include "platform/notifications.h"
 #include "platform/translated_text.h"
+#include "sites/title_backup.h"
+#include "sites/title_restore.h"
 #include "sites/whole_backup.h"
 
 #include <QElapsedTimer>
@@ -43,7 +45,7 @@ void PreferencesBackups::backupSoftwareAction()
                             request(tr("Save Backup"), backups::titlesExtension,
                                     fixedEnglish(u"Quillon Software List Backup.swback")),
                             [this](const QString &path) {
-                                beginTransfer(TitleTransfer::backup(path, backups::Existing::Replace),
+                                beginTransfer(std::make_unique<TitleBackup>(path, backups::Existing::Replace),
                                               &PreferencesBackups::backupEnded);
                             });
 }
@@ -53,7 +55,7 @@ void PreferencesBackups::importSoftwareListAction()
     m_alerts.chooseFiles(SheetWindow::Preferences, request(tr("Choose Backup"), backups::titlesExtension),
                          [this](const QStringList &paths) {
                              if (!paths.isEmpty())
-                                 beginTransfer(TitleTransfer::restore(paths.first()),
+                                 beginTransfer(std::make_unique<TitleRestore>(paths.first()),
                                                &PreferencesBackups::restoreEnded);
                          });
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "sites/backups.h"
+#include "sites/title_transfer.h"
 
 #include <QObject>
 

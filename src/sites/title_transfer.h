@@ -2,8 +2,6 @@
 
 #include "sites/backup_result.h"
 
-#include <memory>
-
 namespace quillon {
 
 /**
@@ -14,10 +12,6 @@ namespace quillon {
 class TitleTransfer
 {
 public:
-    static std::unique_ptr<TitleTransfer> backup(const QString &to, backups::Existing existing,
-                                                 backups::Mode mode = backups::Mode::Do);
-    static std::unique_ptr<TitleTransfer> restore(const QString &from,
-                                                  backups::Mode mode = backups::Mode::Do);
     virtual ~TitleTransfer() = default;
 
     /// How many titles there are to copy, and how many have had their turn.

@@ -5,6 +5,8 @@
 #include "platform/staged_folder.h"
 #include "platform/translated_text.h"
 #include "sites/backups.h"
+#include "sites/title_backup.h"
+#include "sites/title_restore.h"
 #include "store/storage_status.h"
 #include "store/title_folder.h"
 
@@ -87,7 +89,7 @@ public:
         m_state = backups::mayBeMade(to, extension, existing);
         m_isRefused = !m_state;
         if (m_state && isTrial())
-            m_titles = TitleTransfer::backup(inside(titlesName), backups::Existing::Replace, mode);
+            m_titles = std::make_unique<TitleBackup>(inside(titlesName), backups::Existing::Replace, mode);
         if (!m_state || isTrial())
             return;
         auto staged = StagedFolder::in(QFileInfo(m_place).path());
@@ -96,7 +98,7 @@ public:
             return;
         }
         m_staged.emplace(*std::move(staged));
-        m_titles = TitleTransfer::backup(inside(titlesName), backups::Existing::Refuse);
+        m_titles = std::make_unique<TitleBackup>(inside(titlesName), backups::Existing::Refuse);
     }
 
     BackupResult finish() override
@@ -172,7 +174,7 @@ public:
     WholeRestore(const QString &from, backups::Mode mode) : m_from(from), m_mode(mode)
     {
         if (isThere(from + titlesName, m_result))
-            m_titles = TitleTransfer::restore(from + titlesName, mode);
+            m_titles = std::make_unique<TitleRestore>(from + titlesName, mode);
     }
 
     BackupResult finish() override

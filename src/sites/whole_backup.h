@@ -2,6 +2,8 @@
 
 #include "sites/title_transfer.h"
 
+#include <memory>
+
 /// Everything in one backup: a folder with the backup of the titles, that of the sites, and a copy of the
 /// journal's database. What there is none of is left out.
 namespace quillon::whole_backup {
