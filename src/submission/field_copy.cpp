@@ -9,6 +9,7 @@
 #include "store/add_delete_import_edit.h"
 #include "store/storage_status.h"
 #include "submission/browser.h"
+#include "submission/pad_dates.h"
 
 #include <algorithm>
 
@@ -88,36 +89,6 @@ constexpr FieldCopyButton buttonRows[] = {
     {u"otherDownloadURL2", QUILLON_TR_NOOP("FieldCopy", "Other Download URL 2"), FieldId::otherDownloadURL2},
 };
 
-/// The fields that make up a date; the panel has one button for all three.
-struct DateFields
-{
-    FieldId year;
-    FieldId month;
-    FieldId day;
-};
-
-constexpr std::array<DateFields, 2> dateButtons = {{
-    {FieldId::releaseDateYear, FieldId::releaseDateMonth, FieldId::releaseDateDay},
-    {FieldId::expireDateYear, FieldId::expireDateMonth, FieldId::expireDateDay},
-}};
-
-const DateFields *dateOf(FieldId year)
-{
-    const auto date = std::ranges::find(dateButtons, year, &DateFields::year);
-    return date == dateButtons.end() ? nullptr : &*date;
-}
-
-std::optional<QString> dateText(const DateFields &date, const QString &pad, const QLocale &locale)
-{
-    const TolerantXml xml(pad);
-    const auto number = [&xml](FieldId field) {
-        return xml.first(padField(field).element).value_or(QString()).toInt();
-    };
-    const int year = number(date.year);
-    const QDate read(year, number(date.month), number(date.day));
-    return year > 0 && read.isValid() ? std::optional(dates::shortText(read, locale)) : std::nullopt;
-}
-
 /// The text between the first start tag and the first end tag of @p tag, if there is any.
 std::optional<QString> findClipboardContent(QStringView tag, const QString &pad)
 {
@@ -152,8 +123,10 @@ const FieldCopyButton *fieldCopyButtonNamed(QStringView action)
 std::optional<QString> pasteText(const FieldCopyButton &button, const QByteArray &pad, const QLocale &locale)
 {
     const QString text = decodedXmlText(pad);
-    const DateFields *date = dateOf(button.field);
-    return date ? dateText(*date, text, locale) : findClipboardContent(button.tag(), text);
+    if (!pad_dates::isDate(button.field))
+        return findClipboardContent(button.tag(), text);
+    const auto date = pad_dates::read(TolerantXml(text), button.field);
+    return date ? std::optional(dates::shortText(*date, locale)) : std::nullopt;
 }
 
 FieldCopyPanel::FieldCopyPanel(Browser &browser, QObject *parent)
@@ -175,7 +148,7 @@ void FieldCopyPanel::setPasteData()
                        !xml.first(fieldCopyButtons[size_t(place)].tag()).value_or(QString()).isEmpty());
     if (std::exchange(m_enabled, enabled) != enabled)
         Q_EMIT changed();
-    Q_EMIT valuesRead();
+    Q_EMIT valuesRead(bytes);
 }
 
 void FieldCopyPanel::press(int place)

@@ -73,8 +73,8 @@ public:
 Q_SIGNALS:
     /// A button can be used, cannot be used, or is on, other than before.
     void changed();
-    /// setPasteData() has read the file.
-    void valuesRead();
+    /// setPasteData() has read the file, which is @p pad, or why it could not.
+    void valuesRead(const Result<QByteArray> &pad);
     /// Why a press has pasted nothing, in a sentence.
     void nothingPasted(const QString &reason);
 

@@ -58,7 +58,7 @@ FieldCopyView::FieldCopyView(FieldCopyPanel &panel, QWidget *parent)
     connect(&panel, &FieldCopyPanel::valuesRead, this, &FieldCopyView::showValues);
     arrange();
     showStates();
-    showValues();
+    showValues(QByteArray()); // Until a title is taken.
 }
 
 QWidget *FieldCopyView::newFilterRow()
@@ -128,9 +128,8 @@ void FieldCopyView::showStates()
     }
 }
 
-void FieldCopyView::showValues()
+void FieldCopyView::showValues(const Result<QByteArray> &pad)
 {
-    const Result<QByteArray> pad = AddDeleteImportEdit::returnDataObjectFor(u"data");
     for (int place = 0; place < m_buttons.size(); ++place)
         showValue(place, pad);
 }

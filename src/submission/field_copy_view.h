@@ -48,7 +48,7 @@ private:
     QWidget *newButtons();
     void addButton(int place, QWidget *parent);
     void showStates();
-    void showValues();
+    void showValues(const Result<QByteArray> &pad);
     void showValue(int place, const Result<QByteArray> &pad);
     void arrange();
     [[nodiscard]] int widestButton() const;

@@ -62,12 +62,13 @@ void PageLoad::didFinishLoad()
 
 void PageLoad::didFailLoad(const QString &description)
 {
-    // An engine that fails on the error page itself must not be asked for another one.
-    m_showsErrorPage = !m_showsErrorPage;
-    if (m_showsErrorPage)
+    const bool wasErrorPage = std::exchange(m_showsErrorPage, false);
+    if (!wasErrorPage) { // An engine that fails on that page must not be asked for it again.
+        m_showsErrorPage = true;
         m_qnWebView.loadHtml(loadErrorPage(description), m_urlField);
+    }
     endLoad();
-    if (m_showsErrorPage)
+    if (!wasErrorPage)
         Q_EMIT ended(description);
 }
 

@@ -5,6 +5,7 @@
 #include "platform/tolerant_xml.h"
 #include "platform/translated_text.h"
 #include "submission/field_copy.h"
+#include "submission/pad_dates.h"
 #include "validation/field_rule_table.h"
 
 #include <array>
@@ -33,10 +34,10 @@ constexpr std::array<WholeName, 2> wholeNames = {{
      FieldId::contactLastName},
 }};
 
-/// Follows from the rule of typing; the year stands for the whole date.
+/// Follows from the rule of typing.
 Kind kindOf(FieldId field)
 {
-    if (field == FieldId::releaseDateYear || field == FieldId::expireDateYear)
+    if (pad_dates::isDate(field))
         return Kind::Date;
     const TypingRule &rule = field_rules::of(field).typing;
     if (rule.check == TypingRule::Check::Email)
@@ -51,13 +52,10 @@ Kind kindOf(FieldId field)
     return isNumber ? Kind::Number : Kind::Text;
 }
 
-QString dateText(FieldId year, const auto &valueOf)
+QString dateText(const TolerantXml &pad, FieldId year)
 {
-    const bool isRelease = year == FieldId::releaseDateYear;
-    const FieldId month = isRelease ? FieldId::releaseDateMonth : FieldId::expireDateMonth;
-    const FieldId day = isRelease ? FieldId::releaseDateDay : FieldId::expireDateDay;
-    const QDate date(valueOf(year).toInt(), valueOf(month).toInt(), valueOf(day).toInt());
-    return date.isValid() && date.year() > 0 ? date.toString(Qt::ISODate) : QString();
+    const auto date = pad_dates::read(pad, year);
+    return date ? date->toString(Qt::ISODate) : QString();
 }
 
 } // namespace
@@ -80,7 +78,7 @@ QList<TitleValue> titleValues(const QByteArray &pad)
         values.append({.id = padField(button.field).control.toString(),
                        .caption = captionOf(button),
                        .kind = kind,
-                       .text = kind == Kind::Date ? dateText(button.field, valueOf) : valueOf(button.field)});
+                       .text = kind == Kind::Date ? dateText(xml, button.field) : valueOf(button.field)});
     }
     for (const WholeName &name : wholeNames)
         values.append({.id = name.id.toString(),
