@@ -13,9 +13,9 @@ TEST_F(CommandLineTest, BashCompletesWhateverItIsCalledAndRunsNothing)
     ASSERT_EQ(statusOf(u"sites remove Softpedia"_s), 0);
     put(home() + u"/some file"_s, "");
     // It stands for the program; what it is called with otherwise is written down.
-    put(home() + u"/quillon-cli"_s, "#!/bin/sh\n[ \"$1\" = complete ] && exec " QUILLON_CLI " --home " +
+    put(home() + u"/quillon-cli"_s, "#!/bin/sh\n[ \"$1\" = complete ] && exec '" QUILLON_CLI "' --home '" +
                                         QFile::encodeName(home()) +
-                                        " \"$@\"\nprintf '%s\\0' \"$@\" >>words\n");
+                                        "' \"$@\"\nprintf '%s\\0' \"$@\" >>words\n");
     QFile::setPermissions(home() + u"/quillon-cli"_s, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
 
     const std::pair<QString, QStringList> table[] = {
@@ -38,7 +38,7 @@ TEST_F(CommandLineTest, BashCompletesWhateverItIsCalledAndRunsNothing)
         {u"imp→ some→"_s, {u"import"_s, u"some file"_s}},
         {u"show some→"_s, {u"show"_s, u"some"_s}},
     };
-    QByteArray typed = "PATH=.:$PATH; . " QUILLON_COMPLETIONS "/quillon-cli.bash\r";
+    QByteArray typed = "PATH=.:$PATH; . '" QUILLON_COMPLETIONS "/quillon-cli.bash'\r";
     QByteArray expected;
     for (const auto &[line, words] : table) {
         typed += "quillon-cli " + QString(line).replace(u'→', u'\t').toUtf8() + '\r';
