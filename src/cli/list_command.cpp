@@ -71,12 +71,15 @@ public:
 
     ExitStatus run() override
     {
+        ExitStatus status = Done;
         auto list = loadTitles(OldLayout::Leave);
         if (list && list->hasOldLayout) {
             // Only who holds the folder may change it; nobody waits for it here.
             const DataFolderLock lock(std::chrono::milliseconds(0));
             if (lock.state() == DataFolderLock::State::Held)
                 list = loadTitles(OldLayout::Convert);
+            else if (lock.state() != DataFolderLock::State::HeldByAnother)
+                status = outcome(lock.obstruction());
         }
         if (!list)
             return outcome(list.error());
@@ -89,7 +92,6 @@ public:
         }
         if (m_json)
             print(QJsonDocument(array));
-        ExitStatus status = Done;
         for (const Error &failure : list->failures)
             status = outcome(failure);
         return status;

@@ -167,15 +167,14 @@ bool isConverted(const OldTitle &old, const QString &titleFolder)
 }
 
 /// Removes the files of @p old, the summary last, for by that it is known. What else lies in its folder stays
-/// there.
+/// there. Files that came back with a loss of power would be in the way of a title that was edited since.
 Result<> removeOld(const OldTitle &old)
 {
     for (const QString &path : {old.padPath, old.summaryPath}) {
         if (Result<> removed = atomic_file::removeAll(path); !removed && QFileInfo::exists(path))
             return removed;
     }
-    QDir().rmdir(old.folder);
-    return {};
+    return atomic_file::syncEntry(QDir().rmdir(old.folder) ? old.folder : old.summaryPath);
 }
 
 /// Makes a title folder of the folder @p name.

@@ -74,7 +74,9 @@ Result<> StagedFolder::replace(const QByteArray &name)
         return stepped;
     Result<> moved = m_parent.move(m_name, m_parent, name);
     if (moved) {
-        m_name = aside;
+        // One that is only to be removed has the name of what a kill leaves half done.
+        if (!m_parent.move(aside, m_parent, m_name))
+            m_name = aside;
         return moved;
     }
     if (m_parent.move(aside, m_parent, name))

@@ -27,7 +27,7 @@ public:
     explicit DataFolderLock(std::chrono::milliseconds patience = std::chrono::seconds(2));
 
     [[nodiscard]] State state() const { return m_state; }
-    /// Why the lock is obstructed.
+    /// Why the lock is obstructed or unavailable.
     [[nodiscard]] const Error &obstruction() const { return m_obstruction; }
 
 private:

@@ -291,6 +291,10 @@ TEST_F(Cli, AListThatIsNotWholeIsAnError)
         const CliResult result = runCli(copy.path(), {u"list"_s}, {}, u"lseek@%1=ENOENT"_s.arg(turn));
         EXPECT_TRUE(result.status == 0 && result.output.contains("Old\t")) << result.messages;
     }
+    const CliResult unlocked = run(u"list"_s, u"create=EIO"_s);
+    EXPECT_EQ(unlocked.status, 4);
+    EXPECT_TRUE(unlocked.output.startsWith("A\t") && unlocked.messages.contains("quillon.lock"))
+        << unlocked.messages;
     const CliResult stopped = run(u"list"_s, u"rename=EIO"_s);
     EXPECT_TRUE(stopped.status == 4 && stopped.messages.contains("Not stored: ")) << stopped.messages;
     EXPECT_EQ(run(u"list"_s).messages, "") << "it could be moved now";

@@ -103,6 +103,24 @@ TEST_F(OverviewTest, AConversionThatWasKilledIsFinished)
         });
 }
 
+TEST_F(OverviewTest, AConversionWhoseLastSyncFailsIsNotYetSafe)
+{
+    std::optional<TitleList> last;
+    for (int sync = 1;; ++sync) {
+        ASSERT_TRUE(QDir().mkpath(inData(u"Old"_s)) && put(inData(u"Old/Old.qnxmld"_s), summaryText(u"3"_s)));
+        const FaultPlan plan(home(), failing("fsync", sync));
+        auto list = loadTitles();
+        if (!plan.met())
+            break;
+        ASSERT_TRUE(list);
+        last = *std::move(list);
+        (void)AddDeleteImportEdit::deleteQnDataFile(u"Old"_s); // Where it failed earlier there is none.
+    }
+    ASSERT_TRUE(last && last->failures.size() == 1);
+    EXPECT_EQ(last->failures[0].kind, Error::Kind::NotYetSafe);
+    EXPECT_EQ(last->failures[0].path, inData(u"Old"_s));
+}
+
 TEST_F(OverviewTest, TheExampleIsThereWholeOrNotAtAll)
 {
     ASSERT_TRUE(example_title::make());

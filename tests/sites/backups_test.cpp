@@ -293,6 +293,25 @@ TEST_F(Backups, LeaveTheOlderOneUntilTheNewOneIsWhole)
         killedAtEachCall(home(), putOlderOne, make,
                          [&] { EXPECT_TRUE(tree(to) == older || tree(to) == whole) << to; });
         EXPECT_EQ(tree(to), whole);
+
+        // Where names cannot be swapped in one step, the older one steps aside, and what bears its name is
+        // whole.
+        const auto aside = [&] { return names(home()).filter(u".old"_s); };
+        int between = 0;
+        killedAtEachCall(
+            home(), putOlderOne, make,
+            [&] {
+                for (const QString &name : aside())
+                    EXPECT_EQ(tree(place(name)), older);
+                EXPECT_TRUE(tree(to) == older || tree(to) == whole ||
+                            (!QFile::exists(to) && !aside().isEmpty()));
+                between += int(aside().size());
+                for (const QString &name : aside())
+                    ASSERT_TRUE(QDir(place(name)).removeRecursively());
+            },
+            "rename=EINVAL ");
+        EXPECT_EQ(tree(to), whole);
+        EXPECT_EQ(between, 2);
     }
 }
 

@@ -3,7 +3,7 @@
 //     quillon_typist --home HOME TITLE
 //
 // Whenever the status bar knows of nothing that could not be stored, what stands in the field is told on
-// standard output. Ends with 3 when another holds the data folder.
+// standard output. Ends with 3 when another holds the data folder, with 4 when there is nothing to type in.
 
 #include "editor/editor_view.h"
 #include "platform/settings.h"
@@ -39,7 +39,10 @@ int main(int argc, char *argv[])
     const int row = int(program.overview().softwareTable().swNameArray().indexOf(arguments.value(3)));
     program.window().findChild<QTableView *>(QStringLiteral("softwareTableView"))->selectRow(row);
     program.window().findChild<QAction *>(QStringLiteral("Edit"))->trigger();
-    program.window().findChild<EditorView *>()->revealField(FieldId::programVersion);
+    auto *const editor = program.window().findChild<EditorView *>();
+    if (!editor)
+        return 4;
+    editor->revealField(FieldId::programVersion);
     auto *const field = program.window().findChild<QLineEdit *>(QStringLiteral("programVersion"));
     const auto tell = [field] {
         if (failedWritesLine().isEmpty())
