@@ -2,8 +2,11 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QFileInfo>
+#include <QUrl>
 
 #include <algorithm>
+#include <array>
 #include <sqlite3.h>
 
 using namespace Qt::StringLiterals;
@@ -30,6 +33,12 @@ Error::Kind kindOf(int code)
     default:
         return Error::Kind::NotDone;
     }
+}
+
+/// The name by which SQLite takes the file as one that nobody changes, with no log beside it.
+QByteArray unchangingName(const QString &path)
+{
+    return "file://" + QUrl::toPercentEncoding(QFileInfo(path).absoluteFilePath(), "/") + "?immutable=1";
 }
 
 Error errorOf(sqlite3 *database, const QString &path)
@@ -130,10 +139,12 @@ Database::Database(sqlite3 *database, const QString &path) : m_database(database
 
 Result<Database> Database::open(const QString &path, Opening opening)
 {
-    const int making = opening == Opening::MakeMissing ? SQLITE_OPEN_CREATE : 0;
+    static constexpr std::array flags = {SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, SQLITE_OPEN_READWRITE,
+                                         SQLITE_OPEN_READONLY | SQLITE_OPEN_URI};
+    const QByteArray name = opening == Opening::ForReading ? unchangingName(path) : QFile::encodeName(path);
     sqlite3 *opened = nullptr;
-    const int code = ::sqlite3_open_v2(QFile::encodeName(path).constData(), &opened,
-                                       SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | making, nullptr);
+    const int code =
+        ::sqlite3_open_v2(name.constData(), &opened, flags[size_t(opening)] | SQLITE_OPEN_NOMUTEX, nullptr);
     Database database(opened, path);
     if (!opened)
         return Error{Error::Kind::Unreadable, path, DatabaseText::tr("there is no memory for it")};

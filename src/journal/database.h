@@ -74,10 +74,12 @@ public:
     enum class Opening
     {
         MakeMissing,
-        ExistingOnly
+        ExistingOnly,
+        ForReading ///< Only the file itself: no log beside it, and no lock.
     };
 
-    /// Opens the file without changing it.
+    /// Opens the file without changing it. But for reading, what the logs beside it ask for is done first,
+    /// and one that a stranger wrote can have any file removed.
     static Result<Database> open(const QString &path, Opening opening);
 
     /// A statement with its values in the order of its question marks: numbers (qint64), QString, QByteArray,

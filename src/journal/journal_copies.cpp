@@ -74,19 +74,23 @@ Error isNoCopy(const QString &path, const QString &reason)
     return {Error::Kind::Unintelligible, path, reason};
 }
 
-/// Whether @p path is a regular file.
+/// Whether @p path is a regular file with no log beside it, which could hold what the file does not.
 Result<> isFile(const QString &path)
 {
     if (const QFileInfo file(path); !file.isFile() || file.isSymLink())
         return Error{file.exists() || file.isSymLink() ? Error::Kind::Unreadable : Error::Kind::Missing, path,
                      JournalCopiesText::tr("it is no regular file")};
+    for (const QString &log : {u"-wal"_s, u"-journal"_s}) {
+        if (const QFileInfo file(path + log); file.exists() || file.isSymLink())
+            return isNoCopy(path, JournalCopiesText::tr("%1 lies beside it").arg(file.fileName()));
+    }
     return {};
 }
 
 /// Opens the copy at @p path, when it is one that the present version can use.
 Result<Database> opened(const QString &path)
 {
-    auto database = Database::open(path, Database::Opening::ExistingOnly);
+    auto database = Database::open(path, Database::Opening::ForReading);
     if (!database)
         return database;
     const auto owner = database->number("PRAGMA application_id");
@@ -97,6 +101,11 @@ Result<Database> opened(const QString &path)
         return isNoCopy(path, JournalCopiesText::tr("it is another program's"));
     if (*version > journal_schema::newestVersion())
         return isNoCopy(path, JournalCopiesText::tr("it was made by a newer version of Quillon"));
+    const auto isOurs = journal_schema::isOurs(*database, *version);
+    if (!isOurs)
+        return isOurs.error();
+    if (!*isOurs)
+        return isNoCopy(path, JournalCopiesText::tr("its tables are not those of Quillon"));
     return database;
 }
 

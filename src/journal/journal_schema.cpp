@@ -125,6 +125,34 @@ constexpr std::array migrations = {R"(
         UNIQUE (site, signs));
 )"};
 
+/// Makes @p database one of @p newest; all steps in one transaction.
+Result<> migrateTo(Database &database, qint64 newest)
+{
+    return database.transaction([newest](Database &inside) -> Result<> {
+        // Another process may have done it since the caller looked.
+        const Result<qint64> version = inside.number("PRAGMA user_version");
+        if (!version)
+            return version.error();
+        for (qint64 next = *version; next < newest; ++next) {
+            if (Result<> made = inside.execute(migrations[size_t(next)]); !made)
+                return made;
+        }
+        // Pragmas take no bound values.
+        const QString header =
+            u"PRAGMA application_id = %1; PRAGMA user_version = %2"_s.arg(applicationId).arg(newest);
+        return inside.execute(header.toUtf8().constData());
+    });
+}
+
+/// What makes the tables and all else of @p database.
+Result<QString> makings(Database &database)
+{
+    auto schema = database.prepare(
+        "SELECT group_concat(sql, ';') FROM (SELECT sql FROM sqlite_schema ORDER BY type, name)");
+    const Result<bool> hasRow = schema ? schema->next() : schema.error();
+    return hasRow ? schema->text(0) : Result<QString>(hasRow.error());
+}
+
 } // namespace
 
 qint64 newestVersion()
@@ -137,20 +165,16 @@ Result<> migrate(Database &database)
     const Result<qint64> present = database.number("PRAGMA user_version");
     if (!present || *present == newestVersion())
         return present ? Result<>() : present.error();
-    return database.transaction([](Database &inside) -> Result<> {
-        // Another process may have done it since the caller looked.
-        const Result<qint64> version = inside.number("PRAGMA user_version");
-        if (!version)
-            return version.error();
-        for (qint64 next = *version; next < newestVersion(); ++next) {
-            if (Result<> made = inside.execute(migrations[size_t(next)]); !made)
-                return made;
-        }
-        // Pragmas take no bound values.
-        const QString header =
-            u"PRAGMA application_id = %1; PRAGMA user_version = %2"_s.arg(applicationId).arg(newestVersion());
-        return inside.execute(header.toUtf8().constData());
-    });
+    return migrateTo(database, newestVersion());
+}
+
+Result<bool> isOurs(Database &database, qint64 version)
+{
+    auto ours = Database::open(u":memory:"_s, Database::Opening::MakeMissing);
+    const Result<> made = ours ? migrateTo(*ours, version) : ours.error();
+    const auto expected = made ? makings(*ours) : Result<QString>(made.error());
+    const auto present = expected ? makings(database) : expected;
+    return present ? *present == *expected : Result<bool>(present.error());
 }
 
 } // namespace quillon::journal_schema

@@ -14,4 +14,8 @@ qint64 newestVersion();
 /// Makes @p database, which may be empty, one of the newest version; all steps in one transaction.
 Result<> migrate(Database &database);
 
+/// Whether @p database, which is of @p version, has the tables of that version and nothing else: what else
+/// there may be, such as a view in a table's place, decides what a query does.
+Result<bool> isOurs(Database &database, qint64 version);
+
 } // namespace quillon::journal_schema

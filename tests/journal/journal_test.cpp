@@ -9,9 +9,11 @@
 #include "support/faults.h"
 #include "support/temporary_home.h"
 
+#include <QDataStream>
 #include <QDateTime>
 
 #include <functional>
+#include <numeric>
 
 namespace {
 
@@ -341,4 +343,53 @@ TEST_F(JournalTest, ACopyBringsBackTheRowsOfEveryTable)
         EXPECT_EQ(database.number("SELECT count(*) FROM pragma_foreign_key_check"), 0);
         return {};
     });
+}
+
+TEST_F(JournalTest, AStrangersCopyIsNeitherWrittenIntoNorTrustedToDoAnything)
+{
+    ASSERT_TRUE(keep(u"Title"_s));
+    const QString copy = inData(u"copy?100%#.sqlite"_s);
+    const QString log = copy + u"-journal"_s;
+    const auto bringIn = [&copy] {
+        const QByteArray before = contents(copy);
+        const auto broughtIn = journal_copies::bringIn(copy, [](const QString &) { return true; });
+        const Result<> can = journal_copies::canBeBroughtIn(copy);
+        EXPECT_EQ(contents(copy), before);
+        EXPECT_EQ(bool(can), bool(broughtIn)) << "a trial tells the same";
+        return broughtIn ? u"done"_s : broughtIn.error().reason;
+    };
+    const auto put = [](const QString &path, const QByteArray &bytes) {
+        QFile file(path);
+        return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+    };
+    ASSERT_TRUE(journal_copies::copyTo(copy));
+    EXPECT_EQ(bringIn(), u"done"_s);
+
+    // A log of a change that ended in the middle, together with that of another database: a file of the
+    // author's, which SQLite removes when the change has been taken back.
+    const QByteArray victim = QFile::encodeName(inData(u"precious.txt"_s));
+    ASSERT_TRUE(put(QFile::decodeName(victim), "precious"));
+    static constexpr quint32 pageSize = 4096;
+    static constexpr quint32 sectorSize = 512;
+    static constexpr quint64 magic = 0xd9d5'05f9'20a1'63d7;
+    QByteArray head;
+    QDataStream(&head, QIODevice::WriteOnly)
+        << magic << quint32(0) << quint32(1) << quint32(QFile(copy).size() / pageSize) << sectorSize
+        << pageSize;
+    QByteArray end;
+    QDataStream(&end, QIODevice::WriteOnly)
+        << quint32(victim.size()) << std::accumulate(victim.begin(), victim.end(), quint32(0)) << magic;
+    const QByteArray noPage = QByteArray::fromHex("00040001");
+    ASSERT_TRUE(put(log, head.leftJustified(sectorSize, '\0') + noPage + victim + end));
+    EXPECT_EQ(bringIn(), u"copy?100%#.sqlite-journal lies beside it"_s);
+    EXPECT_TRUE(QFile::exists(log));
+    EXPECT_EQ(contents(QFile::decodeName(victim)), "precious");
+    ASSERT_TRUE(QFile::remove(log));
+
+    auto database = Database::open(copy, Database::Opening::ExistingOnly);
+    ASSERT_TRUE(database->execute("DROP TABLE sites; CREATE VIEW sites AS WITH RECURSIVE all_of (name) AS "
+                                  "(SELECT 1 UNION ALL SELECT name + 1 FROM all_of) "
+                                  "SELECT name, '', 0, 0, 0, 0, '', '' FROM all_of LIMIT 1000"));
+    database = Error{};
+    EXPECT_EQ(bringIn(), u"its tables are not those of Quillon"_s);
 }
