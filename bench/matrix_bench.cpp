@@ -1,15 +1,15 @@
 #include "data_folder.h"
 #include "ledger/matrix_window.h"
 #include "measuring.h"
-#include "platform/settings.h"
 #include "submission/default_sites.h"
+#include "support/own_home.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFile>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
 #include <QTableView>
-#include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
 
@@ -87,10 +87,8 @@ double scroll(QTableView &table, double &longest)
 /// a picture of the screen does (17 ms), nor loading twice as long as the list.
 void scrollMatrix(benchmark::State &state)
 {
-    const QTemporaryDir home;
-    setSettingsHome(home.path());
     setDefaultSites();
-    const QStringList summaries = fillDataFolder(home.path(), titleCount);
+    const QStringList summaries = fillDataFolder(QDir::homePath(), titleCount);
     fillSummaries(summaries);
     SameCells same;
     std::vector<double> floors;
@@ -125,6 +123,7 @@ int main(int argc, char *argv[])
 {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    const OwnHome home;
     const QApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();

@@ -6,8 +6,8 @@
 #include "support/own_home.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QMainWindow>
-#include <QTemporaryDir>
 #include <QWebEnginePage>
 #include <QWebEngineProfile>
 #include <QWebEngineView>
@@ -36,12 +36,11 @@ void showBareWindow(QWebEngineProfile &profile)
 /// but the same engine's view. The engine itself runs already.
 void openSubmitWindow(benchmark::State &state)
 {
-    const QTemporaryDir home;
-    if (!prepareHome(home.path()))
+    if (!prepareHome(QDir::homePath()))
         state.SkipWithError("the title could not be made");
-    const auto bare = [&home] {
+    const auto bare = [] {
         QWebEngineProfile profile(u"bare"_s);
-        profile.setPersistentStoragePath(home.filePath(u"bare"_s));
+        profile.setPersistentStoragePath(QDir::home().filePath(u"bare"_s));
         showBareWindow(profile);
     };
     bare();
