@@ -22,7 +22,7 @@ namespace {
 using Settings = QWebEngineSettings;
 
 /// What pages may do, as far as it is not as the engine has it.
-constexpr std::array<std::pair<Settings::WebAttribute, bool>, 13> pageSettings = {{
+constexpr std::array<std::pair<Settings::WebAttribute, bool>, 14> pageSettings = {{
     {Settings::JavascriptCanOpenWindows, false}, // But for what the author presses.
     {Settings::AllowWindowActivationFromJavaScript, false},
     {Settings::JavascriptCanAccessClipboard, false},
@@ -36,6 +36,7 @@ constexpr std::array<std::pair<Settings::WebAttribute, bool>, 13> pageSettings =
     {Settings::ErrorPageEnabled, false},         // Ours is shown.
     {Settings::FocusOnNavigationEnabled, false}, // The table of sites keeps the focus.
     {Settings::PlaybackRequiresUserGesture, true},
+    {Settings::WebRTCPublicInterfacesOnly, true}, // Else the local network hears of the author, too.
 }};
 
 /// The kinds of address that pages fetch from.

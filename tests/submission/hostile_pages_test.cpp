@@ -118,9 +118,10 @@ TEST_F(WebPagesTest, PagesGetNothingFromTheDesktop)
     author.start(10);
     ASSERT_TRUE(open(u"/curious.html"_s));
     click(u"ask"_s);
-    for (const QString &what : {u"save"_s, u"write"_s, u"clipboard"_s, u"execPaste"_s, u"file"_s, u"place"_s,
-                                u"camera"_s, u"notification"_s, u"fullscreen"_s, u"mouse"_s, u"screen"_s,
-                                u"midi"_s, u"quota"_s, u"room"_s, u"program"_s, u"disk"_s, u"worker"_s})
+    for (const QString &what :
+         {u"save"_s, u"write"_s, u"clipboard"_s, u"execPaste"_s, u"file"_s, u"place"_s, u"camera"_s,
+          u"notification"_s, u"fullscreen"_s, u"mouse"_s, u"screen"_s, u"midi"_s, u"quota"_s, u"room"_s,
+          u"program"_s, u"disk"_s, u"network"_s, u"worker"_s})
         EXPECT_EQ(posted(what), u"refused"_s) << what;
     EXPECT_EQ(page().title(), u"Curious"_s);
     EXPECT_EQ(dialogs, 1) << "for a file to read, and none for one to write";
@@ -183,6 +184,34 @@ TEST_F(WebPagesTest, WhatPagesStoreIsBoundedAndCanBeCleared)
     ASSERT_TRUE(folder.mkpath(u"4/offered"_s) && put(left, "x"));
     start();
     EXPECT_FALSE(QFile::exists(left));
+}
+
+TEST_F(WebPagesTest, WhatTheEngineLeftOfOfferedFilesGoesWithTheNextStart)
+{
+    const QDir folder(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation));
+    ASSERT_TRUE(folder.mkpath(u"."_s));
+    const QString left = folder.filePath(u".org.chromium.Chromium.aB3dEf"_s);
+    const QString open = folder.filePath(u".org.chromium.Chromium.aB3dEg"_s);
+    const QString young = folder.filePath(u".org.chromium.Chromium.aB3dEh"_s);
+    const QString other = folder.filePath(u".org.chromium.Chromium.aB3dEfg"_s);
+    const QDateTime before = QDateTime::currentDateTime().addSecs(-100);
+    for (const QString &path : {left, open, young, other}) {
+        ASSERT_TRUE(put(path, "x"));
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+        EXPECT_TRUE(path == young || file.setFileTime(before, QFileDevice::FileModificationTime));
+    }
+    {
+        QFile inUse(open);
+        ASSERT_TRUE(inUse.open(QIODevice::ReadOnly));
+        start();
+        for (const QString &path : {open, young, other})
+            EXPECT_TRUE(QFile::exists(path)) << path;
+        EXPECT_FALSE(QFile::exists(left));
+    }
+    window().findChild<QAction *>(u"clearPagesData"_s)->trigger();
+    answerAlert(u"Clear"_s);
+    EXPECT_TRUE(eventually([&] { return !QFile::exists(open); }));
 }
 
 TEST_F(WebPagesTest, WhatCannotBeClearedOfPagesIsTold)
