@@ -1,18 +1,15 @@
 #include "sites/site_editing.h"
 
 #include "journal/deleted_items.h"
-#include "platform/property_list.h"
 #include "platform/regex.h"
+#include "sites/site_lists.h"
 #include "sites/site_renaming.h"
 #include "store/process_state.h"
 #include "store/site_list.h"
 #include "store/storage_status.h"
-#include "submission/default_sites.h"
 #include "submission/submission_marks.h"
 
 #include <QCoreApplication>
-
-#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -27,63 +24,6 @@ class SiteEditingText
 
 using deleted_items::Item;
 
-/// The author's changes to the catalogue.
-struct SiteLists
-{
-    StringDictionary user;
-    StringDictionary ignored;
-};
-
-SiteCatalogue catalogueOf(const SiteLists &lists)
-{
-    setDefaultSites();
-    return mergedCatalogue(mwqnDefaultSitesDict, lists.ignored, lists.user);
-}
-
-/// The two lists as they were read, once: what is decided is decided by them, and nothing else is replaced. A
-/// list that cannot be read must not be taken for an empty one, also not for the moment of a look.
-struct ReadLists
-{
-    site_list::ReadList user;
-    site_list::ReadList ignored;
-
-    [[nodiscard]] SiteLists sites() const { return {user.sites, ignored.sites}; }
-};
-
-Result<ReadLists> listsToChange()
-{
-    auto user = site_list::readToChange(site_list::userSites);
-    if (!user)
-        return user.error();
-    auto ignored = site_list::readToChange(site_list::ignoredSites);
-    if (!ignored)
-        return ignored.error();
-    return ReadLists{*std::move(user), *std::move(ignored)};
-}
-
-/// Writes what is to change in @p lists, the list @p first before the other: of two writes the second may
-/// fail, and a site shall rather be there twice than not at all. What is written counts as read from then on.
-Result<> store(ReadLists &lists, const SiteLists &after, QStringView first)
-{
-    const auto storeList = [&](QStringView name) -> Result<> {
-        const bool isUser = name == site_list::userSites;
-        site_list::ReadList &old = isUser ? lists.user : lists.ignored;
-        const StringDictionary &sites = isUser ? after.user : after.ignored;
-        if (sites == old.sites)
-            return {};
-        Result<> stored = site_list::write(name, sites, old.bytes);
-        if (stored.isDone())
-            old = {.sites = sites, .bytes = property_list::write(sites)};
-        return stored;
-    };
-    Result<> one = storeList(first);
-    if (!one.isDone())
-        return one;
-    const Result<> other =
-        storeList(first == site_list::userSites ? site_list::ignoredSites : site_list::userSites);
-    return other ? one : other;
-}
-
 /// A list for somebody who only looks; one that cannot be read is told as a failure for as long as that
 /// lasts.
 StringDictionary listToShow(QStringView fileName)
@@ -95,33 +35,6 @@ StringDictionary listToShow(QStringView fileName)
     else if (mwqnFailedWrites.value(path).kind == Error::Kind::Unreadable)
         forgetFailure(path);
     return sites.valueOr({});
-}
-
-bool isDefaultName(const QString &name)
-{
-    return mwqnDefaultSitesDict.contains(name);
-}
-
-bool isDefaultUrl(const QString &url)
-{
-    return std::ranges::any_of(mwqnDefaultSitesDict, [&url](const auto &site) { return site.second == url; });
-}
-
-/// Whether the catalogue's @p site is the default one, and not an own one with the name and address of one
-/// that is among the @p hidden.
-bool isListedDefault(const Site &site, const QStringList &hidden)
-{
-    const auto found = mwqnDefaultSitesDict.find(site.name);
-    return found != mwqnDefaultSitesDict.end() && found->second == site.url && !hidden.contains(site.name);
-}
-
-/// Whether a site that gets the name and address of @p edited becomes the default one. It cannot while an
-/// ignored site of another name hides that one by its address.
-bool becomesDefault(const Site &edited, StringDictionary ignored)
-{
-    ignored.erase(edited.name);
-    return isDefaultName(edited.name) && isDefaultUrl(edited.url) &&
-           !mergedCatalogue(mwqnDefaultSitesDict, ignored, {}).ignored.contains(edited.name);
 }
 
 /// The length of the scheme that @p url begins with; 0 without one.
@@ -165,40 +78,12 @@ SiteEdit notStored(const Error &error)
     return {SiteEdit::NotStored, failureLine(error)};
 }
 
-/// What an edited site makes of the lists. @p old and @p edited may be one and the same.
-SiteLists withEdit(SiteLists lists, const Site &old, bool wasDefault, const Site &edited, bool isDefault)
-{
-    if (wasDefault && isDefault) {
-        lists.user.erase(edited.name);
-        lists.ignored.erase(edited.name);
-    } else if (wasDefault) {
-        lists.user[edited.name] = edited.url;
-        lists.ignored[old.name] = old.url;
-    } else if (isDefault) {
-        lists.user.erase(old.name);
-        lists.ignored.erase(edited.name);
-    } else {
-        lists.user.erase(old.name);
-        lists.user[edited.name] = edited.url;
-    }
-    return lists;
-}
-
-/// The lists that show each site which @p before or @p after shows.
-SiteLists showingBoth(const SiteLists &before, SiteLists after)
-{
-    after.user.insert(before.user.begin(), before.user.end());
-    std::erase_if(after.ignored,
-                  [&before](const auto &site) { return !before.ignored.contains(site.first); });
-    return after;
-}
-
 } // namespace
 
 SiteCatalogue currentCatalogue()
 {
-    return catalogueOf(
-        {.user = listToShow(site_list::userSites), .ignored = listToShow(site_list::ignoredSites)});
+    return SiteLists{.user = listToShow(site_list::userSites), .ignored = listToShow(site_list::ignoredSites)}
+        .catalogue();
 }
 
 Result<SiteCatalogue> storedCatalogue()
@@ -209,7 +94,7 @@ Result<SiteCatalogue> storedCatalogue()
         if (list->isError(Error::Kind::Unreadable))
             return list->error();
     }
-    return catalogueOf({.user = user.valueOr({}), .ignored = ignored.valueOr({})});
+    return SiteLists{.user = user.valueOr({}), .ignored = ignored.valueOr({})}.catalogue();
 }
 
 QString normalisedUrl(const QString &typed)
@@ -226,10 +111,10 @@ SiteEdit addSite(const QString &name, const QString &url)
         judged(site, SiteEditingText::tr("You must enter a name and URL to add an entry to the sites list"));
     if (refusal.outcome != SiteEdit::Done)
         return refusal;
-    auto lists = listsToChange();
+    auto lists = ReadSiteLists::read();
     if (!lists)
         return notStored(lists.error());
-    const SiteCatalogue catalogue = catalogueOf(lists->sites());
+    const SiteCatalogue catalogue = lists->sites().catalogue();
     const bool nameExists = catalogue.sites.contains(site.name);
     const qsizetype sameUrl = catalogue.urls.indexOf(site.url);
     if (nameExists && sameUrl >= 0)
@@ -247,7 +132,7 @@ SiteEdit addSite(const QString &name, const QString &url)
                     .arg(catalogue.sites[sameUrl])};
     SiteLists after = lists->sites();
     after.user[site.name] = site.url;
-    if (const Result<> stored = store(*lists, after, site_list::userSites); !stored.isDone())
+    if (const Result<> stored = lists->store(after, site_list::userSites); !stored.isDone())
         return notStored(stored.error());
     return {SiteEdit::Done, SiteEditingText::tr("Site Added Successfully")};
 }
@@ -267,19 +152,19 @@ SiteEdit editSite(const Site &old, const QString &name, const QString &url)
             SiteEdit::NotMarkable,
             SiteEditingText::tr("Titles are marked for this site, and their marks cannot bear the new name\n"
                                 "Please enter a name without a comma or markup")};
-    auto lists = listsToChange();
+    auto lists = ReadSiteLists::read();
     if (!lists)
         return notStored(lists.error());
-    const bool wasDefault = isListedDefault(old, catalogueOf(lists->sites()).ignored);
+    const bool wasDefault = isListedDefault(old, lists->sites().catalogue().ignored);
     const bool isDefault = becomesDefault(edited, lists->ignored.sites);
-    const SiteLists after = withEdit(lists->sites(), old, wasDefault, edited, isDefault);
+    const SiteLists after = lists->sites().withEdit(old, wasDefault, edited, isDefault);
     // Both sites are listed until marks and picture have followed: when that fails or is stopped, no mark is
     // of an unknown site, and the same edit can be made again.
-    Result<> stored = store(*lists, showingBoth(lists->sites(), after), site_list::userSites);
+    Result<> stored = lists->store(lists->sites().showingAlso(after), site_list::userSites);
     if (stored.isDone())
         stored = renameSite(old.name, edited.name);
     if (stored.isDone())
-        stored = store(*lists, after, site_list::userSites);
+        stored = lists->store(after, site_list::userSites);
     if (!stored.isDone())
         return notStored(stored.error());
     return {SiteEdit::Done, SiteEditingText::tr("Site edited successfully")};
@@ -287,10 +172,10 @@ SiteEdit editSite(const Site &old, const QString &name, const QString &url)
 
 Result<> removeSites(const QStringList &names)
 {
-    auto lists = listsToChange();
+    auto lists = ReadSiteLists::read();
     if (!lists)
         return lists.error();
-    const SiteCatalogue catalogue = catalogueOf(lists->sites());
+    const SiteCatalogue catalogue = lists->sites().catalogue();
     SiteLists after = lists->sites();
     StringDictionary own;
     for (const QString &name : names) {
@@ -304,7 +189,7 @@ Result<> removeSites(const QStringList &names)
     }
     // Before they go; where that fails, the status bar tells.
     const auto kept = own.empty() ? QList<Item>() : deleted_items::keepSites(own);
-    Result<> stored = store(*lists, after, site_list::userSites);
+    Result<> stored = lists->store(after, site_list::userSites);
     QList<Item> stillThere = kept.valueOr({});
     stillThere.removeIf([&lists](const Item &site) { return !lists->user.sites.contains(site.name); });
     if (!stillThere.isEmpty())
@@ -314,13 +199,13 @@ Result<> removeSites(const QStringList &names)
 
 Result<> restoreSites(const QStringList &names)
 {
-    auto lists = listsToChange();
+    auto lists = ReadSiteLists::read();
     if (!lists)
         return lists.error();
     SiteLists after = lists->sites();
     for (const QString &name : names)
         after.ignored.erase(name);
-    return store(*lists, after, site_list::ignoredSites);
+    return lists->store(after, site_list::ignoredSites);
 }
 
 } // namespace quillon::site_editing

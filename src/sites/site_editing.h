@@ -8,13 +8,6 @@
 
 namespace quillon {
 
-/// A site as a row of the catalogue has it.
-struct Site
-{
-    QString name;
-    QString url;
-};
-
 /// What came of adding or changing a site.
 struct SiteEdit
 {

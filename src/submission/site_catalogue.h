@@ -19,6 +19,13 @@ struct SiteCatalogue
     StringDictionary urlByName; ///< Where a default site and an own one share a name, the default one's.
 };
 
+/// A site as a row of the catalogue has it.
+struct Site
+{
+    QString name;
+    QString url;
+};
+
 /// Merges the three sources. An ignored entry takes out the default site of its name and, besides, the first
 /// remaining one of its address; one that matches neither takes out nothing and is not listed.
 SiteCatalogue mergedCatalogue(const StringDictionary &defaults, const StringDictionary &ignored,
