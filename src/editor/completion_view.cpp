@@ -1,6 +1,6 @@
 #include "editor/completion_view.h"
 
-#include "editor/text_bindings.h"
+#include "editor/field_line_edit.h"
 #include "platform/plain_text.h"
 
 #include <QAccessible>
