@@ -5,6 +5,7 @@
 #include "widgets/focus_frame.h"
 
 #include <QCheckBox>
+#include <QChildEvent>
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QDialogButtonBox>
@@ -54,10 +55,26 @@ QString withExtension(const QString &path, const FileRequest &request)
     return isNamedSo ? path : QString(path + ending);
 }
 
+/// Has the questions that a file dialog asks by itself show the names of files as they stand.
+class PlainQuestions final : public QObject
+{
+public:
+    explicit PlainQuestions(QFileDialog &dialog) : QObject(&dialog) { dialog.installEventFilter(this); }
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() != QEvent::ChildPolished)
+            return false;
+        if (auto *question = qobject_cast<QMessageBox *>(static_cast<QChildEvent *>(event)->child()))
+            question->setTextFormat(Qt::PlainText);
+        return false;
+    }
+};
+
 /// Makes @p dialog ask for what @p request says, beginning in the folder of the last one, and see to its own
 /// end.
 void prepare(QFileDialog &dialog, const FileRequest &request)
 {
+    new PlainQuestions(dialog);
     dialog.setWindowTitle(request.prompt);
     dialog.setDirectory(settings().value(folderKey, QDir::homePath()).toString());
     dialog.setAttribute(Qt::WA_DeleteOnClose);

@@ -1,8 +1,12 @@
 #include "submission/web_engine_view.h"
 
+#include "platform/plain_text.h"
+
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QHelpEvent>
 #include <QMenu>
+#include <QToolTip>
 #include <QWebEnginePage>
 
 #include <algorithm>
@@ -41,6 +45,15 @@ WebEngineView::WebEngineView(QWidget *parent) : QWebEngineView(parent)
         if (now && isAncestorOf(now))
             now->setAccessibleName(tr("Page"));
     });
+}
+
+bool WebEngineView::event(QEvent *event)
+{
+    if (event->type() != QEvent::ToolTip)
+        return QWebEngineView::event(event);
+    // The engine gives the view the text of the page as it is, which may hold pictures of any file.
+    QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), plainToolTip(toolTip()), this);
+    return true;
 }
 
 void WebEngineView::contextMenuEvent(QContextMenuEvent *event)

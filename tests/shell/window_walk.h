@@ -110,7 +110,7 @@ protected:
     void walkSubmission(
         const Look &faultsOf, const std::function<void(SubmitWindow &)> &more = [](SubmitWindow &) {})
     {
-        drop({padFile(QStringLiteral("A"))});
+        drop({padFile(name)});
         answerAlert(Alert().defaultButton);
         clickTitle(0);
         setDefaultSites();
@@ -118,7 +118,7 @@ protected:
         summary.version = QStringLiteral("2");
         summary.sites = mwqnDefaultSitesDict.begin()->first;
         summary.versions = QStringLiteral("1");
-        put(*title_folder::path(QStringLiteral("A")) + u'/' + title_folder::summaryFile,
+        put(*title_folder::path(name) + u'/' + title_folder::summaryFile,
             summary_file::text(summary).toUtf8());
         mwqnWOSi78tgsda = false;
         LateEngine engine;

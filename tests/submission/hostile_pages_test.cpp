@@ -10,12 +10,14 @@
 #include "support/markup.h"
 #include "widgets/qt_desktop.h"
 
+#include <QHelpEvent>
 #include <QSignalSpy>
 #include <QSslKey>
 #include <QSslServer>
 #include <QSslSocket>
 #include <QStandardPaths>
 #include <QTextDocument>
+#include <QToolTip>
 #include <QWebEngineCertificateError>
 #include <QWebEngineClientCertificateStore>
 #include <QWebEngineProfile>
@@ -319,9 +321,24 @@ protected:
         NotificationCenter::defaultCenter().addObserver(notification::mwqnPClSiL432ds, &m_names, [this] {
             mwqnSCPreallSitesDict.insert_or_assign(markup, server.url(u"/form.html"_s));
         });
-        makeTitle(markup, markup, u"1.0"_s, markup); // Which comes before the other one in the list.
+        makeTitle(markup); // Which comes before the other one in the list.
         writeTo(pathIn(markup, title_folder::padFile),
-                u"<XML_DIZ_INFO><Company_Name>&lt;b&gt;x</Company_Name></XML_DIZ_INFO>"_s);
+                u"<XML_DIZ_INFO><Company_Name>%1</Company_Name><Company_WebSite_URL>http://host.example/%1"
+                "</Company_WebSite_URL></XML_DIZ_INFO>"_s.arg(markup.toHtmlEscaped()));
+    }
+    /// What is wrong in the windows that lie over the one for submitting, which are closed then.
+    QStringList faultsAbove(int expected)
+    {
+        QStringList faults;
+        for (QWidget *over : QApplication::topLevelWidgets()) {
+            if (over->isVisible() && over != &window()) {
+                faults += markupFaults(*over);
+                over->close();
+                --expected;
+            }
+        }
+        return expected == 0 ? faults
+                             : faults + QStringList{u"%1 windows more were expected"_s.arg(expected)};
     }
 
 private:
@@ -331,20 +348,62 @@ private:
 TEST_F(PagesMarkupTest, IsNoneInTheSubmissionWindowAndItsDialogs)
 {
     EXPECT_EQ(markupFaults(window()), QStringList());
-    for (const QString &id : {u"ledger"_s, u"siteNotes"_s, u"checkSites"_s, u"fillForm"_s}) {
+    for (const QString &id : {u"ledger"_s, u"siteNotes"_s, u"checkSites"_s, u"checkTitle"_s}) {
         window().findChild<QAction *>(id)->trigger();
-        for (QWidget *over : QApplication::topLevelWidgets()) {
-            if (over->isVisible() && over != &window()) {
-                EXPECT_EQ(markupFaults(*over), QStringList()) << id;
-                over->close();
-            }
-        }
+        EXPECT_EQ(faultsAbove(1), QStringList()) << id;
     }
     server.serve(u"/offered"_s, {"x", "text/csv"});
     ask(u"document.body.append(Object.assign(document.createElement('a'), { href: '/offered', "
-        "download: '<b>x', id: 'offer' })); document.getElementById('offer').click(); 0"_s);
+        "download: '%1', id: 'offer' })); document.getElementById('offer').click(); 0"_s.arg(markup));
     EXPECT_TRUE(eventually([] { return visible<QLabel>(u"notice"_s)->text().contains(u"The page offers"); }));
+    const QString summary = pathIn(markup, title_folder::summaryFile); // The tour names it when it is none.
+    ASSERT_TRUE(QFile::remove(summary) && QDir().mkpath(summary));
+    NotificationCenter::defaultCenter().post(notification::mwqnLSLsc);
+    const auto *tour = window().findChild<QLabel *>(u"tourLine"_s);
+    EXPECT_TRUE(eventually([&] { return tour->text().contains(markup); }));
     EXPECT_EQ(markupFaults(window()), QStringList());
+}
+
+TEST_F(PagesMarkupTest, IsNoneInWhatPagesNameAndSay)
+{
+    const QString popUp = u"popUpWebView"_s;
+    server.serve(
+        u"/named"_s,
+        {"<title>Named</title><style>* { display: block; min-height: 30px }</style><p id=tip>Text</p>"
+         "<label id=label><input></label><button id=other>Other</button><script>"
+         "hold = text => { tip.title = label.firstChild.before(text) ?? text; other.onclick = () => "
+         "window.open('/named#' + text); document.title = text; }</script>"});
+    ASSERT_TRUE(open(u"/named"_s));
+    ask(u"hold('%1')"_s.arg(markup));
+    window().findChild<QAction *>(u"fillForm"_s)->trigger();
+    const auto *fields = visible<QTableView>(u"formFields"_s);
+    ASSERT_TRUE(eventually([&] { return fields->model()->rowCount() == 1; }));
+    EXPECT_TRUE(fields->model()->index(0, 0).data().toString().contains(markup));
+    EXPECT_EQ(faultsAbove(1), QStringList());
+
+    click(u"tip"_s);
+    ASSERT_TRUE(eventually([] { return !visible<QWebEngineView>(u"qnWebView"_s)->toolTip().isEmpty(); }));
+    QHelpEvent help(QEvent::ToolTip, {}, {});
+    QApplication::sendEvent(visible<QWebEngineView>(u"qnWebView"_s)->focusProxy(), &help);
+    EXPECT_EQ(QToolTip::text(), plainToolTip(markup));
+
+    click(u"other"_s);
+    ASSERT_TRUE(eventually([] { return openWindow<PopUpWindow>() != nullptr; }));
+    ASSERT_TRUE(waitForPage(u"Named", popUp));
+    ask(u"hold('%1')"_s.arg(markup), popUp);
+    EXPECT_TRUE(eventually([] { return openWindow<PopUpWindow>()->windowTitle().contains(markup); }));
+    EXPECT_EQ(faultsAbove(1), QStringList());
+
+    QStringList said;
+    QTimer author; // A page that asks is waited for.
+    QObject::connect(&author, &QTimer::timeout, &author, [&said] {
+        if (auto *sheet = openWindow<QMessageBox>())
+            said += markupFaults(*sheet) + QStringList{clickAlert(u"OK"_s)};
+    });
+    author.start(10);
+    ask(u"setTimeout(() => { alert('%1'); confirm('%1'); }); 0"_s.arg(markup));
+    EXPECT_TRUE(eventually([&said] { return said.size() > 1; }));
+    EXPECT_EQ(said, QStringList({u"JavaScript Alert|"_s + markup, u"JavaScript Confirm|"_s + markup}));
 }
 
 TEST_F(WebPagesTest, WhatAPageSaysIsNoMarkup)
