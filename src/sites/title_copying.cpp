@@ -152,11 +152,14 @@ QStringList TitleCopying::details() const
     return m_state ? m_notes : QStringList{backups::detail(m_state.error())} + m_notes;
 }
 
-BackupItem TitleCopying::item(const QByteArray &title, bool isKept)
+QString TitleCopying::titleOf(const QByteArray &folder)
 {
-    return {.kind = BackupItem::Title,
-            .name = exactText(title.chopped(title_folder::extension.size())),
-            .isKept = isKept};
+    return exactText(folder.chopped(title_folder::extension.size()));
+}
+
+BackupItem TitleCopying::item(const QByteArray &folder, bool isKept)
+{
+    return {.kind = BackupItem::Title, .name = titleOf(folder), .isKept = isKept};
 }
 
 } // namespace quillon

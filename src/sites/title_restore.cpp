@@ -90,10 +90,9 @@ void TitleRestore::keepOriginals() const
         for (const QByteArray &title : m_restored) {
             const auto folder = m_staged->parent().openFolder(title);
             const auto pad = folder ? folder->read(title_folder::padFile.toUtf8()) : folder.error();
-            const QString name = exactText(title.chopped(title_folder::extension.size()));
             if (!pad)
                 continue;
-            if (Result<> kept = originals::keep(name, {*pad, title_folder::padFile.toString()},
+            if (Result<> kept = originals::keep(titleOf(title), {*pad, title_folder::padFile.toString()},
                                                 originals::Keeping::First);
                 !kept)
                 return kept;
