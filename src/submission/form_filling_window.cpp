@@ -42,6 +42,7 @@ FormFillingWindow::FormFillingWindow(Browser &browser, const QString &site, QWid
     m_table->setModel(m_filling);
     stretchLastColumn(*m_table);
     setColumnWidths(*m_table, {19, 17, 20, 22, 15});
+    m_table->setColumnHidden(FormFilling::Outcome, true);
 
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(m_summary);
@@ -106,7 +107,6 @@ void FormFillingWindow::showSummary()
 void FormFillingWindow::showLook()
 {
     showSummary();
-    m_table->setColumnHidden(FormFilling::Outcome, true);
     if (m_filling->rowCount() > 0)
         m_table->setCurrentIndex(m_filling->index(0, FormFilling::Field));
     m_table->setFocus();

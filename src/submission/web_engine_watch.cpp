@@ -43,15 +43,17 @@ void WebEngineWatch::look()
 {
     if (m_page->isAsking() || m_page->renderProcessPid() == 0) {
         takeAnswer();
-    } else if (!m_sinceQuestion.isValid()) {
-        m_sinceQuestion.start();
-        m_page->ask(u"0"_s, [this, question = ++m_question](const QVariant &) {
-            if (question == m_question)
-                takeAnswer();
-        });
-    } else if (m_sinceQuestion.hasExpired(patience.count())) {
-        setHangs(true);
+        return;
     }
+    if (!m_sinceQuestion.isValid())
+        m_sinceQuestion.start();
+    else if (m_sinceQuestion.hasExpired(patience.count()))
+        setHangs(true);
+    // Each time anew: what a document was asked that was left meanwhile, nobody answers.
+    m_page->ask(u"0"_s, [this, question = m_question](const QVariant &) {
+        if (question == m_question)
+            takeAnswer();
+    });
 }
 
 void WebEngineWatch::takeAnswer()

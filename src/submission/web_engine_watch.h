@@ -40,7 +40,7 @@ private:
     QPointer<WebEnginePage> m_page;
     QTimer m_looks;
     QElapsedTimer m_sinceQuestion; ///< Valid while the page owes an answer.
-    int m_question = 0;            ///< Number of the last one.
+    int m_question = 0;            ///< Number of what the page is asked, again and again until it answers.
     bool m_hangs = false;
 };
 

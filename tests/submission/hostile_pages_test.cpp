@@ -442,3 +442,16 @@ TEST_F(WebPagesTest, APageThatDoesNotAnswerCanBeEnded)
     QTest::keyClick(&window(), Qt::Key_F5);
     EXPECT_TRUE(waitForPage(u"Windows"));
 }
+
+TEST_F(WebPagesTest, APageThatWasLeftOwesNoAnswer)
+{
+    ASSERT_TRUE(open(u"/windows.html"_s));
+    ask(u"setTimeout(() => { for (const end = Date.now() + 8000; Date.now() < end;); }); 0"_s);
+    QTest::qWait(2000); // It is asked every second.
+    visit(server.url(u"/form.html"_s).replace(u"127.0.0.1"_s, u"localhost"_s));
+    ASSERT_TRUE(waitForPage(u"Submit"));
+    const auto *end = window().findChild<QPushButton *>(u"endPageButton"_s);
+    EXPECT_TRUE(eventually([end] { return !end->isVisible(); }));
+    QTest::qWait(6000);
+    EXPECT_FALSE(end->isVisible());
+}
