@@ -1,6 +1,7 @@
 #include "changes/unfinished_sets.h"
 #include "cli/commands.h"
 #include "platform/application_info.h"
+#include "platform/descriptor.h"
 #include "store/add_delete_import_edit.h"
 #include "store/data_folder_lock.h"
 #include "store/process_state.h"
@@ -107,6 +108,7 @@ cli::ExitStatus run(cli::Command &command)
 
 int main(int argc, char *argv[])
 {
+    reserveStandardDescriptors();
     const QCoreApplication application = start(argc, argv);
     cli::tellLogLines();
 

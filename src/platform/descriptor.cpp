@@ -80,6 +80,14 @@ Result<QByteArray> Descriptor::readFile(int folder, const QByteArray &name, int 
     return *std::move(bytes);
 }
 
+void reserveStandardDescriptors()
+{
+    for (const int number : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        if (::fcntl(number, F_GETFD) < 0) // What is opened next gets the lowest number that is free.
+            ::open("/dev/null", number == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+    }
+}
+
 Error systemError(Error::Kind kind, const QString &path, QStringView step)
 {
     const int number = errno;

@@ -42,6 +42,11 @@ private:
     int m_descriptor;
 };
 
+/// Takes the numbers of standard input, output and error where the program was started without them, so that
+/// no file gets one: what is told would be written into it. Reading from and writing to those fails as
+/// before. To be called before any file is opened.
+void reserveStandardDescriptors();
+
 /// The error of the system call that has just failed: @p step and the system's reason, from errno. Where
 /// nothing is there its kind is Missing instead of @p kind, if that is Unreadable.
 Error systemError(Error::Kind kind, const QString &path, QStringView step);

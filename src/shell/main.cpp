@@ -1,6 +1,7 @@
 #include "changes/unfinished_sets.h"
 #include "overview/title_list.h"
 #include "platform/application_info.h"
+#include "platform/descriptor.h"
 #include "platform/settings.h"
 #include "shell/single_instance.h"
 #include "shell/start_request.h"
@@ -106,6 +107,7 @@ void removeRests()
 
 int main(int argc, char *argv[])
 {
+    reserveStandardDescriptors();
     QApplication application(argc, argv);
     QApplication::setApplicationName(u"quillon"_s);
     QApplication::setApplicationDisplayName(u"Quillon"_s);

@@ -340,6 +340,23 @@ TEST_F(CliWithTitle, ADamagedDatabaseConcernsOnlyTheExtras)
     EXPECT_EQ(statusOf(u"set T programName=Two"_s), 0);
 }
 
+TEST_F(CliWithTitle, WhatIsToldToNobodyIsWrittenIntoNoFile)
+{
+    const auto run = [this](const QString &command) {
+        QProcess shell;
+        shell.setWorkingDirectory(home());
+        shell.start(u"/bin/sh"_s,
+                    {u"-c"_s, u"exec \"$0\" --home . "_s + command, QStringLiteral(QUILLON_CLI)});
+        shell.waitForFinished(-1);
+        return shell.exitCode();
+    };
+    const auto before = files();
+    EXPECT_EQ(run(u"backup all copy >&- 2>&-"_s), 0);
+    EXPECT_EQ(contents(inData(u"quillon.lock"_s)), QByteArray());
+    EXPECT_EQ(run(u"list >&-"_s), 4) << "what was asked for could not be told";
+    EXPECT_EQ(files(), before);
+}
+
 TEST_F(CliWithTitle, WritersWaitForTheOneThatHoldsTheFolder)
 {
     const DataFolderLock lock;
