@@ -15,6 +15,7 @@
 #include <QDir>
 
 #include <algorithm>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -98,7 +99,7 @@ QStringList removedSites(const QString &)
 QStringList deletedNames(const QString &)
 {
     QStringList names;
-    for (const deleted_items::Item &item : readable(deleted_items::all()))
+    for (const deleted_items::Item &item : readable(deleted_items::all(deleted_items::Old::Leave)))
         names.append(item.name);
     return names;
 }
@@ -160,14 +161,13 @@ public:
     void pass(const QString &word)
     {
         if (m_option) {
-            if (m_option->check_name("--home"))
-                setDataFolder(QDir(word).absolutePath());
-            m_option = nullptr;
+            passValue(word);
         } else if (!m_isPastOptions && word == u"--") {
             m_isPastOptions = true;
         } else if (!m_isPastOptions && word.startsWith(u'-')) {
-            const CLI::Option *option = m_command->get_option_no_throw(word.toStdString());
-            m_option = option && option->get_items_expected_max() > 0 ? option : nullptr;
+            m_option = optionOf(word);
+            if (const auto value = valueIn(word); m_option && value)
+                passValue(*value);
         } else if (const CLI::App *command = m_positionals == 0 ? subcommand(word) : nullptr) {
             m_command = command;
             m_path += word + u' ';
@@ -181,7 +181,7 @@ public:
         if (m_option)
             return valuesOf(*m_option, typed);
         if (typed.startsWith(u'-') && !m_isPastOptions)
-            return {optionNames()};
+            return atOption(typed);
         Candidates found;
         if (const CLI::Option *positional = currentPositional())
             found = valuesOf(*positional, typed);
@@ -191,6 +191,40 @@ public:
     }
 
 private:
+    void passValue(const QString &value)
+    {
+        if (std::exchange(m_option, nullptr)->check_name("--home"))
+            setDataFolder(QDir(value).absolutePath());
+    }
+
+    /// The name of an option; behind "--name=" its values.
+    [[nodiscard]] Candidates atOption(const QString &typed) const
+    {
+        const auto value = valueIn(typed);
+        if (!value)
+            return {optionNames()};
+        const CLI::Option *option = optionOf(typed);
+        Candidates found = option ? valuesOf(*option, *value) : Candidates();
+        for (QString &word : found.words)
+            word.prepend(typed.chopped(value->size()));
+        return found;
+    }
+
+    /// What stands behind the "=" in "--name=value".
+    static std::optional<QString> valueIn(const QString &word)
+    {
+        const qsizetype sign = word.indexOf(u'=');
+        return sign < 0 ? std::nullopt : std::optional(word.sliced(sign + 1));
+    }
+
+    /// The option that @p word names, with or without its value; none unless it takes one.
+    [[nodiscard]] const CLI::Option *optionOf(const QString &word) const
+    {
+        const QString name = word.section(u'=', 0, 0);
+        const CLI::Option *option = m_command->get_option_no_throw(name.toStdString());
+        return option && option->get_items_expected_max() > 0 ? option : nullptr;
+    }
+
     [[nodiscard]] QStringList subcommandNames() const
     {
         QStringList names;

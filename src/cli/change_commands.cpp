@@ -241,7 +241,7 @@ public:
     {
         const auto sets = taking_back::sets();
         if (!sets)
-            return FileFailed; // The journal has told it.
+            return outcome(sets.error());
         QJsonArray array;
         for (const set_log::SetHead &set : *sets) {
             if (m_json)

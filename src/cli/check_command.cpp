@@ -6,6 +6,7 @@
 #include "findings/rule_pack.h"
 #include "overview/title_operations.h"
 #include "pad/pad_reader.h"
+#include "store/storage_status.h"
 #include "store/title_folder.h"
 #include "validation/error_pass.h"
 #include "validation/field_rules.h"
@@ -43,10 +44,12 @@ Checked refused(const QString &target, ExitStatus status, const QString &failure
 /// The answer to a file that is none to check.
 Checked refusedFile(const QString &target, const Error &error)
 {
-    return error.kind == Error::Kind::Unintelligible
-               ? refused(target, Refused, target + u": this does not appear to be a PAD file."_s)
-               : refused(target, FileFailed,
-                         u"There is no title and no readable file named %1."_s.arg(target));
+    if (error.kind == Error::Kind::Unintelligible)
+        return refused(target, Refused, target + u": this does not appear to be a PAD file."_s);
+    const bool isMissing = error.kind == Error::Kind::Missing;
+    return refused(target, FileFailed,
+                   isMissing ? u"There is no title and no readable file named %1."_s.arg(target)
+                             : failureLine(error));
 }
 
 class Check final : public Command

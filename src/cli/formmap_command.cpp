@@ -35,10 +35,10 @@ private:
     {
         const auto rows = m_json ? form_fields::of(text(m_site)) : QList<form_fields::Row>();
         if (!rows)
-            return FileFailed; // The journal has told it.
+            return outcome(rows.error());
         const Result<qint64> count = form_fields::forget(text(m_site));
         if (!count && !count.isError(Error::Kind::Missing))
-            return FileFailed; // The same.
+            return outcome(count.error());
         if (count.valueOr(0) == 0)
             return nothing();
         if (m_json)
@@ -52,7 +52,7 @@ private:
     {
         const auto rows = form_fields::of(text(m_site));
         if (!rows)
-            return FileFailed; // The journal has told it.
+            return outcome(rows.error());
         if (m_forget && rows->isEmpty())
             return nothing();
         show(*rows);

@@ -65,7 +65,7 @@ public:
         const auto rows = Journal::ofDataFolder().find(
             [&](Database &database) { return history::rows(database, text(m_title), field); });
         if (!rows)
-            return FileFailed; // The journal has told it.
+            return outcome(rows.error());
         show(*rows);
         return Done;
     }

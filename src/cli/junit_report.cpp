@@ -13,7 +13,7 @@ namespace {
 /// @p text without what no XML may hold: control characters, halves of surrogate pairs.
 QString xmlText(const QString &text)
 {
-    QString safe = QString::fromUtf8(text.toUtf8());
+    QString safe = exactText(text.toUtf8());
     for (QChar &each : safe) {
         const char16_t unit = each.unicode();
         if ((unit < u' ' && unit != u'\n' && unit != u'\t') || unit >= u'\xfffe')

@@ -41,11 +41,12 @@ QCoreApplication start(int &argc, char *argv[])
     return QCoreApplication(argc, argv);
 }
 
-/// The argument that stands where a command is named: first, or behind "--home DIR". Empty when there is
-/// none.
+/// The argument that stands where a command is named: first, or behind "--home DIR" or "--home=DIR". Empty
+/// when there is none.
 std::string_view commandWord(int argc, char *argv[])
 {
-    const int at = argc > 1 && std::string_view(argv[1]) == "--home" ? 3 : 1;
+    const std::string_view first = argc > 1 ? argv[1] : "";
+    const int at = first == "--home" ? 3 : first.starts_with("--home=") ? 2 : 1;
     return at < argc ? argv[at] : "";
 }
 

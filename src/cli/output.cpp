@@ -1,11 +1,14 @@
 #include "cli/output.h"
 
 #include "platform/plain_text.h"
+#include "platform/text_decoding.h"
 
 #include <QDateTime>
 #include <QJsonObject>
+#include <QSet>
 
 #include <cstdio>
+#include <string_view>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -50,9 +53,23 @@ QByteArray withEscapedControls(const QByteArray &json)
     return escaped.toUtf8();
 }
 
+/// Whether @p line has not been told yet. What fails is logged where that happens, and commands complain of
+/// it in the same words.
+bool isNew(const QString &line)
+{
+    static QSet<QString> told;
+    const qsizetype before = told.size();
+    told.insert(line);
+    return told.size() > before;
+}
+
+/// What could not be read or stored is a complaint like those of the commands, for which it may be one, too.
 void tellLogLine(QtMsgType type, const QMessageLogContext &context, const QString &message)
 {
-    explain(qFormatLogMessage(type, context, message) + u'\n');
+    if (std::string_view(context.category) == "quillon.store")
+        complain(message);
+    else if (isNew(message))
+        explain(qFormatLogMessage(type, context, message) + u'\n');
 }
 
 } // namespace
@@ -78,7 +95,7 @@ void print(const QJsonDocument &document)
 
 void print(const QByteArray &bytes)
 {
-    write(isTerminal() ? withVisibleControls(QString::fromUtf8(bytes)).toUtf8() : bytes, stdout);
+    write(isTerminal() ? withVisibleControls(exactText(bytes)).toUtf8() : bytes, stdout);
 }
 
 QString isoTime(qint64 time)
@@ -96,7 +113,8 @@ QJsonArray errorsAsJson(const StringDictionary &errors)
 
 void complain(const QString &line)
 {
-    explain(u"quillon-cli: "_s + line + u'\n');
+    if (isNew(line))
+        explain(u"quillon-cli: "_s + line + u'\n');
 }
 
 void explain(const QString &text)

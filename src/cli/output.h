@@ -32,7 +32,7 @@ QString isoTime(qint64 time);
 /// Message by field, as scripts read errors.
 QJsonArray errorsAsJson(const StringDictionary &errors);
 
-/// Writes @p line and a line end to standard error.
+/// Writes @p line and a line end to standard error, unless that has been told already.
 void complain(const QString &line);
 
 /// Writes @p text, which has line ends of its own, to standard error.

@@ -37,7 +37,7 @@ public:
         if (import.outcome == Import::Imported || import.outcome == Import::NotStored)
             return outcome(import.stored);
         complain(file + u": " + import.message);
-        return import.outcome == Import::NotRead ? FileFailed : Refused;
+        return import.outcome == Import::NotRead ? outcome(import.stored) : Refused;
     }
 
 private:

@@ -96,10 +96,9 @@ ExitStatus TitleSession::open(const QString &name)
 
 ExitStatus TitleSession::stored()
 {
-    if (mwqnFailedWrites.isEmpty())
-        return Done;
-    complain(failedWritesLine());
-    return FileFailed;
+    for (const Error &failure : std::as_const(mwqnFailedWrites))
+        complain(failureLine(failure));
+    return mwqnFailedWrites.isEmpty() ? Done : FileFailed;
 }
 
 QList<FieldId> allFields()

@@ -97,7 +97,7 @@ Result<QList<Item>> keepSites(const StringDictionary &sites)
     return kept ? items : Result<QList<Item>>(kept.error());
 }
 
-Result<QList<Item>> all()
+Result<QList<Item>> all(Old old)
 {
     auto items = Journal::ofDataFolder().find([](Database &database) {
         return statementRows<Item>(
@@ -109,7 +109,7 @@ Result<QList<Item>> all()
     if (!items)
         return items;
     const auto isOld = [oldest = oldestTime()](const Item &item) { return item.time < oldest; };
-    if (items->removeIf(isOld) > 0) {
+    if (items->removeIf(isOld) > 0 && old == Old::Remove) {
         (void)Journal::ofDataFolder().changeExisting(prune);
         emptyLog();
     }

@@ -43,8 +43,15 @@ Result<Item> keepTitle(const QString &name, const QList<File> &files);
 /// Keeps own sites, address by name, that are about to be deleted.
 Result<QList<Item>> keepSites(const StringDictionary &sites);
 
-/// All that is kept, the newest first; what has been kept long enough goes.
-Result<QList<Item>> all();
+/// What becomes of what has been kept long enough.
+enum class Old
+{
+    Remove,
+    Leave ///< For whoever may change nothing.
+};
+
+/// All that is kept, the newest first, without what is old.
+Result<QList<Item>> all(Old old = Old::Remove);
 
 /// The files of a title.
 Result<QList<File>> filesOf(const Item &title);

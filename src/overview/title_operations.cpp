@@ -141,7 +141,8 @@ Import importPadFile(const QString &path, const std::optional<QString> &name)
                 {},
                 TitleOperationsText::tr(
                     "The file you selected does not appear to be a valid PAD file and cannot be imported."),
-                {}};
+                {},
+                file.error()};
     const PadDocument &document = file->document;
     const QString chosen =
         name ? *name : document.xml().first(padField(FieldId::programName).element).value_or(QString());

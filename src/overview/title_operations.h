@@ -47,8 +47,9 @@ struct Import
     QString name;         ///< The title's name, or the one that could not be used.
     QString message;      ///< The sentence for the author.
     QStringList findings; ///< After an import: what Quillon will not keep, one sentence each.
-    Result<> stored = {}; ///< What came of storing the title; after an import it may not yet be safe.
-    bool isKept = false;  ///< The file itself is kept beside the title, byte for byte.
+    /// What came of reading the file and storing the title; after an import it may not yet be safe.
+    Result<> stored = {};
+    bool isKept = false; ///< The file itself is kept beside the title, byte for byte.
 };
 
 /// A PAD file from anywhere.

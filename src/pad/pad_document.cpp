@@ -199,7 +199,7 @@ std::optional<QString> PadDocument::cutOut(const PadField &field) const
 QString PadDocument::sourceOf(const PadField &field) const
 {
     return m_written ? writtenContent(field).toString()
-                     : QString::fromUtf8(source().elements.text(field.element.toUtf8()));
+                     : exactText(source().elements.text(field.element.toUtf8()));
 }
 
 const PadDocument::Source &PadDocument::source() const

@@ -3,6 +3,7 @@
 #include "pad/layout.h"
 #include "pad/pad_document.h"
 #include "platform/regex.h"
+#include "platform/text_decoding.h"
 
 #include <QList>
 
@@ -143,7 +144,7 @@ private:
         if (place.isRead || text.trimmed().isEmpty())
             return;
         if (place.other >= 0)
-            m_others[place.other].value += text;
+            m_others[place.other].value += exactText(node.value());
         else if (isOnlyTags(text))
             return;
         else if (!place.unknown.isEmpty())

@@ -1,5 +1,7 @@
 #include "platform/tolerant_xml.h"
 
+#include "platform/text_decoding.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
@@ -167,7 +169,7 @@ QString TolerantXml::stringValue(const pugi::xml_node &node)
     }
     static constexpr QByteArrayView blanks = " \t\r\n";
     const bool isBlank = std::all_of(utf8.cbegin(), utf8.cend(), [](char c) { return blanks.contains(c); });
-    return isBlank ? QString() : QString::fromUtf8(utf8);
+    return isBlank ? QString() : exactText(utf8);
 }
 
 } // namespace quillon

@@ -6,6 +6,7 @@
 #include "platform/notification_center.h"
 #include "platform/notifications.h"
 #include "sites/site_editing.h"
+#include "store/storage_status.h"
 
 #include <QDateTime>
 
@@ -49,7 +50,7 @@ QString cell(const Item &item, int column)
 QString explanation(const Item &item, const Error &error)
 {
     if (error.kind != Error::Kind::Refused)
-        return error.reason;
+        return item.kind == Kind::Title ? error.reason : failureLine(error);
     return item.kind == Kind::Title
                ? DeletedTitles::tr("There is another title of this name. Give that one another name first.")
                : DeletedTitles::tr("There is another site of this name or address.");
@@ -62,8 +63,8 @@ Result<> bringSiteBack(const Item &site, const QString &name)
         (void)deleted_items::release(site, name); // The status bar tells.
         return {};
     }
-    const bool isStorage = added.outcome == SiteEdit::NotStored;
-    return Error{isStorage ? Error::Kind::NotDone : Error::Kind::Refused, name, added.sentence};
+    return added.outcome == SiteEdit::NotStored ? added.failure
+                                                : Error{Error::Kind::Refused, name, added.sentence};
 }
 
 void tellOthers(Kind kind)

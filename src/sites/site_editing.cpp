@@ -73,9 +73,11 @@ SiteEdit judged(const Site &site, const QString &emptySentence)
     return {};
 }
 
-SiteEdit notStored(const Error &error)
+SiteEdit notStored(Error error)
 {
-    return {SiteEdit::NotStored, failureLine(error)};
+    if (error.kind == Error::Kind::Refused) // It is not the site that is refused.
+        error.kind = Error::Kind::NotDone;
+    return {SiteEdit::NotStored, failureLine(error), std::move(error)};
 }
 
 } // namespace

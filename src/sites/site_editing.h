@@ -24,6 +24,7 @@ struct SiteEdit
     };
     Outcome outcome = Done;
     QString sentence = {}; ///< What the author is told.
+    Error failure = {};    ///< Of what could not be stored.
 };
 
 /// What can be done to the catalogue of sites, without a window: the site list editor and the command line

@@ -27,9 +27,10 @@ protected:
 /// is.
 TEST_F(CliWithTitle, NoControlCharacterReachesAReaderOfTheOutput)
 {
-    const QString company = u"a\x1b]0;b\x07\u009b-c"_s;
+    const QString company = u"\uFEFFa\x1b]0;b\x07\u009b-c"_s;
     const QByteArray exact = company.toUtf8();
-    const QByteArray shown = "a␛]0;b␇\xef\xbf\xbd-c";
+    const QByteArray shown = "\xef\xbb\xbf"
+                             "a␛]0;b␇\xef\xbf\xbd-c";
     put(inData(u"T.qndata/data.qnxml"_s),
         "<Company_Name>" + exact + "</Company_Name><MASTER_PAD_VERSION_INFO></MASTER_PAD_VERSION_INFO>");
     put(inData(u"sites.qnrc"_s), property_list::write({{u"A\tB\x1b"_s, u"http://a\nb"_s}}));
@@ -309,8 +310,11 @@ TEST_F(Cli, AListThatIsNotWholeIsAnError)
 TEST_F(Cli, AFileThatFailsAtReadingIsNotToldToBeNone)
 {
     ASSERT_TRUE(put(home() + u"/a.xml", sample(u"valid.xml"_s)));
-    for (const QString &command : {u"check a.xml"_s, u"import a.xml"_s})
-        EXPECT_EQ(run(command, u"read+=EIO"_s).status, 4) << command;
+    for (const QString &command : {u"check a.xml"_s, u"import a.xml"_s}) {
+        const CliResult result = run(command, u"read+=EIO"_s);
+        EXPECT_EQ(result.status, 4) << command;
+        EXPECT_TRUE(result.messages.contains("Input/output error")) << command << ": " << result.messages;
+    }
     ASSERT_TRUE(put(home() + u"/b.xml", QByteArray(1024 * 1024 + 1, ' ')));
     for (const QString &command : {u"check b.xml"_s, u"import b.xml"_s})
         EXPECT_EQ(statusOf(command), 3) << command << "what is too large is no PAD file";
@@ -355,6 +359,35 @@ TEST_F(CliWithTitle, WhatIsToldToNobodyIsWrittenIntoNoFile)
     EXPECT_EQ(contents(inData(u"quillon.lock"_s)), QByteArray());
     EXPECT_EQ(run(u"list >&-"_s), 4) << "what was asked for could not be told";
     EXPECT_EQ(files(), before);
+}
+
+/// Each failure is told by one line, whichever command it concerns.
+TEST_F(CliWithTitle, WhatFailsIsToldOnce)
+{
+    ASSERT_EQ(statusOf(u"sites add Mine mine"_s) + statusOf(u"sites remove Mine"_s), 0);
+    ASSERT_TRUE(QFile::rename(inData(u"sites.qnrc"_s), inData(u"sites.aside"_s)) &&
+                QDir().mkdir(inData(u"sites.qnrc"_s)));
+    for (const QString &command : {u"undelete Mine"_s, u"sites add Mine mine"_s, u"sites"_s, u"next T"_s}) {
+        const CliResult result = run(command);
+        EXPECT_EQ(result.status, 4) << command;
+        EXPECT_EQ(result.messages.count("sites.qnrc"), 1) << command << ": " << result.messages;
+    }
+    ASSERT_TRUE(QDir().rmdir(inData(u"sites.qnrc"_s)) && QFile::remove(inData(u"quillon.sqlite"_s)) &&
+                QDir().mkdir(inData(u"quillon.sqlite"_s)));
+    const std::pair<int, QString> table[] = {
+        {4, u"history T;restore-text T companyName --to 1;restore-title T --to 1 --dry-run;changesets;undo;"
+            "undo 1 --dry-run;deleted;undelete Mine;forget Mine;formmap Softs;formmap Softs --forget;"
+            "sites --health;sites note Softs --note a;ledger T;ledger T Softs listed;matrix;next T;"
+            "complete undelete M;original T -;export T - --merged;"
+            "change --where programVersion= programVersion=1 T"_s},
+        {0, u"set T programName=One;mark T Softs;unmark T Softs;new U;rename U V;delete V"_s}};
+    for (const auto &[status, commands] : table) {
+        for (const QString &command : words(commands, u';')) {
+            const CliResult result = run(command);
+            EXPECT_EQ(result.status, status) << command;
+            EXPECT_EQ(result.messages.count("quillon.sqlite"), 1) << command << ": " << result.messages;
+        }
+    }
 }
 
 TEST_F(CliWithTitle, WritersWaitForTheOneThatHoldsTheFolder)
@@ -445,7 +478,11 @@ TEST_F(Cli, WhatWasDeletedComesBackForNinetyDays)
                             QDateTime::currentMSecsSinceEpoch() - 91LL * 86'400'000);
     }));
     Journal::ofDataFolder().close();
+    const QByteArray old = contents(inData(u"quillon.sqlite"_s));
+    EXPECT_EQ(run(u"complete undelete A"_s).output, "");
+    EXPECT_EQ(contents(inData(u"quillon.sqlite"_s)), old);
     EXPECT_TRUE(deleted().isEmpty());
+    EXPECT_NE(contents(inData(u"quillon.sqlite"_s)), old);
     // Where nothing can be kept, a title is deleted all the same, and that is told.
     for (const QString &call : {u"getdents64"_s, u"open"_s}) {
         for (int turn = 1; turn <= 10; ++turn) {

@@ -58,3 +58,43 @@ TEST_F(CommandLineTest, BashCompletesWhateverItIsCalledAndRunsNothing)
     EXPECT_EQ(contents(home() + u"/words"_s).split('\0'), expected.split('\0')) << shown.toStdString();
     EXPECT_FALSE(QFile::exists(home() + u"/ran"_s));
 }
+
+/// The values of options, those of another home folder, which stays as it is.
+TEST_F(CommandLineTest, ValuesOfOptionsAreCompletedInBothForms)
+{
+    const QTemporaryDir other;
+    for (const QStringList &command : {QStringList{u"new"_s, u"Tide"_s},
+                                       {u"new"_s, u"Bell"_s},
+                                       {u"delete"_s, u"Bell"_s},
+                                       {u"sites"_s, u"add"_s, u"Mine"_s, u"m"_s}})
+        ASSERT_EQ(runCli(other.path(), command).status, 0);
+    const std::pair<QString, QString> table[] = {
+        {u"show T"_s, u"Tide"_s},
+        {u"sites --for T"_s, u"Tide"_s},
+        {u"sites --for=T"_s, u"--for=Tide"_s},
+        {u"new --like= T"_s, {}},
+        {u"new N --like=T"_s, u"--like=Tide"_s},
+        {u"undelete B"_s, u"Bell"_s},
+        {u"sites edit Mi"_s, u"Mine"_s},
+        {u"fix T --only=ver"_s, {}},
+        {u"check --format=ju"_s, u"--format=junit"_s},
+        {u"release --status=Ma"_s, u"--status=Major Update"_s},
+        {u"change --where=companyName=x Ti"_s, u"Tide"_s},
+        {u"change --where=companyN"_s, u"--where=companyName="_s},
+        {u"show --json=T"_s, {}},
+        {u"show -- --for=T"_s, {}},
+    };
+    const auto before = tree(other.path());
+    for (const auto &[typed, word] : table) {
+        for (const QStringList &homeOption :
+             {QStringList{u"--home"_s, other.path()}, {u"--home="_s + other.path()}}) {
+            const CliResult found = cli(QStringList{u"complete"_s, u"--"_s} + homeOption + typed.split(u' '));
+            EXPECT_EQ(QString::fromUtf8(found.output), word.isEmpty() ? word : QString(word + QChar()))
+                << typed;
+            EXPECT_EQ(found.messages, "");
+        }
+    }
+    for (const QString &file : {u"--home=x"_s, u"--home x"_s, u"release --file=x"_s, u"release --file x"_s})
+        EXPECT_EQ(statusOf(u"complete -- "_s + file), 1) << file;
+    EXPECT_EQ(tree(other.path()), before);
+}
