@@ -1,6 +1,7 @@
 #include "findings/chosen_packs.h"
 
 #include "platform/settings.h"
+#include "store/storage_status.h"
 
 #include <QCoreApplication>
 
@@ -38,9 +39,9 @@ QStringList names()
     return settings().value(key).toStringList();
 }
 
-void choose(const QStringList &names)
+Result<> choose(const QStringList &names)
 {
-    settings().setValue(key, names);
+    return storeSetting(key, names);
 }
 
 } // namespace quillon::chosen_packs

@@ -16,7 +16,7 @@ Chosen now();
 /// The names of those that are switched on: ids of built-in packs, and paths of files.
 QStringList names();
 
-/// Keeps in the settings that only @p names are.
-void choose(const QStringList &names);
+/// Keeps in the settings that only @p names are. They are until Quillon ends where that fails, which is told.
+Result<> choose(const QStringList &names);
 
 } // namespace quillon::chosen_packs

@@ -1,6 +1,7 @@
 #include "findings/rule_packs_window.h"
 
 #include "findings/chosen_packs.h"
+#include "store/storage_status.h"
 #include "widgets/announcement.h"
 #include "widgets/button_box.h"
 #include "widgets/focus_frame.h"
@@ -95,7 +96,12 @@ void RulePacksWindow::store()
         if (m_packs->item(row)->checkState() == Qt::Checked)
             names.append(m_packs->item(row)->data(Qt::UserRole).toString());
     }
-    chosen_packs::choose(names);
+    const Result<> kept = chosen_packs::choose(names);
+    QStringList failures = chosen_packs::now().failures;
+    if (!kept)
+        failures.append(failureLine(kept.error()));
+    m_outcome->setText(failures.join(u'\n'));
+    announce(*this, kept ? QString() : failures.last());
     Q_EMIT chosen();
 }
 

@@ -21,7 +21,7 @@ QStringList byTime()
 {
     QList<std::pair<QDateTime, QString>> found;
     const QString pattern = u'*' + title_folder::extension;
-    for (const QString &folder : QDir(mwqnAppSuppLoc).entryList({pattern}, QDir::Dirs)) {
+    for (const QString &folder : QDir(mwqnAppSuppLoc).entryList({pattern}, QDir::Dirs | QDir::Hidden)) {
         const QFileInfo pad(mwqnAppSuppLoc + folder + u'/' + title_folder::padFile);
         found.append({pad.lastModified(), folder.chopped(title_folder::extension.size())});
     }

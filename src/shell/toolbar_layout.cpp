@@ -1,6 +1,7 @@
 #include "shell/toolbar_layout.h"
 
 #include "platform/settings.h"
+#include "store/storage_status.h"
 
 using namespace Qt::StringLiterals;
 
@@ -39,7 +40,7 @@ QStringList storedOrder()
 
 void storeOrder(const QStringList &identifiers)
 {
-    settings().setValue(orderKey, identifiers);
+    (void)storeSetting(orderKey, identifiers); // The status bar tells.
 }
 
 } // namespace quillon::toolbar_layout

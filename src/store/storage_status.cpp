@@ -3,6 +3,7 @@
 #include "platform/atomic_file.h"
 #include "platform/notification_center.h"
 #include "platform/notifications.h"
+#include "platform/settings.h"
 #include "store/process_state.h"
 
 #include <QCoreApplication>
@@ -142,6 +143,21 @@ void forgetExtrasFailure(const QString &path)
 {
     if (mwqnFailedExtras.remove(path) > 0)
         announce();
+}
+
+Result<> storeSetting(const QString &key, const QVariant &value)
+{
+    settings().setValue(key, value);
+    settings().sync();
+    const QString path = settings().fileName();
+    // Settings that have failed once say so for ever; others on the same file say how it is now.
+    if (QSettings(path, QSettings::IniFormat).status() != QSettings::AccessError) {
+        forgetExtrasFailure(path);
+        return {};
+    }
+    Error error{Error::Kind::NotDone, path, StorageStatusText::tr("it cannot be written")};
+    reportExtrasFailure(path, error);
+    return error;
 }
 
 QString failedExtrasLine()

@@ -3,6 +3,7 @@
 #include "platform/result.h"
 
 #include <QByteArray>
+#include <QVariant>
 
 namespace quillon {
 
@@ -47,6 +48,10 @@ void reportExtrasFailure(const QString &path, const Error &error);
 
 /// Forgets the failure of an extra under @p path, because it is mended.
 void forgetExtrasFailure(const QString &path);
+
+/// Keeps @p value, which the author has chosen, in the settings under @p key, at once. A failure is told as
+/// that of an extra until something can be kept there.
+Result<> storeSetting(const QString &key, const QVariant &value);
 
 /// What the author should know of extras that are not kept, one line; empty when all are.
 QString failedExtrasLine();

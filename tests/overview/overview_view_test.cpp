@@ -4,6 +4,7 @@
 #include "platform/notifications.h"
 #include "shell/main_window_fixture.h"
 #include "store/add_delete_import_edit.h"
+#include "store/storage_status.h"
 #include "store/title_folder.h"
 
 #include <QHeaderView>
@@ -242,4 +243,14 @@ TEST_F(OverviewViewTest, MessagesAreExplainedAndAdviceStandsBelow)
     EXPECT_EQ(told().count(u"Ours is better."), 1) << told();
     QTest::keyClick(visible<QListWidget>(u"rulePacks"_s), Qt::Key_Space);
     EXPECT_FALSE(told().contains(u"http://."_s)) << told();
+
+    const QString kept = settings().fileName();
+    ASSERT_TRUE(QFile::remove(kept) && QDir().mkdir(kept));
+    QTest::keyClick(visible<QListWidget>(u"rulePacks"_s), Qt::Key_Space);
+    EXPECT_TRUE(told().contains(u"http://."_s)) << "until Quillon ends";
+    EXPECT_TRUE(visible<QLabel>(u"rulePacksOutcome"_s)->text().contains(kept));
+    EXPECT_EQ(visible<QLabel>(u"rulePacksOutcome"_s)->text(), failedExtrasLine());
+    ASSERT_TRUE(QDir().rmdir(kept));
+    QTest::keyClick(visible<QListWidget>(u"rulePacks"_s), Qt::Key_Space);
+    EXPECT_EQ(visible<QLabel>(u"rulePacksOutcome"_s)->text() + failedExtrasLine(), QString());
 }

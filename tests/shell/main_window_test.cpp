@@ -79,8 +79,14 @@ TEST_F(MainWindowTest, SortingAndToolbarOutliveARun)
         if (button->text().contains(u"Remove"_s))
             button->click();
     }
+    settings().setValue(u"any"_s, 1);
+    settings().sync();
+    const QString kept = settings().fileName();
+    ASSERT_TRUE(QFile::rename(kept, kept + u".aside"_s) && QDir().mkdir(kept));
     dialog->accept();
     EXPECT_EQ(bar->actions().size(), items - 1);
+    EXPECT_TRUE(failedExtrasLine().contains(kept));
+    ASSERT_TRUE(QDir().rmdir(kept) && QFile::rename(kept + u".aside"_s, kept));
     visible<QSplitter>(u"detailsSplitter"_s)->setSizes({100, 900});
 
     start();
@@ -290,15 +296,15 @@ TEST_F(MainWindowTest, TheFirstMinuteHasAnExampleAndANewTitleTakesOver)
         clickTitle(0); // Each name comes before the others.
         command(u"Edit"_s)->trigger();
     };
-    edit(u"B"_s);
+    edit(u".B"_s);
     EXPECT_FALSE(bar->isVisible());
     QTest::keyClicks(company, u"Smith"_s);
-    edit(u"A"_s);
+    edit(u".A"_s);
     ASSERT_TRUE(bar->isVisible());
-    const QByteArray untouched = contents(inData(u"A.qndata/data.qnxml"_s));
+    const QByteArray untouched = contents(inData(u".A.qndata/data.qnxml"_s));
     press(u"takeOverButton"_s);
     EXPECT_EQ(company->text(), u"Smith");
     EXPECT_FALSE(bar->isVisible());
     command(u"undo"_s)->trigger();
-    EXPECT_EQ(contents(inData(u"A.qndata/data.qnxml"_s)), untouched);
+    EXPECT_EQ(contents(inData(u".A.qndata/data.qnxml"_s)), untouched);
 }
