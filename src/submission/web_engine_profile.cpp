@@ -4,6 +4,7 @@
 #include "submission/web_engine_downloads.h"
 
 #include <QFile>
+#include <QStandardPaths>
 #include <QWebEngineCookieStore>
 #include <QWebEngineProfile>
 #include <QWebEngineSettings>
@@ -73,23 +74,17 @@ public:
 
 /// While it lives, the engine takes a folder for that of all programs' data. A profile that is made writes
 /// there at once, before it can be told another one: by what it writes a site knows the author's devices
-/// again.
+/// again. The variable is never taken out again, since a thread may be reading the variables meanwhile.
 class DataHome
 {
 public:
     explicit DataHome(const QString &folder) { qputenv(variable, QFile::encodeName(folder)); }
-    ~DataHome()
-    {
-        if (m_before.isNull())
-            qunsetenv(variable);
-        else
-            qputenv(variable, m_before);
-    }
+    ~DataHome() { qputenv(variable, QFile::encodeName(m_before)); }
     Q_DISABLE_COPY_MOVE(DataHome)
 
 private:
     static constexpr const char *variable = "XDG_DATA_HOME";
-    QByteArray m_before = qgetenv(variable);
+    QString m_before = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
 };
 
 void restrict(QWebEngineProfile &profile)

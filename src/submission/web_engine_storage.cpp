@@ -2,15 +2,11 @@
 
 #include "submission/web_engine_profile.h"
 
-#include <QDateTime>
 #include <QDir>
 #include <QDirIterator>
-#include <QStandardPaths>
 #include <QWebEngineProfile>
 
 #include <algorithm>
-#include <csignal>
-#include <fcntl.h>
 
 using namespace Qt::StringLiterals;
 
@@ -40,35 +36,6 @@ qint64 sizeOf(const QString &folder)
     return size;
 }
 
-/// Whether anybody else has the file at @p path open, or nobody knows.
-bool isOpen(const QString &path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return true;
-    fcntl(file.handle(), F_SETSIG,
-          SIGURG); // Who opens it meanwhile is told of by a signal; this one ends nothing.
-    return fcntl(file.handle(), F_SETLEASE, F_WRLCK) != 0;
-}
-
-/// What is left of files that pages offered: the engine begins each under a name of its own in the folder of
-/// all programs' data, before anybody is asked, and does not always remove it when the program ends. Other
-/// programs have such an engine, too: only what has come since there is @p folder, and nobody works at.
-QFileInfoList leftOfOfferedFiles(const QString &folder)
-{
-    const QDateTime first = QFileInfo(folder).birthTime();
-    const QDateTime last = QDateTime::currentDateTime().addSecs(-60);
-    QFileInfoList files = QDir(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation))
-                              .entryInfoList({u".org.chromium.Chromium.??????"_s},
-                                             QDir::Files | QDir::Hidden | QDir::NoSymLinks);
-    files.removeIf([&](const QFileInfo &file) {
-        const QDateTime born = file.birthTime();
-        return !first.isValid() || !born.isValid() || born < first || file.lastModified() > last ||
-               isOpen(file.filePath());
-    });
-    return files;
-}
-
 } // namespace
 
 WebEngineStorage::WebEngineStorage(QString folder)
@@ -95,7 +62,7 @@ Result<> WebEngineStorage::removeOthers() const
     const QFileInfoList entries =
         QDir(m_folder).entryInfoList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
     Result<> removed;
-    for (const QFileInfo &entry : entries + leftOfOfferedFiles(m_folder)) {
+    for (const QFileInfo &entry : entries) {
         const QString name = entry.filePath();
         if (name == path())
             continue;

@@ -14,8 +14,7 @@ namespace quillon {
  * What pages store: cookies, databases and the like, in a folder that nothing else is in.
  *
  * The engine can forget cookies alone, so clearing means a new profile on a new folder within. Their names
- * are numbers; the highest is in use, all else there goes. So does what the engine left of offered files
- * elsewhere.
+ * are numbers; the highest is in use, all else there goes.
  */
 class WebEngineStorage : public QObject
 {

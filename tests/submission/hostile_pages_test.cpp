@@ -188,34 +188,6 @@ TEST_F(WebPagesTest, WhatPagesStoreIsBoundedAndCanBeCleared)
     EXPECT_FALSE(QFile::exists(left));
 }
 
-TEST_F(WebPagesTest, WhatTheEngineLeftOfOfferedFilesGoesWithTheNextStart)
-{
-    const QDir folder(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation));
-    ASSERT_TRUE(folder.mkpath(u"."_s));
-    const QString left = folder.filePath(u".org.chromium.Chromium.aB3dEf"_s);
-    const QString open = folder.filePath(u".org.chromium.Chromium.aB3dEg"_s);
-    const QString young = folder.filePath(u".org.chromium.Chromium.aB3dEh"_s);
-    const QString other = folder.filePath(u".org.chromium.Chromium.aB3dEfg"_s);
-    const QDateTime before = QDateTime::currentDateTime().addSecs(-100);
-    for (const QString &path : {left, open, young, other}) {
-        ASSERT_TRUE(put(path, "x"));
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::ReadWrite));
-        EXPECT_TRUE(path == young || file.setFileTime(before, QFileDevice::FileModificationTime));
-    }
-    {
-        QFile inUse(open);
-        ASSERT_TRUE(inUse.open(QIODevice::ReadOnly));
-        start();
-        for (const QString &path : {open, young, other})
-            EXPECT_TRUE(QFile::exists(path)) << path;
-        EXPECT_FALSE(QFile::exists(left));
-    }
-    window().findChild<QAction *>(u"clearPagesData"_s)->trigger();
-    answerAlert(u"Clear"_s);
-    EXPECT_TRUE(eventually([&] { return !QFile::exists(open); }));
-}
-
 TEST_F(WebPagesTest, WhatCannotBeClearedOfPagesIsTold)
 {
     const QString folder = QFileInfo(settings().fileName()).path() + u"/Quillon-web"_s;
