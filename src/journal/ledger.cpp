@@ -1,7 +1,10 @@
 #include "journal/ledger.h"
 
+#include "journal/packed_bytes.h"
 #include "journal/statement_rows.h"
 #include "journal/titles.h"
+
+#include <QCoreApplication>
 
 #include <array>
 
@@ -10,6 +13,11 @@ using namespace Qt::StringLiterals;
 namespace quillon::ledger {
 
 namespace {
+
+class LedgerText
+{
+    Q_DECLARE_TR_FUNCTIONS(Ledger)
+};
 
 constexpr std::array<QStringView, 5> stateNames = {u"sent", u"listed", u"refused", u"gone", u"removed"};
 
@@ -112,12 +120,16 @@ Result<std::optional<QByteArray>> lastSent(Database &database, const QString &ti
                          " WHERE ledger.title_id = (SELECT id FROM titles WHERE name = ?) AND site = ?"
                          " ORDER BY ledger.id DESC LIMIT 1",
                          title, site),
-        [](const Statement &row) {
-            return row.isNull(0) ? std::nullopt : std::optional(qUncompress(row.bytes(0)));
-        });
+        [](const Statement &row) { return row.isNull(0) ? std::nullopt : std::optional(row.bytes(0)); });
     if (!found)
         return found.error();
-    return found->value(0);
+    const std::optional<QByteArray> packed = found->value(0);
+    if (!packed)
+        return packed;
+    if (auto pad = packed_bytes::unpacked(*packed))
+        return pad;
+    return Error{Error::Kind::Unintelligible, title,
+                 LedgerText::tr("what was sent to %1 is damaged").arg(site)};
 }
 
 Result<> renameSite(Database &database, const QString &from, const QString &to)

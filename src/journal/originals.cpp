@@ -2,11 +2,11 @@
 
 #include "journal/history.h"
 #include "journal/journal.h"
+#include "journal/packed_bytes.h"
 #include "journal/titles.h"
 
 #include <QCoreApplication>
 #include <QDateTime>
-#include <QtEndian>
 
 using namespace Qt::StringLiterals;
 
@@ -19,21 +19,14 @@ class OriginalsText
     Q_DECLARE_TR_FUNCTIONS(Originals)
 };
 
-/// What qCompress() gives says first how large it was; a damaged row must not take all memory.
-constexpr quint32 largest = 64 * 1'048'576;
-
 Result<QByteArray> bytesOf(const Statement &row, int isCompressed, int column)
 {
     const QByteArray stored = row.bytes(column);
     if (row.number(isCompressed) == 0)
         return stored;
-    const bool isSized =
-        stored.size() >= qsizetype(sizeof(quint32)) && qFromBigEndian<quint32>(stored.constData()) <= largest;
-    QByteArray bytes = isSized ? qUncompress(stored) : QByteArray();
-    if (bytes.isEmpty())
-        return Error{.kind = Error::Kind::Unintelligible,
-                     .reason = OriginalsText::tr("the original is damaged")};
-    return bytes;
+    if (auto bytes = packed_bytes::unpacked(stored))
+        return *std::move(bytes);
+    return Error{.kind = Error::Kind::Unintelligible, .reason = OriginalsText::tr("the original is damaged")};
 }
 
 Result<Original> newest(Database &database, const QString &title)

@@ -12,11 +12,13 @@
 
 namespace quillon {
 
-TitleBackup::TitleBackup(const QString &to, backups::Existing existing, backups::Mode mode)
+TitleBackup::TitleBackup(const QString &to, backups::Existing existing, backups::Mode mode,
+                         const QString &older)
     : TitleCopying(mode), m_place(QDir::cleanPath(QFileInfo(to).absoluteFilePath())), m_existing(existing)
 {
     m_state = backups::mayBeMade(to, backups::titlesExtension, existing);
     m_isRefused = !m_state;
+    m_older = older.isEmpty() ? m_place : older;
     if (m_state)
         m_state = open(mwqnAppSuppLoc, QFileInfo(m_place).path());
     if (isTrial() && !m_source && m_state.isError(Error::Kind::Missing)) { // It would have been made.

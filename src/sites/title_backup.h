@@ -8,7 +8,9 @@ namespace quillon {
 class TitleBackup final : public TitleCopying
 {
 public:
-    TitleBackup(const QString &to, backups::Existing existing, backups::Mode mode = backups::Mode::Do);
+    /// With @p older, it is a part of a larger backup, and that is the same part of the one in its place.
+    TitleBackup(const QString &to, backups::Existing existing, backups::Mode mode = backups::Mode::Do,
+                const QString &older = {});
 
     BackupResult finish() override;
 

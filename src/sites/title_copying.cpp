@@ -139,6 +139,8 @@ void TitleCopying::note(const QByteArray &entry, const QString &reason)
     const QString line = TitleTransferText::tr("%1 was passed over: %2").arg(exactText(entry), reason);
     qCWarning(backupsLog).noquote() << line;
     m_notes.append(line);
+    const auto older = m_older.isEmpty() ? Result<FolderHandle>(Error{}) : FolderHandle::open(m_older);
+    m_fileFailed = m_fileFailed || (older && older->exists(entry));
 }
 
 void TitleCopying::noteFailure(const QByteArray &entry, const QString &reason)

@@ -57,13 +57,14 @@ protected:
     QList<qsizetype> m_copied;            ///< Places in m_titles.
     Result<> m_state;                     ///< An error when it makes no sense to go on.
     bool m_fileFailed = false;            ///< Something could not be read or written, and the others went on.
+    QString m_older;                      ///< The backup that gives way, unless it alone holds something.
 
 private:
     Result<> lookAt(const QString &parent);
     Result<> copyTitle(qsizetype place);
     Result<> copyFiles(const QByteArray &title, const FolderHandle &from, const FolderHandle *to);
     void noteTitlesInside(const QByteArray &folder);
-    /// Notes that @p entry was passed over, and logs it.
+    /// Notes that @p entry was passed over, and logs it. It is a failure where the older backup has it.
     void note(const QByteArray &entry, const QString &reason);
 
     const backups::Mode m_mode;

@@ -89,7 +89,8 @@ public:
         m_state = backups::mayBeMade(to, extension, existing);
         m_isRefused = !m_state;
         if (m_state && isTrial())
-            m_titles = std::make_unique<TitleBackup>(inside(titlesName), backups::Existing::Replace, mode);
+            m_titles = std::make_unique<TitleBackup>(inside(titlesName), backups::Existing::Replace, mode,
+                                                     m_place + titlesName);
         if (!m_state || isTrial())
             return;
         auto staged = StagedFolder::in(QFileInfo(m_place).path());
@@ -98,7 +99,8 @@ public:
             return;
         }
         m_staged.emplace(*std::move(staged));
-        m_titles = std::make_unique<TitleBackup>(inside(titlesName), backups::Existing::Refuse);
+        m_titles = std::make_unique<TitleBackup>(inside(titlesName), backups::Existing::Refuse,
+                                                 backups::Mode::Do, m_place + titlesName);
     }
 
     BackupResult finish() override

@@ -3,6 +3,8 @@
 #include "journal/history.h"
 #include "journal/journal.h"
 #include "journal/journal_copies.h"
+#include "journal/ledger.h"
+#include "journal/originals.h"
 #include "journal/statement_rows.h"
 #include "journal/titles.h"
 #include "store/storage_status.h"
@@ -392,4 +394,29 @@ TEST_F(JournalTest, AStrangersCopyIsNeitherWrittenIntoNorTrustedToDoAnything)
                                   "SELECT name, '', 0, 0, 0, 0, '', '' FROM all_of LIMIT 1000"));
     database = Error{};
     EXPECT_EQ(bringIn(), u"its tables are not those of Quillon"_s);
+}
+
+TEST_F(JournalTest, WhatDoesNotUnpackToWhatItSaysIsDamaged)
+{
+    const QByteArray pad(1000, 'p');
+    ASSERT_TRUE(originals::keep(u"T"_s, {pad, u"t.xml"_s}, originals::Keeping::Newest));
+    const auto sent = [] {
+        return Journal::ofDataFolder().find(
+            [](Database &database) { return ledger::lastSent(database, u"T"_s, u"Site"_s); });
+    };
+    ASSERT_TRUE(Journal::ofDataFolder().change([&](Database &database) {
+        return ledger::add(database, u"T"_s, {.site = u"Site"_s, .version = u"1"_s}, pad);
+    }));
+    EXPECT_EQ(sent().valueOr({}), pad);
+    const QByteArray good = qCompress(pad);
+    const auto saying = [&good](const char *size) { return QByteArray::fromHex(size) + good.sliced(4); };
+    for (const QByteArray &packed : {saying("00000001"), saying("00000400"), saying("ffffffff"),
+                                     good.chopped(1), good.first(3), QByteArray()}) {
+        ASSERT_TRUE(Journal::ofDataFolder().change([&packed](Database &database) -> Result<> {
+            const auto changed = database.run("UPDATE originals SET bytes = ?", packed);
+            return changed ? database.run("UPDATE sent_values SET pad = ?", packed) : changed;
+        }));
+        EXPECT_TRUE(originals::of(u"T"_s).isError(Error::Kind::Unintelligible)) << packed.toHex();
+        EXPECT_TRUE(sent().isError(Error::Kind::Unintelligible)) << packed.toHex();
+    }
 }

@@ -160,6 +160,18 @@ TEST_F(Backups, PassOverWhatIsNoTitleAndSayWhat)
     EXPECT_EQ(told(backupTitles(place(), Existing::Replace)),
               "done 2+0 6 details: The backup was successful"_L1)
         << "what is missing, linked or in another folder is no failure";
+
+    // Unless it is the older backup that has it.
+    const auto older = tree(place());
+    ASSERT_TRUE(QFile::remove(pathIn(u"Good"_s, title_folder::padFile)));
+    for (int turn = 0; turn < 2; ++turn) {
+        EXPECT_TRUE(told(backupTitles(place(), Existing::Replace)).startsWith("failed!"_L1));
+        EXPECT_EQ(tree(place()), older);
+        ASSERT_TRUE(QDir(inData(u"Good.qndata"_s)).removeRecursively());
+        makeLink(secret, inData(u"Good.qndata"_s));
+    }
+    ASSERT_TRUE(QFile::remove(inData(u"Good.qndata"_s)));
+    EXPECT_TRUE(told(backupTitles(place(), Existing::Replace)).startsWith("done 1+0"_L1)) << "it was deleted";
 }
 
 TEST_F(Backups, OfAnyOriginCannotLeadOutOfTheDataFolder)
