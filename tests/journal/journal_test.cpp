@@ -409,7 +409,9 @@ TEST_F(JournalTest, WhatDoesNotUnpackToWhatItSaysIsDamaged)
     }));
     EXPECT_EQ(sent().valueOr({}), pad);
     const QByteArray good = qCompress(pad);
-    const auto saying = [&good](const char *size) { return QByteArray::fromHex(size) + good.sliced(4); };
+    const auto saying = [&good](const char *size) -> QByteArray {
+        return QByteArray::fromHex(size) + good.sliced(4);
+    };
     for (const QByteArray &packed : {saying("00000001"), saying("00000400"), saying("ffffffff"),
                                      good.chopped(1), good.first(3), QByteArray()}) {
         ASSERT_TRUE(Journal::ofDataFolder().change([&packed](Database &database) -> Result<> {
